@@ -1,0 +1,14 @@
+#pragma once
+
+namespace TBVNonPara {
+
+/// A result that must be a number: raises Overflow when it is infinite or not a number.
+[[nodiscard]] double checked(double result);
+
+/// dividend / divisor; raises DivisionByZero for x/0, Overflow for 0/0 and for a quotient out of range.
+[[nodiscard]] double divide(double dividend, double divisor);
+
+/// The square root; raises InvalidProcedureCall below zero.
+[[nodiscard]] double squareRoot(double radicand);
+
+}  // namespace TBVNonPara

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <string>
+#include <string_view>
+
+namespace TBVNonPara {
+
+/// The runtime's own errors: classic numbers, each with its usual description.
+enum class RuntimeError : std::int32_t {
+    InvalidProcedureCall = 5,
+    Overflow = 6,
+    OutOfMemory = 7,
+    SubscriptOutOfRange = 9,
+    DivisionByZero = 11,
+    TypeMismatch = 13,
+    InternalError = 51,
+    ObjectNotSet = 91,
+};
+
+/// The usual description of a runtime error, for example "Subscript out of range".
+[[nodiscard]] std::string_view description(RuntimeError error) noexcept;
+
+/// What a client is told: a number, a description (may be empty) and a source (where it arose).
+class Error : public std::exception {
+ public:
+    explicit Error(std::int32_t number, std::string description = {}, std::string source = {});
+
+    [[nodiscard]] std::int32_t number() const noexcept { return m_Number; }
+    [[nodiscard]] const std::string& description() const noexcept { return m_Description; }
+    [[nodiscard]] const std::string& source() const noexcept { return m_Source; }
+    [[nodiscard]] const char* what() const noexcept override { return m_What.c_str(); }
+
+ private:
+    std::int32_t m_Number;
+    std::string m_Description;
+    std::string m_Source;
+    std::string m_What;
+};
+
+/// Raises a runtime error with its usual description.
+[[noreturn]] void raise(RuntimeError error);
+
+/// Raises a bare number: no description, no source.
+[[noreturn]] void raise(std::int32_t number);
+
+/// The exception being handled as an Error: a foreign C++ exception keeps its text.
+/// Call it in a handler only.
+[[nodiscard]] Error currentError();
+
+/// Ends a procedure's handler: raises the error being handled again. A source that begins with "Line"
+/// stays (the innermost name wins); any other becomes "Line 0 in TBVNonPara.<procedure>".
+[[noreturn]] void passOn(std::string_view procedure);
+
+/// The same, but the source is always replaced by the procedure's own name.
+[[noreturn]] void passOnAs(std::string_view procedure);
+
+/// The filter of the range properties: an error whose number lies in the library's own band (5000 to 5101
+/// above the object-error base) is raised again unchanged, any other is replaced by the bare number given.
+[[noreturn]] void passOnOwnOr(std::int32_t replacement);
+
+}  // namespace TBVNonPara
