@@ -53,6 +53,7 @@ enum DataCheckErrors : std::int32_t {
     tbvNPNoData = objectErrorBase + 5024,
     tbvNPOutputOffSheet = objectErrorBase + 5030,
     tbvNPOutputOccupied = objectErrorBase + 5031,
+    tbvNPNoContingencyTable = objectErrorBase + 5040,
 };
 
 }  // namespace TBVNonPara

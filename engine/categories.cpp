@@ -1,0 +1,97 @@
+#include "engine/categories.hpp"
+
+#include <cstdint>
+#include <functional>
+#include <utility>
+#include <vector>
+
+namespace TBVNonPara {
+
+namespace {
+
+std::size_t hashOf(const CellValue& cell) noexcept {
+    // std::hash gives 0 and -0, which are equal, one value.
+    if (const auto* number = std::get_if<double>(&cell)) {
+        return std::hash<double>()(*number);
+    }
+    if (const auto* text = std::get_if<Text>(&cell)) {
+        return std::hash<std::string>()(text->string());
+    }
+    if (const auto* truth = std::get_if<bool>(&cell)) {
+        return *truth ? 1 : 2;
+    }
+    if (const auto* error = std::get_if<CellError>(&cell)) {
+        return static_cast<std::size_t>(*error);
+    }
+    return 0;
+}
+
+/// Counts cells by category: a hash table whose slots name the category by its position, searched from one
+/// slot to the next and at most half full.
+class CategoryCounter {
+ public:
+    void count(const CellValue& cell) {
+        const auto hash = static_cast<std::uint32_t>(hashOf(cell));
+        Slot& slot = slotOf(cell, hash);
+        if (slot.position != 0) {
+            m_Categories.counts(slot.position) += 1;
+            return;
+        }
+        m_Categories.values.append(cell);
+        m_Categories.counts.append(1);
+        m_Used += 1;
+        slot = {hash, m_Used};
+        if (m_Used > m_Slots.size() / 2) {
+            grow();
+        }
+    }
+
+    [[nodiscard]] Categories take() { return std::move(m_Categories); }
+
+ private:
+    struct Slot {
+        std::uint32_t hash = 0;
+        std::uint32_t position = 0;
+    };
+
+    [[nodiscard]] std::size_t next(std::size_t at) const noexcept { return (at + 1) & (m_Slots.size() - 1); }
+
+    /// The slot of the cell's category, or the free one where it belongs.
+    [[nodiscard]] Slot& slotOf(const CellValue& cell, std::uint32_t hash) {
+        std::size_t at = hash & (m_Slots.size() - 1);
+        while (m_Slots[at].position != 0 &&
+               !(m_Slots[at].hash == hash && m_Categories.values(m_Slots[at].position) == cell)) {
+            at = next(at);
+        }
+        return m_Slots[at];
+    }
+
+    void grow() {
+        const std::vector<Slot> old = std::exchange(m_Slots, std::vector<Slot>(2 * m_Slots.size()));
+        for (const Slot& slot : old) {
+            if (slot.position != 0) {
+                std::size_t at = slot.hash & (m_Slots.size() - 1);
+                while (m_Slots[at].position != 0) {
+                    at = next(at);
+                }
+                m_Slots[at] = slot;
+            }
+        }
+    }
+
+    Categories m_Categories;
+    std::vector<Slot> m_Slots = std::vector<Slot>(16);
+    std::uint32_t m_Used = 0;
+};
+
+}  // namespace
+
+Categories findCategories(std::span<const CellValue> cells) {
+    CategoryCounter counter;
+    for (const CellValue& cell : cells) {
+        counter.count(cell);
+    }
+    return counter.take();
+}
+
+}  // namespace TBVNonPara

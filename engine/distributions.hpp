@@ -1,0 +1,35 @@
+#pragma once
+
+#include "core/enumerations.hpp"
+#include "engine/data_table.hpp"
+#include "engine/double_double.hpp"
+#include "host/WorksheetHost.hpp"
+
+namespace TBVNonPara {
+
+/// ln n!, summed from n downward; 0 for n < 1. A double would keep no more than 8 decimals of the logarithm
+/// of a million's, and with them as many digits of a probability.
+[[nodiscard]] DoubleDouble FactorialLog(Long n);
+
+/// The U that speaks for the alternative: the larger one (on equality U1), U2 for the first variable greater,
+/// U1 for the first variable smaller.
+[[nodiscard]] double chooseU(double U1, double U2, TBVNPTails tails) noexcept;
+
+/// Probability of U1 and U2 for samples of n1 and n2. Exact below 50,000 for n1 x n2, whatever the ties; else
+/// by the normal approximation with corrections for ties and continuity. Tails outside the list gives the
+/// one-tailed probability of the larger U. The host is asked by the approximation alone.
+[[nodiscard]] double MannWhitneyP(Long n1, Long n2, double U1, double U2, double tieSum, TBVNPTails tails,
+                                  const ObjectRef<WorksheetHost>& host);
+
+/// Exact probability that the signed-rank sum of a ranked table of differences is at most T.
+[[nodiscard]] double WilcoxonTDist(const DataTable& table, double T, bool oneTailed);
+
+/// The same by the normal approximation without continuity correction; Z receives |Z|.
+[[nodiscard]] double WilcoxonZApprox(const DataTable& table, double T, bool oneTailed, double& Z,
+                                     const ObjectRef<WorksheetHost>& host);
+
+/// Probability of a rank correlation of n pairs: exact up to 7 pairs, above by an Edgeworth series; 1 for
+/// fewer than 2 pairs. Tails outside the list gives the upper tail of |rs|.
+[[nodiscard]] double SpearmanP(Long n, double rs, TBVNPTails tails, const ObjectRef<WorksheetHost>& host);
+
+}  // namespace TBVNonPara

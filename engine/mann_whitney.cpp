@@ -1,0 +1,51 @@
+#include <algorithm>
+
+#include "engine/clsNonParaBO.hpp"
+#include "engine/distributions.hpp"
+
+namespace TBVNonPara {
+
+namespace {
+
+/// One column per sample in entry order, 0 below the shorter one. n1 and n2 count blank cells too, the table
+/// does not: with a blank the samples are cut in the wrong place and the table ends too early.
+void splitIntoSamples(const DataTable& table, Long n1, Long n2, Grid<double>& data, Grid<double>& ranks) {
+    data = Grid<double>(std::max(n1, n2), 2);
+    ranks = Grid<double>(std::max(n1, n2), 2);
+    for (Long i = 1; i <= n1; ++i) {
+        data(i, 1) = table(i, Value);
+        ranks(i, 1) = table(i, Rank);
+    }
+    for (Long j = 1; j <= n2; ++j) {
+        data(j, 2) = table(n1 + j, Value);
+        ranks(j, 2) = table(n1 + j, Rank);
+    }
+}
+
+}  // namespace
+
+void clsNonParaBO::AnalyseMannWhitney() try {
+    const Long n1 = m_Ys.rows();
+    const Long n2 = m_Xs.rows();
+
+    DataTable table = CombineSamples(m_Ys, m_Xs);
+    const TieCounts tieCounts = RankValues(table, *m_Utility, false);
+    RankSums R;
+    SumRanksByGroup(table, R);
+
+    const double pairs = toDouble(n1) * toDouble(n2);  // 50,000 rows each must not overflow
+    const double U1 = pairs + toDouble(n1) * toDouble(n1 + 1) / 2 - R.first;
+    const double U2 = pairs - U1;
+    if (m_Descriptives) {
+        sortBy(table, *m_Utility, Sequence);
+        splitIntoSamples(table, n1, n2, m_Data, m_Ranks);
+        store(SummariseGroups(m_Data, m_Ranks, *m_Utility, Array<Long>{n1, n2}));
+    }
+    m_P = MannWhitneyP(n1, n2, U1, U2, tieSum(tieCounts), m_Tails, m_Companions.application);
+    m_Statistic = chooseU(U1, U2, m_Tails);
+    m_DF = {n1, n2};
+} catch (...) {
+    passOn("clsNonParaBO.AnalyseMannWhitney");
+}
+
+}  // namespace TBVNonPara

@@ -1,0 +1,182 @@
+#include "engine/data_table.hpp"
+
+#include <gmock/gmock.h>
+
+#include "tests/support/engine_fixture.hpp"
+#include "tests/support/raised.hpp"
+
+namespace TBVNonPara {
+namespace {
+
+using Support::blank;
+using Support::Cells;
+using Support::column;
+using Support::numbers;
+using Support::Rows;
+using Support::rowsOf;
+
+const ObjectRef<ArrayUtility> utility = createArrayUtility();
+
+struct Combined {
+    std::string name;
+    Cells first;
+    Cells second;
+    Rows table;
+};
+
+class CombinedSamples : public testing::TestWithParam<Combined> {};
+
+TEST_P(CombinedSamples, MakeADataTable) {
+    const auto& [name, first, second, table] = GetParam();
+    EXPECT_EQ(rowsOf(CombineSamples(column(first), column(second))), table);
+}
+
+// clang-format off
+const Combined combined[] = {
+    {"StandInEntryOrder",                {7, 3},        {5},         {{7, 1, 0, 1}, {3, 1, 0, 2}, {5, 2, 0, 3}}},
+    {"ReadTextsThatAreNumbers",          {"7.5"},       {" 3 "},     {{7.5, 1, 0, 1}, {3, 2, 0, 2}}},
+    {"BlanksAtTheEndAreNoObservations",  {7, blank},    {5, blank},  {{7, 1, 0, 1}, {5, 2, 0, 2}}},
+    {"ABlankInsideShiftsTheReading",     {7, blank, 9}, {5},         {{7, 1, 0, 1}, {0, 1, 0, 2}, {5, 2, 0, 3}}},
+    {"ABlankFirstCellIsReadAsZero",      {8},           {blank, 6, 7}, {{8, 1, 0, 1}, {0, 2, 0, 2}, {6, 2, 0, 3}}},
+    {"ABlankSampleHasNoRows",            {blank},       {4},         {{4, 2, 0, 1}}},
+    {"BothBlankMakeAnEmptyTable",        {blank},       {blank},     {}},
+};
+// clang-format on
+
+INSTANTIATE_TEST_SUITE_P(Of, CombinedSamples, testing::ValuesIn(combined),
+                         [](const auto& test) { return test.param.name; });
+
+TEST(CombineSamples, ReadsNoColumnButTheFirst) {
+    const ValueGrid two = Support::columns({{1, 2}, {30, 40}});
+    EXPECT_EQ(rowsOf(CombineSamples(two, column({5}))), (Rows{{1, 1, 0, 1}, {2, 1, 0, 2}, {5, 2, 0, 3}}));
+}
+
+TEST(CombineSamples, RefusesACellThatIsNoNumber) {
+    EXPECT_EQ(Support::raisedBy([] { (void)CombineSamples(column({"a"}), column({1})); }).number, 13);
+    const ValueGrid error{{CellError::NotAvailable}};
+    EXPECT_EQ(Support::raisedBy([&] { (void)CombineSamples(column({1}), error); }).number, 13);
+}
+
+struct Paired {
+    std::string name;
+    Cells first;
+    Cells second;
+    Rows table;
+};
+
+class PairedSamples : public testing::TestWithParam<Paired> {};
+
+TEST_P(PairedSamples, MakeATableOfDifferences) {
+    const auto& [name, first, second, table] = GetParam();
+    EXPECT_EQ(rowsOf(PairedDifferences(column(first), column(second))), table);
+}
+
+// clang-format off
+const Paired paired[] = {
+    {"SignsHaveCodes",                        {5, 4, 2},     {3, 4, 6},     {{2, 1, 0, 1}, {0, 3, 0, 2}, {4, 2, 0, 3}}},
+    {"TheNoiseOfADifferenceIsTakenOut",       {5.1},         {5.0},         {{0.1, 1, 0, 1}}},
+    {"AndOfANegativeOne",                     {5.0},         {5.1},         {{0.1, 2, 0, 1}}},
+    {"SevenDigitsOfADifferenceStay",          {0.123456789}, {0},           {{0.1234568, 1, 0, 1}}},
+    {"ADifferenceOfNoiseAloneStays",          {0.3},         {0.1 + 0.2},   {{5.551115e-17, 2, 0, 1}}},
+    {"RowsWithABlankAreSkipped",              {1, blank, 9}, {3, 4, blank}, {{2, 2, 0, 1}}},
+    {"TheSequenceCountsCompletePairs",        {blank, 8},    {1, 2},        {{6, 1, 0, 1}}},
+    {"MoreRowsOfTheSecondAreNotRead",         {4},           {1, 2, 3},     {{3, 1, 0, 1}}},
+};
+// clang-format on
+
+INSTANTIATE_TEST_SUITE_P(Of, PairedSamples, testing::ValuesIn(paired),
+                         [](const auto& test) { return test.param.name; });
+
+TEST(PairedDifferences, RaiseWhatTheirCellsRaise) {
+    const auto numberOf = [](const Cells& first, const Cells& second) {
+        return Support::raisedBy([&] { (void)PairedDifferences(column(first), column(second)); }).number;
+    };
+    EXPECT_EQ(numberOf({"a"}, {1}), 13);
+    EXPECT_EQ(numberOf({1, 2}, {1}), 9) << "the second variable is shorter";
+    EXPECT_EQ(numberOf({1e39}, {0}), 6) << "beyond single precision";
+    EXPECT_EQ(numberOf({1e308}, {-1e308}), 6) << "beyond double precision";
+}
+
+struct Ranked {
+    std::string name;
+    std::vector<double> values;
+    bool excludeZeros;
+    std::vector<double> sorted;
+    std::vector<double> ranks;
+    std::vector<double> ties;
+};
+
+class RankedValues : public testing::TestWithParam<Ranked> {};
+
+DataTable tableOf(const std::vector<double>& values) {
+    DataTable table(Long(values.size()), 4);
+    for (Long i = 1; i <= table.rows(); ++i) {
+        table(i, Value) = values[static_cast<std::size_t>(toIndex(i) - 1)];
+        table(i, Sequence) = toDouble(i);
+    }
+    return table;
+}
+
+std::vector<double> columnOf(const DataTable& table, DataColumn of) {
+    const auto cells = table.column(of);
+    return {cells.begin(), cells.end()};
+}
+
+TEST_P(RankedValues, AreSortedAndRanked) {
+    const auto& [name, values, excludeZeros, sorted, ranks, ties] = GetParam();
+    DataTable table = tableOf(values);
+    EXPECT_EQ(numbers(RankValues(table, *utility, excludeZeros)), ties);
+    EXPECT_EQ(columnOf(table, Value), sorted);
+    EXPECT_EQ(columnOf(table, Rank), ranks);
+}
+
+// clang-format off
+const Ranked ranked[] = {
+    {"APairSharesItsRank",              {7, 3, 3, 9},     false, {3, 3, 7, 9},     {1.5, 1.5, 3, 4},           {2}},
+    {"AnOddTieTakesTheMiddleRank",      {1, 2, 5, 5, 5},  false, {1, 2, 5, 5, 5},  {1, 2, 4, 4, 4},            {3}},
+    {"WithoutATieTheListIsOneZero",     {2, 1},           false, {1, 2},           {1, 2},                     {0}},
+    {"TiesAreListedInOrderOfValue",     {9, 9, 4, 9, 4},  false, {4, 4, 9, 9, 9},  {1.5, 1.5, 4, 4, 4},        {2, 3}},
+    {"AllEqual",                        {6, 6, 6, 6},     false, {6, 6, 6, 6},     {2.5, 2.5, 2.5, 2.5},       {4}},
+    {"ZerosAreLeftOut",                 {0, 2, 0, 5, 2},  true,  {0, 0, 2, 2, 5},  {0, 0, 1.5, 1.5, 3},        {2}},
+    {"ZerosAreRankedWhenNotLeftOut",    {0, 2, 0, 5, 2},  false, {0, 0, 2, 2, 5},  {1.5, 1.5, 3.5, 3.5, 5},    {2, 2}},
+    {"OneZeroIsLeftOut",                {3, 0, 1},        true,  {0, 1, 3},        {0, 1, 2},                  {0}},
+    {"NothingButZeros",                 {0, 0, 0},        true,  {0, 0, 0},        {0, 0, 0},                  {0}},
+    {"NoZerosToLeaveOut",               {4, 4},           true,  {4, 4},           {1.5, 1.5},                 {2}},
+    {"ValuesAreComparedExactly",        {0.1 + 0.2, 0.3}, false, {0.3, 0.1 + 0.2}, {1, 2},                     {0}},
+    {"NothingToRank",                   {},               false, {},               {},                         {0}},
+};
+// clang-format on
+
+INSTANTIATE_TEST_SUITE_P(Of, RankedValues, testing::ValuesIn(ranked),
+                         [](const auto& test) { return test.param.name; });
+
+TEST(RankValues, MovesGroupAndSequenceWithTheValue) {
+    DataTable table{{7, 1, 0, 1}, {3, 2, 0, 2}, {3, 1, 0, 3}};
+    RankValues(table, *utility, false);
+    EXPECT_EQ(rowsOf(table), (Rows{{3, 2, 1.5, 2}, {3, 1, 1.5, 3}, {7, 1, 3, 1}}));
+}
+
+TEST(SumRanksByGroup, AddsToWhatIsThereAndSkipsOtherGroups) {
+    const DataTable table{{0, 1, 1.5, 1}, {0, 2, 2, 2}, {0, 3, 4, 3}, {0, 1, 8, 4}, {0, 0, 16, 5}};
+    RankSums sums{100, 200, 10, 20};
+    SumRanksByGroup(table, sums);
+    EXPECT_EQ(sums.first, 109.5);
+    EXPECT_EQ(sums.second, 202);
+    EXPECT_EQ(sums.firstCount, Long(12));
+    EXPECT_EQ(sums.secondCount, Long(21));
+}
+
+TEST(SumRanksByGroup, RaisesOverflowWhenACountLeaves32Bits) {
+    RankSums sums{0, 0, 2147483647, 0};
+    EXPECT_EQ(Support::raisedBy([&] { SumRanksByGroup({{0, 1, 1, 1}}, sums); }).number, 6);
+}
+
+TEST(TieSum, IsTheSumOfCubesLessSizes) {
+    EXPECT_EQ(tieSum({0}), 0);
+    EXPECT_EQ(tieSum({2}), 6);
+    EXPECT_EQ(tieSum({2, 3, 2}), 36);
+    EXPECT_EQ(tieSum({100000}), 999999999900000) << "formed in doubles: a whole number would overflow";
+}
+
+}  // namespace
+}  // namespace TBVNonPara

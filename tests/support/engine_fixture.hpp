@@ -1,0 +1,173 @@
+#pragma once
+
+#include <boost/math/distributions/chi_squared.hpp>
+#include <boost/math/distributions/fisher_f.hpp>
+#include <cmath>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "companion/array_utility.hpp"
+#include "engine/clsNonParaBO.hpp"
+
+/// What a test of the engine stands on: worksheet functions that can be told to fail, an application that has
+/// nothing else, and cells written as they look.
+namespace TBVNonPara::Support {
+
+/// The worksheet functions. `calls` names those called; `failure`, when set, is what each call raises.
+class FakeFunctions : public WorksheetFunction {
+ public:
+    [[nodiscard]] double NORMSDIST(double z) const override {
+        enter("NORMSDIST");
+        return 0.5 * std::erfc(-z / std::sqrt(2.0));
+    }
+    [[nodiscard]] double ChiDist(double x, Long df) const override {
+        enter("ChiDist");
+        return cdf(complement(boost::math::chi_squared(toDouble(df)), x));
+    }
+    [[nodiscard]] double FDist(double x, Long df1, Long df2) const override {
+        enter("FDist");
+        return cdf(complement(boost::math::fisher_f(toDouble(df1), toDouble(df2)), x));
+    }
+    [[nodiscard]] double CountIf(const RangeRef&, std::string_view) const override {
+        raise(RuntimeError::InternalError);
+    }
+
+    mutable std::vector<std::string> calls;
+    std::optional<Error> failure;
+
+ private:
+    void enter(const char* name) const {
+        calls.emplace_back(name);
+        if (failure) {
+            throw *failure;
+        }
+    }
+};
+
+/// An application without a sheet: the engine asks for nothing but the worksheet functions.
+class FakeApplication : public Application {
+ public:
+    [[nodiscard]] RangeRef GetRange(std::string_view) const override { return {}; }
+    [[nodiscard]] RangeRef GetRange(const RangeRef&, const RangeRef&) const override { return {}; }
+    [[nodiscard]] WorkbookRef GetWorkbooks(std::string_view) const override { return {}; }
+    [[nodiscard]] WorksheetRef AddWorksheets() override { return {}; }
+    void LetScreenUpdating(bool) override {}
+    [[nodiscard]] const WorksheetFunction& GetWorksheetFunction() const override { return functions; }
+
+    FakeFunctions functions;
+};
+
+/// An error that a host may raise: a number of its own, a text, no source.
+inline Error hostError() {
+    return Error(1004, "The worksheet function failed");
+}
+
+/// The engine's companions on an application; a test adds the factories that it needs besides the array
+/// utility.
+inline CompanionLibrary engineCompanions(
+    std::shared_ptr<FakeApplication> application = std::make_shared<FakeApplication>()) {
+    CompanionLibrary companions;
+    companions.application = ObjectRef<WorksheetHost>(std::move(application));
+    companions.createArrayUtility = createArrayUtility;
+    return companions;
+}
+
+/// One cell as it looks in a test: 1, 2.5, "text", blank, true.
+struct Cell {
+    Cell(int number) : value(static_cast<double>(number)) {}
+    Cell(double number) : value(number) {}
+    Cell(const char* text) : value(Text(text)) {}
+    Cell(bool truth) : value(truth) {}
+    Cell(CellValue cell) : value(std::move(cell)) {}
+    CellValue value;
+};
+inline const Cell blank{CellValue(Empty())};
+
+using Cells = std::vector<Cell>;
+
+/// One column of cells.
+inline ValueGrid column(const Cells& cells) {
+    ValueGrid grid(Long(cells.size()), 1);
+    for (Long i = 1; i <= grid.rows(); ++i) {
+        grid(i, 1) = cells[static_cast<std::size_t>(toIndex(i) - 1)].value;
+    }
+    return grid;
+}
+
+/// Columns of cells side by side; the shorter ones end in blanks.
+inline ValueGrid columns(const std::vector<Cells>& samples) {
+    ValueGrid grid(0, 0);
+    for (const Cells& sample : samples) {
+        grid = createArrayUtility()->JoinColumns(grid, column(sample));
+    }
+    return grid;
+}
+
+/// The error that an action raises, if it raises one.
+inline std::optional<Error> errorOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const Error& error) {
+        return error;
+    }
+    return std::nullopt;
+}
+
+/// Number and source of that error as one text: "9 Line 0 in TBVNonPara.clsNonParaBO.AnalyseWilcoxon"; "none"
+/// without an error.
+inline std::string failureOf(const std::function<void()>& action) {
+    const std::optional<Error> error = errorOf(action);
+    return error ? std::to_string(error->number()) + ' ' + error->source() : "none";
+}
+
+/// An engine that is loaded and ready to analyse.
+struct LoadedEngine {
+    LoadedEngine(TBVNPMethod method, TBVNPTails tails, EngineInput ys, EngineInput xs)
+        : engine(engineCompanions(application)) {
+        load(method, tails, std::move(ys), std::move(xs));
+    }
+
+    void load(TBVNPMethod method, TBVNPTails tails, EngineInput ys, EngineInput xs) {
+        engine.LetMethod(method);
+        engine.LetTails(tails);
+        engine.LetYs(std::move(ys));
+        engine.Letxs(std::move(xs));
+    }
+
+    std::shared_ptr<FakeApplication> application = std::make_shared<FakeApplication>();
+    clsNonParaBO engine;
+};
+
+/// The elements of an array and the rows of a grid, for comparison with what a test writes down.
+template <typename Element>
+std::vector<double> numbers(const Array<Element>& array) {
+    std::vector<double> result;
+    for (const Element& element : array.elements()) {
+        if constexpr (std::is_same_v<Element, Long>) {
+            result.push_back(toDouble(element));
+        } else {
+            result.push_back(element);
+        }
+    }
+    return result;
+}
+
+inline std::vector<std::vector<double>> rowsOf(const Grid<double>& grid) {
+    std::vector<std::vector<double>> rows;
+    for (Long i = 1; i <= grid.rows(); ++i) {
+        auto& row = rows.emplace_back();
+        for (Long c = 1; c <= grid.columns(); ++c) {
+            row.push_back(grid(i, c));
+        }
+    }
+    return rows;
+}
+
+/// A grid of numbers, as the engine's tables are.
+using Rows = std::vector<std::vector<double>>;
+
+}  // namespace TBVNonPara::Support
