@@ -1,0 +1,14 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace TBVNonPara::workbook {
+
+/// The number of every error of the embedded host; the description says what was wrong, where, and what to
+/// do.
+constexpr std::int32_t hostErrorNumber = 1004;
+
+[[noreturn]] void refuse(std::string description);
+
+}  // namespace TBVNonPara::workbook

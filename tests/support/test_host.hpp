@@ -1,0 +1,16 @@
+#pragma once
+
+#include "adapters/workbook/embedded_application.hpp"
+#include "host/WorksheetHost.hpp"
+
+namespace TBVNonPara::Support {
+
+/// The spreadsheet in memory with two empty sheets, "Data" and "Out".
+inline ObjectRef<WorksheetHost> testHost() {
+    const ObjectRef<workbook::EmbeddedApplication> application = workbook::makeApplication();
+    application->addSheet("Data");
+    application->addSheet("Out");
+    return application;
+}
+
+}  // namespace TBVNonPara::Support
