@@ -1,0 +1,66 @@
+#include "tests/report/section_case.hpp"
+
+namespace TBVNonPara {
+namespace {
+
+const Labels names = {"Height", "Weight"};
+
+std::function<void(clsNonParaOutput&)> testTable(TBVNPTails tails, TBVNPMethod method,
+                                                 const std::string& methodWord) {
+    return [=](clsNonParaOutput& writer) {
+        writer.OutputTest(names, 0.75, {8}, 0.03125, tails, method, methodWord);
+    };
+}
+
+std::vector<std::string> formatting(bool subscript) {
+    std::vector<std::string> calls = {"FormatTitle A5 False", "FormatTable A6:C6 False",
+                                      "FormatBody A7:C7 False", "NumberFormat B7 \"0\""};
+    if (subscript) {
+        calls.insert(calls.begin() + 2, "Subscript A6 2 1 True");
+    }
+    return calls;
+}
+
+// clang-format off
+const SectionCase cases[] = {
+    {"Spearman_TwoTailed",  testTable(tbvNPTwoTailed, tbvNPSpearman, ""),
+     {"2-tailed Test", "rs|DF|P", "0.75|8|0.03125"}, formatting(true), "A1:C8"},
+    {"Spearman_FirstGreater_IsAPositiveCorrelation", testTable(tbvNPVar1GTVar2, tbvNPSpearman, ""),
+     {"1-tailed Test (Positive Correlation)", "rs|DF|P", "0.75|8|0.03125"}, formatting(true), "A1:C8"},
+    {"Spearman_FirstSmaller_IsANegativeCorrelation", testTable(tbvNPVar1LTVar2, tbvNPSpearman, ""),
+     {"1-tailed Test (Negative Correlation)", "rs|DF|P", "0.75|8|0.03125"}, formatting(true), "A1:C8"},
+    {"Wilcoxon_TwoTailed_HasTheMethodWord", testTable(tbvNPTwoTailed, tbvNPWilcoxon, "Exact"),
+     {"2-tailed Exact Test", "T|N|P", "0.75|8|0.03125"}, formatting(false), "A1:C8"},
+    {"Wilcoxon_FirstGreater", testTable(tbvNPVar1GTVar2, tbvNPWilcoxon, "Exact"),
+     {"1-tailed Exact Test (Height > Weight)", "T|N|P", "0.75|8|0.03125"}, formatting(false), "A1:C8"},
+    {"Wilcoxon_FirstSmaller_WithoutAWord_KeepsBothBlanks", testTable(tbvNPVar1LTVar2, tbvNPWilcoxon, ""),
+     {"1-tailed  Test (Height < Weight)", "T|N|P", "0.75|8|0.03125"}, formatting(false), "A1:C8"},
+    {"AnyOtherMethod_TwoTailed_HasNoHeadings", testTable(tbvNPTwoTailed, tbvNPMannU, "Exact"),
+     {"2-tailed Test", "", "0.75|8|0.03125"}, formatting(false), "A1:C8"},
+    {"AnyOtherMethod_FirstGreater", testTable(tbvNPVar1GTVar2, tbvNPSign, "Exact"),
+     {"1-tailed Test (Height > Weight)", "", "0.75|8|0.03125"}, formatting(false), "A1:C8"},
+    {"AnyOtherMethod_FirstSmaller", testTable(tbvNPVar1LTVar2, TBVNPMethod(-1), "Exact"),
+     {"1-tailed Test (Height < Weight)", "", "0.75|8|0.03125"}, formatting(false), "A1:C8"},
+};
+// clang-format on
+
+class CorrelationSection : public ::testing::TestWithParam<SectionCase> {};
+
+TEST_P(CorrelationSection, WritesItsRowsAndLeavesTheCursorBelow) {
+    expectSection(GetParam());
+}
+
+INSTANTIATE_TEST_SUITE_P(Report, CorrelationSection, ::testing::ValuesIn(cases),
+                         caseName<::testing::TestParamInfo<SectionCase>>);
+
+TEST(CorrelationSectionErrors, DFWithoutElementsIsAFaultAfterTheStatistic) {
+    ReportDesk desk;
+    EXPECT_EQ(Support::raisedBy([&] {
+                  desk.writer.OutputTest(names, 0.75, Array<Long>(0), 1, tbvNPTwoTailed, tbvNPSpearman, "");
+              }),
+              Support::in("clsNonParaOutput.OutputTest", 9));
+    EXPECT_EQ(desk.cells("A1:C4"), (Support::SheetText{"2-tailed Test", "rs|DF|P", "0.75"}));
+}
+
+}  // namespace
+}  // namespace TBVNonPara
