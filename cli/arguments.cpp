@@ -1,0 +1,179 @@
+#include "cli/arguments.hpp"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <fmt/format.h>
+#include <map>
+
+#include "cli/version.hpp"
+
+namespace TBVNonPara::cli {
+
+namespace {
+
+const std::map<std::string, OutputFormat> formats = {
+    {"text", OutputFormat::Text}, {"json", OutputFormat::Json}, {"csv", OutputFormat::Csv}};
+
+/// What CLI11 fills before it becomes Arguments.
+struct Words {
+    Arguments arguments;
+    bool headers = false;
+    bool noHeaders = false;
+    std::string tails = "two";
+    std::string format = "text";
+    std::string delimiter;
+    std::string decimal;
+};
+
+std::string examples() {
+    std::string text = "Examples:\n";
+    for (const OfferedTest& test : offeredTests()) {
+        text += fmt::format("  tbvnonpara {}\n", test.example);
+    }
+    return text + "\nEvery test explains its options: tbvnonpara wilcoxon --help";
+}
+
+/// An empty address is a forgotten one, not a choice left to the program.
+CLI::Validator filled() {
+    return {[](const std::string& text) { return std::string(text.empty() ? "must not be empty" : ""); }, ""};
+}
+
+void offerRanges(CLI::App& command, const OfferedTest& test, Words& words) {
+    const char* const y = takesManyColumns(test.shape)
+                              ? "the groups: an address, column letters or headers, joined by commas"
+                              : "the first variable: an address, column letters or a header";
+    CLI::Option* const first =
+        command.add_option("--y", words.arguments.y, y)->type_name("ADDRESS")->check(filled());
+    if (takesSecondRange(test.shape)) {
+        command.add_option("--x", words.arguments.x, "the second variable")
+            ->type_name("ADDRESS")
+            ->check(filled())
+            ->needs(first);
+    }
+    command.add_option("--sheet", words.arguments.sheet, "the sheet to read")
+        ->type_name("NAME")
+        ->check(filled());
+    CLI::Option* const with =
+        command.add_flag("--headers", words.headers, "the first row of each range holds labels");
+    command.add_flag("--no-headers", words.noHeaders, "the first row of each range is data")->excludes(with);
+}
+
+void offerTails(CLI::App& command, const OfferedTest& test, Words& words) {
+    std::vector<std::string> choices = {"two", "greater", "less"};
+    for (const std::string_view word : {test.greaterWord, test.lessWord}) {
+        if (!word.empty()) {
+            choices.emplace_back(word);
+        }
+    }
+    command
+        .add_option("--tails", words.tails,
+                    "the alternative: two, for both directions;\n" + std::string(test.tailsHelp))
+        ->type_name("WORD")
+        ->check(CLI::IsMember(choices).description(""));
+}
+
+void offerFileAndForm(CLI::App& command, Words& words) {
+    command.add_option("FILE", words.arguments.file, "a .csv or .tsv file, or - for standard input")
+        ->required()
+        ->type_name("");
+    command.add_option("--format", words.format, "the form of the report: text, json or csv")
+        ->type_name("WORD")
+        ->check(CLI::IsMember({"text", "json", "csv"}).description(""));
+    command.add_option("--delimiter", words.delimiter, "what stands between two fields: , ; | or tab")
+        ->type_name("CHARACTER")
+        ->check(CLI::IsMember({",", ";", "|", "tab"}).description(""));
+    command.add_option("--decimal", words.decimal, "the decimal mark of numbers: . or ,")
+        ->type_name("CHARACTER")
+        ->check(CLI::IsMember({".", ","}).description(""));
+}
+
+void offer(CLI::App& program, const OfferedTest& test, Words& words) {
+    CLI::App& command = *program.add_subcommand(std::string(test.name), std::string(test.summary));
+    command.group("Tests");
+    offerFileAndForm(command, words);
+    offerRanges(command, test, words);
+    if (test.descriptives) {
+        command.add_flag("--descriptives", words.arguments.descriptives,
+                         "show the data, ranks, medians and sums");
+    }
+    if (test.method == tbvNPWilcoxon) {
+        command.add_flag("--ignore-ties", words.arguments.ignoreTies,
+                         "leave differences of zero out of the ranking");
+    }
+    if (test.tails) {
+        offerTails(command, test, words);
+    }
+    command.footer(fmt::format("Example: tbvnonpara {}", test.example));
+    command.callback([&words, &test] { words.arguments.test = &test; });
+}
+
+TBVNPTails tailsOf(const OfferedTest& test, const std::string& word) {
+    if (word == "greater" || (!word.empty() && word == test.greaterWord)) {
+        return tbvNPVar1GTVar2;
+    }
+    return word == "two" ? tbvNPTwoTailed : tbvNPVar1LTVar2;
+}
+
+bool isTestOrOption(std::string_view word) {
+    return word.starts_with('-') ||
+           std::ranges::any_of(offeredTests(), [=](const OfferedTest& test) { return test.name == word; });
+}
+
+std::string noSuchTest(std::string_view word) {
+    std::string text = word.empty()
+                           ? "tbvnonpara: Name a test:"
+                           : fmt::format("tbvnonpara: There is no test \"{}\"; the tests are:", word);
+    for (const OfferedTest& test : offeredTests()) {
+        text += fmt::format(" {}", test.name);
+    }
+    return text + "\nTry: tbvnonpara --help\n";
+}
+
+Arguments finish(Words words) {
+    Arguments& arguments = words.arguments;
+    arguments.tails = tailsOf(*arguments.test, words.tails);
+    arguments.format = formats.at(words.format);
+    if (words.headers || words.noHeaders) {
+        arguments.headers = words.headers;
+    }
+    if (!words.delimiter.empty()) {
+        arguments.delimiter = words.delimiter == "tab" ? '\t' : words.delimiter.front();
+    }
+    if (!words.decimal.empty()) {
+        arguments.decimal = words.decimal.front();
+    }
+    return std::move(arguments);
+}
+
+}  // namespace
+
+std::variant<Arguments, Answer> parseArguments(int count, const char* const* words) {
+    CLI::App program("Nonparametric tests on the columns of a file, reported as on a spreadsheet.",
+                     "tbvnonpara");
+    program.set_version_flag("--version", fmt::format("tbvnonpara {}", version));
+    program.require_subcommand(1);
+    program.get_formatter()->label("SUBCOMMAND", "TEST");
+    program.footer(examples());
+    Words found;
+    for (const OfferedTest& test : offeredTests()) {
+        offer(program, test, found);
+    }
+    if (count < 2 || !isTestOrOption(words[1])) {
+        return Answer{noSuchTest(count < 2 ? "" : words[1]), usageStatus};
+    }
+    try {
+        program.parse(count, words);
+    } catch (const CLI::CallForHelp&) {
+        return Answer{program.help(), 0};
+    } catch (const CLI::CallForVersion&) {
+        return Answer{fmt::format("tbvnonpara {}\n", version), 0};
+    } catch (const CLI::ParseError& error) {
+        return Answer{fmt::format("tbvnonpara: {}\nTry: tbvnonpara --help\n", error.what()), usageStatus};
+    }
+    if (found.delimiter == "," && found.decimal == ",") {
+        return Answer{"tbvnonpara: --delimiter and --decimal cannot both be a comma\n", usageStatus};
+    }
+    return finish(std::move(found));
+}
+
+}  // namespace TBVNonPara::cli

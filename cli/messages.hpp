@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "cli/columns.hpp"
+#include "cli/tests_offered.hpp"
+#include "core/error.hpp"
+
+namespace TBVNonPara::cli {
+
+/// What is known of a run when an error is explained. The ranges are empty until they are chosen.
+struct Circumstances {
+    const OfferedTest* test = nullptr;
+    ChosenRanges ranges;
+};
+
+/// The name of an error's number: "tbvNPNoYRange", "Overflow", "HostError" for 1004; "Error" for any other.
+[[nodiscard]] std::string_view errorName(std::int32_t number) noexcept;
+
+/// One or two sentences: what happened, to which range or option, and what to do. An error that brings its
+/// own description says that.
+[[nodiscard]] std::string explain(const Error& error, const Circumstances& circumstances);
+
+/// The explanation, and below it number, name and source, for standard error.
+[[nodiscard]] std::string errorText(const Error& error, const Circumstances& circumstances);
+
+}  // namespace TBVNonPara::cli

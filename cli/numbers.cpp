@@ -1,0 +1,14 @@
+#include "cli/numbers.hpp"
+
+#include <array>
+#include <charconv>
+
+namespace TBVNonPara::cli {
+
+std::string shortest(double number) {
+    std::array<char, 32> digits{};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    return {digits.data(), end};
+}
+
+}  // namespace TBVNonPara::cli

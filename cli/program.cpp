@@ -1,0 +1,106 @@
+#include "cli/program.hpp"
+
+#include <cstdio>
+#include <fmt/format.h>
+#include <system_error>
+
+#include "cli/arguments.hpp"
+#include "cli/csv_report.hpp"
+#include "cli/json_report.hpp"
+#include "cli/messages.hpp"
+#include "cli/progress.hpp"
+#include "cli/run_test.hpp"
+#include "cli/terminal.hpp"
+#include "cli/text_report.hpp"
+
+namespace TBVNonPara::cli {
+
+namespace {
+
+constexpr int failureStatus = 1;
+
+void tell(std::string_view text) {
+    std::fwrite(text.data(), 1, text.size(), stderr);
+}
+
+int answer(const Answer& answer) {
+    if (answer.status != 0) {
+        tell(answer.text);
+        return answer.status;
+    }
+    Output output(stdout);
+    output.write(answer.text);
+    output.finish();
+    return 0;
+}
+
+void write(const FinishedTest& finished, const Arguments& arguments, Output& output) {
+    const ReportBlock report = finished.report();
+    switch (arguments.format) {
+        case OutputFormat::Text:
+            writeText(report, wantsColour(), output);
+            break;
+        case OutputFormat::Json:
+            writeJson(*arguments.test, finished.address(), report,
+                      namedResults(arguments.test->method, finished.engine()), output);
+            break;
+        case OutputFormat::Csv:
+            writeCsv(report, output);
+            break;
+    }
+}
+
+void analyse(const Arguments& arguments, Circumstances& circumstances) {
+    Progress progress("Reading " + arguments.file);
+    const ObjectRef<workbook::EmbeddedApplication> application = openFile(arguments);
+    circumstances.ranges = chooseRanges(*application, arguments);
+    if (!circumstances.ranges.note.empty()) {
+        tell(circumstances.ranges.note + '\n');
+    }
+    progress.next("Analysing");
+    const FinishedTest finished = runTest(application, arguments, circumstances.ranges);
+    progress.end();
+    Output output(stdout);
+    write(finished, arguments, output);
+    output.finish();
+}
+
+int report(const Error& error, const Circumstances& circumstances, OutputFormat format) {
+    if (format != OutputFormat::Json) {
+        tell(errorText(error, circumstances));
+        return failureStatus;
+    }
+    Output output(stdout);
+    writeJsonError(error, circumstances, output);
+    output.finish();
+    return failureStatus;
+}
+
+int run(const Arguments& arguments) {
+    Circumstances circumstances{arguments.test, {}};
+    try {
+        analyse(arguments, circumstances);
+        return 0;
+    } catch (const std::system_error&) {
+        throw;
+    } catch (...) {
+        return report(currentError(), circumstances, arguments.format);
+    }
+}
+
+}  // namespace
+
+int runProgram(int count, const char* const* words) try {
+    const auto asked = parseArguments(count, words);
+    const auto* const answered = std::get_if<Answer>(&asked);
+    return answered != nullptr ? answer(*answered) : run(std::get<Arguments>(asked));
+} catch (const std::system_error& failure) {
+    tell(fmt::format("tbvnonpara: The output could not be written to its end: {}.\n",
+                     failure.code().message()));
+    return failureStatus;
+} catch (const std::exception& failure) {
+    tell(fmt::format("tbvnonpara: {}\n", failure.what()));
+    return failureStatus;
+}
+
+}  // namespace TBVNonPara::cli

@@ -1,0 +1,12 @@
+#pragma once
+
+namespace TBVNonPara::cli {
+
+/// Whether standard output is a terminal that wants colour: not with NO_COLOR set to anything, nor on a dumb
+/// terminal.
+[[nodiscard]] bool wantsColour();
+
+/// Whether standard error is a terminal that can rewrite a line.
+[[nodiscard]] bool showsProgress();
+
+}  // namespace TBVNonPara::cli

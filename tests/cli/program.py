@@ -1,0 +1,45 @@
+"""Runs the program as its users do. A test is called with PROGRAM and PROJECT_FOLDER."""
+
+import csv
+import os
+import pathlib
+import pty
+import select
+import subprocess
+import sys
+
+PROGRAM = os.path.abspath(sys.argv.pop(1))
+PROJECT = pathlib.Path(sys.argv.pop(1)).resolve()
+EXAMPLES = PROJECT / "examples"
+PLANTS = str(EXAMPLES / "plants.csv")
+
+
+def run(*words, text=None, environment=None, **options):
+    return subprocess.run([PROGRAM, *words], input=text, capture_output=True, encoding="utf-8", timeout=60,
+                          env={**os.environ, **(environment or {})}, **options)
+
+
+def on_a_terminal(*words, environment=None):
+    """What the program writes when standard output is a terminal."""
+    leader, follower = pty.openpty()
+    with subprocess.Popen([PROGRAM, *words], stdout=follower, stderr=subprocess.DEVNULL,
+                          env={**os.environ, "TERM": "xterm", **(environment or {})}) as process:
+        os.close(follower)
+        written = b""
+        while select.select([leader], [], [], 30)[0]:
+            try:
+                piece = os.read(leader, 65536)
+            except OSError:
+                break
+            if not piece:
+                break
+            written += piece
+        process.wait(timeout=30)
+    os.close(leader)
+    return written.decode("utf-8")
+
+
+def readings():
+    """File, test, options, name of the result and its value elsewhere."""
+    with open(PROJECT / "tests/reference/examples.csv", newline="", encoding="utf-8") as file:
+        return list(csv.DictReader(file))

@@ -1,0 +1,147 @@
+"""Statuses, errors and files: program_test.py PROGRAM PROJECT_FOLDER."""
+
+import json
+import pathlib
+import subprocess
+import tempfile
+import unittest
+
+from program import EXAMPLES, PLANTS, PROGRAM, run
+
+
+class Statuses(unittest.TestCase):
+    def test_a_report_has_status_0(self):
+        result = run("mann-whitney", PLANTS)
+        self.assertEqual(result.returncode, 0)
+        self.assertTrue(result.stdout.startswith("Mann-Whitney Test Results for:\n"))
+        self.assertEqual(result.stderr, "using plants!A1:A11 and plants!B1:B11 (first row is headers)\n")
+
+    def test_help_and_version_have_status_0(self):
+        for words in (["--help"], ["--version"], ["runs", "--help"]):
+            result = run(*words)
+            self.assertEqual((result.returncode, result.stderr), (0, ""), words)
+
+    def test_usage_errors_have_status_2_and_print_nothing(self):
+        for words in ([], ["anova", PLANTS], ["runs"], ["runs", PLANTS, "--x", "B"], ["sign", PLANTS, "--tails", "up"]):
+            result = run(*words)
+            self.assertEqual((result.returncode, result.stdout), (2, ""), words)
+            self.assertIn("Try: tbvnonpara --help", result.stderr)
+
+    def test_analysis_errors_have_status_1_with_number_name_and_source(self):
+        result = run("mann-whitney", PLANTS, "--y", "A")
+        self.assertEqual((result.returncode, result.stdout), (1, ""))
+        self.assertIn("The second range is missing", result.stderr)
+        self.assertIn("error -2147216492 (tbvNPNoXRange): Line 0 in TBVNonPara.clsNonPara.Results", result.stderr)
+
+    def test_errors_of_the_ranges_name_the_cell(self):
+        result = run("mann-whitney", "-", text="a,b\n1,x\n2,3\n")
+        self.assertEqual(result.returncode, 1)
+        self.assertIn('stdin!B2 holds the text "x"', result.stderr)
+
+
+class Faults(unittest.TestCase):
+    """Data without a result: what each test says, and under which number."""
+
+    CASES = (
+        ("mann-whitney", "5,5\n" * 300, "", 11, "are equal, so there is nothing to rank"),
+        ("wilcoxon", "5,5\n" * 300, "", 5, "are zero, so there is nothing to rank"),
+        ("wilcoxon", "5,5\n" * 300, "--ignore-ties", 6, "none could be ranked"),
+        ("wilcoxon", "1e300,1\n2,3\n", "", 6, "single precision"),
+        ("wilcoxon", "1,2\n3,4\n5,\n", "", -2147216486, "complete or remove the rows without a partner"),
+        ("spearman", "1,5\n1,6\n1,7\n", "", 5, "There is no rank correlation"),
+        ("spearman", "1,2\n", "", -2147216454, "fewer than two rows"),
+        ("sign", "1,2\n3,\n", "", -2147216481, "B2 is blank"),
+        ("sign", "1\n2\n", "", -2147215504, "neither 1, -1 nor 0"),
+        ("median", "1\n2\n", "", -2147216456, "Name two columns or more"),
+        ("friedman", "1,1\n2,2\n", "", 6, "equal within every block"),
+        ("friedman", "1,2\n1,2\n", "", 11, "in the same order"),
+        ("friedman", "1,2\n1,\n", "", -2147216481, "B2 is blank"),
+        ("kruskal-wallis", "1,1\n1,1\n", "", 6, "all values are equal"),
+        ("runs", "1\n1\n1\n", "", 11, "all equal, or all different"),
+        ("runs", "1\n2\n3\n", "", 11, "all equal, or all different"),
+        ("runs", "1\n#N/A\n", "", -2147216482, "A2 holds the error #N/A"),
+        ("mann-whitney", "1,2\n3,TRUE\n", "", -2147216483, "B2 holds"),
+        ("mann-whitney", "1,2\n3,4\n", "--y A1:B2 --x A", -2147216452, "several columns"),
+        ("mann-whitney", "1,2\n3,4\n", "--y A --x A1:B2", -2147216451, "several columns"),
+        ("mann-whitney", "1,2\n3,4\n", "--y A --x Other!B1:B2", -2147216494, "Other"),
+    )
+
+    def test_the_number_and_a_sentence_are_given(self):
+        for test, text, options, number, says in self.CASES:
+            with self.subTest(test=test, text=text[:20], options=options):
+                plain = run(test, "-", *options.split(), text=text)
+                self.assertEqual((plain.returncode, plain.stdout), (1, ""))
+                self.assertIn(says, plain.stderr)
+                self.assertIn(f"  error {number} (", plain.stderr)
+                error = json.loads(run(test, "-", *options.split(), "--format", "json", text=text).stdout)["error"]
+                self.assertEqual(error["number"], number)
+                self.assertIn(says, error["description"])
+
+
+class Files(unittest.TestCase):
+    def check_refused(self, content, says, *words):
+        with tempfile.TemporaryDirectory() as folder:
+            path = pathlib.Path(folder) / "data.csv"
+            path.write_bytes(content)
+            result = run("mann-whitney", str(path), *words)
+        self.assertEqual((result.returncode, result.stdout), (1, ""))
+        self.assertIn(says, result.stderr)
+
+    def test_a_missing_file(self):
+        result = run("runs", "/nowhere/data.csv")
+        self.assertEqual(result.returncode, 1)
+        self.assertIn('"/nowhere/data.csv" cannot be read: No such file or directory', result.stderr)
+
+    def test_a_folder(self):
+        result = run("runs", str(EXAMPLES))
+        self.assertEqual(result.returncode, 1)
+        self.assertIn("folder", result.stderr)
+
+    def test_an_empty_file(self):
+        self.check_refused(b"", "holds no data")
+
+    def test_invalid_text(self):
+        self.check_refused(b"a,b\n1,\xff\n", "UTF-8")
+
+    def test_an_open_quote(self):
+        self.check_refused(b'a,b\n1,"2\n', "quote")
+
+    def test_an_unknown_sheet_lists_the_sheets(self):
+        self.check_refused(b"a,b\n1,2\n", '"data"', "--sheet", "Other")
+
+    def test_one_column_only(self):
+        self.check_refused(b"a\n1\n2\n", "Name the other with --x")
+
+    def test_a_single_row(self):
+        self.check_refused(b"a,b\n1,2\n", "fewer than two rows")
+
+    def test_standard_input(self):
+        with open(PLANTS, encoding="utf-8") as file:
+            result = run("mann-whitney", "-", text=file.read())
+        self.assertEqual(result.returncode, 0)
+        self.assertIn("Set 1 Range = stdin!$A$1:$A$11", result.stdout)
+
+    def test_closed_standard_input(self):
+        result = subprocess.run(f'"{PROGRAM}" runs - <&-', shell=True, capture_output=True, encoding="utf-8")
+        self.assertEqual(result.returncode, 1)
+
+    def test_windows_lines_a_mark_and_semicolons_with_decimal_commas(self):
+        text = "\ufeffa;b\r\n1,5;4\r\n2,5;5\r\n3;6,25\r\n"
+        result = run("mann-whitney", "-", "--format", "json", text=text)
+        self.assertEqual(json.loads(result.stdout)["results"], {"u": 9, "df": [3, 3], "p": 0.1})
+
+    def test_delimiter_and_decimal_can_be_said(self):
+        result = run("mann-whitney", "-", "--delimiter", "|", "--decimal", ",", "--format", "json",
+                     text="1,5|4\n2,5|5\n3|6,25\n")
+        self.assertEqual(json.loads(result.stdout)["results"], {"u": 9, "df": [3, 3], "p": 0.1})
+
+    def test_a_file_called_results(self):
+        with tempfile.TemporaryDirectory() as folder:
+            path = pathlib.Path(folder) / "results.csv"
+            path.write_text("1,4\n2,5\n", encoding="utf-8")
+            result = run("mann-whitney", str(path), "--format", "json")
+        self.assertEqual(json.loads(result.stdout)["report"]["address"], "'Results (2)'!$A$1:$D$9")
+
+
+if __name__ == "__main__":
+    unittest.main()
