@@ -1,0 +1,6 @@
+file(GLOB_RECURSE received ${folder}/*.received)
+foreach(file ${received})
+    string(REGEX REPLACE "\\.received$" ".txt" scenario ${file})
+    file(RENAME ${file} ${scenario})
+    message(STATUS "approved ${scenario}")
+endforeach()

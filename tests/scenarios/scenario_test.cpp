@@ -1,0 +1,62 @@
+#include "tests/scenarios/scenario.hpp"
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sstream>
+
+namespace TBVNonPara::Scenarios {
+
+namespace {
+
+const std::filesystem::path folder = std::filesystem::path(TBVNONPARA_TESTS) / "scenarios";
+
+std::string textOf(const std::filesystem::path& file) {
+    std::ifstream stream(file);
+    std::ostringstream text;
+    text << stream.rdbuf();
+    return text.str();
+}
+
+/// mann_whitney/two_tailed, and so on.
+std::vector<std::string> allScenarios() {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+        if (entry.path().extension() == ".txt" && entry.path().filename() != "CMakeLists.txt") {
+            names.push_back(entry.path().lexically_relative(folder).replace_extension().generic_string());
+        }
+    }
+    std::ranges::sort(names);
+    return names;
+}
+
+std::string testName(const testing::TestParamInfo<std::string>& info) {
+    std::string name = info.param;
+    std::ranges::replace_if(
+        name, [](unsigned char c) { return std::isalnum(c) == 0; }, '_');
+    return name;
+}
+
+class ScenarioTest : public testing::TestWithParam<std::string> {};
+
+TEST_P(ScenarioTest, GivesItsReport) {
+    const std::filesystem::path file = folder / (GetParam() + ".txt");
+    const std::filesystem::path receivedFile = folder / (GetParam() + ".received");
+    std::filesystem::remove(receivedFile);
+
+    const Scenario expected = readScenario(textOf(file));
+    const Scenario received = play(expected, *createScenarioHost());
+    if (writeScenario(received) != writeScenario(expected)) {
+        std::ofstream(receivedFile) << writeScenario(received);
+        EXPECT_EQ(writeScenario(expected), writeScenario(received))
+            << receivedFile << " is what was received";
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Scenarios, ScenarioTest, testing::ValuesIn(allScenarios()), testName);
+
+}  // namespace
+
+}  // namespace TBVNonPara::Scenarios
