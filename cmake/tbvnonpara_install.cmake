@@ -1,0 +1,40 @@
+# The install target, the package configuration and the packages.
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+
+install(TARGETS tbvnonpara EXPORT TBVNonParaTargets)
+foreach(folder core host companion engine report request)
+    install(DIRECTORY ${PROJECT_SOURCE_DIR}/${folder} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/TBVNonPara
+            FILES_MATCHING PATTERN *.hpp)
+endforeach()
+
+set(configuration ${CMAKE_INSTALL_LIBDIR}/cmake/TBVNonPara)
+install(EXPORT TBVNonParaTargets NAMESPACE TBVNonPara:: DESTINATION ${configuration})
+write_basic_package_version_file(
+    ${PROJECT_BINARY_DIR}/TBVNonParaConfigVersion.cmake COMPATIBILITY SameMinorVersion)
+install(FILES ${PROJECT_SOURCE_DIR}/cmake/TBVNonParaConfig.cmake
+              ${PROJECT_BINARY_DIR}/TBVNonParaConfigVersion.cmake
+        DESTINATION ${configuration})
+
+if(TBVNONPARA_BUILD_CLI)
+    install(TARGETS tbvnonpara_program)
+endif()
+
+# Debian's name for the licence file is "copyright".
+install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tbvnonpara RENAME copyright)
+
+set(CPACK_PACKAGE_NAME tbvnonpara)
+set(CPACK_PACKAGE_VENDOR "TBVNonPara developers")
+set(CPACK_PACKAGE_CONTACT "TBVNonPara developers <tbvnonpara@localhost>")
+set(CPACK_PACKAGE_DESCRIPTION
+    "Eight nonparametric tests, from Mann-Whitney to Wald-Wolfowitz, on the columns of a data file, reported as a
+ spreadsheet would show them: a program and a C++ library.")
+set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_GENERATOR DEB TGZ)
+set(CPACK_DEBIAN_PACKAGE_SECTION math)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_VERBATIM_VARIABLES ON)
+include(CPack)
