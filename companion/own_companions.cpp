@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "companion/CompanionLibrary.hpp"
 #include "companion/array_utility.hpp"
 #include "companion/contingency_analysis.hpp"
@@ -13,7 +15,9 @@ CompanionLibrary ownCompanions(ObjectRef<WorksheetHost> application) {
     companions.createDataCheck = createDataCheck;
     companions.createReportFormatter = createReportFormatter;
     companions.createReportStyle = createReportStyle;
-    companions.createContingencyAnalysis = [application] { return createContingencyAnalysis(application); };
+    companions.createContingencyAnalysis = [application = std::move(application)] {
+        return createContingencyAnalysis(application);
+    };
     return companions;
 }
 

@@ -127,10 +127,10 @@ TEST_P(Golden, AgreesWithThePeerOrDiffersOnPurpose) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(DataSets, Golden, ::testing::ValuesIn(readGoldenFigures()), [](const auto& info) {
-    const GoldenFigure& figure = info.param;
+INSTANTIATE_TEST_SUITE_P(DataSets, Golden, ::testing::ValuesIn(readGoldenFigures()), [](const auto& each) {
+    const GoldenFigure& figure = each.param;
     std::string name = figure.data + "_" + figure.test + "_" + figure.tails + "_" + figure.result + "_" +
-                       std::to_string(info.index);
+                       std::to_string(each.index);
     std::ranges::replace(name, '-', '_');
     return name;
 });
