@@ -1,3 +1,5 @@
+#include <array>
+
 #include "core/conversions.hpp"
 #include "report/clsNonParaOutput.hpp"
 #include "request/clsNonPara.hpp"
@@ -9,7 +11,7 @@ namespace TBVNonPara {
 namespace {
 
 /// As clients know it, letter for letter.
-constexpr std::string_view smallExpectedFrequencies[] = {
+constexpr std::array<std::string_view, 7> smallExpectedFrequencies = {
     "The expcted frequencies calculated for your data",
     "violate the assumtion for the following tests that",
     "no more than 20% of values are less than 5 and that",
