@@ -29,7 +29,7 @@ class Lookup {
           m_Lookup(lookup),
           m_BadRange(badRange) {}
 
-    NamedCells find(std::string_view text) const {
+    [[nodiscard]] NamedCells find(std::string_view text) const {
         if (const std::optional<Index> single = columnNamed(text)) {
             return {m_Sheet, {column(*single)}, isHeaded(*single, text)};
         }
@@ -48,7 +48,7 @@ class Lookup {
 
  private:
     /// The column with this header or these letters.
-    std::optional<Index> columnNamed(std::string_view text) const {
+    [[nodiscard]] std::optional<Index> columnNamed(std::string_view text) const {
         const std::vector<Index> headed = columnsHeaded(text);
         if (headed.size() > 1) {
             refuse("Two columns are headed " + quoted(text) + ": " + letters(headed[0]) + " and " +
@@ -66,7 +66,7 @@ class Lookup {
         return headed.front();
     }
 
-    std::vector<Index> columnsHeaded(std::string_view text) const {
+    [[nodiscard]] std::vector<Index> columnsHeaded(std::string_view text) const {
         std::vector<Index> found;
         const auto used = m_Sheet->usedArea();
         for (Index number = used ? used->left : 1; used && number <= used->right; ++number) {
@@ -77,7 +77,7 @@ class Lookup {
         return found;
     }
 
-    bool isHeaded(Index number, std::string_view text) const {
+    [[nodiscard]] bool isHeaded(Index number, std::string_view text) const {
         const CellValue& header = m_Sheet->value(m_Sheet->usedArea()->top, number);
         const bool readable = m_Lookup == HeaderLookup::All ||
                               (m_Lookup == HeaderLookup::Texts && std::holds_alternative<Text>(header));
@@ -85,7 +85,7 @@ class Lookup {
     }
 
     /// A column that holds data, by its letters in either case.
-    std::optional<Index> columnLettered(std::string_view text) const {
+    [[nodiscard]] std::optional<Index> columnLettered(std::string_view text) const {
         constexpr std::size_t longest = 3;
         if (text.empty() || text.size() > longest) {
             return std::nullopt;
@@ -119,7 +119,7 @@ class Lookup {
         return found;
     }
 
-    NamedCells cellsAt(std::string_view text, const NamedCells& columns) const {
+    [[nodiscard]] NamedCells cellsAt(std::string_view text, const NamedCells& columns) const {
         if (!columns.pieces.empty()) {
             refuse(quoted(text) + " mixes columns and cells, or names a column that is not there. " +
                    known());
@@ -141,7 +141,7 @@ class Lookup {
         return found;
     }
 
-    std::string known() const {
+    [[nodiscard]] std::string known() const {
         constexpr Index most = 12;
         const auto used = m_Sheet->usedArea();
         std::string names;

@@ -1,7 +1,9 @@
 #include "cli/display_width.hpp"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
+#include <span>
 
 namespace TBVNonPara::cli {
 
@@ -15,7 +17,7 @@ struct CharacterRun {
 // Unicode 14: categories Mn, Me and Cf, and the Hangul vowels and finals that join the letter before them;
 // East Asian width W and F. Unassigned characters inside a run belong to it.
 // clang-format off
-constexpr CharacterRun zeroWidth[] = {
+constexpr auto zeroWidth = std::to_array<CharacterRun>({
     {0x300, 0x36F}, {0x483, 0x489}, {0x591, 0x5BD}, {0x5BF, 0x5BF}, {0x5C1, 0x5C2}, {0x5C4, 0x5C5},
     {0x5C7, 0x5C7}, {0x600, 0x605}, {0x610, 0x61A}, {0x61C, 0x61C}, {0x64B, 0x65F}, {0x670, 0x670},
     {0x6D6, 0x6DD}, {0x6DF, 0x6E4}, {0x6E7, 0x6E8}, {0x6EA, 0x6ED}, {0x70F, 0x70F}, {0x711, 0x711},
@@ -69,9 +71,9 @@ constexpr CharacterRun zeroWidth[] = {
     {0x1D242, 0x1D244}, {0x1DA00, 0x1DA36}, {0x1DA3B, 0x1DA6C}, {0x1DA75, 0x1DA75}, {0x1DA84, 0x1DA84}, {0x1DA9B, 0x1DAAF},
     {0x1E000, 0x1E02A}, {0x1E130, 0x1E136}, {0x1E2AE, 0x1E2AE}, {0x1E2EC, 0x1E2EF}, {0x1E8D0, 0x1E8D6}, {0x1E944, 0x1E94A},
     {0xE0001, 0xE01EF},
-};
+});
 
-constexpr CharacterRun doubleWidth[] = {
+constexpr auto doubleWidth = std::to_array<CharacterRun>({
     {0x1100, 0x115F}, {0x231A, 0x231B}, {0x2329, 0x232A}, {0x23E9, 0x23EC}, {0x23F0, 0x23F0}, {0x23F3, 0x23F3},
     {0x25FD, 0x25FE}, {0x2614, 0x2615}, {0x2648, 0x2653}, {0x267F, 0x267F}, {0x2693, 0x2693}, {0x26A1, 0x26A1},
     {0x26AA, 0x26AB}, {0x26BD, 0x26BE}, {0x26C4, 0x26C5}, {0x26CE, 0x26CE}, {0x26D4, 0x26D4}, {0x26EA, 0x26EA},
@@ -86,14 +88,13 @@ constexpr CharacterRun doubleWidth[] = {
     {0x1F54B, 0x1F54E}, {0x1F550, 0x1F567}, {0x1F57A, 0x1F57A}, {0x1F595, 0x1F596}, {0x1F5A4, 0x1F5A4}, {0x1F5FB, 0x1F64F},
     {0x1F680, 0x1F6C5}, {0x1F6CC, 0x1F6CC}, {0x1F6D0, 0x1F6D2}, {0x1F6D5, 0x1F6DF}, {0x1F6EB, 0x1F6EC}, {0x1F6F4, 0x1F6FC},
     {0x1F7E0, 0x1F7F0}, {0x1F90C, 0x1F93A}, {0x1F93C, 0x1F945}, {0x1F947, 0x1F9FF}, {0x1FA70, 0x1FAF6}, {0x20000, 0x3134A},
-};
+});
 // clang-format on
 
-template <std::size_t count>
-bool contains(const CharacterRun (&runs)[count], char32_t character) noexcept {
-    const auto* const run = std::upper_bound(std::begin(runs), std::end(runs), character,
-                                             [](char32_t c, const CharacterRun& r) { return c < r.first; });
-    return run != std::begin(runs) && character <= std::prev(run)->last;
+bool contains(std::span<const CharacterRun> runs, char32_t character) noexcept {
+    const auto run = std::upper_bound(runs.begin(), runs.end(), character,
+                                      [](char32_t c, const CharacterRun& r) { return c < r.first; });
+    return run != runs.begin() && character <= std::prev(run)->last;
 }
 
 std::size_t width(char32_t character) noexcept {

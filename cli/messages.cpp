@@ -1,5 +1,6 @@
 #include "cli/messages.hpp"
 
+#include <array>
 #include <fmt/format.h>
 
 #include "adapters/workbook/host_error.hpp"
@@ -16,7 +17,7 @@ struct OwnError {
     std::string_view sentence;
 };
 
-constexpr OwnError ownErrors[] = {
+constexpr auto ownErrors = std::to_array<OwnError>({
     {tbvNPBadOutputRange, "tbvNPBadOutputRange",
      "The place for the report is no cell of the workbook. Please report this fault."},
     {tbvNPBadYRange, "tbvNPBadYRange",
@@ -66,7 +67,7 @@ constexpr OwnError ownErrors[] = {
     {13, "TypeMismatch", "A cell of the data is no number. Correct it."},
     {51, "InternalError", ""},
     {91, "ObjectNotSet", ""},
-};
+});
 
 constexpr std::string_view noDifferenceRanked =
     "All differences between {1} and {2} are zero, so there is nothing to rank. Check the columns.";
@@ -86,7 +87,7 @@ struct Fault {
     std::string_view sentence;
 };
 
-constexpr Fault faults[] = {
+constexpr auto faults = std::to_array<Fault>({
     {tbvNPMannU, 11, "All values of {1} and {2} are equal, so there is nothing to rank. Check the columns."},
     {tbvNPWilcoxon, 5, noDifferenceRanked},
     {tbvNPWilcoxon, 6,
@@ -108,7 +109,7 @@ constexpr Fault faults[] = {
      "values."},
     {tbvNPWWRuns, 11, runsAreCertain},
     {tbvNPWWRuns, 5, runsAreCertain},
-};
+});
 
 const OwnError* find(std::int32_t number) noexcept {
     for (const OwnError& entry : ownErrors) {

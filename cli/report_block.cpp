@@ -34,7 +34,7 @@ std::string ReportBlock::shown(Index row, Index column) const {
         return {};
     }
     const workbook::CellFormat& look = format(row, column);
-    const std::string text = workbook::displayText(cell, look.numberFormat);
+    std::string text = workbook::displayText(cell, look.numberFormat);
     if (!std::holds_alternative<Text>(cell)) {
         return text;
     }

@@ -1,12 +1,14 @@
 #include "cli/tests_offered.hpp"
 
+#include <array>
+
 namespace TBVNonPara::cli {
 
 namespace {
 
 constexpr std::string_view namesHelp = "greater: the first variable lies above the second;\nless: below it";
 
-constexpr OfferedTest table[] = {
+constexpr auto table = std::to_array<OfferedTest>({
     {tbvNPMannU, "mann-whitney", "Mann-Whitney", "Mann-Whitney U: two independent samples",
      DataShape::TwoSamples, true, true, "", "", namesHelp, "mann-whitney examples/permeability.csv"},
     {tbvNPWilcoxon, "wilcoxon", "Wilcoxon", "Wilcoxon signed ranks: pairs of observations", DataShape::Pairs,
@@ -27,7 +29,7 @@ constexpr OfferedTest table[] = {
      DataShape::Sequence, false, true, "fewer", "more",
      "greater or fewer: fewer runs than expected;\nless or more: more runs than expected",
      "runs examples/huron.csv --tails fewer"},
-};
+});
 
 }  // namespace
 

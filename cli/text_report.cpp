@@ -52,7 +52,7 @@ class SectionWriter {
     }
 
  private:
-    Line cells(Index row) const {
+    [[nodiscard]] Line cells(Index row) const {
         Line line(m_Colour);
         for (Index column = 1; column <= m_Report.columns(); ++column) {
             const std::string text = m_Report.shown(row, column);
@@ -75,7 +75,7 @@ class SectionWriter {
     }
 
     /// The line under a row, drawn by the cells above it or below it.
-    Line rule(Index row) const {
+    [[nodiscard]] Line rule(Index row) const {
         Line line(m_Colour);
         for (Index column = 1; column <= m_Report.columns(); ++column) {
             const Index first = column;
@@ -94,7 +94,7 @@ class SectionWriter {
         return line;
     }
 
-    bool isRuled(Index row, Index column) const {
+    [[nodiscard]] bool isRuled(Index row, Index column) const {
         return m_Report.format(row, column).borders.bottom ||
                (row < m_Report.rows() && m_Report.format(row + 1, column).borders.top);
     }
