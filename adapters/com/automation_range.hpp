@@ -1,0 +1,19 @@
+#pragma once
+
+#include "adapters/com/host_object.hpp"
+#include "host/Range.hpp"
+#include "host/Workbook.hpp"
+#include "host/Worksheet.hpp"
+
+namespace TBVNonPara::com {
+
+/// The host's interfaces over objects of the application.
+[[nodiscard]] RangeRef toRange(HostObject object);
+[[nodiscard]] WorksheetRef toWorksheet(HostObject object);
+[[nodiscard]] WorkbookRef toWorkbook(HostObject object);
+
+/// The application's object behind a range or a sheet.
+[[nodiscard]] const HostObject& objectOf(const RangeRef& range);
+[[nodiscard]] const HostObject& objectOf(const WorksheetRef& worksheet);
+
+}  // namespace TBVNonPara::com

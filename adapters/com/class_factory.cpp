@@ -1,0 +1,61 @@
+#include "adapters/com/class_factory.hpp"
+
+#include "adapters/com/automation_application.hpp"
+#include "adapters/com/errors.hpp"
+#include "adapters/com/find_application.hpp"
+#include "adapters/com/request_object.hpp"
+
+namespace TBVNonPara::com {
+
+STDMETHODIMP ClassFactory::QueryInterface(REFIID wanted, void** object) {
+    if (object == nullptr) {
+        return E_POINTER;
+    }
+    *object = nullptr;
+    if (wanted != IID_IUnknown && wanted != IID_IClassFactory) {
+        return E_NOINTERFACE;
+    }
+    *object = static_cast<IClassFactory*>(this);
+    AddRef();
+    return S_OK;
+}
+
+STDMETHODIMP_(ULONG) ClassFactory::AddRef() {
+    return ++m_References;
+}
+
+STDMETHODIMP_(ULONG) ClassFactory::Release() {
+    const ULONG left = --m_References;
+    if (left == 0) {
+        delete this;
+    }
+    return left;
+}
+
+STDMETHODIMP ClassFactory::CreateInstance(IUnknown* outer, REFIID wanted, void** object) {
+    if (object == nullptr) {
+        return E_POINTER;
+    }
+    *object = nullptr;
+    if (outer != nullptr) {
+        return CLASS_E_NOAGGREGATION;
+    }
+    try {
+        const auto request = ComPtr<RequestObject>::adopt(
+            new RequestObject(ownCompanions(automationApplication(findApplication))));
+        return request->QueryInterface(wanted, object);
+    } catch (...) {
+        return toErrorInfo();
+    }
+}
+
+STDMETHODIMP ClassFactory::LockServer(BOOL lock) {
+    if (lock != FALSE) {
+        holdModule();
+    } else {
+        letModuleGo();
+    }
+    return S_OK;
+}
+
+}  // namespace TBVNonPara::com

@@ -1,0 +1,57 @@
+#include "adapters/com/module.hpp"
+
+#include <atomic>
+
+#include "adapters/com/errors.hpp"
+
+namespace TBVNonPara::com {
+
+namespace {
+
+std::atomic<long> holds = 0;
+
+HMODULE thisModule() {
+    HMODULE module = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                       reinterpret_cast<const wchar_t*>(&holds), &module);
+    return module;
+}
+
+}  // namespace
+
+void holdModule() noexcept {
+    holds += 1;
+}
+
+void letModuleGo() noexcept {
+    holds -= 1;
+}
+
+bool moduleIsHeld() noexcept {
+    return holds != 0;
+}
+
+std::wstring modulePath() {
+    std::wstring path(MAX_PATH, L'\0');
+    for (;;) {
+        const DWORD length = GetModuleFileNameW(thisModule(), path.data(), static_cast<DWORD>(path.size()));
+        if (length == 0) {
+            throw errorOf(HRESULT_FROM_WIN32(GetLastError()));
+        }
+        if (length < path.size()) {
+            path.resize(length);
+            return path;
+        }
+        path.resize(path.size() * 2);
+    }
+}
+
+ComPtr<ITypeInfo> typeInformation(const GUID& type) {
+    ComPtr<ITypeLib> library;
+    check(LoadTypeLibEx(modulePath().c_str(), REGKIND_NONE, library.out()));
+    ComPtr<ITypeInfo> information;
+    check(library->GetTypeInfoOfGuid(type, information.out()));
+    return information;
+}
+
+}  // namespace TBVNonPara::com

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+#include "adapters/com/com_ptr.hpp"
+
+namespace TBVNonPara::com {
+
+/// What keeps the library loaded: objects, class factories, locks and a hooked application.
+void holdModule() noexcept;
+void letModuleGo() noexcept;
+[[nodiscard]] bool moduleIsHeld() noexcept;
+
+/// Holds the module for as long as it lives.
+struct ModuleHold {
+    ModuleHold() noexcept { holdModule(); }
+    ~ModuleHold() { letModuleGo(); }
+    ModuleHold(const ModuleHold&) = delete;
+    ModuleHold& operator=(const ModuleHold&) = delete;
+};
+
+/// The full path of the file that this code was loaded from.
+[[nodiscard]] std::wstring modulePath();
+
+/// The description of the default interface, from the type library inside that file.
+[[nodiscard]] ComPtr<ITypeInfo> typeInformation(const GUID& type);
+
+}  // namespace TBVNonPara::com

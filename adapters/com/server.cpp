@@ -1,0 +1,80 @@
+#include "adapters/com/class_factory.hpp"
+#include "adapters/com/errors.hpp"
+#include "adapters/com/find_application.hpp"
+#include "adapters/com/registration.hpp"
+#include "adapters/com/request_object.hpp"
+
+// What the library exports. (The names and types are the system's, hence outside any namespace.)
+
+namespace com = TBVNonPara::com;
+
+namespace {
+
+/// A branch of the registry in which classes are looked up; opened for what registration does.
+class ClassesKey {
+ public:
+    explicit ClassesKey(HKEY hive) {
+        RegCreateKeyExW(hive, L"Software\\Classes", 0, nullptr, 0, KEY_READ, nullptr, &m_Key, nullptr);
+    }
+    ClassesKey(const ClassesKey&) = delete;
+    ClassesKey& operator=(const ClassesKey&) = delete;
+    ~ClassesKey() {
+        if (m_Key != nullptr) {
+            RegCloseKey(m_Key);
+        }
+    }
+
+    [[nodiscard]] HKEY get() const { return m_Key; }
+
+ private:
+    HKEY m_Key = nullptr;
+};
+
+}  // namespace
+
+STDAPI DllGetClassObject(REFCLSID wanted, REFIID interfaceId, void** object) {
+    if (object == nullptr) {
+        return E_POINTER;
+    }
+    *object = nullptr;
+    if (wanted != __uuidof(clsNonPara)) {
+        return CLASS_E_CLASSNOTAVAILABLE;
+    }
+    try {
+        const auto factory = com::ComPtr<com::ClassFactory>::adopt(new com::ClassFactory);
+        return factory->QueryInterface(interfaceId, object);
+    } catch (...) {
+        return E_OUTOFMEMORY;
+    }
+}
+
+STDAPI DllCanUnloadNow() {
+    return com::moduleIsHeld() ? S_FALSE : S_OK;
+}
+
+STDAPI DllRegisterServer() {
+    try {
+        const ClassesKey machine(HKEY_LOCAL_MACHINE);
+        const ClassesKey user(HKEY_CURRENT_USER);
+        return com::registerServer(machine.get(), user.get(), com::modulePath());
+    } catch (...) {
+        return com::toErrorInfo();
+    }
+}
+
+STDAPI DllUnregisterServer() {
+    const ClassesKey machine(HKEY_LOCAL_MACHINE);
+    const ClassesKey user(HKEY_CURRENT_USER);
+    return com::unregisterServer(machine.get(), user.get());
+}
+
+/// Tells the library which application it works for; none releases the application. For add-ins whose
+/// application cannot be found by its window.
+STDAPI SetApplication(IDispatch* application) {
+    try {
+        com::hookApplication(com::ComPtr<IDispatch>::share(application));
+        return S_OK;
+    } catch (...) {
+        return com::toErrorInfo();
+    }
+}

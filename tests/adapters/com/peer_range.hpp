@@ -1,0 +1,15 @@
+#pragma once
+
+#include "host/Workbook.hpp"
+#include "tests/adapters/com/peer_object.hpp"
+
+namespace TBVNonPara::Peer {
+
+[[nodiscard]] PeerRef peerRange(const RangeRef& range);
+[[nodiscard]] PeerRef peerWorksheet(const WorksheetRef& worksheet);
+[[nodiscard]] PeerRef peerWorkbook(const WorkbookRef& workbook);
+
+/// A workbook's sheet by position or name.
+[[nodiscard]] PeerRef worksheetOf(const Workbook& workbook, const Arguments& which);
+
+}  // namespace TBVNonPara::Peer

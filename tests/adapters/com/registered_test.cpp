@@ -1,0 +1,94 @@
+#include <gtest/gtest.h>
+
+#include "adapters/com/errors.hpp"
+#include "adapters/com/host_object.hpp"
+#include "core/enumerations.hpp"
+#include "tests/adapters/com/desk.hpp"
+#include "tests/adapters/com/peer_factory.hpp"
+
+// An early-bound client of the registered class: it needs the registration, of the peers, too.
+
+namespace TBVNonPara::com {
+
+namespace {
+
+struct Place {
+    const char* name;
+    GUID application;
+    DWORD context;
+    /// Wine carries error information between processes for late-bound calls only.
+    const char* source;
+};
+
+void PrintTo(const Place& place, std::ostream* out) {
+    *out << place.name;
+}
+
+/// The application and the object, in the client's process or in another one.
+class EarlyBoundClient : public testing::TestWithParam<Place> {
+ protected:
+    EarlyBoundClient() {
+        SetErrorInfo(0, nullptr);
+        (void)m_Application.get(L"AddSheet", std::string_view("Data"));
+        const HostObject cells = range("Data!A1:B3");
+        cells.put(L"Value", toVariant(ValueGrid{{1.0, 4.0}, {2.0, 5.0}, {3.0, 6.0}}, Texts::AsEntered));
+        (void)m_Application.get(L"Hook");
+        m_Object = m_Application
+                       .object(Kind::Application, L"CreateObject", std::string_view("TBVNonPara.clsNonPara"))
+                       .dispatch()
+                       .as<_clsNonPara>();
+    }
+    ~EarlyBoundClient() override {
+        m_Object = {};
+        (void)m_Application.get(L"Unhook");
+    }
+
+    static HostObject application() {
+        ComPtr<IDispatch> created;
+        check(CoCreateInstance(GetParam().application, nullptr, GetParam().context, IID_IDispatch,
+                               reinterpret_cast<void**>(created.out())));
+        return HostObject(created, Kind::Application, std::make_shared<ObjectModel>());
+    }
+
+    [[nodiscard]] HostObject range(std::string_view address) const {
+        return m_Application.object(Kind::Range, L"Range", address);
+    }
+
+    HostObject m_Application = application();
+    ComPtr<_clsNonPara> m_Object;
+};
+
+TEST_P(EarlyBoundClient, RunsATestToItsReport) {
+    ASSERT_TRUE(m_Object);
+    ASSERT_EQ(m_Object->put_Method(::tbvNPMannU), S_OK);
+    ASSERT_EQ(m_Object->put_Tails(::tbvNPVar1LTVar2), S_OK);
+    ASSERT_EQ(m_Object->put_Headers(VARIANT_FALSE), S_OK);
+    ASSERT_EQ(m_Object->put_OutputDescriptives(VARIANT_FALSE), S_OK);
+    ASSERT_EQ(m_Object->put_IgnoreTies(VARIANT_TRUE), S_OK);
+    ASSERT_EQ(seen(m_Object->put_YRange(Address("Data!A1:A3"))), (Seen{S_OK, "", ""}));
+    ASSERT_EQ(m_Object->put_XRange(Address("Data!B1:B3")), S_OK);
+    ASSERT_EQ(m_Object->put_OutputRange(Address("Data!E1")), S_OK);
+    VARIANT_BOOL overWrite = VARIANT_FALSE;
+    ASSERT_EQ(seen(m_Object->Results(&overWrite)), (Seen{S_OK, "", ""}));
+    EXPECT_EQ(range("Data!E1").getText(L"Value"), "Mann-Whitney Test Results for:");
+    EXPECT_EQ(range("Data!H7").getNumber(L"Value"), 0.05);
+}
+
+TEST_P(EarlyBoundClient, SeesTheNumberAndTheSourceOfAnError) {
+    ASSERT_TRUE(m_Object);
+    VARIANT_BOOL overWrite = VARIANT_FALSE;
+    EXPECT_EQ(seen(m_Object->Results(&overWrite)), (Seen{tbvNPNoYRange, GetParam().source, ""}));
+    EXPECT_EQ(m_Object->put_YRange(Address("Nowhere!A1")), tbvNPBadYRange);
+}
+
+const Place places[] = {
+    {"InItsProcess", Peer::inProcessClass, CLSCTX_INPROC_SERVER, "Line 0 in TBVNonPara.clsNonPara.Results"},
+    {"InAnotherProcess", Peer::outOfProcessClass, CLSCTX_LOCAL_SERVER, ""},
+};
+
+INSTANTIATE_TEST_SUITE_P(Com, EarlyBoundClient, testing::ValuesIn(places),
+                         [](const auto& tested) { return tested.param.name; });
+
+}  // namespace
+
+}  // namespace TBVNonPara::com

@@ -1,0 +1,195 @@
+#include <windows.h>
+// It needs what stands before it.
+#include <psapi.h>
+
+#include "core/enumerations.hpp"
+#include "tests/adapters/com/desk.hpp"
+
+namespace TBVNonPara::com {
+
+namespace {
+
+TEST(Server, AnotherClassIsNotAvailable) {
+    const LoadedServer server;
+    void* object = &object;
+    EXPECT_EQ(server.function<decltype(DllGetClassObject)>("DllGetClassObject")(IID_IUnknown,
+                                                                                IID_IClassFactory, &object),
+              CLASS_E_CLASSNOTAVAILABLE);
+    EXPECT_EQ(object, nullptr);
+}
+
+TEST(Server, AggregationIsRefused) {
+    const LoadedServer server;
+    const ComPtr<IClassFactory> factory = server.factory();
+    void* object = &object;
+    EXPECT_EQ(factory->CreateInstance(factory.get(), IID_IUnknown, &object), CLASS_E_NOAGGREGATION);
+    EXPECT_EQ(object, nullptr);
+}
+
+TEST(Server, AnInterfaceThatItHasNotLeavesNothing) {
+    const LoadedServer server;
+    void* object = &object;
+    EXPECT_EQ(server.factory()->CreateInstance(nullptr, IID_IStream, &object), E_NOINTERFACE);
+    EXPECT_EQ(object, nullptr);
+    EXPECT_TRUE(server.canUnload());
+}
+
+TEST(Server, StaysWhileAnObjectAFactoryALockOrAHookNeedsIt) {
+    const LoadedServer server;
+    EXPECT_TRUE(server.canUnload());
+    {
+        const ComPtr<IClassFactory> factory = server.factory();
+        EXPECT_FALSE(server.canUnload());
+        factory->LockServer(TRUE);
+    }
+    EXPECT_FALSE(server.canUnload());
+    server.factory()->LockServer(FALSE);
+    EXPECT_TRUE(server.canUnload());
+    {
+        const ComPtr<_clsNonPara> object = server.create();
+        EXPECT_FALSE(server.canUnload());
+    }
+    EXPECT_TRUE(server.canUnload());
+    const Peer::PeerRef application = Peer::peerApplication(workbook::makeApplication());
+    server.setApplication(application.as<IDispatch>().get());
+    EXPECT_FALSE(server.canUnload());
+    server.setApplication(nullptr);
+    EXPECT_TRUE(server.canUnload());
+}
+
+/// One client's life: load, create, run into an error, run to a report, unload.
+void live() {
+    const LoadedServer server;
+    const auto host = workbook::makeApplication();
+    host->addSheet("Data", ValueGrid{{1.0, 4.0}, {2.0, 5.0}, {3.0, 6.0}});
+    const Peer::PeerRef application = Peer::peerApplication(host);
+    server.setApplication(application.as<IDispatch>().get());
+    {
+        const ComPtr<_clsNonPara> object = server.create();
+        EXPECT_EQ(seen(object->Results(nullptr)).status, tbvNPNoYRange);
+        object->put_YRange(Address("Data!A1:A3"));
+        object->put_XRange(Address("Data!B1:B3"));
+        object->put_OutputRange(Address("Data!E1"));
+        EXPECT_EQ(object->Results(nullptr), S_OK);
+        EXPECT_EQ(seen(object->Results(nullptr)).status, tbvNPOutputOccupied);
+    }
+    server.setApplication(nullptr);
+    EXPECT_TRUE(server.canUnload());
+}
+
+SIZE_T privateBytes() {
+    PROCESS_MEMORY_COUNTERS_EX counters{};
+    K32GetProcessMemoryInfo(GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&counters),
+                            sizeof counters);
+    return counters.PrivateUsage;
+}
+
+TEST(Server, TwoHundredLivesLeakNothing) {
+    constexpr int lives = 200;
+    for (int k = 0; k < 20; ++k) {
+        live();
+    }
+    const long objects = Peer::objectsAlive();
+    DWORD handles = 0;
+    GetProcessHandleCount(GetCurrentProcess(), &handles);
+    const SIZE_T bytes = privateBytes();
+    for (int k = 0; k < lives; ++k) {
+        live();
+    }
+    DWORD handlesAfter = 0;
+    GetProcessHandleCount(GetCurrentProcess(), &handlesAfter);
+    EXPECT_EQ(Peer::objectsAlive(), objects);
+    EXPECT_EQ(handlesAfter, handles);
+    // A megabyte in two hundred lives is less than one object each.
+    const SIZE_T growth = privateBytes() - std::min(privateBytes(), bytes);
+    RecordProperty("growth", static_cast<int>(growth));
+    EXPECT_LT(growth, SIZE_T{1} << 20);
+}
+
+TEST(Server, TheFileStaysLoadedOnlyWhileItIsUsed) {
+    {
+        const LoadedServer server;
+        EXPECT_NE(GetModuleHandleW(L"TBVNonPara.dll"), nullptr);
+    }
+    EXPECT_EQ(GetModuleHandleW(L"TBVNonPara.dll"), nullptr);
+}
+
+/// A report on so many rows, and the calls that it took.
+long callsOfAReport(Long rows) {
+    const LoadedServer server;
+    const auto host = workbook::makeApplication();
+    ValueGrid cells(rows, 2, 1.0);
+    for (Long row = 1; row <= rows; ++row) {
+        cells(row, 1) = row.value() * 7919 % 10007 * 1.0;
+        cells(row, 2) = row.value() * 10473 % 10009 * 1.0;
+    }
+    host->addSheet("Data", cells);
+    const Peer::PeerRef application = Peer::peerApplication(host);
+    server.setApplication(application.as<IDispatch>().get());
+    const std::string last = std::to_string(rows.value());
+    long calls = 0;
+    {
+        const ComPtr<_clsNonPara> object = server.create();
+        object->put_OutputDescriptives(VARIANT_TRUE);
+        const long before = Peer::callsReceived();
+        object->put_YRange(Address("Data!A1:A" + last));
+        object->put_XRange(Address("Data!B1:B" + last));
+        EXPECT_EQ(seen(object->Results(nullptr)), (Seen{S_OK, "", ""}));
+        calls = Peer::callsReceived() - before;
+    }
+    server.setApplication(nullptr);
+    return calls;
+}
+
+TEST(Server, AReportOfTenThousandRowsTakesAFewHundredCalls) {
+    const long calls = callsOfAReport(10000);
+    std::cout << "calls across the boundary: " << calls << '\n';
+    EXPECT_LE(calls, 400);
+    // A small sample spares a worksheet function or two.
+    EXPECT_NEAR(calls, callsOfAReport(100), 10);
+}
+
+double microseconds(int times, const auto& action) {
+    LARGE_INTEGER frequency;
+    LARGE_INTEGER start;
+    LARGE_INTEGER end;
+    QueryPerformanceFrequency(&frequency);
+    QueryPerformanceCounter(&start);
+    for (int k = 0; k < times; ++k) {
+        action();
+    }
+    QueryPerformanceCounter(&end);
+    return 1e6 * static_cast<double>(end.QuadPart - start.QuadPart) /
+           static_cast<double>(frequency.QuadPart) / times;
+}
+
+TEST_F(Desk, CostsLittle) {
+    std::wstring name = L"Headers";
+    LPOLESTR names[] = {name.data()};
+    const auto putLate = [&] {
+        DISPID id = 0;
+        m_Object->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id);
+        VARIANT truth = Variant(true).release();
+        DISPID named = DISPID_PROPERTYPUT;
+        DISPPARAMS parameters{&truth, &named, 1, 1};
+        m_Object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYPUT, &parameters, nullptr,
+                         nullptr, nullptr);
+    };
+    const double late = microseconds(100000, putLate);
+    const double early = microseconds(100000, [&] { m_Object->put_Headers(VARIANT_TRUE); });
+    const double run = microseconds(100, [&] {
+        VARIANT_BOOL overWrite = VARIANT_TRUE;
+        m_Object->put_YRange(Address("Data!A1:A4"));
+        m_Object->put_XRange(Address("Data!B1:B4"));
+        m_Object->put_OutputRange(Address("Data!E1"));
+        EXPECT_EQ(m_Object->Results(&overWrite), S_OK);
+    });
+    std::cout << "microseconds: a property put late " << late << ", early " << early
+              << ", a whole Mann-Whitney run " << run << '\n';
+    EXPECT_LT(late, 100);
+    EXPECT_LT(run, 1e6);
+}
+
+}  // namespace
+
+}  // namespace TBVNonPara::com

@@ -1,0 +1,228 @@
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "TBVNonPara_h.h"
+#include "adapters/com/com_ptr.hpp"
+#include "adapters/com/errors.hpp"
+#include "adapters/com/text.hpp"
+#include "tests/adapters/com/server_under_test.hpp"
+
+namespace TBVNonPara::com {
+
+namespace {
+
+/// The type library inside the server's file.
+class TypeLibrary : public testing::Test {
+ protected:
+    void SetUp() override { check(LoadTypeLibEx(serverPath().c_str(), REGKIND_NONE, m_Library.out())); }
+
+    struct Documentation {
+        std::string name;
+        std::string help;
+    };
+
+    static std::string take(BSTR text) {
+        std::string result = toUtf8(text);
+        SysFreeString(text);
+        return result;
+    }
+
+    [[nodiscard]] Documentation documentation(INT type) const {
+        BSTR name = nullptr;
+        BSTR help = nullptr;
+        check(m_Library->GetDocumentation(type, &name, &help, nullptr, nullptr));
+        return {take(name), take(help)};
+    }
+
+    [[nodiscard]] ComPtr<ITypeInfo> type(const wchar_t* name) const {
+        ComPtr<ITypeInfo> found;
+        MEMBERID member = 0;
+        USHORT count = 1;
+        std::wstring asked(name);
+        check(m_Library->FindName(asked.data(), 0, found.out(), &member, &count));
+        return found;
+    }
+
+    static std::vector<std::string> names(ITypeInfo& type, MEMBERID member) {
+        BSTR raw[4] = {};
+        UINT count = 0;
+        check(type.GetNames(member, raw, 4, &count));
+        std::vector<std::string> result;
+        for (UINT k = 0; k < count; ++k) {
+            result.push_back(take(raw[k]));
+        }
+        return result;
+    }
+
+    /// "tbvNPMannU = 0", and so on.
+    [[nodiscard]] std::vector<std::string> constants(const wchar_t* enumeration) const {
+        const ComPtr<ITypeInfo> info = type(enumeration);
+        TYPEATTR* attributes = nullptr;
+        check(info->GetTypeAttr(&attributes));
+        EXPECT_EQ(attributes->typekind, TKIND_ENUM);
+        const UINT count = attributes->cVars;
+        info->ReleaseTypeAttr(attributes);
+        std::vector<std::string> result;
+        for (UINT k = 0; k < count; ++k) {
+            VARDESC* variable = nullptr;
+            check(info->GetVarDesc(k, &variable));
+            result.push_back(names(*info.get(), variable->memid).front() + " = " +
+                             std::to_string(variable->lpvarValue->lVal));
+            info->ReleaseVarDesc(variable);
+        }
+        return result;
+    }
+
+    ComPtr<ITypeLib> m_Library;
+};
+
+TEST_F(TypeLibrary, BearsTheNameAndTheHelpString) {
+    EXPECT_EQ(documentation(-1).name, "TBVNonPara");
+    EXPECT_EQ(documentation(-1).help, "Tabvance Nonparametrics");
+}
+
+TEST_F(TypeLibrary, HoldsTheEnumerationsTheInterfaceAndTheClass) {
+    std::vector<std::string> types;
+    for (UINT k = 0; k < m_Library->GetTypeInfoCount(); ++k) {
+        types.push_back(documentation(static_cast<INT>(k)).name);
+    }
+    EXPECT_EQ(types, (std::vector<std::string>{"TBVNPMethod", "TBVNPTails", "tbvNonParaErrors", "_clsNonPara",
+                                               "clsNonPara"}));
+}
+
+TEST_F(TypeLibrary, NumbersTheTests) {
+    EXPECT_EQ(constants(L"TBVNPMethod"),
+              (std::vector<std::string>{"tbvNPMannU = 0", "tbvNPWilcoxon = 1", "tbvNPSpearman = 2",
+                                        "tbvNPSign = 3", "tbvNPMedian = 4", "tbvNPFriedman = 5",
+                                        "tbvNPKWallis = 6", "tbvNPWWRuns = 7"}));
+}
+
+TEST_F(TypeLibrary, NumbersTheAlternatives) {
+    EXPECT_EQ(constants(L"TBVNPTails"),
+              (std::vector<std::string>{"tbvNPTwoTailed = 0", "tbvNPVar1GTVar2 = 1", "tbvNPVar1LTVar2 = 2"}));
+}
+
+TEST_F(TypeLibrary, NumbersTheNamedError) {
+    EXPECT_EQ(constants(L"tbvNonParaErrors"),
+              (std::vector<std::string>{"tbvNPInvalidSignSymbols = -2147215504"}));
+}
+
+TEST_F(TypeLibrary, ClassIsCreatableAndItsDefaultIsTheInterface) {
+    const ComPtr<ITypeInfo> info = type(L"clsNonPara");
+    TYPEATTR* attributes = nullptr;
+    check(info->GetTypeAttr(&attributes));
+    EXPECT_EQ(attributes->typekind, TKIND_COCLASS);
+    EXPECT_EQ(attributes->guid, __uuidof(::clsNonPara));
+    EXPECT_NE(attributes->wTypeFlags & TYPEFLAG_FCANCREATE, 0);
+    EXPECT_EQ(attributes->cImplTypes, 1);
+    info->ReleaseTypeAttr(attributes);
+
+    INT flags = 0;
+    HREFTYPE reference = 0;
+    ComPtr<ITypeInfo> implemented;
+    check(info->GetImplTypeFlags(0, &flags));
+    check(info->GetRefTypeOfImplType(0, &reference));
+    check(info->GetRefTypeInfo(reference, implemented.out()));
+    EXPECT_EQ(flags & IMPLTYPEFLAG_FDEFAULT, IMPLTYPEFLAG_FDEFAULT);
+    EXPECT_EQ(flags & IMPLTYPEFLAG_FSOURCE, 0);
+    BSTR name = nullptr;
+    check(implemented->GetDocumentation(MEMBERID_NIL, &name, nullptr, nullptr, nullptr));
+    EXPECT_EQ(take(name), "_clsNonPara");
+}
+
+struct MemberCase {
+    const char* name;
+    const char* parameter;
+    INVOKEKIND kind;
+    VARTYPE type;
+    const wchar_t* enumeration;
+};
+
+// clang-format off
+const MemberCase members[] = {
+    {"Method",             "",          INVOKE_PROPERTYPUT, VT_USERDEFINED, L"TBVNPMethod"},
+    {"Headers",            "",          INVOKE_PROPERTYPUT, VT_BOOL,        nullptr},
+    {"OutputDescriptives", "",          INVOKE_PROPERTYPUT, VT_BOOL,        nullptr},
+    {"IgnoreTies",         "",          INVOKE_PROPERTYPUT, VT_BOOL,        nullptr},
+    {"Tails",              "",          INVOKE_PROPERTYPUT, VT_USERDEFINED, L"TBVNPTails"},
+    {"YRange",             "",          INVOKE_PROPERTYPUT, VT_BSTR,        nullptr},
+    {"XRange",             "",          INVOKE_PROPERTYPUT, VT_BSTR,        nullptr},
+    {"OutputRange",        "",          INVOKE_PROPERTYPUT, VT_BSTR,        nullptr},
+    {"Results",            "OverWrite", INVOKE_FUNC,        VT_PTR,         nullptr},
+};
+// clang-format on
+
+/// The interface as late-bound clients see it; its own functions stand behind the seven of IDispatch.
+class Interface : public TypeLibrary {
+ protected:
+    static constexpr UINT inherited = 7;
+    static constexpr UINT slotSize = sizeof(void*);
+
+    void SetUp() override {
+        TypeLibrary::SetUp();
+        m_Interface = type(L"_clsNonPara");
+        check(m_Interface->GetTypeAttr(&m_Attributes));
+    }
+    void TearDown() override { m_Interface->ReleaseTypeAttr(m_Attributes); }
+
+    void expectMember(UINT position, const MemberCase& expected) const {
+        FUNCDESC* function = nullptr;
+        check(m_Interface->GetFuncDesc(inherited + position, &function));
+        const std::vector<std::string> found = names(*m_Interface.get(), function->memid);
+        EXPECT_EQ(found.front(), expected.name);
+        EXPECT_EQ(function->memid, static_cast<MEMBERID>(position) + 1);
+        EXPECT_EQ(function->invkind, expected.kind);
+        EXPECT_EQ(function->oVft, static_cast<SHORT>((inherited + position) * slotSize));
+        EXPECT_EQ(function->cParams, 1);
+        EXPECT_EQ(function->elemdescFunc.tdesc.vt, VT_VOID) << expected.name;
+        expectParameter(function->lprgelemdescParam[0], expected);
+        if (*expected.parameter != '\0') {
+            EXPECT_EQ(found.back(), expected.parameter);
+        }
+        m_Interface->ReleaseFuncDesc(function);
+    }
+
+    void expectParameter(const ELEMDESC& parameter, const MemberCase& expected) const {
+        EXPECT_EQ(parameter.tdesc.vt, expected.type) << expected.name;
+        if (expected.enumeration != nullptr) {
+            ComPtr<ITypeInfo> referenced;
+            check(m_Interface->GetRefTypeInfo(parameter.tdesc.hreftype, referenced.out()));
+            BSTR name = nullptr;
+            check(referenced->GetDocumentation(MEMBERID_NIL, &name, nullptr, nullptr, nullptr));
+            EXPECT_EQ(take(name), toUtf8(std::wstring_view(expected.enumeration)));
+        }
+        const USHORT flags = parameter.paramdesc.wParamFlags;
+        if (expected.kind == INVOKE_FUNC) {
+            constexpr USHORT optionalByReference =
+                PARAMFLAG_FIN | PARAMFLAG_FOUT | PARAMFLAG_FOPT | PARAMFLAG_FHASDEFAULT;
+            EXPECT_EQ(flags, optionalByReference);
+            EXPECT_EQ(parameter.tdesc.lptdesc->vt, VT_BOOL);
+            EXPECT_EQ(parameter.paramdesc.pparamdescex->varDefaultValue.boolVal, VARIANT_FALSE);
+        } else {
+            EXPECT_EQ(flags, PARAMFLAG_FIN) << expected.name;
+        }
+    }
+
+    ComPtr<ITypeInfo> m_Interface;
+    TYPEATTR* m_Attributes = nullptr;
+};
+
+TEST_F(Interface, IsDualAndFixed) {
+    EXPECT_EQ(m_Attributes->typekind, TKIND_DISPATCH);
+    EXPECT_EQ(m_Attributes->guid, __uuidof(_clsNonPara));
+    EXPECT_NE(m_Attributes->wTypeFlags & TYPEFLAG_FDUAL, 0);
+    EXPECT_NE(m_Attributes->wTypeFlags & TYPEFLAG_FNONEXTENSIBLE, 0);
+}
+
+TEST_F(Interface, HasTheNineMembersInOrderAndNoOther) {
+    ASSERT_EQ(m_Attributes->cFuncs, inherited + std::size(members));
+    EXPECT_EQ(m_Attributes->cVars, 0);
+    for (UINT k = 0; k < std::size(members); ++k) {
+        expectMember(k, members[k]);
+    }
+}
+
+}  // namespace
+
+}  // namespace TBVNonPara::com
