@@ -1,0 +1,154 @@
+#include "adapters/calc/addresses.hpp"
+
+#include <algorithm>
+#include <com/sun/star/lang/XMultiServiceFactory.hpp>
+#include <com/sun/star/sheet/XCellRangeAddressable.hpp>
+#include <com/sun/star/sheet/XCellRangeReferrer.hpp>
+#include <com/sun/star/sheet/XNamedRanges.hpp>
+#include <com/sun/star/sheet/XSheetCellCursor.hpp>
+#include <com/sun/star/sheet/XUsedAreaCursor.hpp>
+#include <optional>
+
+namespace TBVNonPara::calc {
+
+namespace {
+
+constexpr std::int32_t lastRow = 1'048'575;
+
+using css::table::CellRangeAddress;
+
+std::string trimmed(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos) {
+        return {};
+    }
+    return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
+}
+
+[[noreturn]] void refuse(std::string_view area) {
+    raiseHostError("\"" + std::string(area) +
+                   "\" is no range of this document; write for example A1:A9, Data!A1:A9 or A1:A9,C1:C9.");
+}
+
+class AddressReader {
+ public:
+    AddressReader(const DocumentRef& document, const SheetRef& sheet)
+        : m_Document(document),
+          m_Conversion(query<css::lang::XMultiServiceFactory>(document)->createInstance(
+              "com.sun.star.table.CellRangeAddressConversion")),
+          m_Sheet(positionOf(sheet)) {}
+
+    [[nodiscard]] CellRangeAddress read(const std::string& area) {
+        std::optional<CellRangeAddress> address = convert(area);
+        if (!address) {
+            address = rangeNamed(area);
+        }
+        // An unknown sheet comes back as a sheet of its own, not as a failure.
+        if (!address || address->Sheet < 0) {
+            refuse(area);
+        }
+        m_Sheet = address->Sheet;
+        return *address;
+    }
+
+ private:
+    [[nodiscard]] std::optional<CellRangeAddress> convert(const std::string& area) const {
+        const OUString notation =
+            hasExclamationMark(area) ? OUString("XLA1Representation") : OUString("PersistentRepresentation");
+        try {
+            setProperty(m_Conversion, "ReferenceSheet", static_cast<sal_Int32>(m_Sheet));
+            setProperty(m_Conversion, notation, fromUtf8(area));
+        } catch (const css::uno::Exception&) {
+            return std::nullopt;
+        }
+        CellRangeAddress address;
+        property(m_Conversion, "Address") >>= address;
+        return address;
+    }
+
+    [[nodiscard]] std::optional<CellRangeAddress> rangeNamed(const std::string& area) const {
+        Reference<css::sheet::XNamedRanges> names;
+        property(m_Document, "NamedRanges") >>= names;
+        if (!names.is() || !names->hasByName(fromUtf8(area))) {
+            return std::nullopt;
+        }
+        const Reference<css::sheet::XCellRangeReferrer> name(names->getByName(fromUtf8(area)),
+                                                             css::uno::UNO_QUERY_THROW);
+        const auto cells = queryIfAny<css::sheet::XCellRangeAddressable>(name->getReferredCells());
+        return cells.is() ? std::optional(cells->getRangeAddress()) : std::nullopt;
+    }
+
+    DocumentRef m_Document;
+    Reference<css::uno::XInterface> m_Conversion;
+    std::int16_t m_Sheet;
+};
+
+CellArea usedArea(const SheetRef& sheet) {
+    const auto cursor = sheet->createCursor();
+    const auto used = query<css::sheet::XUsedAreaCursor>(cursor);
+    used->gotoStartOfUsedArea(false);
+    used->gotoEndOfUsedArea(true);
+    return normalised(query<css::sheet::XCellRangeAddressable>(cursor)->getRangeAddress());
+}
+
+}  // namespace
+
+CellArea endingWithTheUsedArea(const CellArea& area, const SheetRef& sheet) {
+    const bool wholeColumns = area.top == 0 && area.bottom == lastRow;
+    const bool wholeRows = area.left == 0 && area.columns() > 1000;
+    if (!wholeColumns && !wholeRows) {
+        return area;
+    }
+    const CellArea used = usedArea(sheet);
+    CellArea result = area;
+    if (wholeColumns) {
+        result.bottom = used.bottom;
+    }
+    if (wholeRows) {
+        result.right = used.right;
+    }
+    return result;
+}
+
+std::vector<std::string> splitAreas(std::string_view address) {
+    std::vector<std::string> areas;
+    bool quoted = false;
+    std::size_t start = 0;
+    for (std::size_t i = 0; i < address.size(); ++i) {
+        quoted = quoted != (address[i] == '\'');
+        if (!quoted && (address[i] == ',' || address[i] == ';')) {
+            areas.push_back(trimmed(address.substr(start, i - start)));
+            start = i + 1;
+        }
+    }
+    areas.push_back(trimmed(address.substr(start)));
+    return areas;
+}
+
+bool hasExclamationMark(std::string_view area) noexcept {
+    bool quoted = false;
+    return std::ranges::any_of(area, [&](char c) {
+        quoted = quoted != (c == '\'');
+        return c == '!' && !quoted;
+    });
+}
+
+SheetAreas resolve(const DocumentRef& document, const SheetRef& sheet, std::string_view address) {
+    SheetAreas result{document, {}, {}};
+    AddressReader reader(document, sheet);
+    std::optional<std::int16_t> position;
+    for (const std::string& area : splitAreas(address)) {
+        const CellRangeAddress cells = reader.read(area);
+        if (position && *position != cells.Sheet) {
+            raiseHostError("The areas of a range must lie on one sheet: " + std::string(address));
+        }
+        if (!position) {
+            position = cells.Sheet;
+            result.sheet = sheetAt(document, cells.Sheet);
+        }
+        result.areas.push_back(endingWithTheUsedArea(normalised(cells), result.sheet));
+    }
+    return result;
+}
+
+}  // namespace TBVNonPara::calc

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <com/sun/star/frame/XFrame.hpp>
+#include <com/sun/star/frame/XTerminateListener.hpp>
+#include <com/sun/star/sheet/XRangeSelectionListener.hpp>
+#include <cppuhelper/implbase5.hxx>
+#include <memory>
+#include <rtl/ref.hxx>
+#include <vector>
+
+#include "adapters/calc/background_run.hpp"
+#include "adapters/calc/dialog_view.hpp"
+
+namespace TBVNonPara::calc {
+
+/// The dialog of one spreadsheet window. It stays open beside the sheet until a test has run or it is closed.
+class AnalysisDialog
+    : public cppu::WeakImplHelper5<css::awt::XActionListener, css::awt::XItemListener,
+                                   css::awt::XTopWindowListener, css::sheet::XRangeSelectionListener,
+                                   css::frame::XTerminateListener> {
+ public:
+    /// Opens the dialog of a window, or brings the one that is open to the front.
+    static void openFor(const Context& context, const Reference<css::frame::XFrame>& frame);
+
+    AnalysisDialog(const Context& context, const Reference<css::frame::XFrame>& frame);
+
+    void SAL_CALL actionPerformed(const css::awt::ActionEvent& event) override;
+    void SAL_CALL itemStateChanged(const css::awt::ItemEvent& event) override;
+
+    void SAL_CALL windowOpened(const css::lang::EventObject&) override {}
+    void SAL_CALL windowClosing(const css::lang::EventObject&) override;
+    void SAL_CALL windowClosed(const css::lang::EventObject&) override {}
+    void SAL_CALL windowMinimized(const css::lang::EventObject&) override {}
+    void SAL_CALL windowNormalized(const css::lang::EventObject&) override {}
+    void SAL_CALL windowActivated(const css::lang::EventObject&) override {}
+    void SAL_CALL windowDeactivated(const css::lang::EventObject&) override {}
+
+    void SAL_CALL done(const css::sheet::RangeSelectionEvent& event) override;
+    void SAL_CALL aborted(const css::sheet::RangeSelectionEvent& event) override;
+
+    void SAL_CALL queryTermination(const css::lang::EventObject&) override;
+    void SAL_CALL notifyTermination(const css::lang::EventObject&) override {}
+
+    void SAL_CALL disposing(const css::lang::EventObject& source) override;
+
+ private:
+    void open();
+    void close();
+    void showSettings();
+    void prefill();
+    void arrange();
+    void pick(Field field);
+    void endPicking(const OUString& range);
+    void run();
+    void finished(const Outcome& outcome);
+    void showError(const Error& error);
+    [[nodiscard]] Field fieldOf(const Error& error) const;
+    [[nodiscard]] Field fieldHolding(const std::string& description) const;
+    [[nodiscard]] AnalysisSettings settings() const;
+    [[nodiscard]] TBVNPMethod method() const;
+    [[nodiscard]] DocumentRef document() const;
+
+    Context m_Context;
+    Reference<css::frame::XFrame> m_Frame;
+    std::string m_Language;
+    const DialogTexts& m_Texts;
+    DialogView m_View;
+    DialogState m_State;
+    Field m_Picking = Field::None;
+    std::string m_FirstPrefilled;
+    std::string m_SecondPrefilled;
+    std::unique_ptr<BackgroundRun> m_Run;
+    Reference<css::task::XStatusIndicator> m_Progress;
+    bool m_Open = false;
+};
+
+}  // namespace TBVNonPara::calc

@@ -1,0 +1,277 @@
+#include "adapters/calc/analysis_object.hpp"
+
+#include <algorithm>
+#include <array>
+#include <com/sun/star/beans/UnknownPropertyException.hpp>
+#include <com/sun/star/beans/theIntrospection.hpp>
+#include <com/sun/star/bridge/oleautomation/NamedArgument.hpp>
+#include <com/sun/star/lang/IllegalArgumentException.hpp>
+#include <com/sun/star/reflection/InvocationTargetException.hpp>
+#include <com/sun/star/reflection/ParamMode.hpp>
+#include <com/sun/star/script/BasicErrorException.hpp>
+#include <com/sun/star/script/MemberType.hpp>
+#include <cppuhelper/supportsservice.hxx>
+
+#include "adapters/calc/arguments.hpp"
+#include "adapters/calc/calc_application.hpp"
+
+namespace TBVNonPara::calc {
+
+namespace {
+
+using css::script::InvocationInfo;
+using css::uno::Any;
+using css::uno::Sequence;
+
+/// The properties as scripts see them, in the order of the interface.
+struct Property {
+    const char* name;
+    const css::uno::Type& type;
+    void (*set)(AnalysisObject& object, const Any& value);
+};
+
+const css::uno::Type& wholeNumber = cppu::UnoType<sal_Int32>::get();
+const css::uno::Type& boolean = cppu::UnoType<bool>::get();
+const css::uno::Type& text = cppu::UnoType<OUString>::get();
+
+// clang-format off
+const std::array<Property, 8> properties{{
+    {"Method", wholeNumber, [](AnalysisObject& o, const Any& v) { o.setMethod(toWholeNumber(v)); }},
+    {"Headers", boolean, [](AnalysisObject& o, const Any& v) { o.setHeaders(toBoolean(v)); }},
+    {"OutputDescriptives", boolean, [](AnalysisObject& o, const Any& v) { o.setOutputDescriptives(toBoolean(v)); }},
+    {"IgnoreTies", boolean, [](AnalysisObject& o, const Any& v) { o.setIgnoreTies(toBoolean(v)); }},
+    {"Tails", wholeNumber, [](AnalysisObject& o, const Any& v) { o.setTails(toWholeNumber(v)); }},
+    {"YRange", text, [](AnalysisObject& o, const Any& v) { o.setYRange(toAddress(v)); }},
+    {"XRange", text, [](AnalysisObject& o, const Any& v) { o.setXRange(toAddress(v)); }},
+    {"OutputRange", text, [](AnalysisObject& o, const Any& v) { o.setOutputRange(toAddress(v)); }},
+}};
+// clang-format on
+
+constexpr auto method = "Results";
+
+const Property* findProperty(const OUString& name) {
+    const auto* found = std::ranges::find_if(
+        properties, [&](const Property& property) { return name.equalsIgnoreAsciiCaseAscii(property.name); });
+    return found == properties.end() ? nullptr : found;
+}
+
+InvocationInfo infoOf(const Property& property) {
+    InvocationInfo info;
+    info.aName = OUString::createFromAscii(property.name);
+    info.eMemberType = css::script::MemberType_PROPERTY;
+    info.aType = property.type;
+    return info;
+}
+
+InvocationInfo infoOfResults() {
+    InvocationInfo info;
+    info.aName = OUString::createFromAscii(method);
+    info.eMemberType = css::script::MemberType_METHOD;
+    info.aType = cppu::UnoType<void>::get();
+    info.aParamTypes = sequenceOf(boolean);
+    info.aParamModes = sequenceOf(css::reflection::ParamMode_IN);
+    return info;
+}
+
+/// What OverWrite is: left out, given by place, or given by name, which Basic passes as a name with a value.
+bool overWriteIn(const Sequence<Any>& arguments) {
+    if (!arguments.hasElements() || !arguments[0].hasValue()) {
+        return false;
+    }
+    css::bridge::oleautomation::NamedArgument byName;
+    if (!(arguments[0] >>= byName)) {
+        return toBoolean(arguments[0]);
+    }
+    if (!byName.Name.equalsIgnoreAsciiCaseAscii("OverWrite")) {
+        raise(RuntimeError::InvalidProcedureCall);
+    }
+    return toBoolean(byName.Value);
+}
+
+/// A bare number gets the text that automation runtimes have for numbers they do not know.
+std::string descriptionOf(const Error& error) {
+    return error.description().empty() ? "Application-defined or object-defined error" : error.description();
+}
+
+std::string fullText(const Error& error) {
+    std::string result = "Error " + std::to_string(error.number()) + ": " + descriptionOf(error);
+    if (!error.source().empty()) {
+        result += " (" + error.source() + ')';
+    }
+    return result;
+}
+
+}  // namespace
+
+AnalysisObject::AnalysisObject(const Context& context, const DocumentRef& document)
+    : m_Context(context),
+      m_Session(std::make_shared<Session>(context, document)),
+      m_Request(ownCompanions(makeObject<CalcApplication>(m_Session))) {
+}
+
+AnalysisException AnalysisObject::exceptionOf(const Error& error) {
+    // Macros are told of errors with Basic's own numbers only; 440 is the one whose text is free.
+    constexpr sal_Int32 automationError = 440;
+
+    const OUString message = fromUtf8(fullText(error));
+    const Reference<css::uno::XInterface> self = static_cast<cppu::OWeakObject*>(this);
+    const css::script::BasicErrorException basic({}, self, automationError, message);
+    return {message, self, Any(basic), error.number(), fromUtf8(error.source())};
+}
+
+void AnalysisObject::guarded(const auto& work) {
+    try {
+        work();
+    } catch (const css::uno::Exception& error) {
+        throw exceptionOf(Error(spreadsheetError, toUtf8(error.Message)));
+    } catch (...) {
+        throw exceptionOf(currentError());
+    }
+}
+
+void AnalysisObject::setMethod(sal_Int32 Method) {
+    guarded([&] { m_Request.LetMethod(static_cast<TBVNPMethod>(Method)); });
+}
+
+void AnalysisObject::setHeaders(sal_Bool Headers) {
+    guarded([&] { m_Request.LetHeaders(Headers); });
+}
+
+void AnalysisObject::setOutputDescriptives(sal_Bool OutputDescriptives) {
+    guarded([&] { m_Request.LetOutputDescriptives(OutputDescriptives); });
+}
+
+void AnalysisObject::setIgnoreTies(sal_Bool IgnoreTies) {
+    guarded([&] { m_Request.LetIgnoreTies(IgnoreTies); });
+}
+
+void AnalysisObject::setTails(sal_Int32 Tails) {
+    guarded([&] { m_Request.LetTails(static_cast<TBVNPTails>(Tails)); });
+}
+
+void AnalysisObject::setYRange(const OUString& Address) {
+    guarded([&] { m_Request.LetYRange(toUtf8(Address)); });
+}
+
+void AnalysisObject::setXRange(const OUString& Address) {
+    guarded([&] { m_Request.LetXRange(toUtf8(Address)); });
+}
+
+void AnalysisObject::setOutputRange(const OUString& Address) {
+    guarded([&] { m_Request.LetOutputRange(toUtf8(Address)); });
+}
+
+void AnalysisObject::Results(sal_Bool OverWrite) {
+    guarded([&] {
+        const Run run(*m_Session);
+        m_Request.Results(OverWrite);
+    });
+}
+
+Reference<css::beans::XIntrospectionAccess> AnalysisObject::getIntrospection() {
+    const Reference<css::script::XInvocation2> self = this;
+    return css::beans::theIntrospection::get(m_Context)->inspect(Any(self));
+}
+
+Any AnalysisObject::invoke(const OUString& name, const Sequence<Any>& arguments, Sequence<sal_Int16>&,
+                           Sequence<Any>&) {
+    if (!hasMethod(name) || arguments.getLength() > 1) {
+        throw css::lang::IllegalArgumentException("There is no such method: " + name,
+                                                  static_cast<cppu::OWeakObject*>(this), 0);
+    }
+    try {
+        Results(overWriteIn(arguments));
+    } catch (const AnalysisException& error) {
+        throw css::reflection::InvocationTargetException(error.Message, error.Context, Any(error));
+    } catch (const Error& error) {
+        const AnalysisException exception = exceptionOf(error);
+        throw css::reflection::InvocationTargetException(exception.Message, exception.Context,
+                                                         Any(exception));
+    }
+    return {};
+}
+
+void AnalysisObject::setValue(const OUString& name, const Any& value) {
+    const Property* property = findProperty(name);
+    if (property == nullptr) {
+        throw css::beans::UnknownPropertyException("There is no such property: " + name,
+                                                   static_cast<cppu::OWeakObject*>(this));
+    }
+    try {
+        property->set(*this, value);
+    } catch (const AnalysisException& error) {
+        throw css::reflection::InvocationTargetException(error.Message, error.Context, Any(error));
+    } catch (const Error& error) {
+        const AnalysisException exception = exceptionOf(error);
+        throw css::reflection::InvocationTargetException(exception.Message, exception.Context,
+                                                         Any(exception));
+    }
+}
+
+Any AnalysisObject::getValue(const OUString& name) {
+    if (findProperty(name) == nullptr) {
+        throw css::beans::UnknownPropertyException("There is no such property: " + name,
+                                                   static_cast<cppu::OWeakObject*>(this));
+    }
+    return {};
+}
+
+sal_Bool AnalysisObject::hasMethod(const OUString& name) {
+    return name.equalsIgnoreAsciiCaseAscii(method);
+}
+
+sal_Bool AnalysisObject::hasProperty(const OUString& name) {
+    return findProperty(name) != nullptr;
+}
+
+Sequence<OUString> AnalysisObject::getMemberNames() {
+    Sequence<OUString> names(static_cast<sal_Int32>(properties.size()) + 1);
+    OUString* next = names.getArray();
+    for (const Property& property : properties) {
+        *next++ = OUString::createFromAscii(property.name);
+    }
+    *next = OUString::createFromAscii(method);
+    return names;
+}
+
+Sequence<InvocationInfo> AnalysisObject::getInfo() {
+    Sequence<InvocationInfo> infos(static_cast<sal_Int32>(properties.size()) + 1);
+    InvocationInfo* next = infos.getArray();
+    for (const Property& property : properties) {
+        *next++ = infoOf(property);
+    }
+    *next = infoOfResults();
+    return infos;
+}
+
+InvocationInfo AnalysisObject::getInfoForName(const OUString& name, sal_Bool) {
+    if (hasMethod(name)) {
+        return infoOfResults();
+    }
+    const Property* property = findProperty(name);
+    if (property == nullptr) {
+        throw css::lang::IllegalArgumentException("There is no such member: " + name,
+                                                  static_cast<cppu::OWeakObject*>(this), 0);
+    }
+    return infoOf(*property);
+}
+
+OUString AnalysisObject::getImplementationName() {
+    return OUString::createFromAscii(implementationName);
+}
+
+sal_Bool AnalysisObject::supportsService(const OUString& service) {
+    return cppu::supportsService(this, service);
+}
+
+Sequence<OUString> AnalysisObject::getSupportedServiceNames() {
+    return sequenceOf(OUString::createFromAscii(serviceName));
+}
+
+/// Scripts look at this list first: with the typed interface in it, they would find its setters and not the
+/// properties.
+Sequence<css::uno::Type> AnalysisObject::getTypes() {
+    return sequenceOf(cppu::UnoType<css::script::XInvocation2>::get());
+}
+
+}  // namespace TBVNonPara::calc

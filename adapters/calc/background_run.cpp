@@ -1,0 +1,71 @@
+#include "adapters/calc/background_run.hpp"
+
+#include "adapters/calc/calc_application.hpp"
+#include "adapters/calc/main_thread.hpp"
+#include "request/clsNonPara.hpp"
+
+namespace TBVNonPara::calc {
+
+namespace {
+
+/// Ends a run from within one of its steps.
+class Cancelled : public std::exception {};
+
+constexpr sal_Int32 fullProgress = 1000;
+
+}  // namespace
+
+BackgroundRun::BackgroundRun(Context context, DocumentRef document, AnalysisSettings settings,
+                             Reference<css::task::XStatusIndicator> progress,
+                             std::function<void(Outcome)> finished)
+    : m_Context(std::move(context)),
+      m_Document(std::move(document)),
+      m_Settings(std::move(settings)),
+      m_Progress(std::move(progress)),
+      m_Finished(std::move(finished)),
+      m_Thread([this] { work(); }) {
+}
+
+BackgroundRun::~BackgroundRun() {
+    m_Thread.join();
+}
+
+void BackgroundRun::step() {
+    if (m_Cancelled) {
+        throw Cancelled();
+    }
+    // How many steps there are depends on the data: the bar approaches its end without reaching it.
+    m_Steps += 1;
+    if (m_Progress.is() && m_Steps % 8 == 1) {
+        m_Progress->setValue(fullProgress - fullProgress * 20 / (20 + m_Steps));
+    }
+}
+
+void BackgroundRun::analyse() {
+    const auto session = std::make_shared<Session>(m_Context, m_Document);
+    session->onStep([this] { step(); });
+    clsNonPara request(ownCompanions(makeObject<CalcApplication>(session)));
+    request.LetMethod(m_Settings.method);
+    request.LetTails(m_Settings.tails);
+    request.LetHeaders(m_Settings.headers);
+    request.LetOutputDescriptives(m_Settings.descriptives);
+    request.LetIgnoreTies(m_Settings.ignoreTies);
+    request.LetYRange(m_Settings.firstRange);
+    request.LetXRange(m_Settings.secondRange);
+    request.LetOutputRange(m_Settings.outputCell);
+    const Run run(*session);
+    request.Results(m_Settings.overWrite);
+}
+
+void BackgroundRun::work() {
+    Outcome outcome;
+    try {
+        analyse();
+    } catch (...) {
+        outcome.error = currentError();
+        outcome.cancelled = m_Cancelled;
+    }
+    whenIdle(m_Context, [finished = m_Finished, outcome] { finished(outcome); });
+}
+
+}  // namespace TBVNonPara::calc

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <atomic>
+#include <com/sun/star/task/XStatusIndicator.hpp>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <thread>
+
+#include "adapters/calc/documents.hpp"
+#include "core/enumerations.hpp"
+
+namespace TBVNonPara::calc {
+
+/// What the user asked for.
+struct AnalysisSettings {
+    TBVNPMethod method = tbvNPMannU;
+    TBVNPTails tails = tbvNPTwoTailed;
+    bool headers = true;
+    bool descriptives = false;
+    bool ignoreTies = false;
+    std::string firstRange;
+    std::string secondRange;
+    std::string outputCell;  ///< empty: a new sheet
+    bool overWrite = false;
+};
+
+/// How a run ended: well, by an error, or because the user wanted it to.
+struct Outcome {
+    std::optional<Error> error;
+    bool cancelled = false;
+};
+
+/// One analysis on a thread of its own, with a request of its own. It can be cancelled until the report is
+/// placed. `finished` is called on the main thread.
+class BackgroundRun {
+ public:
+    BackgroundRun(Context context, DocumentRef document, AnalysisSettings settings,
+                  Reference<css::task::XStatusIndicator> progress, std::function<void(Outcome)> finished);
+    /// Waits for the thread; on the main thread only after `finished` was called.
+    ~BackgroundRun();
+
+    void cancel() noexcept { m_Cancelled = true; }
+
+ private:
+    void work();
+    void step();
+    void analyse();
+
+    Context m_Context;
+    DocumentRef m_Document;
+    AnalysisSettings m_Settings;
+    Reference<css::task::XStatusIndicator> m_Progress;
+    std::function<void(Outcome)> m_Finished;
+    std::atomic<bool> m_Cancelled = false;
+    sal_Int32 m_Steps = 0;
+    std::thread m_Thread;
+};
+
+}  // namespace TBVNonPara::calc

@@ -1,0 +1,79 @@
+#include "adapters/calc/calc_application.hpp"
+
+#include <com/sun/star/container/XIndexAccess.hpp>
+#include <com/sun/star/container/XNameAccess.hpp>
+#include <com/sun/star/util/XProtectable.hpp>
+
+#include "adapters/calc/calc_range.hpp"
+#include "adapters/calc/calc_worksheet.hpp"
+#include "adapters/calc/placing.hpp"
+
+namespace TBVNonPara::calc {
+
+namespace {
+
+/// The first name of the spreadsheet's usual kind that is free: "Sheet4".
+OUString freeName(const Reference<css::sheet::XSpreadsheets>& sheets) {
+    sal_Int32 number = query<css::container::XIndexAccess>(sheets)->getCount();
+    OUString name;
+    do {
+        number += 1;
+        name = "Sheet" + OUString::number(number);
+    } while (sheets->hasByName(name));
+    return name;
+}
+
+}  // namespace
+
+CalcApplication::CalcApplication(std::shared_ptr<Session> session)
+    : m_Session(std::move(session)), m_Functions(m_Session) {
+}
+
+RangeRef CalcApplication::GetRange(std::string_view address) const {
+    return hosted([&]() -> RangeRef {
+        const DocumentRef document = m_Session->document();
+        return makeObject<CalcRange>(m_Session, resolve(document, activeSheet(document), address));
+    });
+}
+
+RangeRef CalcApplication::GetRange(const RangeRef& first, const RangeRef& last) const {
+    return rangeBetween(m_Session, first, last);
+}
+
+WorkbookRef CalcApplication::GetWorkbooks(std::string_view name) const {
+    return hosted([&]() -> WorkbookRef {
+        return makeObject<CalcWorkbook>(m_Session, documentNamed(m_Session->context(), name));
+    });
+}
+
+WorksheetRef CalcApplication::AddWorksheets() {
+    return hosted([&]() -> WorksheetRef {
+        const DocumentRef document = m_Session->document();
+        m_Session->step();
+        m_Session->beforeChange(document);
+        if (query<css::util::XProtectable>(document)->isProtected()) {
+            raiseHostError(
+                "The document's structure is protected, so it takes no new sheet; remove the "
+                "protection or choose a cell for the report.");
+        }
+        const auto sheets = document->getSheets();
+        const OUString name = freeName(sheets);
+        const std::int16_t position = positionOf(activeSheet(document));
+        sheets->insertNewByName(name, position);
+        const SheetRef sheet = sheetNamed(document, name);
+        activate(*m_Session, document, sheet);
+        return makeObject<CalcWorksheet>(m_Session, document, sheet);
+    });
+}
+
+void CalcApplication::LetScreenUpdating(bool updating) {
+    hosted([&] {
+        if (updating) {
+            m_Session->releaseViews();
+        } else {
+            m_Session->holdViews(m_Session->document());
+        }
+    });
+}
+
+}  // namespace TBVNonPara::calc

@@ -1,0 +1,209 @@
+#include "adapters/calc/calc_range.hpp"
+
+#include <com/sun/star/sheet/CellFlags.hpp>
+#include <com/sun/star/sheet/XSheetOperation.hpp>
+#include <com/sun/star/table/XColumnRowRange.hpp>
+
+#include "adapters/calc/calc_worksheet.hpp"
+#include "adapters/calc/formats.hpp"
+#include "adapters/calc/placing.hpp"
+#include "adapters/calc/reading.hpp"
+#include "adapters/calc/writing.hpp"
+
+namespace TBVNonPara::calc {
+
+namespace {
+
+constexpr sal_Int32 everything =
+    css::sheet::CellFlags::VALUE | css::sheet::CellFlags::DATETIME | css::sheet::CellFlags::STRING |
+    css::sheet::CellFlags::ANNOTATION | css::sheet::CellFlags::FORMULA | css::sheet::CellFlags::HARDATTR |
+    css::sheet::CellFlags::STYLES | css::sheet::CellFlags::EDITATTR | css::sheet::CellFlags::FORMATTED;
+
+}  // namespace
+
+CalcRange::CalcRange(std::shared_ptr<Session> session, SheetAreas cells)
+    : m_Session(std::move(session)), m_Cells(std::move(cells)) {
+}
+
+const SheetAreas& cellsOf(const RangeRef& range) {
+    const auto* calcRange = dynamic_cast<const CalcRange*>(&*range);
+    if (calcRange == nullptr) {
+        raise(RuntimeError::TypeMismatch);
+    }
+    return calcRange->cells();
+}
+
+RangeRef rangeBetween(const std::shared_ptr<Session>& session, const RangeRef& first, const RangeRef& last) {
+    const SheetAreas& from = cellsOf(first);
+    const SheetAreas& to = cellsOf(last);
+    if (from.sheet != to.sheet) {
+        raiseHostError("A range runs between two cells of one sheet.");
+    }
+    const CellArea area = around(from.areas.front(), to.areas.front());
+    return makeObject<CalcRange>(session, SheetAreas{from.document, from.sheet, {area}});
+}
+
+RangeRef CalcRange::GetCells(Long row, Long column) const {
+    return cellOf(m_Session, m_Cells.document, m_Cells.sheet, Long(first().top) + row,
+                  Long(first().left) + column);
+}
+
+Long CalcRange::GetRowsCount() const {
+    return first().rows();
+}
+
+Long CalcRange::GetColumnsCount() const {
+    return first().columns();
+}
+
+Long CalcRange::GetAreasCount() const {
+    return Long(m_Cells.areas.size());
+}
+
+RangeRef CalcRange::GetAreas(Long area) const {
+    if (area < 1 || area > GetAreasCount()) {
+        raise(RuntimeError::SubscriptOutOfRange);
+    }
+    const CellArea cells = m_Cells.areas[static_cast<std::size_t>(area.value() - 1)];
+    return makeObject<CalcRange>(m_Session, SheetAreas{m_Cells.document, m_Cells.sheet, {cells}});
+}
+
+WorksheetRef CalcRange::GetWorksheet() const {
+    return makeObject<CalcWorksheet>(m_Session, m_Cells.document, m_Cells.sheet);
+}
+
+std::string CalcRange::GetAddress() const {
+    return absoluteAddress(m_Cells.areas);
+}
+
+// Letters and numbers are the user's notation as well: the library takes column letters from this text.
+std::string CalcRange::GetAddressLocal() const {
+    return GetAddress();
+}
+
+ValueGrid CalcRange::GetValue() const {
+    m_Session->step();
+    if (std::optional<ValueGrid> values = m_Session->remembered(m_Cells.sheet, first())) {
+        return std::move(*values);
+    }
+    return hosted([&] {
+        auto values = std::make_shared<const ValueGrid>(readCells(m_Cells.document, m_Cells.sheet, first()));
+        m_Session->remember(m_Cells.sheet, first(), values);
+        return *values;
+    });
+}
+
+CalcRange::Block CalcRange::block(const CellArea& area) const {
+    return m_Cells.sheet->getCellRangeByPosition(area.left, area.top, area.right, area.bottom);
+}
+
+void CalcRange::change(const auto& work) {
+    m_Session->step();
+    hosted([&] {
+        m_Session->beforeChange(m_Cells.document);
+        for (const CellArea& area : m_Cells.areas) {
+            work(area);
+        }
+    });
+}
+
+void CalcRange::noteBooleans(const ValueGrid& values, const CellArea& area) const {
+    m_Session->forgetBooleans(m_Cells.sheet, area);
+    for (std::int32_t column = 0; column < values.columns().value(); ++column) {
+        for (std::int32_t row = 0; row < values.rows().value(); ++row) {
+            if (std::holds_alternative<bool>(values(row + 1, column + 1))) {
+                const CellArea cell{area.left + column, area.top + row, area.left + column, area.top + row};
+                m_Session->rememberBoolean(m_Cells.sheet, cell);
+            }
+        }
+    }
+}
+
+void CalcRange::LetValue(const CellValue& value) {
+    change([&](const CellArea& area) {
+        if (area.isOneCell()) {
+            noteBooleans(ValueGrid{{value}}, area);
+            writeCell(m_Cells.document, m_Cells.sheet, area.left, area.top, value);
+        } else {
+            const ValueGrid values(area.rows(), area.columns(), value);
+            noteBooleans(values, area);
+            writeCells(m_Cells.document, m_Cells.sheet, area, values);
+        }
+    });
+}
+
+void CalcRange::LetValue(std::span<const CellValue> values) {
+    if (first().rows() != 1 || values.size() != static_cast<std::size_t>(first().columns())) {
+        raise(RuntimeError::InvalidProcedureCall);
+    }
+    ValueGrid row(1, Long(values.size()));
+    Index column = 0;
+    for (const CellValue& value : values) {
+        column += 1;
+        row(1, column) = value;
+    }
+    LetValue(row);
+}
+
+void CalcRange::LetValue(const ValueGrid& values) {
+    if (values.rows() != first().rows() || values.columns() != first().columns()) {
+        raise(RuntimeError::InvalidProcedureCall);
+    }
+    change([&](const CellArea& area) {
+        noteBooleans(values, area);
+        writeCells(m_Cells.document, m_Cells.sheet, area, values);
+    });
+}
+
+void CalcRange::Clear() {
+    change([&](const CellArea& area) {
+        m_Session->forgetBooleans(m_Cells.sheet, area);
+        query<css::sheet::XSheetOperation>(block(area))->clearContents(everything);
+    });
+}
+
+void CalcRange::LetNumberFormat(std::string_view format) {
+    change([&](const CellArea& area) {
+        setNumberFormat(m_Cells.document, block(area), format);
+        for (const CellArea& cell : m_Session->booleansIn(m_Cells.sheet, area)) {
+            setNumberFormat(m_Cells.document, block(cell), "BOOLEAN");
+        }
+    });
+}
+
+void CalcRange::LetHorizontalAlignment(HorizontalAlignment alignment) {
+    change([&](const CellArea& area) { setAlignment(block(area), alignment); });
+}
+
+void CalcRange::LetInteriorColorIndex(Integer index) {
+    change([&](const CellArea& area) { setInteriorColour(block(area), index); });
+}
+
+void CalcRange::LetFontBold(bool bold) {
+    change([&](const CellArea& area) { setBold(block(area), bold); });
+}
+
+void CalcRange::LetBorder(BorderEdge edge, BorderLine line) {
+    change([&](const CellArea& area) { setBorder(block(area), edge, line); });
+}
+
+void CalcRange::LetCharactersFontSubscript(Long start, Long length, bool subscript) {
+    change([&](const CellArea& area) {
+        setSubscript(m_Cells.sheet->getCellByPosition(area.left, area.top), start, length, subscript);
+    });
+}
+
+void CalcRange::Copy() {
+    m_Session->copy(m_Cells);
+}
+
+void CalcRange::PasteSpecial(PasteKind kind) {
+    m_Session->step();
+    hosted([&] { place(*m_Session, m_Session->copied(), m_Cells, kind); });
+}
+
+void CalcRange::Select() {
+    hosted([&] { select(*m_Session, m_Cells); });
+}
+
+}  // namespace TBVNonPara::calc

@@ -1,0 +1,104 @@
+#include "adapters/calc/calc_worksheet.hpp"
+
+#include <com/sun/star/container/XIndexAccess.hpp>
+#include <com/sun/star/table/XColumnRowRange.hpp>
+
+#include "adapters/calc/calc_range.hpp"
+#include "adapters/calc/placing.hpp"
+
+namespace TBVNonPara::calc {
+
+namespace {
+
+CellArea wholeOf(const SheetRef& sheet) {
+    const auto size = query<css::table::XColumnRowRange>(sheet);
+    return {0, 0, size->getColumns()->getCount() - 1, size->getRows()->getCount() - 1};
+}
+
+}  // namespace
+
+RangeRef cellOf(const std::shared_ptr<Session>& session, const DocumentRef& document, const SheetRef& sheet,
+                Long row, Long column) {
+    const std::int32_t left = (column - 1).value();
+    const std::int32_t top = (row - 1).value();
+    const CellArea cell{left, top, left, top};
+    // Nearly every cell that is asked for lies in what all sheets have; the others are looked up.
+    const bool common = left >= 0 && top >= 0 && left < 256 && top < 65536;
+    if (!common && !hosted([&] { return wholeOf(sheet).contains(cell); })) {
+        raiseHostError("There is no cell in row " + std::to_string(row.value()) + ", column " +
+                       std::to_string(column.value()) + " of the sheet.");
+    }
+    return makeObject<CalcRange>(session, SheetAreas{document, sheet, {cell}});
+}
+
+CalcWorksheet::CalcWorksheet(std::shared_ptr<Session> session, DocumentRef document, SheetRef sheet)
+    : m_Session(std::move(session)), m_Document(std::move(document)), m_Sheet(std::move(sheet)) {
+}
+
+std::string CalcWorksheet::GetName() const {
+    return hosted([&] { return toUtf8(nameOf(m_Sheet)); });
+}
+
+WorkbookRef CalcWorksheet::GetParent() const {
+    return makeObject<CalcWorkbook>(m_Session, m_Document);
+}
+
+RangeRef CalcWorksheet::GetCells() const {
+    const CellArea all = hosted([&] { return wholeOf(m_Sheet); });
+    return makeObject<CalcRange>(m_Session, SheetAreas{m_Document, m_Sheet, {all}});
+}
+
+RangeRef CalcWorksheet::GetCells(Long row, Long column) const {
+    return cellOf(m_Session, m_Document, m_Sheet, row, column);
+}
+
+RangeRef CalcWorksheet::GetRange(std::string_view address) const {
+    return hosted([&]() -> RangeRef {
+        return makeObject<CalcRange>(m_Session, resolve(m_Document, m_Sheet, address));
+    });
+}
+
+RangeRef CalcWorksheet::GetRange(const RangeRef& first, const RangeRef& last) const {
+    return rangeBetween(m_Session, first, last);
+}
+
+void CalcWorksheet::Move(const WorksheetRef& after) {
+    hosted([&] {
+        const std::string name = after->GetName();
+        const auto position =
+            static_cast<std::int16_t>(positionOf(sheetNamed(m_Document, fromUtf8(name))) + 1);
+        m_Session->beforeChange(m_Document);
+        m_Document->getSheets()->moveByName(nameOf(m_Sheet), position);
+    });
+}
+
+void CalcWorksheet::Activate() {
+    hosted([&] { activate(*m_Session, m_Document, m_Sheet); });
+}
+
+CalcWorkbook::CalcWorkbook(std::shared_ptr<Session> session, DocumentRef document)
+    : m_Session(std::move(session)), m_Document(std::move(document)) {
+}
+
+Long CalcWorkbook::GetWorksheetsCount() const {
+    return hosted(
+        [&] { return Long(query<css::container::XIndexAccess>(m_Document->getSheets())->getCount()); });
+}
+
+WorksheetRef CalcWorkbook::GetWorksheets(Long position) const {
+    return hosted([&]() -> WorksheetRef {
+        return makeObject<CalcWorksheet>(m_Session, m_Document, sheetAt(m_Document, position.value() - 1));
+    });
+}
+
+WorksheetRef CalcWorkbook::GetWorksheets(std::string_view name) const {
+    return hosted([&]() -> WorksheetRef {
+        return makeObject<CalcWorksheet>(m_Session, m_Document, sheetNamed(m_Document, fromUtf8(name)));
+    });
+}
+
+void CalcWorkbook::Activate() {
+    hosted([&] { activate(*m_Session, m_Document); });
+}
+
+}  // namespace TBVNonPara::calc

@@ -1,0 +1,125 @@
+#include <algorithm>
+
+#include "adapters/calc/dialog_measures.hpp"
+#include "adapters/calc/dialog_names.hpp"
+
+namespace TBVNonPara::calc {
+
+using css::beans::XPropertySet;
+using css::uno::Any;
+
+struct DialogView::Place {
+    std::int32_t left;
+    std::int32_t top;
+    std::int32_t width;
+    std::int32_t height;
+};
+
+void DialogView::place(const OUString& name, const Place& place) const {
+    set(name, "PositionX", Any(place.left));
+    set(name, "PositionY", Any(place.top));
+    set(name, "Width", Any(place.width));
+    set(name, "Height", Any(place.height));
+    set(name, "EnableVisible", Any(true));
+}
+
+void DialogView::hide(const OUString& name) const {
+    set(name, "EnableVisible", Any(false));
+}
+
+std::int32_t DialogView::arrangeMessage(Field field, std::int32_t left, std::int32_t top) {
+    const OUString name = messageOf(ascii(nameOf(field)));
+    OUString message;
+    model(name)->getPropertyValue("Label") >>= message;
+    if (message.isEmpty()) {
+        hide(name);
+        return top;
+    }
+    const std::int32_t width = measures::width - measures::margin - left;
+    const std::int32_t lines = std::min(4, 1 + message.getLength() * measures::letter / width);
+    place(name, {left, top, width, lines * measures::line});
+    return top + lines * measures::line + measures::gap;
+}
+
+std::int32_t DialogView::arrangeField(Field field, std::int32_t top, bool enabled) {
+    const OUString name = ascii(nameOf(field));
+    const std::int32_t pickerLeft = measures::width - measures::margin - measures::pickerWidth;
+    if (field != Field::Output) {
+        place(labelOf(name), {measures::margin, top + 2, measures::labelWidth, measures::line});
+    } else {
+        // The radio button before it says the same; too small to be seen, this label is for screen readers.
+        place(labelOf(name), {measures::fieldLeft - 2, top, 1, 1});
+    }
+    place(name, {measures::fieldLeft, top, pickerLeft - measures::gap - measures::fieldLeft, measures::row});
+    place(pickerOf(name), {pickerLeft, top, measures::pickerWidth, measures::row});
+    set(name, "Enabled", Any(enabled));
+    set(pickerOf(name), "Enabled", Any(enabled));
+    return arrangeMessage(field, measures::fieldLeft, top + measures::row + measures::gap);
+}
+
+std::int32_t DialogView::arrangeRow(const char* name, std::int32_t top, bool enabled) {
+    place(labelOf(ascii(name)), {measures::margin, top + 2, measures::labelWidth, measures::line});
+    place(ascii(name), {measures::fieldLeft, top, measures::width - measures::margin - measures::fieldLeft,
+                        measures::row});
+    set(ascii(name), "Enabled", Any(enabled));
+    return top + measures::row + measures::gap;
+}
+
+std::int32_t DialogView::arrangeBox(const char* name, std::int32_t top, bool enabled) {
+    place(ascii(name), {measures::margin, top, measures::width - 2 * measures::margin, measures::boxHeight});
+    set(ascii(name), "Enabled", Any(enabled));
+    return top + measures::boxHeight + measures::gap;
+}
+
+std::int32_t DialogView::arrangeReport(std::int32_t top, const DialogState& state) {
+    place("Report", {measures::margin, top, measures::width - 2 * measures::margin, measures::line});
+    top = arrangeBox(controls::newSheet, top + measures::line + measures::gap, !state.running);
+    place(ascii(controls::cell), {measures::margin, top + 2, measures::labelWidth, measures::boxHeight});
+    set(ascii(controls::cell), "Enabled", Any(!state.running));
+    top = arrangeField(Field::Output, top, state.outputCell && !state.running);
+    place(ascii(controls::overwrite),
+          {measures::fieldLeft, top, measures::width - measures::margin - measures::fieldLeft,
+           measures::boxHeight});
+    set(ascii(controls::overwrite), "Enabled", Any(state.outputCell && !state.running));
+    return top + measures::boxHeight + measures::sectionGap;
+}
+
+void DialogView::arrange(const DialogState& state) {
+    const bool idle = !state.running;
+    std::int32_t top = arrangeRow(controls::test, measures::margin, idle);
+    const OUString alternative = ascii(controls::alternative);
+    if (state.alternatives) {
+        top = arrangeRow(controls::alternative, top, idle);
+    } else {
+        hide(labelOf(alternative));
+        hide(alternative);
+    }
+    top = arrangeField(Field::First, top, idle);
+    const OUString second = ascii(nameOf(Field::Second));
+    if (state.secondRange) {
+        top = arrangeField(Field::Second, top, idle);
+    } else {
+        for (const OUString& name : {labelOf(second), second, pickerOf(second), messageOf(second)}) {
+            hide(name);
+        }
+    }
+    top = arrangeReport(top + measures::gap, state);
+    top = arrangeBox(controls::labels, top, idle);
+    top = arrangeBox(controls::descriptives, top, idle);
+    if (state.ignoreTies) {
+        top = arrangeBox(controls::ignoreTies, top, idle);
+    } else {
+        hide(ascii(controls::ignoreTies));
+    }
+    top = arrangeMessage(Field::None, measures::margin, top) + measures::gap;
+    const std::int32_t closeLeft = measures::width - measures::margin - measures::buttonWidth;
+    place(ascii(controls::run), {closeLeft - measures::gap - measures::buttonWidth, top,
+                                 measures::buttonWidth, measures::buttonHeight});
+    place(ascii(controls::close), {closeLeft, top, measures::buttonWidth, measures::buttonHeight});
+    set(ascii(controls::run), "Enabled", Any(idle));
+    const auto dialog = query<XPropertySet>(m_Models);
+    dialog->setPropertyValue("Width", Any(measures::width));
+    dialog->setPropertyValue("Height", Any(top + measures::buttonHeight + measures::margin));
+}
+
+}  // namespace TBVNonPara::calc

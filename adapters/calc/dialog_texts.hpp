@@ -1,0 +1,53 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "core/enumerations.hpp"
+
+namespace TBVNonPara::calc {
+
+/// What stands in the dialog, in one language. A tilde marks the letter that is pressed with Alt.
+struct DialogTexts {
+    std::string_view title;
+    std::string_view test;
+    std::array<std::string_view, 8> tests;  ///< by the tests' numbers
+    std::string_view alternative;
+    std::string_view firstRange;
+    std::string_view secondRange;
+    std::string_view dataRange;
+    std::string_view groupRanges;
+    std::string_view groupingRange;
+    std::string_view report;
+    std::string_view newSheet;
+    std::string_view cell;
+    std::string_view overwrite;
+    std::string_view labels;
+    std::string_view descriptives;
+    std::string_view ignoreTies;
+    std::string_view pick;
+    std::string_view pickTitle;
+    std::string_view ok;
+    std::string_view close;
+    std::string_view cancel;
+    std::string_view running;
+    std::string_view cancelled;
+    std::string_view severalAreas;
+    std::string_view restart;
+};
+
+/// The texts of a language ("de", "en-US"); English where there are none.
+[[nodiscard]] const DialogTexts& dialogTexts(std::string_view language);
+
+/// The three alternatives in the words of a test: both ways, first greater, first less.
+using Alternatives = std::array<std::string_view, 3>;
+[[nodiscard]] const Alternatives& alternativesOf(TBVNPMethod method, bool secondRange,
+                                                 std::string_view language);
+
+/// An error in plain words: what is wrong and what to do. `description` is what the error says itself.
+[[nodiscard]] std::string plainWords(std::int32_t number, const std::string& description,
+                                     std::string_view language);
+
+}  // namespace TBVNonPara::calc

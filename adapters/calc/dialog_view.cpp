@@ -1,0 +1,251 @@
+#include "adapters/calc/dialog_view.hpp"
+
+#include <algorithm>
+#include <com/sun/star/awt/PosSize.hpp>
+#include <com/sun/star/awt/PushButtonType.hpp>
+#include <com/sun/star/awt/Toolkit.hpp>
+#include <com/sun/star/awt/XButton.hpp>
+#include <com/sun/star/awt/XListBox.hpp>
+#include <com/sun/star/awt/XRadioButton.hpp>
+#include <com/sun/star/awt/XTextComponent.hpp>
+#include <com/sun/star/awt/XTopWindow.hpp>
+#include <com/sun/star/container/XNameContainer.hpp>
+#include <com/sun/star/lang/XComponent.hpp>
+#include <com/sun/star/lang/XMultiComponentFactory.hpp>
+
+#include "adapters/calc/dialog_measures.hpp"
+#include "adapters/calc/dialog_names.hpp"
+
+namespace TBVNonPara::calc {
+
+namespace {
+
+using css::beans::XPropertySet;
+using css::uno::Any;
+
+}  // namespace
+
+const char* DialogView::nameOf(Field field) {
+    switch (field) {
+        case Field::First:
+            return "First";
+        case Field::Second:
+            return "Second";
+        case Field::Output:
+            return "Output";
+        case Field::None:
+            break;
+    }
+    return "Dialog";
+}
+
+Field DialogView::fieldOfPicker(const OUString& button) {
+    for (const Field field : {Field::First, Field::Second, Field::Output}) {
+        if (button == pickerOf(ascii(nameOf(field)))) {
+            return field;
+        }
+    }
+    return Field::None;
+}
+
+DialogView::DialogView(const Context& context, const DialogTexts& texts)
+    : m_Context(context), m_Texts(texts) {
+    const auto services = context->getServiceManager();
+    m_Models.set(services->createInstanceWithContext("com.sun.star.awt.UnoControlDialogModel", context),
+                 css::uno::UNO_QUERY_THROW);
+    m_Dialog.set(services->createInstanceWithContext("com.sun.star.awt.UnoControlDialog", context),
+                 css::uno::UNO_QUERY_THROW);
+    const auto dialog = query<XPropertySet>(m_Models);
+    dialog->setPropertyValue("Title", Any(fromUtf8(texts.title)));
+    dialog->setPropertyValue("Moveable", Any(true));
+    dialog->setPropertyValue("Closeable", Any(true));
+    addControls();
+    m_Dialog->setModel(query<css::awt::XControlModel>(m_Models));
+}
+
+void DialogView::addControls() {
+    addLabelled("ListBox", controls::test, m_Texts.test);
+    addLabelled("ListBox", controls::alternative, m_Texts.alternative);
+    for (const char* list : {controls::test, controls::alternative}) {
+        set(ascii(list), "Dropdown", Any(true));
+        set(ascii(list), "LineCount", Any(sal_Int16(8)));
+    }
+    addField(Field::First, m_Texts.firstRange);
+    addField(Field::Second, m_Texts.secondRange);
+    add("FixedLine", "Report")->setPropertyValue("Label", Any(fromUtf8(m_Texts.report)));
+    addBox("RadioButton", controls::newSheet, m_Texts.newSheet);
+    addBox("RadioButton", controls::cell, m_Texts.cell);
+    addField(Field::Output, m_Texts.cell);
+    addBox("CheckBox", controls::overwrite, m_Texts.overwrite);
+    addBox("CheckBox", controls::labels, m_Texts.labels);
+    addBox("CheckBox", controls::descriptives, m_Texts.descriptives);
+    addBox("CheckBox", controls::ignoreTies, m_Texts.ignoreTies);
+    add("FixedText", messageOf(ascii(nameOf(Field::None))));
+    addButton(controls::run, m_Texts.ok, css::awt::PushButtonType_STANDARD);
+    addButton(controls::close, m_Texts.close, css::awt::PushButtonType_STANDARD);
+    set(ascii(controls::run), "DefaultButton", Any(true));
+    for (const Field field : {Field::First, Field::Second, Field::Output, Field::None}) {
+        const OUString name = messageOf(ascii(nameOf(field)));
+        set(name, "MultiLine", Any(true));
+        set(name, "TextColor", Any(measures::messageColour));
+        set(name, "EnableVisible", Any(false));
+    }
+}
+
+Reference<XPropertySet> DialogView::add(const char* kind, const OUString& name) {
+    const Reference<XPropertySet> added(
+        m_Models->createInstance("com.sun.star.awt.UnoControl" + ascii(kind) + "Model"),
+        css::uno::UNO_QUERY_THROW);
+    added->setPropertyValue("Name", Any(name));
+    added->setPropertyValue("TabIndex", Any(m_TabIndex));
+    m_TabIndex = static_cast<std::int16_t>(m_TabIndex + 1);
+    query<css::container::XNameContainer>(m_Models)->insertByName(name, Any(added));
+    return added;
+}
+
+Reference<XPropertySet> DialogView::model(const OUString& name) const {
+    return {query<css::container::XNameAccess>(m_Models)->getByName(name), css::uno::UNO_QUERY_THROW};
+}
+
+void DialogView::set(const OUString& name, const char* property, const Any& value) const {
+    model(name)->setPropertyValue(ascii(property), value);
+}
+
+void DialogView::addLabelled(const char* kind, const char* name, std::string_view label) {
+    add("FixedText", labelOf(ascii(name)))->setPropertyValue("Label", Any(fromUtf8(label)));
+    add(kind, ascii(name));
+}
+
+void DialogView::addField(Field field, std::string_view label) {
+    addLabelled("Edit", nameOf(field), label);
+    const OUString name = ascii(nameOf(field));
+    const auto picker = add("Button", pickerOf(name));
+    picker->setPropertyValue("Label", Any(fromUtf8(m_Texts.pick)));
+    picker->setPropertyValue("HelpText", Any(fromUtf8(m_Texts.pickTitle)));
+    add("FixedText", messageOf(name));
+}
+
+void DialogView::addBox(const char* kind, const char* name, std::string_view label) {
+    add(kind, ascii(name))->setPropertyValue("Label", Any(fromUtf8(label)));
+}
+
+void DialogView::addButton(const char* name, std::string_view label, std::int16_t type) {
+    const auto button = add("Button", ascii(name));
+    button->setPropertyValue("Label", Any(fromUtf8(label)));
+    button->setPropertyValue("PushButtonType", Any(type));
+}
+
+void DialogView::open(const Reference<css::awt::XWindowPeer>& parent) {
+    const auto window = query<css::awt::XWindow>(m_Dialog);
+    window->setVisible(false);
+    m_Dialog->createPeer(
+        Reference<css::awt::XToolkit>(css::awt::Toolkit::create(m_Context), css::uno::UNO_QUERY_THROW),
+        parent);
+    centreOn(query<css::awt::XWindow>(parent));
+    window->setVisible(true);
+}
+
+void DialogView::centreOn(const Reference<css::awt::XWindow>& parent) {
+    const auto window = query<css::awt::XWindow>(m_Dialog);
+    const css::awt::Rectangle around = parent->getPosSize();
+    const css::awt::Rectangle own = window->getPosSize();
+    window->setPosSize(around.X + std::max(0, (around.Width - own.Width) / 2),
+                       around.Y + std::max(0, (around.Height - own.Height) / 2), 0, 0,
+                       css::awt::PosSize::POS);
+}
+
+void DialogView::close() {
+    query<css::lang::XComponent>(m_Dialog)->dispose();
+}
+
+void DialogView::show(bool visible) {
+    query<css::awt::XWindow>(m_Dialog)->setVisible(visible);
+}
+
+void DialogView::bringToFront() {
+    query<css::awt::XTopWindow>(m_Dialog)->toFront();
+}
+
+Reference<css::awt::XControl> DialogView::control(const OUString& name) const {
+    return query<css::awt::XControlContainer>(m_Dialog)->getControl(name);
+}
+
+void DialogView::listen(const Reference<css::awt::XActionListener>& actions,
+                        const Reference<css::awt::XItemListener>& items,
+                        const Reference<css::awt::XTopWindowListener>& window) {
+    for (const OUString& name :
+         {ascii(controls::run), ascii(controls::close), pickerOf(ascii(nameOf(Field::First))),
+          pickerOf(ascii(nameOf(Field::Second))), pickerOf(ascii(nameOf(Field::Output)))}) {
+        const auto button = query<css::awt::XButton>(control(name));
+        button->setActionCommand(name);
+        button->addActionListener(actions);
+    }
+    query<css::awt::XListBox>(control(ascii(controls::test)))->addItemListener(items);
+    for (const char* name : {controls::newSheet, controls::cell}) {
+        query<css::awt::XRadioButton>(control(ascii(name)))->addItemListener(items);
+    }
+    query<css::awt::XTopWindow>(m_Dialog)->addTopWindowListener(window);
+}
+
+std::int32_t DialogView::selected(const char* list) const {
+    css::uno::Sequence<sal_Int16> positions;
+    model(ascii(list))->getPropertyValue("SelectedItems") >>= positions;
+    return positions.hasElements() ? positions[0] : 0;
+}
+
+void DialogView::select(const char* list, std::int32_t position) {
+    set(ascii(list), "SelectedItems", Any(sequenceOf(static_cast<sal_Int16>(position))));
+}
+
+void DialogView::fill(const char* list, std::span<const std::string_view> items) {
+    css::uno::Sequence<OUString> texts(static_cast<sal_Int32>(items.size()));
+    std::ranges::transform(items, texts.getArray(), fromUtf8);
+    set(ascii(list), "StringItemList", Any(texts));
+}
+
+bool DialogView::checked(const char* box) const {
+    sal_Int16 state = 0;
+    model(ascii(box))->getPropertyValue("State") >>= state;
+    return state == 1;
+}
+
+void DialogView::check(const char* box, bool checked) {
+    set(ascii(box), "State", Any(static_cast<sal_Int16>(checked ? 1 : 0)));
+}
+
+std::string DialogView::text(Field field) const {
+    OUString text;
+    model(ascii(nameOf(field)))->getPropertyValue("Text") >>= text;
+    return toUtf8(text.trim());
+}
+
+void DialogView::setText(Field field, std::string_view text) {
+    set(ascii(nameOf(field)), "Text", Any(fromUtf8(text)));
+}
+
+void DialogView::setLabel(Field field, std::string_view label, std::string_view help) {
+    set(labelOf(ascii(nameOf(field))), "Label", Any(fromUtf8(label)));
+    set(ascii(nameOf(field)), "HelpText", Any(fromUtf8(help)));
+}
+
+void DialogView::setMessage(Field field, std::string_view message) {
+    set(messageOf(ascii(nameOf(field))), "Label", Any(fromUtf8(message)));
+}
+
+void DialogView::clearMessages() {
+    for (const Field field : {Field::First, Field::Second, Field::Output, Field::None}) {
+        setMessage(field, {});
+    }
+}
+
+void DialogView::setCloseLabel(std::string_view label) {
+    set(ascii(controls::close), "Label", Any(fromUtf8(label)));
+}
+
+void DialogView::focus(Field field) {
+    if (field != Field::None) {
+        query<css::awt::XWindow>(control(ascii(nameOf(field))))->setFocus();
+    }
+}
+
+}  // namespace TBVNonPara::calc

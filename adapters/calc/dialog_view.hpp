@@ -1,0 +1,111 @@
+#pragma once
+
+#include <com/sun/star/awt/XActionListener.hpp>
+#include <com/sun/star/awt/XControl.hpp>
+#include <com/sun/star/awt/XControlContainer.hpp>
+#include <com/sun/star/awt/XItemListener.hpp>
+#include <com/sun/star/awt/XTopWindowListener.hpp>
+#include <com/sun/star/awt/XWindow.hpp>
+#include <com/sun/star/awt/XWindowPeer.hpp>
+#include <com/sun/star/lang/XMultiServiceFactory.hpp>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "adapters/calc/dialog_texts.hpp"
+#include "adapters/calc/documents.hpp"
+
+namespace TBVNonPara::calc {
+
+/// The fields that take a range.
+enum class Field { First, Second, Output, None };
+
+/// The names of the controls that something is asked of.
+namespace controls {
+constexpr auto test = "Test";
+constexpr auto alternative = "Alternative";
+constexpr auto newSheet = "NewSheet";
+constexpr auto cell = "Cell";
+constexpr auto overwrite = "OverWrite";
+constexpr auto labels = "Labels";
+constexpr auto descriptives = "Descriptives";
+constexpr auto ignoreTies = "IgnoreTies";
+constexpr auto run = "Run";
+constexpr auto close = "Close";
+}  // namespace controls
+
+/// What a dialog shows at the moment besides the texts in its fields.
+struct DialogState {
+    bool alternatives = true;
+    bool secondRange = true;
+    bool ignoreTies = false;
+    bool outputCell = false;
+    bool running = false;
+};
+
+/// The window: its controls from top to bottom, laid out anew when some of them come or go.
+class DialogView {
+ public:
+    DialogView(const Context& context, const DialogTexts& texts);
+
+    void open(const Reference<css::awt::XWindowPeer>& parent);
+    void close();
+    void show(bool visible);
+    void bringToFront();
+
+    void listen(const Reference<css::awt::XActionListener>& actions,
+                const Reference<css::awt::XItemListener>& items,
+                const Reference<css::awt::XTopWindowListener>& window);
+
+    /// Shows and enables what belongs to a state, and places it.
+    void arrange(const DialogState& state);
+
+    [[nodiscard]] std::int32_t selected(const char* list) const;
+    void select(const char* list, std::int32_t position);
+    void fill(const char* list, std::span<const std::string_view> items);
+    [[nodiscard]] bool checked(const char* box) const;
+    void check(const char* box, bool checked);
+
+    [[nodiscard]] std::string text(Field field) const;
+    void setText(Field field, std::string_view text);
+    void setLabel(Field field, std::string_view label, std::string_view help);
+    /// The message below a field; without a field, above the buttons. An empty one takes the place away.
+    void setMessage(Field field, std::string_view message);
+    void clearMessages();
+    void setCloseLabel(std::string_view label);
+    void focus(Field field);
+
+    /// Which field a button picks a range for.
+    [[nodiscard]] static Field fieldOfPicker(const OUString& button);
+    [[nodiscard]] static const char* nameOf(Field field);
+
+ private:
+    struct Place;
+
+    void centreOn(const Reference<css::awt::XWindow>& parent);
+
+    Reference<css::beans::XPropertySet> add(const char* kind, const OUString& name);
+    Reference<css::beans::XPropertySet> model(const OUString& name) const;
+    void addLabelled(const char* kind, const char* name, std::string_view label);
+    void addField(Field field, std::string_view label);
+    void addBox(const char* kind, const char* name, std::string_view label);
+    void addButton(const char* name, std::string_view label, std::int16_t type);
+    void addControls();
+    void set(const OUString& name, const char* property, const css::uno::Any& value) const;
+    void place(const OUString& name, const Place& place) const;
+    void hide(const OUString& name) const;
+    std::int32_t arrangeField(Field field, std::int32_t top, bool enabled);
+    std::int32_t arrangeMessage(Field field, std::int32_t left, std::int32_t top);
+    std::int32_t arrangeRow(const char* name, std::int32_t top, bool enabled);
+    std::int32_t arrangeBox(const char* name, std::int32_t top, bool enabled);
+    std::int32_t arrangeReport(std::int32_t top, const DialogState& state);
+    [[nodiscard]] Reference<css::awt::XControl> control(const OUString& name) const;
+
+    Context m_Context;
+    const DialogTexts& m_Texts;
+    Reference<css::lang::XMultiServiceFactory> m_Models;
+    Reference<css::awt::XControl> m_Dialog;
+    std::int16_t m_TabIndex = 0;
+};
+
+}  // namespace TBVNonPara::calc

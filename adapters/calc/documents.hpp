@@ -1,0 +1,40 @@
+#pragma once
+
+#include <com/sun/star/frame/XController.hpp>
+#include <com/sun/star/sheet/XSpreadsheet.hpp>
+#include <com/sun/star/sheet/XSpreadsheetDocument.hpp>
+#include <com/sun/star/sheet/XSpreadsheetView.hpp>
+
+#include "adapters/calc/uno.hpp"
+
+namespace TBVNonPara::calc {
+
+using Context = Reference<css::uno::XComponentContext>;
+using DocumentRef = Reference<css::sheet::XSpreadsheetDocument>;
+using SheetRef = Reference<css::sheet::XSpreadsheet>;
+
+/// The name under which the scratch workbook is looked for.
+constexpr std::string_view scratchTitle = "tbv2007.xlam";
+
+/// The spreadsheet in which the user works.
+[[nodiscard]] DocumentRef activeDocument(const Context& context);
+
+/// An open spreadsheet by its file's name or, before it was saved, by its title. "tbv2007.xlam" is the
+/// hidden scratch workbook, which is made when it is not there yet.
+[[nodiscard]] DocumentRef documentNamed(const Context& context, std::string_view name);
+
+/// The view of a document; empty where none is shown.
+[[nodiscard]] Reference<css::sheet::XSpreadsheetView> viewOf(const DocumentRef& document);
+
+[[nodiscard]] SheetRef sheetAt(const DocumentRef& document, std::int32_t position);
+[[nodiscard]] SheetRef sheetNamed(const DocumentRef& document, const OUString& name);
+/// The sheet on top of the document's view, or its first one.
+[[nodiscard]] SheetRef activeSheet(const DocumentRef& document);
+[[nodiscard]] OUString nameOf(const SheetRef& sheet);
+/// Where a sheet stands in its document, counted from 0.
+[[nodiscard]] std::int16_t positionOf(const SheetRef& sheet);
+
+/// Raises an error where a document must not be changed.
+void refuseReadOnly(const DocumentRef& document);
+
+}  // namespace TBVNonPara::calc

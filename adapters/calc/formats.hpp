@@ -1,0 +1,32 @@
+#pragma once
+
+#include <com/sun/star/table/XCell.hpp>
+#include <com/sun/star/uno/XInterface.hpp>
+#include <string_view>
+
+#include "adapters/calc/documents.hpp"
+#include "core/whole_numbers.hpp"
+#include "host/formatting.hpp"
+
+namespace TBVNonPara::calc {
+
+using Cells = Reference<css::uno::XInterface>;
+
+/// A number format in the notation of English (USA), "General" and "BOOLEAN" among them.
+void setNumberFormat(const DocumentRef& document, const Cells& cells, std::string_view format);
+
+/// The spreadsheet cannot centre over several cells: a heading is centred in its own.
+void setAlignment(const Cells& cells, HorizontalAlignment alignment);
+
+/// The sixteen basic colours of the classic palette, or none.
+void setInteriorColour(const Cells& cells, Integer index);
+
+void setBold(const Cells& cells, bool bold);
+
+/// One edge around the whole range.
+void setBorder(const Cells& cells, BorderEdge edge, BorderLine line);
+
+/// Characters counted from 1.
+void setSubscript(const Reference<css::table::XCell>& cell, Long start, Long length, bool subscript);
+
+}  // namespace TBVNonPara::calc

@@ -1,0 +1,159 @@
+#include "adapters/calc/placing.hpp"
+
+#include <com/sun/star/container/XIndexAccess.hpp>
+#include <com/sun/star/container/XNameContainer.hpp>
+#include <com/sun/star/datatransfer/XTransferableSupplier.hpp>
+#include <com/sun/star/frame/XFrame.hpp>
+#include <com/sun/star/frame/XModel.hpp>
+#include <com/sun/star/sheet/CellFlags.hpp>
+#include <com/sun/star/sheet/XCellRangeMovement.hpp>
+#include <com/sun/star/sheet/XSheetOperation.hpp>
+#include <com/sun/star/sheet/XSpreadsheets2.hpp>
+#include <com/sun/star/util/XMergeable.hpp>
+#include <com/sun/star/util/XProtectable.hpp>
+#include <com/sun/star/view/XSelectionSupplier.hpp>
+
+#include "adapters/calc/main_thread.hpp"
+#include "adapters/calc/reading.hpp"
+#include "adapters/calc/writing.hpp"
+
+namespace TBVNonPara::calc {
+
+namespace {
+
+using css::sheet::XSpreadsheetView;
+
+Reference<css::table::XCellRange> cellsOf(const SheetRef& sheet, const CellArea& area) {
+    return sheet->getCellRangeByPosition(area.left, area.top, area.right, area.bottom);
+}
+
+void selectIn(const Reference<XSpreadsheetView>& view, const SheetRef& sheet, const CellArea& area) {
+    query<css::view::XSelectionSupplier>(view)->select(css::uno::Any(cellsOf(sheet, area)));
+}
+
+void refuseProtected(const SheetRef& sheet) {
+    if (query<css::util::XProtectable>(sheet)->isProtected()) {
+        raiseHostError("The sheet " + toUtf8(nameOf(sheet)) +
+                       " is protected; remove the protection or choose another place for the report.");
+    }
+}
+
+void refuseMerged(const SheetRef& sheet, const CellArea& area) {
+    if (query<css::util::XMergeable>(cellsOf(sheet, area))->getIsMerged()) {
+        raiseHostError("There are merged cells in " + absoluteAddress(area) + " of the sheet " +
+                       toUtf8(nameOf(sheet)) + "; split them or choose another place for the report.");
+    }
+}
+
+void clear(const SheetRef& sheet, const CellArea& area) {
+    namespace Flags = css::sheet::CellFlags;
+    query<css::sheet::XSheetOperation>(cellsOf(sheet, area))
+        ->clearContents(Flags::VALUE | Flags::DATETIME | Flags::STRING | Flags::ANNOTATION | Flags::FORMULA |
+                        Flags::HARDATTR | Flags::STYLES | Flags::EDITATTR | Flags::FORMATTED);
+}
+
+css::table::CellAddress cornerOf(const SheetRef& sheet, const CellArea& area) {
+    return {positionOf(sheet), area.left, area.top};
+}
+
+css::table::CellRangeAddress addressOf(const SheetRef& sheet, const CellArea& area) {
+    return {positionOf(sheet), area.left, area.top, area.right, area.bottom};
+}
+
+void copyWithin(const SheetRef& source, const CellArea& area, const SheetRef& target, const CellArea& block) {
+    query<css::sheet::XCellRangeMovement>(target)->copyRange(cornerOf(target, block),
+                                                             addressOf(source, area));
+}
+
+/// From one view into the other, as by the clipboard but without touching it.
+void transfer(const SheetRef& source, const CellArea& area, const Reference<XSpreadsheetView>& sourceView,
+              const SheetRef& target, const CellArea& block, const Reference<XSpreadsheetView>& targetView) {
+    selectIn(sourceView, source, area);
+    const auto report = query<css::datatransfer::XTransferableSupplier>(sourceView)->getTransferable();
+    if (targetView->getActiveSheet() != target) {
+        targetView->setActiveSheet(target);
+    }
+    selectIn(targetView, target, {block.left, block.top, block.left, block.top});
+    query<css::datatransfer::XTransferableSupplier>(targetView)->insertTransferable(report);
+}
+
+/// Without the views: the whole sheet comes over, the cells are copied from it and it goes again.
+void copyThroughImportedSheet(const SheetAreas& source, const SheetAreas& target, const CellArea& block) {
+    const auto sheets = target.document->getSheets();
+    const auto last = query<css::container::XIndexAccess>(sheets)->getCount();
+    const sal_Int32 position =
+        query<css::sheet::XSpreadsheets2>(sheets)->importSheet(source.document, nameOf(source.sheet), last);
+    const SheetRef imported = sheetAt(target.document, position);
+    const OUString name = nameOf(imported);
+    try {
+        copyWithin(imported, source.areas.front(), target.sheet, block);
+    } catch (...) {
+        sheets->removeByName(name);
+        throw;
+    }
+    sheets->removeByName(name);
+}
+
+void placeAll(const Session& session, const SheetAreas& source, const SheetAreas& target,
+              const CellArea& block) {
+    clear(target.sheet, block);
+    if (source.document == target.document) {
+        copyWithin(source.sheet, source.areas.front(), target.sheet, block);
+        return;
+    }
+    const auto from = viewOf(source.document);
+    const auto to = viewOf(target.document);
+    // From a helper process a view could only be used at the risk of both processes waiting for each other.
+    const bool transferred =
+        from.is() && to.is() && isInsideOffice() && tryOnMainThread(session.context(), [&] {
+            transfer(source.sheet, source.areas.front(), from, target.sheet, block, to);
+        });
+    if (!transferred) {
+        copyThroughImportedSheet(source, target, block);
+    }
+}
+
+}  // namespace
+
+void activate(const Session&, const DocumentRef& document) {
+    const auto view = viewOf(document);
+    if (view.is()) {
+        query<css::frame::XController>(view)->getFrame()->activate();
+    }
+}
+
+void activate(const Session&, const DocumentRef& document, const SheetRef& sheet) {
+    const auto view = viewOf(document);
+    if (view.is() && view->getActiveSheet() != sheet) {
+        view->setActiveSheet(sheet);
+    }
+}
+
+void select(const Session&, const SheetAreas& cells) {
+    const auto view = viewOf(cells.document);
+    if (view.is()) {
+        selectIn(view, cells.sheet, cells.areas.front());
+    }
+}
+
+void place(Session& session, const SheetAreas& source, const SheetAreas& target, PasteKind kind) {
+    const CellArea& from = source.areas.front();
+    const CellArea& corner = target.areas.front();
+    const CellArea block{corner.left, corner.top, corner.left + from.columns() - 1,
+                         corner.top + from.rows() - 1};
+    session.beforeChange(target.document);
+    refuseProtected(target.sheet);
+    refuseMerged(target.sheet, block);
+    switch (kind) {
+        case PasteKind::All:
+            placeAll(session, source, target, block);
+            break;
+        case PasteKind::Values:
+            writeCells(target.document, target.sheet, block, readCells(source.document, source.sheet, from));
+            break;
+        case PasteKind::Formats:
+            raiseHostError("The spreadsheet does not paste formats alone.");
+    }
+}
+
+}  // namespace TBVNonPara::calc

@@ -1,0 +1,101 @@
+#include "adapters/calc/selection.hpp"
+
+#include <com/sun/star/frame/XModel.hpp>
+#include <com/sun/star/sheet/XCellRangeAddressable.hpp>
+#include <com/sun/star/sheet/XSheetCellRanges.hpp>
+#include <span>
+
+#include "adapters/calc/reading.hpp"
+
+namespace TBVNonPara::calc {
+
+namespace {
+
+using css::table::CellRangeAddress;
+
+std::vector<CellRangeAddress> addressesOf(const Reference<css::uno::XInterface>& selection) {
+    if (const auto one = queryIfAny<css::sheet::XCellRangeAddressable>(selection); one.is()) {
+        return {one->getRangeAddress()};
+    }
+    std::vector<CellRangeAddress> addresses;
+    if (const auto several = queryIfAny<css::sheet::XSheetCellRanges>(selection); several.is()) {
+        for (const CellRangeAddress& address : several->getRangeAddresses()) {
+            addresses.push_back(address);
+        }
+    }
+    return addresses;
+}
+
+std::string joined(const SheetRef& sheet, std::span<const CellArea> areas) {
+    std::string text;
+    for (const CellArea& area : areas) {
+        if (!text.empty()) {
+            text += ';';
+        }
+        text += userAddress(sheet, area);
+    }
+    return text;
+}
+
+std::vector<CellArea> columnsOf(const std::vector<CellArea>& areas) {
+    std::vector<CellArea> columns;
+    for (const CellArea& area : areas) {
+        for (std::int32_t column = area.left; column <= area.right && columns.size() < 2; ++column) {
+            columns.push_back({column, area.top, column, area.bottom});
+        }
+    }
+    return columns;
+}
+
+/// A first row of texts names the columns below it.
+bool hasLabels(const SheetAreas& cells, const CellArea& area) {
+    const ValueGrid row = readCells(cells.document, cells.sheet, {area.left, area.top, area.right, area.top});
+    for (Long column = 1; column <= row.columns(); ++column) {
+        if (!std::holds_alternative<Text>(row(1, column))) {
+            return false;
+        }
+    }
+    return true;
+}
+
+}  // namespace
+
+std::string userAddress(const SheetRef& sheet, const CellArea& area) {
+    OUString name;
+    property(sheet->getCellRangeByPosition(area.left, area.top, area.right, area.bottom), "AbsoluteName") >>=
+        name;
+    return toUtf8(name);
+}
+
+SheetAreas selectedCells(const DocumentRef& document) {
+    SheetAreas cells{document, {}, {}};
+    const auto selection = addressesOf(query<css::frame::XModel>(document)->getCurrentSelection());
+    if (selection.empty() || (selection.size() == 1 && normalised(selection.front()).isOneCell())) {
+        return cells;
+    }
+    cells.sheet = sheetAt(document, selection.front().Sheet);
+    for (const CellRangeAddress& address : selection) {
+        cells.areas.push_back(endingWithTheUsedArea(normalised(address), cells.sheet));
+    }
+    return cells;
+}
+
+Suggestion suggest(const SheetAreas& selection, bool groups, bool twoRanges) {
+    if (selection.areas.empty()) {
+        return {};
+    }
+    Suggestion suggestion;
+    suggestion.labels = hasLabels(selection, selection.areas.front());
+    if (groups) {
+        suggestion.first = joined(selection.sheet, selection.areas);
+        return suggestion;
+    }
+    const std::vector<CellArea> columns = columnsOf(selection.areas);
+    suggestion.first = userAddress(selection.sheet, columns.front());
+    if (twoRanges && columns.size() > 1) {
+        suggestion.second = userAddress(selection.sheet, columns[1]);
+    }
+    return suggestion;
+}
+
+}  // namespace TBVNonPara::calc

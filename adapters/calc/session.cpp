@@ -1,0 +1,139 @@
+#include "adapters/calc/session.hpp"
+
+#include <algorithm>
+#include <com/sun/star/document/XUndoManagerSupplier.hpp>
+#include <com/sun/star/frame/XModel.hpp>
+#include <com/sun/star/text/XTextRange.hpp>
+
+#include "adapters/calc/scratch_document.hpp"
+
+namespace TBVNonPara::calc {
+
+namespace {
+
+ValueGrid partOf(const ValueGrid& values, const CellArea& whole, const CellArea& part) {
+    ValueGrid result(part.rows(), part.columns());
+    for (Index column = 1; column <= part.columns(); ++column) {
+        const auto source = values.column(column + part.left - whole.left);
+        std::ranges::copy(source.subspan(static_cast<std::size_t>(part.top - whole.top),
+                                         static_cast<std::size_t>(part.rows())),
+                          result.column(column).begin());
+    }
+    return result;
+}
+
+}  // namespace
+
+Session::Session(Context context, DocumentRef document)
+    : m_Context(std::move(context)), m_Document(std::move(document)) {
+}
+
+DocumentRef Session::document() const {
+    return m_Document.is() ? m_Document : activeDocument(m_Context);
+}
+
+const SheetAreas& Session::copied() const {
+    if (!m_Copied.sheet.is()) {
+        raiseHostError("Nothing was copied that could be pasted.");
+    }
+    return m_Copied;
+}
+
+std::optional<ValueGrid> Session::remembered(const SheetRef& sheet, const CellArea& area) const {
+    for (const Reading& reading : m_Readings) {
+        if (reading.area.contains(area) && reading.sheet == sheet) {
+            return partOf(*reading.values, reading.area, area);
+        }
+    }
+    return std::nullopt;
+}
+
+void Session::remember(const SheetRef& sheet, const CellArea& area, Values values) {
+    if (m_Running) {
+        m_Readings.push_back({sheet, area, std::move(values)});
+    }
+}
+
+void Session::beginRun() {
+    m_Running = true;
+    holdViews(document());
+}
+
+void Session::endRun() noexcept {
+    m_Running = false;
+    m_Readings.clear();
+    leaveUndoContext();
+    releaseViews();
+}
+
+void Session::holdViews(const DocumentRef& document) {
+    releaseViews();
+    query<css::frame::XModel>(document)->lockControllers();
+    m_Held = document;
+}
+
+void Session::releaseViews() noexcept {
+    const DocumentRef held = std::exchange(m_Held, {});
+    try {
+        if (held.is()) {
+            query<css::frame::XModel>(held)->unlockControllers();
+        }
+    } catch (const css::uno::Exception&) {
+        // The document was closed in the meantime: nothing of it is held any more.
+    }
+}
+
+void Session::beforeChange(const DocumentRef& document) {
+    refuseReadOnly(document);
+    m_Readings.clear();
+    if (m_Running && !m_Undoing.is() && !isScratch(document)) {
+        query<css::document::XUndoManagerSupplier>(document)->getUndoManager()->enterUndoContext(
+            reportTitle());
+        m_Undoing = document;
+    }
+}
+
+void Session::forgetBooleans(const SheetRef& sheet, const CellArea& area) {
+    std::erase_if(m_Booleans, [&](const BooleanCell& boolean) {
+        return area.contains(boolean.cell) && boolean.sheet == sheet;
+    });
+}
+
+std::vector<CellArea> Session::booleansIn(const SheetRef& sheet, const CellArea& area) const {
+    std::vector<CellArea> cells;
+    for (const BooleanCell& boolean : m_Booleans) {
+        if (area.contains(boolean.cell) && boolean.sheet == sheet) {
+            cells.push_back(boolean.cell);
+        }
+    }
+    return cells;
+}
+
+void Session::step() const {
+    if (m_OnStep) {
+        m_OnStep();
+    }
+}
+
+void Session::leaveUndoContext() noexcept {
+    const DocumentRef document = std::exchange(m_Undoing, {});
+    try {
+        if (document.is()) {
+            query<css::document::XUndoManagerSupplier>(document)->getUndoManager()->leaveUndoContext();
+        }
+    } catch (const css::uno::Exception&) {
+        // The document was closed in the meantime, and its undo steps with it.
+    }
+}
+
+OUString Session::reportTitle() const {
+    const DocumentRef scratch = documentNamed(m_Context, scratchTitle);
+    const Reference<css::text::XTextRange> cell(sheetAt(scratch, 0)->getCellByPosition(0, 0),
+                                                css::uno::UNO_QUERY_THROW);
+    OUString title = cell->getString();
+    // The heading reads "Mann-Whitney Test Results for:".
+    title.endsWith(" for:", &title);
+    return title;
+}
+
+}  // namespace TBVNonPara::calc

@@ -1,0 +1,91 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "adapters/calc/addresses.hpp"
+#include "core/cell_value.hpp"
+
+namespace TBVNonPara::calc {
+
+/// What the objects of one request share: where it works, what was copied last, and what is held back while a
+/// report is built.
+class Session {
+ public:
+    /// Works on the document given, or else on whichever is active when it is asked for.
+    explicit Session(Context context, DocumentRef document = {});
+
+    [[nodiscard]] const Context& context() const noexcept { return m_Context; }
+    [[nodiscard]] DocumentRef document() const;
+
+    void copy(SheetAreas cells) { m_Copied = std::move(cells); }
+    [[nodiscard]] const SheetAreas& copied() const;
+
+    /// The values read last from cells that hold these: nothing changes on the user's sheets until the report
+    /// is placed, and the same columns are checked first and computed with later.
+    using Values = std::shared_ptr<const ValueGrid>;
+    [[nodiscard]] std::optional<ValueGrid> remembered(const SheetRef& sheet, const CellArea& area) const;
+    void remember(const SheetRef& sheet, const CellArea& area, Values values);
+
+    void beginRun();
+    void endRun() noexcept;
+
+    /// Holds the document's views still until the run ends or updating is switched on.
+    void holdViews(const DocumentRef& document);
+    void releaseViews() noexcept;
+
+    /// Called before the user's document is changed: refuses a read-only one, and makes one undo step of all
+    /// changes of a run, named after the report.
+    void beforeChange(const DocumentRef& document);
+
+    /// Cells that a Boolean was written to: their format tells it from a number, and other formats must not
+    /// take it away.
+    void rememberBoolean(const SheetRef& sheet, const CellArea& cell) { m_Booleans.push_back({sheet, cell}); }
+    void forgetBooleans(const SheetRef& sheet, const CellArea& area);
+    [[nodiscard]] std::vector<CellArea> booleansIn(const SheetRef& sheet, const CellArea& area) const;
+
+    /// Called at every step that a long run takes; what it throws ends the run.
+    void onStep(std::function<void()> step) { m_OnStep = std::move(step); }
+    void step() const;
+
+ private:
+    struct Reading {
+        SheetRef sheet;
+        CellArea area;
+        Values values;
+    };
+
+    struct BooleanCell {
+        SheetRef sheet;
+        CellArea cell;
+    };
+
+    void leaveUndoContext() noexcept;
+    [[nodiscard]] OUString reportTitle() const;
+
+    Context m_Context;
+    DocumentRef m_Document;
+    SheetAreas m_Copied;
+    bool m_Running = false;
+    std::vector<Reading> m_Readings;
+    std::vector<BooleanCell> m_Booleans;
+    DocumentRef m_Held;
+    DocumentRef m_Undoing;
+    std::function<void()> m_OnStep;
+};
+
+/// One run: whatever happens in it, the views are released and the undo step is closed at its end.
+class Run {
+ public:
+    explicit Run(Session& session) : m_Session(session) { m_Session.beginRun(); }
+    ~Run() { m_Session.endRun(); }
+    Run(const Run&) = delete;
+    Run& operator=(const Run&) = delete;
+
+ private:
+    Session& m_Session;
+};
+
+}  // namespace TBVNonPara::calc

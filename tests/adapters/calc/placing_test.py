@@ -1,0 +1,228 @@
+"""Where a report goes: undo, protection, what stands in the way, several documents, what must stay as it was."""
+
+import pathlib
+import tempfile
+import unittest
+
+import uno  # noqa: F401
+from com.sun.star.uno import RuntimeException
+from TBVNonPara import AnalysisException
+
+from office import Office, TestCase, cells_of
+
+OBJECT_ERROR = -2147221504
+CALC_ERROR = 1004
+COLUMNS = [["Before", 1, 2, 3], ["After", 4, 5, 6]]
+EVERYTHING = 1023
+
+
+def setUpModule():
+    global office
+    office = unittest.enterModuleContext(Office())
+
+
+def undo_titles(document):
+    return list(document.UndoManager.AllUndoActionTitles)
+
+
+class Placing(TestCase):
+    def setUp(self):
+        self.document = office.open_with(COLUMNS)
+        self.sheet = self.document.Sheets.getByIndex(0)
+        self.request = self.make_request()
+
+    def tearDown(self):
+        try:
+            self.document.close(True)
+        except RuntimeException:
+            pass
+
+    def make_request(self, output=None, method=0):
+        request = office.create("TBVNonPara.clsNonPara")
+        request.Method = method
+        request.Headers = True
+        request.OutputDescriptives = True
+        request.YRange = "Data!A1:A4"
+        request.XRange = "Data!B1:B4"
+        if output:
+            request.OutputRange = output
+        return request
+
+    def refused(self, number, request, words):
+        before = cells_of(self.sheet), self.document.Sheets.ElementNames, undo_titles(self.document)
+        with self.assertRaises(AnalysisException) as caught:
+            request.Results(True)
+        self.assertEqual(caught.exception.Number, number)
+        self.assertIn(words, caught.exception.Message)
+        after = cells_of(self.sheet), self.document.Sheets.ElementNames, undo_titles(self.document)
+        self.assertEqual(after, before)
+        self.assertFalse(self.document.hasControllersLocked())
+
+    def test_one_undo_takes_back_the_report_and_its_sheet(self):
+        self.document.UndoManager.clear()
+        self.request.Results()
+        self.assertEqual(self.document.Sheets.Count, 2)
+        self.assertEqual(undo_titles(self.document), ["Mann-Whitney Test Results"])
+        self.document.UndoManager.undo()
+        self.assertEqual(self.document.Sheets.ElementNames, ("Data",))
+        self.document.UndoManager.redo()
+        self.assertEqual(self.document.Sheets.Count, 2)
+        self.assertEqual(cells_of(self.document.Sheets.getByIndex(1))[0][0], "Mann-Whitney Test Results for:")
+
+    def test_one_undo_gives_back_what_a_report_replaced(self):
+        request = self.make_request("Data!D1")
+        self.sheet.getCellRangeByName("D2").String = "mine"
+        self.sheet.getCellRangeByName("E2").Formula = "=1+1"
+        self.document.UndoManager.clear()
+        with self.assertRaises(AnalysisException) as caught:
+            request.Results()
+        self.assertEqual(caught.exception.Number, OBJECT_ERROR + 5031)
+        self.assertEqual(undo_titles(self.document), [])
+        request.Results(True)
+        self.assertEqual(self.sheet.getCellRangeByName("D1").String, "Mann-Whitney Test Results for:")
+        self.document.UndoManager.undo()
+        self.assertEqual(self.sheet.getCellRangeByName("D1").String, "")
+        self.assertEqual(self.sheet.getCellRangeByName("D2").String, "mine")
+        self.assertEqual(self.sheet.getCellRangeByName("E2").Formula, "=1+1")
+
+    def test_the_report_arrives_with_its_formats(self):
+        request = self.make_request("Data!D1")
+        request.Results()
+        cell = self.sheet.getCellRangeByName
+        formats = self.document.NumberFormats
+        self.assertEqual(cell("D1").CharWeight, 150)
+        self.assertEqual(formats.getByKey(cell("E8").NumberFormat).FormatString, "0.0000")
+        self.assertEqual(formats.getByKey(cell("G8").NumberFormat).FormatString, "0.0")
+        self.assertEqual(formats.getByKey(cell("E13").NumberFormat).FormatString, "0")
+        self.assertGreater(cell("D7").BottomBorder.OuterLineWidth + cell("D8").TopBorder.OuterLineWidth, 0)
+        self.assertGreater(cell("D13").LeftBorder.OuterLineWidth, 0)
+        self.assertEqual(cell("E6").HoriJustify.value, "CENTER")
+        self.assertEqual(cell("D16").CharWeight, 150)
+
+    def test_subscripts_arrive(self):
+        request = self.make_request("Data!D1", method=2)
+        request.Results()
+        lowered = []
+        for row in range(40):
+            for column in range(3, 10):
+                for paragraph in self.sheet.getCellByPosition(column, row):
+                    for portion in paragraph:
+                        if portion.CharEscapement < 0:
+                            lowered.append(portion.String)
+        self.assertEqual(lowered, ["s"])
+
+    def test_refuses_a_protected_sheet(self):
+        request = self.make_request("Data!D1")
+        self.sheet.protect("")
+        self.refused(CALC_ERROR, request, "protected")
+        self.sheet.unprotect("")
+        request.Results()
+
+    def test_refuses_a_new_sheet_where_the_structure_is_protected(self):
+        self.document.protect("")
+        self.refused(CALC_ERROR, self.request, "structure is protected")
+
+    def test_refuses_merged_cells_in_the_way(self):
+        self.sheet.getCellRangeByName("E3:F4").merge(True)
+        self.refused(CALC_ERROR, self.make_request("Data!D1"), "merged cells")
+
+    def test_refuses_a_read_only_document(self):
+        with tempfile.TemporaryDirectory() as folder:
+            file = pathlib.Path(folder) / "kept.ods"
+            self.document.storeToURL(file.as_uri(), ())
+            self.document.close(True)
+            self.document = office.open(file.as_uri(), ReadOnly=True)
+            self.sheet = self.document.Sheets.getByIndex(0)
+            self.refused(CALC_ERROR, self.make_request("Data!D1"), "read-only")
+            self.refused(CALC_ERROR, self.make_request(), "read-only")
+
+    def test_a_document_closed_in_between_is_an_error(self):
+        request = self.make_request("Data!D1")
+        self.document.close(True)
+        with self.assertRaises(AnalysisException):
+            request.Results()
+        other = office.open_with(COLUMNS)
+        try:
+            self.make_request("Data!D1").Results()
+            self.assertEqual(cells_of(other.Sheets.getByIndex(0))[0][3], "Mann-Whitney Test Results for:")
+        finally:
+            other.close(True)
+
+    def test_ranges_stay_with_the_document_they_were_named_in(self):
+        other = office.open_with([["x", 9, 9, 9], ["y", 8, 8, 8]])
+        try:
+            self.document.CurrentController.Frame.activate()
+            first = self.make_request("Data!D1")
+            other.CurrentController.Frame.activate()
+            second = self.make_request("Data!D1")
+            first.Results()
+            second.Results()
+            for document, label in ((self.document, "Before"), (other, "x")):
+                cells = cells_of(document.Sheets.getByIndex(0))
+                self.assertEqual(cells[0][3], "Mann-Whitney Test Results for:")
+                self.assertEqual(cells[6][4], label)
+        finally:
+            other.close(True)
+
+    def test_everything_else_stays_as_it_was(self):
+        sheets = self.document.Sheets
+        sheets.insertNewByName("Other", 1)
+        other = sheets.getByName("Other")
+        other.getCellRangeByName("A1").Value = 42
+        request = self.make_request("Data!D1")
+        clipboard = office.create("com.sun.star.datatransfer.clipboard.SystemClipboard")
+        before = clipboard.getContents()
+        names = sheets.ElementNames
+        request.Results()
+        self.assertEqual(sheets.ElementNames, names)
+        self.assertEqual(cells_of(other), ((42.0,),))
+        self.assertEqual(clipboard.getContents(), before)
+        self.assertEqual(self.document.CurrentController.ActiveSheet.Name, "Data")
+        self.assertEqual(self.document.CurrentSelection.AbsoluteName, "$Data.$D$1")
+        self.assertFalse(self.document.hasControllersLocked())
+
+    def test_a_new_sheet_comes_last_and_to_the_front(self):
+        self.document.Sheets.insertNewByName("Other", 1)
+        self.request.Results()
+        names = self.document.Sheets.ElementNames
+        self.assertEqual(names[:2], ("Data", "Other"))
+        self.assertEqual(self.document.CurrentController.ActiveSheet.Name, names[2])
+
+    def test_a_failed_run_leaves_the_views_free_and_no_undo_step(self):
+        self.document.UndoManager.clear()
+        self.request.Method = 8
+        with self.assertRaises(AnalysisException):
+            self.request.Results()
+        self.assertFalse(self.document.hasControllersLocked())
+        # The new sheet stays, as an undo step of its own.
+        self.assertEqual(self.document.Sheets.Count, 2)
+
+    def test_the_scratch_workbook_is_one_hidden_unchanged_document(self):
+        self.request.Results()
+        self.make_request().Results()
+        titles = []
+        documents = office.desktop.Components.createEnumeration()
+        while documents.hasMoreElements():
+            document = documents.nextElement()
+            titles.append(document.Title)
+            if document.Title == "tbv2007.xlam":
+                self.assertFalse(document.isModified())
+                self.assertFalse(document.CurrentController.Frame.ContainerWindow.isVisible())
+                self.assertEqual(document.Sheets.ElementNames, ("Results",))
+                self.assertEqual(document.UndoManager.AllUndoActionTitles, ())
+        self.assertEqual(titles.count("tbv2007.xlam"), 1)
+        self.assertNotEqual(office.desktop.getCurrentComponent().Title, "tbv2007.xlam")
+
+    def test_saving_the_document_saves_the_users_sheets_only(self):
+        self.make_request("Data!D1").Results()
+        with tempfile.TemporaryDirectory() as folder:
+            file = pathlib.Path(folder) / "saved.ods"
+            self.document.storeToURL(file.as_uri(), ())
+            again = office.open(file.as_uri())
+            self.assertEqual(again.Sheets.ElementNames, ("Data",))
+            self.assertEqual(cells_of(again.Sheets.getByIndex(0))[0][3], "Mann-Whitney Test Results for:")
+            again.close(True)
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,46 @@
+"""What is tested inside the office's own process: the scenarios, documents without views, the time taken."""
+
+import os
+import re
+import unittest
+
+import uno  # noqa: F401
+from com.sun.star.beans import NamedValue
+
+from office import Office, TestCase
+
+COMPONENT = os.environ["TBVNONPARA_SCENARIOS"]
+
+
+def named_value(name, value):
+    result = NamedValue()
+    result.Name, result.Value = name, value
+    return result
+
+
+class InsideTheOffice(TestCase):
+    def run_inside(self, tests, at_least):
+        with Office() as office:
+            # Loaded by its file: a component of tests needs no registration.
+            loader = office.create("com.sun.star.loader.SharedLibrary")
+            factory = loader.activate("TBVNonPara.Scenarios", "", "file://" + COMPONENT, None)
+            job = factory.createInstanceWithContext(office.context)
+            status = job.execute((named_value("filter", tests), named_value("brief", "1")))
+            log = office.log.read_text(errors="replace")
+        said = "\n".join(line for line in log.splitlines() if "javaldx" not in line)
+        print("\n" + said)
+        self.assertEqual(status, 0, "see above")
+        self.assertGreaterEqual(int(re.search(r"PASSED\s*\] (\d+) test", said).group(1)), at_least)
+
+    def test_every_scenario_gives_the_report_of_the_embedded_workbook(self):
+        self.run_inside("*ScenarioTest*", 60)
+
+    def test_documents_without_views_take_reports(self):
+        self.run_inside("WithoutViews.*", 2)
+
+    def test_large_data_take_at_most_twice_calcs_own_time(self):
+        self.run_inside("Timing.*", 2)
+
+
+if __name__ == "__main__":
+    unittest.main()

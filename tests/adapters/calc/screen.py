@@ -1,0 +1,144 @@
+"""A screen of the test's own, and the windows on it: seen through accessibility, photographed, clicked."""
+
+import os
+import pathlib
+import subprocess
+import time
+
+import uno  # noqa: F401
+from com.sun.star.uno import RuntimeException
+
+
+class Screen:
+    """with Screen() as screen: ... A virtual display without a window manager."""
+
+    def __init__(self, width=1280, height=800):
+        self.size = f"{width}x{height}x24"
+        self.server = None
+
+    def __enter__(self):
+        read, write = os.pipe()
+        self.server = subprocess.Popen(
+            ["timeout", "-k", "5", "600", "Xvfb", "-displayfd", str(write), "-screen", "0", self.size,
+             "-nolisten", "tcp"],
+            pass_fds=[write], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+            stderr=subprocess.DEVNULL)
+        os.close(write)
+        with os.fdopen(read) as answer:
+            number = answer.readline().strip()
+        self.before = os.environ.get("DISPLAY")
+        os.environ["DISPLAY"] = ":" + number
+        os.environ["SAL_USE_VCLPLUGIN"] = "gen"
+        return self
+
+    def __exit__(self, *_):
+        self.server.terminate()
+        self.server.wait()
+        os.environ.pop("DISPLAY")
+
+    @staticmethod
+    def picture(file):
+        pathlib.Path(file).parent.mkdir(parents=True, exist_ok=True)
+        subprocess.run(["timeout", "20", "import", "-window", "root", str(file)], check=True,
+                       stdin=subprocess.DEVNULL)
+
+    @staticmethod
+    def mouse(*steps):
+        subprocess.run(["timeout", "20", "xdotool", *map(str, steps)], check=True,
+                       stdin=subprocess.DEVNULL)
+
+
+def wait_for(what, seconds=30):
+    """The first answer that is not nothing."""
+    limit = time.monotonic() + seconds
+    while True:
+        answer = what()
+        if answer:
+            return answer
+        if time.monotonic() > limit:
+            return answer
+        time.sleep(0.05)
+
+
+class Element:
+    """A control as a screen reader meets it."""
+
+    def __init__(self, context):
+        self.context = context
+
+    @property
+    def name(self):
+        return self.context.getAccessibleName()
+
+    @property
+    def role(self):
+        return self.context.getAccessibleRole()
+
+    @property
+    def children(self):
+        count = min(self.context.getAccessibleChildCount(), 200)
+        found = []
+        for i in range(count):
+            child = self.context.getAccessibleChild(i)
+            if child is not None:
+                found.append(Element(child.getAccessibleContext()))
+        return found
+
+    def has(self, state):
+        states = self.context.getAccessibleStateSet()
+        if isinstance(states, int):
+            return bool(states & (1 << state))
+        return states.contains(state)
+
+    def walk(self):
+        yield self
+        for child in self.children:
+            yield from child.walk()
+
+    def find(self, name, role=None):
+        for element in self.walk():
+            if element.name == name and (role is None or element.role == role):
+                return element
+        return None
+
+    def click(self):
+        return self.context.doAccessibleAction(0)
+
+    def type(self, text):
+        return self.context.setText(text)
+
+    @property
+    def text(self):
+        return self.context.getText()
+
+    @property
+    def box(self):
+        """Left, top, width and height on the screen."""
+        place, size = self.context.getLocationOnScreen(), self.context.getSize()
+        return place.X, place.Y, size.Width, size.Height
+
+
+def windows(office):
+    toolkit = office.create("com.sun.star.awt.Toolkit")
+    found = []
+    for i in range(toolkit.getTopWindowCount()):
+        try:
+            element = Element(toolkit.getTopWindow(i).getAccessibleContext())
+            if element.name is not None:
+                found.append(element)
+        except (AttributeError, RuntimeException):
+            pass  # It has gone since it was counted.
+    return found
+
+
+def window_now(office, title):
+    """The window with a title, or nothing: also where it goes while it is looked at."""
+    try:
+        return next((candidate for candidate in windows(office) if candidate.name == title), None)
+    except RuntimeException:
+        return None
+
+
+def window(office, title, seconds=30):
+    """The window with a title, once it is there."""
+    return wait_for(lambda: window_now(office, title), seconds)

@@ -1,0 +1,94 @@
+#include <chrono>
+#include <com/sun/star/container/XNamed.hpp>
+#include <com/sun/star/sheet/XCellRangeData.hpp>
+#include <gtest/gtest.h>
+#include <iostream>
+
+#include "adapters/calc/calc_application.hpp"
+#include "request/clsNonPara.hpp"
+#include "tests/adapters/calc/office_document.hpp"
+
+namespace TBVNonPara::Scenarios {
+
+namespace {
+
+using namespace TBVNonPara::calc;
+using Data = css::uno::Sequence<css::uno::Sequence<css::uno::Any>>;
+
+double seconds(const auto& work) {
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+/// Numbers without order or ties, the same in every run.
+Data numbers(sal_Int32 rows, sal_Int32 columns) {
+    Data data(rows);
+    auto* const row = data.getArray();
+    std::uint64_t state = 1;
+    for (sal_Int32 i = 0; i < rows; ++i) {
+        row[i].realloc(columns);
+        css::uno::Any* const cells = row[i].getArray();
+        for (sal_Int32 j = 0; j < columns; ++j) {
+            state = state * 6364136223846793005U + 1442695040888963407U;
+            cells[j] <<= static_cast<double>(state >> 11U) / 9007199254740992.0;
+        }
+    }
+    return data;
+}
+
+class Timing : public testing::Test {
+ protected:
+    [[nodiscard]] Reference<css::sheet::XCellRangeData> block(const SheetRef& sheet, sal_Int32 rows,
+                                                              sal_Int32 columns) const {
+        return query<css::sheet::XCellRangeData>(sheet->getCellRangeByPosition(0, 0, columns - 1, rows - 1));
+    }
+
+    /// Calc's own time for as many cells: to read the data, and to write a block in one piece.
+    double own(sal_Int32 rows, sal_Int32 writtenRows, sal_Int32 writtenColumns) {
+        double time = seconds([&] { (void)block(open.sheet(), rows, 2)->getDataArray(); });
+        const Data written = numbers(writtenRows, writtenColumns);
+        open.document()->getSheets()->insertNewByName("Other", 1);
+        const auto target = block(sheetAt(open.document(), 1), writtenRows, writtenColumns);
+        time += seconds([&] { target->setDataArray(written); });
+        open.document()->getSheets()->removeByName("Other");
+        return time;
+    }
+
+    double run(sal_Int32 rows, bool descriptives) {
+        const auto session = std::make_shared<Session>(officeContext(), open.document());
+        clsNonPara request(ownCompanions(makeObject<CalcApplication>(session)));
+        const std::string last = std::to_string(rows);
+        request.LetOutputDescriptives(descriptives);
+        request.LetYRange("A1:A" + last);
+        request.LetXRange("B1:B" + last);
+        return seconds([&] {
+            const calc::Run running(*session);
+            request.Results();
+        });
+    }
+
+    void compare(const char* name, sal_Int32 rows, bool descriptives, sal_Int32 writtenRows,
+                 sal_Int32 writtenColumns) {
+        block(open.sheet(), rows, 2)->setDataArray(numbers(rows, 2));
+        const double calcs = own(rows, writtenRows, writtenColumns);
+        const double ours = run(rows, descriptives);
+        std::cout << name << ": " << ours << " s; Calc's own reading and writing: " << calcs << " s"
+                  << std::endl;
+    }
+
+    OpenDocument open;
+};
+
+TEST_F(Timing, AMillionRowsAreAnalysed) {
+    compare("Mann-Whitney, 1,000,000 rows by 2", 1'000'000, false, 1'000'000, 2);
+}
+
+TEST_F(Timing, TablesOfAHundredThousandRowsArePlaced) {
+    // The table has a column of labels, two of values and two of ranks.
+    compare("Descriptive tables of 100,000 rows by 2", 100'000, true, 100'000, 5);
+}
+
+}  // namespace
+
+}  // namespace TBVNonPara::Scenarios
