@@ -3,6 +3,7 @@
 #include "adapters/com/errors.hpp"
 #include "adapters/com/host_object.hpp"
 #include "core/enumerations.hpp"
+#include "tests/adapters/com/client_cases.hpp"
 #include "tests/adapters/com/desk.hpp"
 #include "tests/adapters/com/peer_factory.hpp"
 
@@ -33,10 +34,7 @@ class EarlyBoundClient : public testing::TestWithParam<Place> {
         const HostObject cells = range("Data!A1:B3");
         cells.put(L"Value", toVariant(ValueGrid{{1.0, 4.0}, {2.0, 5.0}, {3.0, 6.0}}, Texts::AsEntered));
         (void)m_Application.get(L"Hook");
-        m_Object = m_Application
-                       .object(Kind::Application, L"CreateObject", std::string_view("TBVNonPara.clsNonPara"))
-                       .dispatch()
-                       .as<_clsNonPara>();
+        m_Object = create();
     }
     ~EarlyBoundClient() override {
         m_Object = {};
@@ -48,6 +46,14 @@ class EarlyBoundClient : public testing::TestWithParam<Place> {
         check(CoCreateInstance(GetParam().application, nullptr, GetParam().context, IID_IDispatch,
                                reinterpret_cast<void**>(created.out())));
         return HostObject(created, Kind::Application, std::make_shared<ObjectModel>());
+    }
+
+    /// Another object, where the application is.
+    [[nodiscard]] ComPtr<_clsNonPara> create() const {
+        return m_Application
+            .object(Kind::Application, L"CreateObject", std::string_view("TBVNonPara.clsNonPara"))
+            .dispatch()
+            .as<_clsNonPara>();
     }
 
     [[nodiscard]] HostObject range(std::string_view address) const {
@@ -72,6 +78,40 @@ TEST_P(EarlyBoundClient, RunsATestToItsReport) {
     ASSERT_EQ(seen(m_Object->Results(&overWrite)), (Seen{S_OK, "", ""}));
     EXPECT_EQ(range("Data!E1").getText(L"Value"), "Mann-Whitney Test Results for:");
     EXPECT_EQ(range("Data!H7").getNumber(L"Value"), 0.05);
+}
+
+TEST_P(EarlyBoundClient, RunsEachTestToAReportUnderItsTitle) {
+    ASSERT_TRUE(m_Object);
+    range("Data!A1:D6").put(L"Value", toVariant(testedCells(), Texts::AsEntered));
+    m_Object->put_Headers(VARIANT_TRUE);
+    m_Object->put_OutputDescriptives(VARIANT_TRUE);
+    m_Object->put_OutputRange(Address("Data!J1"));
+    for (const ClientTest& test : clientTests()) {
+        SCOPED_TRACE(test.name);
+        m_Object->put_Method(test.method);
+        EXPECT_EQ(seen(m_Object->put_YRange(Address(test.y))), (Seen{S_OK, "", ""}));
+        EXPECT_EQ(seen(m_Object->put_XRange(Address(test.x))), (Seen{S_OK, "", ""}));
+        VARIANT_BOOL overWrite = VARIANT_TRUE;
+        EXPECT_EQ(seen(m_Object->Results(&overWrite)), (Seen{S_OK, "", ""}));
+        EXPECT_EQ(range("Data!J1").getText(L"Value"), test.title);
+    }
+}
+
+TEST_P(EarlyBoundClient, SeesEachRefusal) {
+    ASSERT_TRUE(m_Object);
+    range("Data!A1:C4").put(L"Value", toVariant(refusedCells(), Texts::AsEntered));
+    for (const Refusal& refusal : refusals()) {
+        SCOPED_TRACE(refusal.name);
+        const ComPtr<_clsNonPara> object = create();
+        object->put_Method(refusal.method);
+        object->put_Headers(refusal.headers);
+        EXPECT_EQ(seen(object->put_YRange(Address(refusal.y))), (Seen{refusal.yNumber, "", ""}));
+        EXPECT_EQ(seen(object->put_XRange(Address(refusal.x))), (Seen{refusal.xNumber, "", ""}));
+        if (refusal.number != 0) {
+            VARIANT_BOOL overWrite = VARIANT_FALSE;
+            EXPECT_EQ(seen(object->Results(&overWrite)), (Seen{refusal.number, GetParam().source, ""}));
+        }
+    }
 }
 
 TEST_P(EarlyBoundClient, SeesTheNumberAndTheSourceOfAnError) {

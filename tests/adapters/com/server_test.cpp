@@ -149,47 +149,6 @@ TEST(Server, AReportOfTenThousandRowsTakesAFewHundredCalls) {
     EXPECT_NEAR(calls, callsOfAReport(100), 10);
 }
 
-double microseconds(int times, const auto& action) {
-    LARGE_INTEGER frequency;
-    LARGE_INTEGER start;
-    LARGE_INTEGER end;
-    QueryPerformanceFrequency(&frequency);
-    QueryPerformanceCounter(&start);
-    for (int k = 0; k < times; ++k) {
-        action();
-    }
-    QueryPerformanceCounter(&end);
-    return 1e6 * static_cast<double>(end.QuadPart - start.QuadPart) /
-           static_cast<double>(frequency.QuadPart) / times;
-}
-
-TEST_F(Desk, CostsLittle) {
-    std::wstring name = L"Headers";
-    LPOLESTR names[] = {name.data()};
-    const auto putLate = [&] {
-        DISPID id = 0;
-        m_Object->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id);
-        VARIANT truth = Variant(true).release();
-        DISPID named = DISPID_PROPERTYPUT;
-        DISPPARAMS parameters{&truth, &named, 1, 1};
-        m_Object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYPUT, &parameters, nullptr,
-                         nullptr, nullptr);
-    };
-    const double late = microseconds(100000, putLate);
-    const double early = microseconds(100000, [&] { m_Object->put_Headers(VARIANT_TRUE); });
-    const double run = microseconds(100, [&] {
-        VARIANT_BOOL overWrite = VARIANT_TRUE;
-        m_Object->put_YRange(Address("Data!A1:A4"));
-        m_Object->put_XRange(Address("Data!B1:B4"));
-        m_Object->put_OutputRange(Address("Data!E1"));
-        EXPECT_EQ(m_Object->Results(&overWrite), S_OK);
-    });
-    std::cout << "microseconds: a property put late " << late << ", early " << early
-              << ", a whole Mann-Whitney run " << run << '\n';
-    EXPECT_LT(late, 100);
-    EXPECT_LT(run, 1e6);
-}
-
 }  // namespace
 
 }  // namespace TBVNonPara::com
