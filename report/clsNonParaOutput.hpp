@@ -65,6 +65,9 @@ class clsNonParaOutput {
     void write(Long row, Long column, const ValueGrid& values) const;
     void writeLine(Long row, std::span<const CellValue> values) const;
     void writeTitle(std::string_view text);
+    /// A statistic, the first of its counts and its probability below the row of their headings, which the
+    /// cursor is on.
+    void writeStatistic(double statistic, const Array<Long>& counts, double P);
     void widenTo(Long column);
 
     WorksheetRef m_Sheet;

@@ -141,6 +141,17 @@ void clsNonParaOutput::writeTitle(std::string_view text) {
     m_Formatter->FormatTitle(cell(m_Row, 1), false);
 }
 
+void clsNonParaOutput::writeStatistic(double statistic, const Array<Long>& counts, double P) {
+    const Long values = m_Row + 1;
+    write(values, 1, statistic);
+    write(values, 2, toDouble(counts(1)));
+    write(values, 3, P);
+    m_Formatter->FormatBody(line(values, 1, 3), false);
+    cell(values, 2)->LetNumberFormat("0");
+    m_Row += 2;
+    widenTo(3);
+}
+
 void clsNonParaOutput::widenTo(Long column) {
     const Integer width = column.value();
     if (m_MaxCol < width) {

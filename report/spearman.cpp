@@ -45,14 +45,7 @@ void clsNonParaOutput::OutputTest(const Labels& labels, double Statistic, const 
         cell(m_Row, 1)->LetCharactersFontSubscript(2, 1, true);
     }
 
-    const Long values = m_Row + 1;
-    write(values, 1, Statistic);
-    write(values, 2, toDouble(DF(1)));
-    write(values, 3, P);
-    m_Formatter->FormatBody(line(values, 1, 3), false);
-    cell(values, 2)->LetNumberFormat("0");
-    m_Row += 2;
-    widenTo(3);
+    writeStatistic(Statistic, DF, P);
 } catch (...) {
     passOn("clsNonParaOutput.OutputTest");
 }

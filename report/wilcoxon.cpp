@@ -104,14 +104,7 @@ void clsNonParaOutput::OutputWilcoxonTest(const Labels& labels, double Statistic
     m_Formatter->FormatTable(line(m_Row, 1, 3), false);
     writeLine(m_Row, std::array<CellValue, 3>{UseApprox ? "Z" : "T", "N", "P"});
 
-    const Long values = m_Row + 1;
-    write(values, 1, Statistic);
-    write(values, 2, toDouble(Counts(1)));
-    write(values, 3, P);
-    m_Formatter->FormatBody(line(values, 1, 3), false);
-    cell(values, 2)->LetNumberFormat("0");
-    m_Row += 2;
-    widenTo(3);
+    writeStatistic(Statistic, Counts, P);
 } catch (...) {
     passOn("clsNonParaOutput.OutputWilcoxonTest");
 }

@@ -1,8 +1,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
-#include "tests/support/engine_fixture.hpp"
-#include "tests/support/reference_rows.hpp"
+#include "tests/engine/k_samples.hpp"
 
 namespace TBVNonPara {
 namespace {
@@ -11,17 +10,8 @@ using namespace Support;
 
 constexpr const char* here = " Line 0 in TBVNonPara.clsNonParaBO.AnalyseFriedman";
 
-LoadedEngine loaded(const ValueGrid& treatments) {
-    return {tbvNPFriedman, tbvNPTwoTailed, treatments, CellValue()};
-}
-
-/// An engine with the analysis done.
-struct Analysed : LoadedEngine {
-    explicit Analysed(const ValueGrid& values)
-        : LoadedEngine(tbvNPFriedman, tbvNPTwoTailed, values, CellValue()) {
-        engine.Analyse();
-    }
-};
+using Loaded = Samples<tbvNPFriedman>;
+using Analysed = AnalysedSamples<tbvNPFriedman>;
 
 TEST(Friedman, RanksEachBlockByItself) {
     const Analysed test(columns({{1, 10, 100, 21}, {2, 20, 200, 20}, {3, 30, 300, 22}}));
@@ -43,27 +33,8 @@ TEST(Friedman, RanksEachBlockByItself) {
     EXPECT_NEAR(engine.GetAlternateP(), std::pow(1 + 26.0 / 6, -3), 1e-15);
 }
 
-double resultNamed(const clsNonParaBO& engine, const std::string& name) {
-    return name == "chi_square" ? engine.GetChiSq()
-           : name == "p"        ? engine.GetP()
-           : name == "f"        ? engine.GetAlternateStat()
-                                : engine.GetAlternateP();
-}
-
 TEST(Friedman, AgreesWithR) {
-    int compared = 0;
-    for (const auto& row : referenceRows("k_samples.csv")) {
-        if (row.at(0) != "friedman") {
-            continue;
-        }
-        const Analysed test(asColumns(numberLists(row.at(1))));
-        const double expected = std::stod(row.at(3));
-        // The difference that X is loses the digits of 3 (k + 1) b before its own.
-        EXPECT_NEAR(resultNamed(test.engine, row.at(2)), expected, 1e-12 * std::abs(expected))
-            << row.at(2) << " of " << row.at(1);
-        compared += 1;
-    }
-    EXPECT_GE(compared, 24);
+    EXPECT_GE(compareWithR<tbvNPFriedman>("friedman"), 24);
 }
 
 struct StatisticCase {
@@ -113,15 +84,8 @@ TEST(FriedmanQuirks, TwoUnequalBlocksOfTiesKeepTheAsymmetryOfF) {
     EXPECT_DOUBLE_EQ(test.engine.GetAlternateStat(), 13.0 / 3);
 }
 
-struct FailureCase {
-    const char* name;
-    std::vector<Cells> treatments;
-    int number;
-    friend void PrintTo(const FailureCase& each, std::ostream* out) { *out << each.name; }
-};
-
 // clang-format off
-const FailureCase failureCases[] = {
+const SamplesFailure failureCases[] = {
     {"EveryBlockWhollyTied",               {{5, 7}, {5, 7}, {5, 7}},     6},
     {"NothingButEmptyCells",               {{blank, blank}, {blank}},    6},
     {"OneTreatment",                       {{1, 2, 3}},                  6},
@@ -132,18 +96,18 @@ const FailureCase failureCases[] = {
 };
 // clang-format on
 
-class FriedmanFailure : public testing::TestWithParam<FailureCase> {};
+class FriedmanFailure : public testing::TestWithParam<SamplesFailure> {};
 
 TEST_P(FriedmanFailure, NamesTheProcedure) {
-    LoadedEngine test = loaded(columns(GetParam().treatments));
-    EXPECT_EQ(failureOf([&] { test.engine.Analyse(); }), std::to_string(GetParam().number) + here);
+    EXPECT_EQ(failureOfSamples<tbvNPFriedman>(columns(GetParam().samples)),
+              std::to_string(GetParam().number) + here);
 }
 
 INSTANTIATE_TEST_SUITE_P(, FriedmanFailure, testing::ValuesIn(failureCases),
                          [](const auto& instance) { return instance.param.name; });
 
 TEST(Friedman, OneOrderInEveryBlockFailsAfterItsProbabilityIsStored) {
-    LoadedEngine test = loaded(columns({{1, 4}, {2, 5}, {3, 6}}));
+    Loaded test(columns({{1, 4}, {2, 5}, {3, 6}}));
     EXPECT_EQ(failureOf([&] { test.engine.Analyse(); }), std::string("11") + here);
     EXPECT_EQ(test.engine.GetChiSq(), 4);
     EXPECT_NEAR(test.engine.GetP(), std::exp(-2.0), 1e-15);
@@ -151,7 +115,7 @@ TEST(Friedman, OneOrderInEveryBlockFailsAfterItsProbabilityIsStored) {
 }
 
 TEST(Friedman, OneBlockWithATieHasNoSecondDegreesOfFreedomForTheHost) {
-    LoadedEngine test = loaded(columns({{1}, {2}, {2}}));
+    Loaded test(columns({{1}, {2}, {2}}));
     EXPECT_NE(failureOf([&] { test.engine.Analyse(); }), "none");
     EXPECT_EQ(test.engine.GetAlternateStat(), 0);
     EXPECT_EQ(numbers(test.engine.GetAlternateDF()), (std::vector<double>{2, 0}));
@@ -165,7 +129,7 @@ TEST(Friedman, WithoutAGridThereAreNoBounds) {
 }
 
 TEST(Friedman, AHostsErrorPassesThroughAndWhatWasStoredStays) {
-    LoadedEngine test = loaded(columns({{1, 3, 5}, {2, 1, 4}}));
+    Loaded test(columns({{1, 3, 5}, {2, 1, 4}}));
     test.application->functions.failure = hostError();
     EXPECT_EQ(failureOf([&] { test.engine.Analyse(); }), std::string("1004") + here);
     EXPECT_NEAR(test.engine.GetChiSq(), 1.0 / 3, 1e-14);
@@ -179,7 +143,7 @@ TEST(Friedman, AProductOfCountsBeyond32BitsOverflowsBehindTheDescription) {
     for (Long i = 1; i <= oneBlock.columns(); ++i) {
         oneBlock(1, i) = toDouble(i);
     }
-    LoadedEngine test = loaded(oneBlock);
+    Loaded test(oneBlock);
     EXPECT_EQ(failureOf([&] { test.engine.Analyse(); }), std::string("6") + here);
     EXPECT_EQ(test.engine.GetSumsRank()(46341), 46341);
     EXPECT_FALSE(test.engine.GetDF().allocated());
@@ -190,14 +154,14 @@ TEST(Friedman, OneTreatmentFewerStaysWithinTheRange) {
     for (Long i = 1; i <= oneBlock.columns(); ++i) {
         oneBlock(1, i) = toDouble(i);
     }
-    LoadedEngine test = loaded(oneBlock);
+    Loaded test(oneBlock);
     EXPECT_NE(failureOf([&] { test.engine.Analyse(); }), "none");
     EXPECT_TRUE(test.engine.GetDF().allocated());
 }
 
 TEST(Friedman, TailsTiesAndDescriptivesSettingsChangeNothing) {
     const ValueGrid treatments = columns({{1, 2, 2, 4}, {2, 1, 2, 3}});
-    LoadedEngine test = loaded(treatments);
+    Loaded test(treatments);
     test.engine.LetTails(tbvNPVar1LTVar2);
     test.engine.LetIgnoreTies(true);
     test.engine.LetDescriptives(false);
@@ -228,7 +192,7 @@ TEST(Friedman, AMillionBlocksAreRankedOneByOne) {
             cell = std::floor(state / 1e8);
         }
     }
-    LoadedEngine test = loaded(treatments);
+    Loaded test(treatments);
     test.engine.Analyse();
     EXPECT_GT(test.engine.GetP(), 0);
 }

@@ -1,8 +1,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
-#include "tests/support/engine_fixture.hpp"
-#include "tests/support/reference_rows.hpp"
+#include "tests/engine/k_samples.hpp"
 
 namespace TBVNonPara {
 namespace {
@@ -11,22 +10,8 @@ using namespace Support;
 
 constexpr const char* here = " Line 0 in TBVNonPara.clsNonParaBO.AnalyseKWallis";
 
-LoadedEngine loaded(const ValueGrid& groups) {
-    return {tbvNPKWallis, tbvNPTwoTailed, groups, CellValue()};
-}
-
-/// An engine with the analysis done.
-struct Analysed : LoadedEngine {
-    explicit Analysed(const ValueGrid& values)
-        : LoadedEngine(tbvNPKWallis, tbvNPTwoTailed, values, CellValue()) {
-        engine.Analyse();
-    }
-};
-
-std::string failureWith(const ValueGrid& groups) {
-    LoadedEngine test = loaded(groups);
-    return failureOf([&] { test.engine.Analyse(); });
-}
+using Loaded = Samples<tbvNPKWallis>;
+using Analysed = AnalysedSamples<tbvNPKWallis>;
 
 TEST(KruskalWallis, RanksAllGroupsTogether) {
     const Analysed test(columns({{1, 2, 3}, {4, 5, 6}, {7, 8, 9}}));
@@ -40,27 +25,8 @@ TEST(KruskalWallis, RanksAllGroupsTogether) {
     EXPECT_EQ(numbers(test.engine.GetSumsRank()), (std::vector<double>{6, 15, 24}));
 }
 
-double resultNamed(const clsNonParaBO& engine, const std::string& name) {
-    return name == "chi_square" ? engine.GetChiSq()
-           : name == "p"        ? engine.GetP()
-           : name == "f"        ? engine.GetAlternateStat()
-                                : engine.GetAlternateP();
-}
-
 TEST(KruskalWallis, AgreesWithR) {
-    int compared = 0;
-    for (const auto& row : referenceRows("k_samples.csv")) {
-        if (row.at(0) != "kruskal-wallis") {
-            continue;
-        }
-        const Analysed test(asColumns(numberLists(row.at(1))));
-        const double expected = std::stod(row.at(3));
-        // 12 S / (N (N + 1)) - 3 (N + 1) loses the digits that 3 (N + 1) has before the statistic's own.
-        EXPECT_NEAR(resultNamed(test.engine, row.at(2)), expected, 1e-12 * std::abs(expected))
-            << row.at(2) << " of " << row.at(1);
-        compared += 1;
-    }
-    EXPECT_GE(compared, 28);
+    EXPECT_GE(compareWithR<tbvNPKWallis>("kruskal-wallis"), 28);
 }
 
 struct CorrectionCase {
@@ -121,14 +87,14 @@ TEST(KruskalWallis, TiedValuesShareTheirMeanRankInEntryOrder) {
 }
 
 TEST(KruskalWallis, GroupsAreDescribedWhetherAskedForOrNot) {
-    LoadedEngine test = loaded(columns({{1, 2}, {3, 5}}));
+    Loaded test(columns({{1, 2}, {3, 5}}));
     test.engine.LetDescriptives(false);
     test.engine.Analyse();
     EXPECT_EQ(numbers(test.engine.GetMediansRaw()), (std::vector<double>{1.5, 4}));
 }
 
 TEST(KruskalWallis, TailsAndTiesSettingsChangeNothing) {
-    LoadedEngine test = loaded(columns({{1, 1, 2}, {2, 3, 4}}));
+    Loaded test(columns({{1, 1, 2}, {2, 3, 4}}));
     test.engine.LetTails(tbvNPVar1GTVar2);
     test.engine.LetIgnoreTies(true);
     test.engine.Analyse();
@@ -157,15 +123,8 @@ TEST(KruskalWallisQuirks, ZerosOfUnfilledCellsEnterTheSummaryOfAShortNegativeGro
     EXPECT_NEAR(test.engine.GetChiSq(), 3, 1e-13);
 }
 
-struct FailureCase {
-    const char* name;
-    std::vector<Cells> groups;
-    int number;
-    friend void PrintTo(const FailureCase& each, std::ostream* out) { *out << each.name; }
-};
-
 // clang-format off
-const FailureCase failureCases[] = {
+const SamplesFailure failureCases[] = {
     {"AGroupWithoutValues",                {{1, 2}, {blank, blank}, {3, 4}},  6},
     {"NoValueAtAll",                       {{blank}, {blank}},                6},
     {"AllValuesEqual",                     {{5, 5}, {5, 5, 5}},               6},
@@ -177,10 +136,11 @@ const FailureCase failureCases[] = {
 };
 // clang-format on
 
-class KruskalWallisFailure : public testing::TestWithParam<FailureCase> {};
+class KruskalWallisFailure : public testing::TestWithParam<SamplesFailure> {};
 
 TEST_P(KruskalWallisFailure, NamesTheProcedure) {
-    EXPECT_EQ(failureWith(columns(GetParam().groups)), std::to_string(GetParam().number) + here);
+    EXPECT_EQ(failureOfSamples<tbvNPKWallis>(columns(GetParam().samples)),
+              std::to_string(GetParam().number) + here);
 }
 
 INSTANTIATE_TEST_SUITE_P(, KruskalWallisFailure, testing::ValuesIn(failureCases),
@@ -188,7 +148,7 @@ INSTANTIATE_TEST_SUITE_P(, KruskalWallisFailure, testing::ValuesIn(failureCases)
 
 TEST(KruskalWallis, SeparatedGroupsOfEqualValuesDivideByZeroInF) {
     // Ranks 2 2 2 | 5 5 5: H = 12 x 87 / 42 - 21 = 27 / 7, CF = 1 - 48 / 210 = 27 / 35, ChiSq = 5 = N - 1.
-    LoadedEngine test = loaded(columns({{1, 1, 1}, {2, 2, 2}}));
+    Loaded test(columns({{1, 1, 1}, {2, 2, 2}}));
     EXPECT_EQ(failureOf([&] { test.engine.Analyse(); }), std::string("11") + here);
     EXPECT_EQ(test.engine.GetChiSq(), 5);
 }
@@ -207,14 +167,14 @@ TEST(KruskalWallis, WithoutAnApplicationThereAreNoProbabilities) {
 }
 
 TEST(KruskalWallis, ASingleGroupFailsInTheHostsDistribution) {
-    LoadedEngine test = loaded(columns({{1, 2, 4}}));
+    Loaded test(columns({{1, 2, 4}}));
     EXPECT_NE(failureOf([&] { test.engine.Analyse(); }), "none");
     EXPECT_EQ(test.application->functions.calls, (std::vector<std::string>{"ChiDist"}));
     EXPECT_EQ(numbers(test.engine.GetDF()), (std::vector<double>{0}));
 }
 
 TEST(KruskalWallis, AHostsErrorPassesThroughAndWhatWasStoredStays) {
-    LoadedEngine test = loaded(columns({{1, 2, 3}, {4, 5, 6}, {7, 8, 9}}));
+    Loaded test(columns({{1, 2, 3}, {4, 5, 6}, {7, 8, 9}}));
     test.application->functions.failure = hostError();
     EXPECT_EQ(failureOf([&] { test.engine.Analyse(); }), std::string("1004") + here);
     EXPECT_EQ(numbers(test.engine.GetSumsRank()), (std::vector<double>{6, 15, 24}));
@@ -226,7 +186,7 @@ TEST(KruskalWallis, AHostsErrorPassesThroughAndWhatWasStoredStays) {
 }
 
 TEST(KruskalWallis, AGroupWithoutValuesLeavesTheDescriptionOfTheGroups) {
-    LoadedEngine test = loaded(columns({{1, 2}, {blank}}));
+    Loaded test(columns({{1, 2}, {blank}}));
     EXPECT_NE(failureOf([&] { test.engine.Analyse(); }), "none");
     EXPECT_EQ(numbers(test.engine.GetNsRaw()), (std::vector<double>{2, 0}));
     EXPECT_EQ(numbers(test.engine.GetMediansRaw()), (std::vector<double>{1.5, 0}));
@@ -258,7 +218,7 @@ TEST(KruskalWallis, AMillionRowsAreRankedTogether) {
             cell = state;
         }
     }
-    LoadedEngine test = loaded(groups);
+    Loaded test(groups);
     test.engine.Analyse();
     EXPECT_GT(test.engine.GetP(), 0);
 }

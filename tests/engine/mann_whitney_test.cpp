@@ -1,21 +1,11 @@
 #include <gmock/gmock.h>
 
-#include "tests/support/engine_fixture.hpp"
-#include "tests/support/raised.hpp"
-#include "tests/support/reference_rows.hpp"
+#include "tests/engine/two_samples.hpp"
 
 namespace TBVNonPara {
 namespace {
 
-using Support::blank;
-using Support::Cells;
-using Support::column;
-using Support::LoadedEngine;
-using Support::numbers;
-using Support::Raised;
-using Support::raisedBy;
-using Support::Rows;
-using Support::rowsOf;
+using namespace Support;
 
 constexpr auto tailsOutsideTheList = static_cast<TBVNPTails>(7);
 
@@ -63,29 +53,15 @@ const Case cases[] = {
 INSTANTIATE_TEST_SUITE_P(Of, MannWhitney, testing::ValuesIn(cases),
                          [](const auto& test) { return test.param.name; });
 
-TBVNPTails tailsOf(const std::string& alternative) {
-    if (alternative == "two") {
-        return tbvNPTwoTailed;
-    }
-    return alternative == "greater" ? tbvNPVar1GTVar2 : tbvNPVar1LTVar2;
-}
-
 TEST(MannWhitneyReference, AgreesWithAnotherPackage) {
-    int compared = 0;
-    for (const auto& row : Support::referenceRows("two_sample.csv")) {
-        if (row.at(0) != "mann-whitney") {
-            continue;
-        }
-        LoadedEngine loaded(tbvNPMannU, tailsOf(row.at(1)),
-                            Support::asColumns(Support::numberLists(row.at(2))),
-                            Support::asColumns(Support::numberLists(row.at(3))));
+    const std::vector<ReferencePair> pairs = referencePairs("mann-whitney");
+    EXPECT_EQ(pairs.size(), 16U);
+    for (const ReferencePair& pair : pairs) {
+        LoadedEngine loaded = pair.loaded(tbvNPMannU);
         loaded.engine.Analyse();
-        const double P = std::stod(row.at(5));
-        EXPECT_EQ(loaded.engine.GetU(), std::stod(row.at(4))) << row.at(2);
-        EXPECT_NEAR(loaded.engine.GetP(), P, 1e-12 * P) << row.at(2);
-        ++compared;
+        EXPECT_EQ(loaded.engine.GetU(), pair.statistic) << pair.samples;
+        EXPECT_NEAR(loaded.engine.GetP(), pair.P, 1e-12 * pair.P) << pair.samples;
     }
-    EXPECT_EQ(compared, 16);
 }
 
 TEST(MannWhitneyDescriptives, AreTheSamplesWithTheirRanksAndSummaries) {
@@ -95,12 +71,12 @@ TEST(MannWhitneyDescriptives, AreTheSamplesWithTheirRanksAndSummaries) {
     const clsNonParaBO& engine = loaded.engine;
     EXPECT_EQ(rowsOf(engine.GetData()), (Rows{{7, 9}, {3, 3}, {3, 0}}));
     EXPECT_EQ(rowsOf(engine.GetRanks()), (Rows{{4, 5}, {2, 2}, {2, 0}}));
-    EXPECT_EQ(numbers(engine.GetMediansRaw()), (std::vector<double>{3, 6}));
-    EXPECT_EQ(numbers(engine.GetSumsRaw()), (std::vector<double>{13, 12}));
-    EXPECT_EQ(numbers(engine.GetNsRaw()), (std::vector<double>{3, 2}));
-    EXPECT_EQ(numbers(engine.GetMediansRank()), (std::vector<double>{2, 3.5}));
-    EXPECT_EQ(numbers(engine.GetSumsRank()), (std::vector<double>{8, 7}));
-    EXPECT_EQ(numbers(engine.GetNsRank()), (std::vector<double>{3, 2}));
+    expectSummaries(engine, {.mediansRaw = {3, 6},
+                             .sumsRaw = {13, 12},
+                             .nsRaw = {3, 2},
+                             .mediansRank = {2, 3.5},
+                             .sumsRank = {8, 7},
+                             .nsRank = {3, 2}});
 }
 
 TEST(MannWhitneyDescriptives, StayUnallocatedWhenNotAskedForAndChangeNoResult) {
@@ -140,7 +116,7 @@ TEST(MannWhitneyState, OtherResultsStayAsTheyAre) {
 TEST(MannWhitneyQuirks, ABlankWithDescriptivesReadsBeyondTheTable) {
     LoadedEngine loaded(tbvNPMannU, tbvNPTwoTailed, column({1, blank, 3}), column({4, 5}));
     loaded.engine.LetDescriptives(true);
-    EXPECT_EQ(raisedBy([&] { loaded.engine.Analyse(); }), Support::in("clsNonParaBO.AnalyseMannWhitney", 9));
+    EXPECT_EQ(raisedBy([&] { loaded.engine.Analyse(); }), in("clsNonParaBO.AnalyseMannWhitney", 9));
     // The table holds 1 and the blank's 0, then 4 and 5: the samples are cut behind the third row of it.
     EXPECT_EQ(rowsOf(loaded.engine.GetData()), (Rows{{1, 5}, {0, 0}, {4, 0}}));
     EXPECT_FALSE(loaded.engine.GetDF().allocated()) << "what comes after the fault is not stored";
@@ -176,16 +152,16 @@ TEST(MannWhitneyFailure, NamesTheProcedure) {
     };
     for (const auto& [name, ys, xs, tails, number] : failures) {
         LoadedEngine loaded(tbvNPMannU, tails, ys, xs);
-        loaded.application->functions.failure = Support::hostError();
+        loaded.application->functions.failure = hostError();
         EXPECT_EQ(raisedBy([&] { loaded.engine.Analyse(); }),
-                  number == 0 ? Raised() : Support::in("clsNonParaBO.AnalyseMannWhitney", number))
+                  number == 0 ? Raised() : in("clsNonParaBO.AnalyseMannWhitney", number))
             << name;
     }
 }
 
 TEST(MannWhitneyFailure, AnEngineThatWasNeverLoadedHasNoSamples) {
-    clsNonParaBO engine(Support::engineCompanions());
-    EXPECT_EQ(raisedBy([&] { engine.Analyse(); }), Support::in("clsNonParaBO.AnalyseMannWhitney", 9));
+    clsNonParaBO engine(engineCompanions());
+    EXPECT_EQ(raisedBy([&] { engine.Analyse(); }), in("clsNonParaBO.AnalyseMannWhitney", 9));
 }
 
 TEST(MannWhitneySizes, FiftyThousandRowsEachDoNotOverflow) {

@@ -1,20 +1,11 @@
 #include <gmock/gmock.h>
 
-#include "tests/support/engine_fixture.hpp"
-#include "tests/support/raised.hpp"
-#include "tests/support/reference_rows.hpp"
+#include "tests/engine/two_samples.hpp"
 
 namespace TBVNonPara {
 namespace {
 
-using Support::blank;
-using Support::Cells;
-using Support::column;
-using Support::LoadedEngine;
-using Support::numbers;
-using Support::raisedBy;
-using Support::Rows;
-using Support::rowsOf;
+using namespace Support;
 
 constexpr auto tailsOutsideTheList = static_cast<TBVNPTails>(3);
 
@@ -76,21 +67,14 @@ INSTANTIATE_TEST_SUITE_P(Of, Spearman, testing::ValuesIn(cases),
 
 TEST(SpearmanReference, AgreesWithAnotherPackage) {
     int compared = 0;
-    for (const auto& row : Support::referenceRows("two_sample.csv")) {
-        if (row.at(0) != "spearman") {
-            continue;
-        }
-        const TBVNPTails tails = row.at(1) == "two"       ? tbvNPTwoTailed
-                                 : row.at(1) == "greater" ? tbvNPVar1GTVar2
-                                                          : tbvNPVar1LTVar2;
-        LoadedEngine loaded(tbvNPSpearman, tails, Support::asColumns(Support::numberLists(row.at(2))),
-                            Support::asColumns(Support::numberLists(row.at(3))));
+    for (const ReferencePair& pair : referencePairs("spearman")) {
+        LoadedEngine loaded = pair.loaded(tbvNPSpearman);
         loaded.engine.Analyse();
-        EXPECT_NEAR(loaded.engine.GetWilcoxonT(), std::stod(row.at(4)), 4e-16) << row.at(2);
+        EXPECT_NEAR(loaded.engine.GetWilcoxonT(), pair.statistic, 4e-16) << pair.samples;
         // R's tail against the direction includes the value itself, the engine's is the rest: equal to each
         // other in the direction that the data lean to.
-        if (row.at(1) == "two" || (std::stod(row.at(4)) > 0) == (row.at(1) == "greater")) {
-            EXPECT_NEAR(loaded.engine.GetP(), std::stod(row.at(5)), 1e-15) << row.at(2);
+        if (pair.alternative == "two" || (pair.statistic > 0) == (pair.alternative == "greater")) {
+            EXPECT_NEAR(loaded.engine.GetP(), pair.P, 1e-15) << pair.samples;
             ++compared;
         }
     }
@@ -103,12 +87,12 @@ TEST(SpearmanDescriptives, AreAlwaysFilledInEntryOrder) {
     const clsNonParaBO& engine = loaded.engine;
     EXPECT_EQ(rowsOf(engine.GetData()), (Rows{{9, 10}, {2, 40}, {2, 20}, {5, 50}, {4, 30}}));
     EXPECT_EQ(rowsOf(engine.GetRanks()), (Rows{{5, 1}, {1.5, 4}, {1.5, 2}, {4, 5}, {3, 3}}));
-    EXPECT_EQ(numbers(engine.GetMediansRaw()), (std::vector<double>{4, 30}));
-    EXPECT_EQ(numbers(engine.GetSumsRaw()), (std::vector<double>{22, 150}));
-    EXPECT_EQ(numbers(engine.GetNsRaw()), (std::vector<double>{5, 5}));
-    EXPECT_EQ(numbers(engine.GetMediansRank()), (std::vector<double>{3, 3}));
-    EXPECT_EQ(numbers(engine.GetSumsRank()), (std::vector<double>{15, 15}));
-    EXPECT_EQ(numbers(engine.GetNsRank()), (std::vector<double>{5, 5}));
+    expectSummaries(engine, {.mediansRaw = {4, 30},
+                             .sumsRaw = {22, 150},
+                             .nsRaw = {5, 5},
+                             .mediansRank = {3, 3},
+                             .sumsRank = {15, 15},
+                             .nsRank = {5, 5}});
 }
 
 TEST(SpearmanQuirks, HeavyTiesLeaveMinusOneToOne) {
@@ -118,18 +102,11 @@ TEST(SpearmanQuirks, HeavyTiesLeaveMinusOneToOne) {
     EXPECT_EQ(loaded.engine.GetWilcoxonT(), -1);
     // Ranks 1.5, 1.5, 3 twice: K = 4, Tx = Ty = 2: rs = 0 / sqrt(0 x 0).
     loaded.load(tbvNPSpearman, tbvNPVar1GTVar2, column({1, 1, 2}), column({1, 1, 2}));
-    EXPECT_EQ(raisedBy([&] { loaded.engine.Analyse(); }), Support::in("clsNonParaBO.AnalyseSpearman", 6));
+    EXPECT_EQ(raisedBy([&] { loaded.engine.Analyse(); }), in("clsNonParaBO.AnalyseSpearman", 6));
 }
 
-struct Failure {
-    std::string name;
-    Cells ys;
-    Cells xs;
-    std::int32_t number;
-};
-
 TEST(SpearmanFailure, NamesTheProcedure) {
-    const Failure failures[] = {
+    const PairFailure failures[] = {
         {"a single pair", {1}, {2}, 11},
         {"one value of the first variable alone", {1, 1}, {1, 2}, 5},
         {"0 / 0 of twelve equal values", Cells(12, 1), {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}, 6},
@@ -139,16 +116,15 @@ TEST(SpearmanFailure, NamesTheProcedure) {
     };
     for (const auto& [name, ys, xs, number] : failures) {
         LoadedEngine loaded(tbvNPSpearman, tbvNPTwoTailed, column(ys), column(xs));
-        loaded.application->functions.failure = Support::hostError();
-        EXPECT_EQ(raisedBy([&] { loaded.engine.Analyse(); }),
-                  Support::in("clsNonParaBO.AnalyseSpearman", number))
+        loaded.application->functions.failure = hostError();
+        EXPECT_EQ(raisedBy([&] { loaded.engine.Analyse(); }), in("clsNonParaBO.AnalyseSpearman", number))
             << name;
     }
 }
 
 TEST(SpearmanFailure, KeepsWhatWasStoredBeforeTheHostFailed) {
     LoadedEngine loaded(tbvNPSpearman, tbvNPTwoTailed, column(up), column(down));
-    loaded.application->functions.failure = Support::hostError();
+    loaded.application->functions.failure = hostError();
     EXPECT_EQ(raisedBy([&] { loaded.engine.Analyse(); }).number, 1004);
     EXPECT_EQ(loaded.engine.GetWilcoxonT(), -1);
     EXPECT_DOUBLE_EQ(loaded.engine.GetP(), 1.0 / 12);

@@ -1,20 +1,11 @@
 #include <gmock/gmock.h>
 
-#include "tests/support/engine_fixture.hpp"
-#include "tests/support/raised.hpp"
-#include "tests/support/reference_rows.hpp"
+#include "tests/engine/two_samples.hpp"
 
 namespace TBVNonPara {
 namespace {
 
-using Support::blank;
-using Support::Cells;
-using Support::column;
-using Support::LoadedEngine;
-using Support::numbers;
-using Support::raisedBy;
-using Support::Rows;
-using Support::rowsOf;
+using namespace Support;
 
 constexpr auto tailsOutsideTheList = static_cast<TBVNPTails>(-1);
 
@@ -70,31 +61,16 @@ const Case cases[] = {
 INSTANTIATE_TEST_SUITE_P(Of, Wilcoxon, testing::ValuesIn(cases),
                          [](const auto& test) { return test.param.name; });
 
-TBVNPTails tailsOf(const std::string& alternative) {
-    if (alternative == "two") {
-        return tbvNPTwoTailed;
-    }
-    return alternative == "greater" ? tbvNPVar1GTVar2 : tbvNPVar1LTVar2;
-}
-
 TEST(WilcoxonReference, AgreesWithAnotherPackage) {
-    int compared = 0;
-    for (const auto& row : Support::referenceRows("two_sample.csv")) {
-        if (row.at(0) != "wilcoxon") {
-            continue;
-        }
-        LoadedEngine loaded(tbvNPWilcoxon, tailsOf(row.at(1)),
-                            Support::asColumns(Support::numberLists(row.at(2))),
-                            Support::asColumns(Support::numberLists(row.at(3))));
+    const std::vector<ReferencePair> pairs = referencePairs("wilcoxon");
+    EXPECT_EQ(pairs.size(), 15U);
+    for (const ReferencePair& pair : pairs) {
+        LoadedEngine loaded = pair.loaded(tbvNPWilcoxon);
         loaded.engine.LetIgnoreTies(true);
         loaded.engine.Analyse();
-        const double T = std::stod(row.at(4));
-        const double P = std::stod(row.at(5));
-        EXPECT_NEAR(loaded.engine.GetWilcoxonT(), T, 1e-12 * T) << row.at(2);
-        EXPECT_NEAR(loaded.engine.GetP(), P, 1e-12 * P) << row.at(2);
-        ++compared;
+        EXPECT_NEAR(loaded.engine.GetWilcoxonT(), pair.statistic, 1e-12 * pair.statistic) << pair.samples;
+        EXPECT_NEAR(loaded.engine.GetP(), pair.P, 1e-12 * pair.P) << pair.samples;
     }
-    EXPECT_EQ(compared, 15);
 }
 
 TEST(WilcoxonDescriptives, AreAlwaysFilled) {
@@ -104,12 +80,12 @@ TEST(WilcoxonDescriptives, AreAlwaysFilled) {
     const clsNonParaBO& engine = loaded.engine;
     EXPECT_EQ(rowsOf(engine.GetData()), (Rows{{5, 3}, {4, 4}, {2, 6}, {7, 1}}));
     EXPECT_EQ(rowsOf(engine.GetRanks()), (Rows{{2, 1, 1}, {0, 0, 0}, {-4, 2, -2}, {6, 3, 3}}));
-    EXPECT_EQ(numbers(engine.GetMediansRaw()), (std::vector<double>{4.5, 3.5}));
-    EXPECT_EQ(numbers(engine.GetSumsRaw()), (std::vector<double>{18, 14}));
-    EXPECT_EQ(numbers(engine.GetNsRaw()), (std::vector<double>{4, 4}));
-    EXPECT_EQ(numbers(engine.GetMediansRank()), (std::vector<double>{2, 2, 0}));
-    EXPECT_EQ(numbers(engine.GetSumsRank()), (std::vector<double>{4, 2, 0}));
-    EXPECT_EQ(numbers(engine.GetNsRank()), (std::vector<double>{2, 1, 1}));
+    expectSummaries(engine, {.mediansRaw = {4.5, 3.5},
+                             .sumsRaw = {18, 14},
+                             .nsRaw = {4, 4},
+                             .mediansRank = {2, 2, 0},
+                             .sumsRank = {4, 2, 0},
+                             .nsRank = {2, 1, 1}});
 }
 
 TEST(WilcoxonDescriptives, ShowTheRankOfAZeroDifferenceWithoutASign) {
@@ -177,15 +153,8 @@ TEST(WilcoxonState, ALaterExactRunKeepsWhatTheApproximationLeft) {
     EXPECT_EQ(loaded.engine.GetWilcoxonT(), 3);
 }
 
-struct Failure {
-    std::string name;
-    Cells ys;
-    Cells xs;
-    std::int32_t number;
-};
-
 TEST(WilcoxonFailure, NamesTheProcedure) {
-    const Failure failures[] = {
+    const PairFailure failures[] = {
         {"a blank in the first variable", {1, blank, 3}, {3, 2, 1}, 9},
         {"a blank in the second variable", {1, 2, 3}, {3, blank, 1}, 9},
         {"a shorter second variable", {1, 2, 3}, {3, 2}, 9},
@@ -197,9 +166,8 @@ TEST(WilcoxonFailure, NamesTheProcedure) {
     for (const auto& [name, ys, xs, number] : failures) {
         LoadedEngine loaded(tbvNPWilcoxon, tbvNPTwoTailed, column(ys), column(xs));
         loaded.engine.LetIgnoreTies(true);
-        loaded.application->functions.failure = Support::hostError();
-        EXPECT_EQ(raisedBy([&] { loaded.engine.Analyse(); }),
-                  Support::in("clsNonParaBO.AnalyseWilcoxon", number))
+        loaded.application->functions.failure = hostError();
+        EXPECT_EQ(raisedBy([&] { loaded.engine.Analyse(); }), in("clsNonParaBO.AnalyseWilcoxon", number))
             << name;
         EXPECT_FALSE(loaded.engine.GetDF().allocated()) << name;
     }

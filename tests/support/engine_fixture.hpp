@@ -12,6 +12,7 @@
 
 #include "companion/array_utility.hpp"
 #include "engine/clsNonParaBO.hpp"
+#include "tests/support/raised.hpp"
 
 /// What a test of the engine stands on: worksheet functions that can be told to fail, an application that has
 /// nothing else, and cells written as they look.
@@ -107,18 +108,8 @@ inline ValueGrid columns(const std::vector<Cells>& samples) {
     return grid;
 }
 
-/// The error that an action raises, if it raises one.
-inline std::optional<Error> errorOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const Error& error) {
-        return error;
-    }
-    return std::nullopt;
-}
-
-/// Number and source of that error as one text: "9 Line 0 in TBVNonPara.clsNonParaBO.AnalyseWilcoxon"; "none"
-/// without an error.
+/// Number and source of the error that an action raises as one text: "9 Line 0 in
+/// TBVNonPara.clsNonParaBO.AnalyseWilcoxon"; "none" without an error.
 inline std::string failureOf(const std::function<void()>& action) {
     const std::optional<Error> error = errorOf(action);
     return error ? std::to_string(error->number()) + ' ' + error->source() : "none";

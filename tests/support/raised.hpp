@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <ostream>
 #include <string>
 
@@ -22,13 +23,19 @@ struct Raised {
     }
 };
 
-inline Raised raisedBy(const std::function<void()>& action) {
+/// The error that an action raises, if it raises one.
+inline std::optional<Error> errorOf(const std::function<void()>& action) {
     try {
         action();
     } catch (const Error& error) {
-        return {error.number(), error.source(), error.description()};
+        return error;
     }
-    return {};
+    return std::nullopt;
+}
+
+inline Raised raisedBy(const std::function<void()>& action) {
+    const std::optional<Error> error = errorOf(action);
+    return error ? Raised{error->number(), error->source(), error->description()} : Raised();
 }
 
 /// What a client sees of an error that arose in a procedure: "clsNonPara.Results".
