@@ -15,13 +15,13 @@ constexpr sal_Int32 fullProgress = 1000;
 
 }  // namespace
 
-BackgroundRun::BackgroundRun(Context context, DocumentRef document, AnalysisSettings settings,
-                             Reference<css::task::XStatusIndicator> progress,
+BackgroundRun::BackgroundRun(const Context& context, const DocumentRef& document, AnalysisSettings settings,
+                             const Reference<css::task::XStatusIndicator>& progress,
                              std::function<void(Outcome)> finished)
-    : m_Context(std::move(context)),
-      m_Document(std::move(document)),
+    : m_Context(context),
+      m_Document(document),
       m_Settings(std::move(settings)),
-      m_Progress(std::move(progress)),
+      m_Progress(progress),
       m_Finished(std::move(finished)),
       m_Thread([this] { work(); }) {
 }

@@ -35,8 +35,9 @@ struct Outcome {
 /// placed. `finished` is called on the main thread.
 class BackgroundRun {
  public:
-    BackgroundRun(Context context, DocumentRef document, AnalysisSettings settings,
-                  Reference<css::task::XStatusIndicator> progress, std::function<void(Outcome)> finished);
+    BackgroundRun(const Context& context, const DocumentRef& document, AnalysisSettings settings,
+                  const Reference<css::task::XStatusIndicator>& progress,
+                  std::function<void(Outcome)> finished);
     /// Waits for the thread; on the main thread only after `finished` was called.
     ~BackgroundRun();
 

@@ -31,8 +31,9 @@ RangeRef cellOf(const std::shared_ptr<Session>& session, const DocumentRef& docu
     return makeObject<CalcRange>(session, SheetAreas{document, sheet, {cell}});
 }
 
-CalcWorksheet::CalcWorksheet(std::shared_ptr<Session> session, DocumentRef document, SheetRef sheet)
-    : m_Session(std::move(session)), m_Document(std::move(document)), m_Sheet(std::move(sheet)) {
+CalcWorksheet::CalcWorksheet(std::shared_ptr<Session> session, const DocumentRef& document,
+                             const SheetRef& sheet)
+    : m_Session(std::move(session)), m_Document(document), m_Sheet(sheet) {
 }
 
 std::string CalcWorksheet::GetName() const {
@@ -76,8 +77,8 @@ void CalcWorksheet::Activate() {
     hosted([&] { activate(*m_Session, m_Document, m_Sheet); });
 }
 
-CalcWorkbook::CalcWorkbook(std::shared_ptr<Session> session, DocumentRef document)
-    : m_Session(std::move(session)), m_Document(std::move(document)) {
+CalcWorkbook::CalcWorkbook(std::shared_ptr<Session> session, const DocumentRef& document)
+    : m_Session(std::move(session)), m_Document(document) {
 }
 
 Long CalcWorkbook::GetWorksheetsCount() const {

@@ -8,7 +8,7 @@ namespace TBVNonPara::calc {
 
 class CalcWorksheet : public Worksheet {
  public:
-    CalcWorksheet(std::shared_ptr<Session> session, DocumentRef document, SheetRef sheet);
+    CalcWorksheet(std::shared_ptr<Session> session, const DocumentRef& document, const SheetRef& sheet);
 
     [[nodiscard]] std::string GetName() const override;
     [[nodiscard]] WorkbookRef GetParent() const override;
@@ -27,7 +27,7 @@ class CalcWorksheet : public Worksheet {
 
 class CalcWorkbook : public Workbook {
  public:
-    CalcWorkbook(std::shared_ptr<Session> session, DocumentRef document);
+    CalcWorkbook(std::shared_ptr<Session> session, const DocumentRef& document);
 
     [[nodiscard]] Long GetWorksheetsCount() const override;
     [[nodiscard]] WorksheetRef GetWorksheets(Long position) const override;

@@ -1,6 +1,7 @@
 #include "adapters/calc/dialog_texts.hpp"
 
 #include <algorithm>
+#include <array>
 #include <span>
 
 namespace TBVNonPara::calc {
@@ -98,7 +99,7 @@ struct ErrorText {
 };
 
 /// A percent sign stands for the cell that the error names.
-constexpr ErrorText errorTexts[] = {
+constexpr auto errorTexts = std::to_array<ErrorText>({
     {tbvNPBadOutputRange, "This is no cell of the document.", "Das ist keine Zelle des Dokuments."},
     {tbvNPBadYRange, "This is no range of the document.", "Das ist kein Bereich des Dokuments."},
     {tbvNPBadXRange, "This is no range of the document.", "Das ist kein Bereich des Dokuments."},
@@ -132,7 +133,7 @@ constexpr ErrorText errorTexts[] = {
     {11, "The values leave nothing to compute, for example because they are all equal.",
      "Mit diesen Werten lässt sich nichts berechnen, zum Beispiel weil alle gleich sind."},
     {7, "There is not enough memory for this many cells.", "Der Speicher reicht für so viele Zellen nicht."},
-};
+});
 // clang-format on
 
 /// The first word of a description is the cell that it is about.

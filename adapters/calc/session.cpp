@@ -24,8 +24,8 @@ ValueGrid partOf(const ValueGrid& values, const CellArea& whole, const CellArea&
 
 }  // namespace
 
-Session::Session(Context context, DocumentRef document)
-    : m_Context(std::move(context)), m_Document(std::move(document)) {
+Session::Session(const Context& context, const DocumentRef& document)
+    : m_Context(context), m_Document(document) {
 }
 
 DocumentRef Session::document() const {

@@ -15,7 +15,7 @@ namespace TBVNonPara::calc {
 class Session {
  public:
     /// Works on the document given, or else on whichever is active when it is asked for.
-    explicit Session(Context context, DocumentRef document = {});
+    explicit Session(const Context& context, const DocumentRef& document = {});
 
     [[nodiscard]] const Context& context() const noexcept { return m_Context; }
     [[nodiscard]] DocumentRef document() const;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/uno/Exception.hpp>
 #include <com/sun/star/uno/Reference.hxx>
@@ -21,8 +22,8 @@ using rtl::OUString;
 /// A sequence of what is given.
 template <typename Element, typename... Others>
 [[nodiscard]] css::uno::Sequence<Element> sequenceOf(const Element& first, const Others&... others) {
-    const Element elements[] = {first, others...};
-    return {elements, static_cast<sal_Int32>(1 + sizeof...(others))};
+    const std::array<Element, 1 + sizeof...(others)> elements{first, others...};
+    return {elements.data(), static_cast<sal_Int32>(elements.size())};
 }
 
 [[nodiscard]] OUString fromUtf8(std::string_view text);

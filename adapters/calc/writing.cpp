@@ -27,25 +27,9 @@ bool needsItsOwnCell(const CellValue& value) noexcept {
     return std::holds_alternative<bool>(value) || std::holds_alternative<CellError>(value);
 }
 
-/// A formula that fails in this way.
+/// A formula that is nothing but an error.
 OUString failing(CellError error) {
-    switch (error) {
-        case CellError::Null:
-            return "=A1!B1";
-        case CellError::DivisionByZero:
-            return "=1/0";
-        case CellError::Reference:
-            return "=#REF!";
-        case CellError::Name:
-            return "=#NAME?";
-        case CellError::Number:
-            return "=SQRT(-1)";
-        case CellError::NotAvailable:
-            return "=NA()";
-        case CellError::Value:
-            break;
-    }
-    return "=VALUE(\"x\")";
+    return "=" + fromUtf8(displayText(error));
 }
 
 struct CellWriter {
