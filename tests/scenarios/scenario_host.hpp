@@ -42,6 +42,9 @@ class ScenarioHost {
     [[nodiscard]] virtual std::string reportAddress() const = 0;
     /// The formatting that the last report asked for, one call a text: "FormatBody A7:D7 False".
     [[nodiscard]] virtual std::vector<std::string> formatting() const = 0;
+
+    /// Whether a cell can hold an empty text as its value; elsewhere such a cell is blank.
+    [[nodiscard]] virtual bool keepsEmptyTexts() const { return true; }
 };
 
 /// The host that the scenarios of this program run on.

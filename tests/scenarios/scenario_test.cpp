@@ -39,6 +39,26 @@ std::string testName(const testing::TestParamInfo<std::string>& info) {
     return name;
 }
 
+/// A scenario as a host without empty texts gives it: a cell that should hold one is blank.
+std::string withoutEmptyTexts(const std::string& text) {
+    std::istringstream lines(text);
+    std::string result;
+    for (std::string line; std::getline(lines, line);) {
+        for (std::size_t at = line.find("\"\""); at != std::string::npos; at = line.find("\"\"")) {
+            line.replace(at, 2, "  ");
+        }
+        line.erase(line.find_last_not_of(' ') + 1);
+        result += line + '\n';
+    }
+    return result;
+}
+
+/// A scenario as it is compared on a host.
+std::string comparable(const Scenario& scenario, const ScenarioHost& host) {
+    const std::string text = writeScenario(scenario);
+    return host.keepsEmptyTexts() ? text : withoutEmptyTexts(text);
+}
+
 class ScenarioTest : public testing::TestWithParam<std::string> {};
 
 TEST_P(ScenarioTest, GivesItsReport) {
@@ -47,10 +67,11 @@ TEST_P(ScenarioTest, GivesItsReport) {
     std::filesystem::remove(receivedFile);
 
     const Scenario expected = readScenario(textOf(file));
-    const Scenario received = play(expected, *createScenarioHost());
-    if (writeScenario(received) != writeScenario(expected)) {
+    const std::unique_ptr<ScenarioHost> host = createScenarioHost();
+    const Scenario received = play(expected, *host);
+    if (comparable(received, *host) != comparable(expected, *host)) {
         std::ofstream(receivedFile) << writeScenario(received);
-        EXPECT_EQ(writeScenario(expected), writeScenario(received))
+        EXPECT_EQ(comparable(expected, *host), comparable(received, *host))
             << receivedFile << " is what was received";
     }
 }

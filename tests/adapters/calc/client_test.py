@@ -12,7 +12,7 @@ from office import Office, TestCase, cells_of
 class Clients(TestCase):
     def test_the_client_in_cpp_uses_the_typed_interface(self):
         with Office() as office:
-            client = subprocess.run(["timeout", "60", os.environ["TBVNONPARA_CLIENT"], office.pipe],
+            client = subprocess.run(["timeout", "300", os.environ["TBVNONPARA_CLIENT"], office.pipe],
                                     stdin=subprocess.DEVNULL, capture_output=True, text=True, check=False)
         self.assertEqual(client.returncode, 0, client.stdout + client.stderr)
         self.assertIn("PASSED", client.stdout)

@@ -19,6 +19,8 @@ from com.sun.star.task import XInteractionHandler
 from com.sun.star.ucb import XCommandEnvironment
 
 PROFILE_MADE = 81
+# Seconds to wait for what takes one at most on an idle machine.
+PATIENCE = 180
 
 
 def property_value(name, value):
@@ -47,7 +49,7 @@ class Office:
     then runs in a helper process, as for a user who has not started the office again.
     """
 
-    def __init__(self, visible=False, seconds=300, extension=True):
+    def __init__(self, visible=False, seconds=1100, extension=True):
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="tbvnonpara-calc-"))
         self.profile = self.folder / "profile"
         self.visible = visible
@@ -83,7 +85,7 @@ class Office:
 
     def wait(self):
         """Waits until the office has ended by itself."""
-        return self.process.wait(30)
+        return self.process.wait(PATIENCE)
 
     def spawn(self, *arguments):
         # The types that a client is told of in its environment would hide some of the office's own.
@@ -106,7 +108,7 @@ class Office:
         self.process = self.spawn(f"--accept=pipe,name={self.pipe};urp;")
         resolver = uno.getComponentContext().ServiceManager.createInstance(
             "com.sun.star.bridge.UnoUrlResolver")
-        limit = time.monotonic() + 60
+        limit = time.monotonic() + PATIENCE
         while True:
             try:
                 self.context = resolver.resolve(
@@ -133,7 +135,7 @@ class Office:
             return
         try:
             self.desktop.terminate()
-            self.process.wait(20)
+            self.process.wait(60)
         except Exception:  # pylint: disable=broad-except
             os.killpg(self.process.pid, signal.SIGKILL)
             self.process.wait()

@@ -8,6 +8,7 @@
 
 #include "adapters/calc/calc_application.hpp"
 #include "adapters/calc/writing.hpp"
+#include "tests/adapters/calc/lost_formats.hpp"
 #include "tests/adapters/calc/office_document.hpp"
 #include "tests/scenarios/library_host.hpp"
 
@@ -64,6 +65,19 @@ class CalcHost : public LibraryHost {
 
     [[nodiscard]] std::unique_ptr<Request> createRequest() override {
         return std::make_unique<CalcRequest>(m_Session, LibraryHost::createRequest());
+    }
+
+    [[nodiscard]] bool keepsEmptyTexts() const override { return false; }
+
+    /// What was asked for on the scratch sheet, and whatever of it did not arrive in the user's document.
+    [[nodiscard]] std::vector<std::string> formatting() const override {
+        std::vector<std::string> calls = LibraryHost::formatting();
+        if (!reportAddress().empty()) {
+            const SheetAreas placed = resolve(document(), activeSheet(document()), reportAddress());
+            const DocumentRef scratch = documentNamed(officeContext(), scratchTitle);
+            std::ranges::copy(lostFormats(scratch, placed), std::back_inserter(calls));
+        }
+        return calls;
     }
 
  private:

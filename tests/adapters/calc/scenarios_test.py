@@ -35,6 +35,9 @@ class InsideTheOffice(TestCase):
     def test_every_scenario_gives_the_report_of_the_embedded_workbook(self):
         self.run_inside("*ScenarioTest*", 60)
 
+    def test_cells_functions_and_views_are_used_as_the_library_needs_them(self):
+        self.run_inside("Host.*:Reports.*", 11)
+
     def test_documents_without_views_take_reports(self):
         self.run_inside("WithoutViews.*", 2)
 

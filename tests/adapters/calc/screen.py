@@ -8,6 +8,8 @@ import time
 import uno  # noqa: F401
 from com.sun.star.uno import RuntimeException
 
+from office import PATIENCE
+
 
 class Screen:
     """with Screen() as screen: ... A virtual display without a window manager."""
@@ -19,7 +21,7 @@ class Screen:
     def __enter__(self):
         read, write = os.pipe()
         self.server = subprocess.Popen(
-            ["timeout", "-k", "5", "600", "Xvfb", "-displayfd", str(write), "-screen", "0", self.size,
+            ["timeout", "-k", "5", "1150", "Xvfb", "-displayfd", str(write), "-screen", "0", self.size,
              "-nolisten", "tcp"],
             pass_fds=[write], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
             stderr=subprocess.DEVNULL)
@@ -39,16 +41,16 @@ class Screen:
     @staticmethod
     def picture(file):
         pathlib.Path(file).parent.mkdir(parents=True, exist_ok=True)
-        subprocess.run(["timeout", "20", "import", "-window", "root", str(file)], check=True,
+        subprocess.run(["timeout", "120", "import", "-window", "root", str(file)], check=True,
                        stdin=subprocess.DEVNULL)
 
     @staticmethod
     def mouse(*steps):
-        subprocess.run(["timeout", "20", "xdotool", *map(str, steps)], check=True,
+        subprocess.run(["timeout", "120", "xdotool", *map(str, steps)], check=True,
                        stdin=subprocess.DEVNULL)
 
 
-def wait_for(what, seconds=30):
+def wait_for(what, seconds=PATIENCE):
     """The first answer that is not nothing."""
     limit = time.monotonic() + seconds
     while True:
@@ -139,6 +141,6 @@ def window_now(office, title):
         return None
 
 
-def window(office, title, seconds=30):
+def window(office, title, seconds=PATIENCE):
     """The window with a title, once it is there."""
     return wait_for(lambda: window_now(office, title), seconds)

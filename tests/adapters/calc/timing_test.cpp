@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <chrono>
 #include <com/sun/star/container/XNamed.hpp>
 #include <com/sun/star/sheet/XCellRangeData.hpp>
@@ -71,20 +72,33 @@ class Timing : public testing::Test {
     void compare(const char* name, sal_Int32 rows, bool descriptives, sal_Int32 writtenRows,
                  sal_Int32 writtenColumns) {
         block(open.sheet(), rows, 2)->setDataArray(numbers(rows, 2));
-        const double calcs = own(rows, writtenRows, writtenColumns);
-        const double ours = run(rows, descriptives);
+        double calcs = 0;
+        double ours = 0;
+        // Other work on the machine only ever adds to a time: the shortest of a few is the one that counts.
+        for (int attempt = 1; attempt <= attempts && (attempt == 1 || ours > most * calcs); ++attempt) {
+            calcs = shorter(calcs, own(rows, writtenRows, writtenColumns));
+            ours = shorter(ours, run(rows, descriptives));
+        }
         std::cout << name << ": " << ours << " s; Calc's own reading and writing: " << calcs << " s"
                   << std::endl;
+        EXPECT_LE(ours, most * calcs) << name;
     }
+
+    static double shorter(double known, double measured) {
+        return known == 0 ? measured : std::min(known, measured);
+    }
+
+    static constexpr double most = 2;
+    static constexpr int attempts = 8;
 
     OpenDocument open;
 };
 
-TEST_F(Timing, AMillionRowsAreAnalysed) {
+TEST_F(Timing, AMillionRowsTakeAtMostTwiceCalcsOwnTime) {
     compare("Mann-Whitney, 1,000,000 rows by 2", 1'000'000, false, 1'000'000, 2);
 }
 
-TEST_F(Timing, TablesOfAHundredThousandRowsArePlaced) {
+TEST_F(Timing, TablesOfAHundredThousandRowsTakeAtMostTwiceCalcsOwnTime) {
     // The table has a column of labels, two of values and two of ranks.
     compare("Descriptive tables of 100,000 rows by 2", 100'000, true, 100'000, 5);
 }
