@@ -23,6 +23,14 @@ namespace {
 using css::beans::XPropertySet;
 using css::uno::Any;
 
+/// A label as it is read out: without the mark of its letter and the colon.
+std::string spoken(std::string_view label) {
+    std::string text(label);
+    std::erase(text, '~');
+    std::erase(text, ':');
+    return text;
+}
+
 }  // namespace
 
 const char* DialogView::nameOf(Field field) {
@@ -121,8 +129,14 @@ void DialogView::addField(Field field, std::string_view label) {
     const OUString name = ascii(nameOf(field));
     const auto picker = add("Button", pickerOf(name));
     picker->setPropertyValue("Label", Any(fromUtf8(m_Texts.pick)));
-    picker->setPropertyValue("HelpText", Any(fromUtf8(m_Texts.pickTitle)));
     add("FixedText", messageOf(name));
+    tellPicker(field, label);
+}
+
+// All pickers bear the same word: for screen readers each says what it is for.
+void DialogView::tellPicker(Field field, std::string_view label) {
+    const std::string help = std::string(m_Texts.pickTitle) + ": " + spoken(label);
+    set(pickerOf(ascii(nameOf(field))), "HelpText", Any(fromUtf8(help)));
 }
 
 void DialogView::addBox(const char* kind, const char* name, std::string_view label) {
@@ -226,6 +240,7 @@ void DialogView::setText(Field field, std::string_view text) {
 void DialogView::setLabel(Field field, std::string_view label, std::string_view help) {
     set(labelOf(ascii(nameOf(field))), "Label", Any(fromUtf8(label)));
     set(ascii(nameOf(field)), "HelpText", Any(fromUtf8(help)));
+    tellPicker(field, label);
 }
 
 void DialogView::setMessage(Field field, std::string_view message) {

@@ -85,9 +85,10 @@ class DialogView {
     void centreOn(const Reference<css::awt::XWindow>& parent);
 
     Reference<css::beans::XPropertySet> add(const char* kind, const OUString& name);
-    Reference<css::beans::XPropertySet> model(const OUString& name) const;
+    [[nodiscard]] Reference<css::beans::XPropertySet> model(const OUString& name) const;
     void addLabelled(const char* kind, const char* name, std::string_view label);
     void addField(Field field, std::string_view label);
+    void tellPicker(Field field, std::string_view label);
     void addBox(const char* kind, const char* name, std::string_view label);
     void addButton(const char* name, std::string_view label, std::int16_t type);
     void addControls();

@@ -1,105 +1,18 @@
-"""The menu entry and the dialog on a screen: seen, filled in, picked with the mouse, photographed."""
+"""What the dialog shows, takes, says and remembers."""
 
-import os
-import pathlib
 import time
 import unittest
 
 import uno  # noqa: F401
-from com.sun.star.accessibility.AccessibleRole import (CHECK_BOX, COMBO_BOX, LABEL, LIST_ITEM, MENU_BAR,
-                                                       PUSH_BUTTON, RADIO_BUTTON, TEXT)
+from com.sun.star.accessibility.AccessibleRole import (CHECK_BOX, LABEL, LIST_ITEM, PUSH_BUTTON, RADIO_BUTTON,
+                                                       TEXT)
 
-from office import Office, TestCase, cells_of, property_value
-from screen import Element, Screen, wait_for, window, window_now, windows
-
-COMMAND = "org.tbvnonpara.calc:dialog"
-TITLE = "Nonparametric Tests"
-PICTURES = os.environ.get("TBVNONPARA_PICTURES")
-BEFORE = ["Before", 12, 15, 11, 18, 14, 13]
-AFTER = ["After", 17, 21, 16, 23, 19, 24]
+from dialog_case import AFTER, BEFORE, COMMAND, DialogCase
+from office import Office, TestCase, property_value
+from screen import wait_for, window, window_now
 
 
-def setUpModule():
-    global screen, office
-    screen = unittest.enterModuleContext(Screen())
-    office = unittest.enterModuleContext(Office(visible=True))
-
-
-class Dialog(TestCase):
-    def setUp(self):
-        self.document = office.open_with([BEFORE, AFTER, ["Later", 16, 14, 13, 12, 20, 19]])
-        self.sheet = self.document.Sheets.getByIndex(0)
-
-    def tearDown(self):
-        opened = self.find()
-        if opened:
-            opened.find("Close").click()
-        wait_for(lambda: self.find() is None)
-        self.document.close(True)
-
-    @staticmethod
-    def find():
-        return window_now(office, TITLE)
-
-    def open_dialog(self, selection=None):
-        if selection:
-            self.document.CurrentController.select(self.sheet.getCellRangeByName(selection))
-        office.dispatch(self.document, COMMAND)
-        self.dialog = window(office, TITLE)
-        self.assertIsNotNone(self.dialog)
-        return self.dialog
-
-    def picture(self, name):
-        if PICTURES:
-            time.sleep(0.5)
-            screen.picture(pathlib.Path(PICTURES) / (name + ".png"))
-
-    def field(self, label):
-        """The field whose accessible name is the label before it."""
-        def look():
-            for element in self.dialog.walk():
-                if element.name == label and element.role == TEXT:
-                    return element
-            return None
-        return wait_for(look)
-
-    def control(self, name, role):
-        return next((e for e in self.dialog.walk() if e.name == name and e.role == role), None)
-
-    def texts(self):
-        return [element.name for element in self.dialog.walk() if element.role == LABEL]
-
-    def choose(self, label, item):
-        for element in self.dialog.walk():
-            if element.role == LIST_ITEM and element.name == item:
-                parent = element.context.getAccessibleParent().getAccessibleContext()
-                parent.selectAccessibleChild(element.context.getAccessibleIndexInParent())
-                return
-        self.fail(item)
-
-    def press(self, name):
-        self.control(name, PUSH_BUTTON).click()
-
-    def run_and_wait(self):
-        self.press("OK")
-        self.assertTrue(wait_for(lambda: self.find() is None))
-
-    def last_cells(self):
-        sheets = self.document.Sheets
-        return cells_of(sheets.getByIndex(sheets.Count - 1))
-
-    def test_the_menu_opens_the_dialog_from_data_statistics(self):
-        main = next(w for w in windows(office) if w.name.startswith("Untitled"))
-        menu = next(child for child in main.children if child.role == MENU_BAR)
-        # A menu has its entries once it is open.
-        for name in ("Data", "Statistics"):
-            menu = wait_for(lambda: next((entry for entry in menu.children if entry.name == name), None))
-            menu.click()
-        self.assertTrue(wait_for(lambda: "Nonparametric Tests..." in [e.name for e in menu.children]))
-        self.picture("menu")
-        next(entry for entry in menu.children if entry.name == "Nonparametric Tests...").click()
-        self.assertIsNotNone(window(office, TITLE))
-
+class Dialog(DialogCase):
     def test_a_selection_fills_the_fields_and_ok_gives_the_report(self):
         self.open_dialog("A1:B7")
         self.assertEqual(self.field("First range:").text, "$Data.$A$1:$A$7")
@@ -113,6 +26,19 @@ class Dialog(TestCase):
         self.assertIn(34.0, [cell for row in cells for cell in row])
         self.assertEqual(list(self.document.UndoManager.AllUndoActionTitles)[0], "Mann-Whitney Test Results")
         self.picture("report")
+
+    def test_several_selected_areas_fill_the_fields_as_the_test_takes_them(self):
+        areas = self.document.createInstance("com.sun.star.sheet.SheetCellRanges")
+        for address in ("A1:A7", "C1:C7"):
+            areas.addRangeAddress(self.sheet.getCellRangeByName(address).RangeAddress, False)
+        self.document.CurrentController.select(areas)
+        self.open_dialog()
+        self.assertEqual(self.field("First range:").text, "$Data.$A$1:$A$7")
+        self.assertEqual(self.field("Second range:").text, "$Data.$C$1:$C$7")
+        self.choose("Test:", "Friedman test")
+        self.assertTrue(wait_for(lambda: "Data ranges:" in self.texts()))
+        self.assertEqual(self.field("Data ranges:").text, "$Data.$A$1:$A$7;$Data.$C$1:$C$7")
+        self.choose("Test:", "Mann-Whitney U test")
 
     def test_an_error_is_shown_beside_its_field_and_everything_typed_stays(self):
         self.open_dialog()
@@ -137,38 +63,6 @@ class Dialog(TestCase):
         text = "Data!B4 holds a text; every cell of the data must be a number."
         self.assertTrue(wait_for(lambda: text in self.texts()))
         self.assertGreater(self.control(text, LABEL).box[1], self.field("Second range:").box[1])
-
-    def test_a_range_is_picked_with_the_mouse(self):
-        self.open_dialog()
-        self.field("First range:").type("")
-        self.field("Second range:").type("Data!B1:B7")
-        pickers = [e for e in self.dialog.walk() if e.role == PUSH_BUTTON and e.name == "Select"]
-        pickers[0].click()
-        self.assertTrue(wait_for(lambda: any(w.name.startswith("Select a range") for w in windows(office))))
-        self.picture("picking")
-        start, end = self.cell_on_screen("A1"), self.cell_on_screen("A7")
-        screen.mouse("mousemove", *start, "mousedown", 1)
-        for step in range(1, 11):
-            screen.mouse("mousemove", *(a + (b - a) * step // 10 for a, b in zip(start, end)))
-        time.sleep(0.3)
-        screen.mouse("mouseup", 1)
-        self.dialog = window(office, TITLE)
-        self.assertTrue(wait_for(lambda: self.field("First range:").text != ""))
-        self.assertEqual(self.field("First range:").text.replace("$", "").split(".")[-1], "A1:A7")
-        self.run_and_wait()
-        self.assertEqual(self.last_cells()[1][0], "Set 1 Range = Data!$A$1:$A$7")
-
-    def cell_on_screen(self, address):
-        """The middle of a cell, by the accessibility of the sheet."""
-        place = self.sheet.getCellRangeByName(address).RangeAddress
-        controller = self.document.CurrentController
-        main = Element(controller.Frame.ComponentWindow.getAccessibleContext())
-        table = next(e for e in main.walk() if "Sheet" in e.name and
-                     hasattr(e.context, "getAccessibleCellAt"))
-        cell = Element(table.context.getAccessibleCellAt(place.StartRow, place.StartColumn)
-                       .getAccessibleContext())
-        left, top, width, height = cell.box
-        return left + width // 2, top + height // 2
 
     def test_what_is_shown_follows_the_test(self):
         self.open_dialog("A1:C7")
@@ -214,12 +108,6 @@ class Dialog(TestCase):
         self.choose("Test:", "Mann-Whitney U test")
         self.control("Descriptive tables", CHECK_BOX).click()
 
-    def test_the_same_command_brings_the_open_dialog_to_the_front(self):
-        self.open_dialog()
-        office.dispatch(self.document, COMMAND)
-        time.sleep(0.5)
-        self.assertEqual(len([w for w in windows(office) if w.name == TITLE]), 1)
-
     def test_nothing_is_cut_and_nothing_overlaps(self):
         self.open_dialog("A1:C7")
         for test in ("Mann-Whitney U test", "Wilcoxon paired-sample test", "Sign test", "Friedman test",
@@ -231,7 +119,7 @@ class Dialog(TestCase):
         self.choose("Test:", "Mann-Whitney U test")
 
     def test_it_speaks_german_where_calc_does(self):
-        provider = office.create("com.sun.star.configuration.ConfigurationProvider")
+        provider = self.office.create("com.sun.star.configuration.ConfigurationProvider")
         settings = provider.createInstanceWithArguments(
             "com.sun.star.configuration.ConfigurationUpdateAccess",
             (property_value("nodepath", "/org.openoffice.Setup/L10N"),))
@@ -240,8 +128,8 @@ class Dialog(TestCase):
         settings.commitChanges()
         try:
             self.document.CurrentController.select(self.sheet.getCellRangeByName("A1:B7"))
-            office.dispatch(self.document, COMMAND)
-            self.dialog = window(office, "Nichtparametrische Tests")
+            self.office.dispatch(self.document, COMMAND)
+            self.dialog = window(self.office, "Nichtparametrische Tests")
             self.field("Zweiter Bereich:").type("")
             self.press("OK")
             self.assertTrue(wait_for(lambda: "Dieser Test braucht einen zweiten Bereich." in self.texts()))
@@ -251,59 +139,38 @@ class Dialog(TestCase):
             self.picture("german")
             self.choose("Test:", "Mann-Whitney-U-Test")
             self.press("Schließen")
-            self.assertTrue(wait_for(lambda: window_now(office, "Nichtparametrische Tests") is None))
+            self.assertTrue(wait_for(lambda: window_now(self.office, "Nichtparametrische Tests") is None))
         finally:
             settings.ooLocale = before
             settings.commitChanges()
-
-    def check_layout(self):
-        left, top, width, height = self.dialog.box
-        roles = (LABEL, TEXT, PUSH_BUTTON, CHECK_BOX, RADIO_BUTTON, COMBO_BOX)
-        boxes = []
-        for element in self.dialog.children:
-            if element.role in roles and element.box[2] > 10:
-                boxes.append((element.name, element.role, element.box))
-        for name, _, (x, y, w, h) in boxes:
-            self.assertTrue(x >= left and y >= top and x + w <= left + width and y + h <= top + height, name)
-        for i, (name, _, a) in enumerate(boxes):
-            for other, _, b in boxes[i + 1:]:
-                apart = (a[0] + a[2] <= b[0] or b[0] + b[2] <= a[0] or
-                         a[1] + a[3] <= b[1] or b[1] + b[3] <= a[1])
-                self.assertTrue(apart, f"{name} and {other}")
 
     def test_a_long_run_can_be_cancelled_before_its_report_is_placed(self):
         rows = tuple((value,) for value in range(400000))
         for column in range(2):
             self.sheet.getCellRangeByPosition(column, 10, column, 10 + len(rows) - 1).setDataArray(rows)
         self.open_dialog()
-        self.control("Descriptive tables", CHECK_BOX).click()
-        self.control("Labels in the first row", CHECK_BOX).click()
+        self.addCleanup(self.restore_boxes)
+        self.tick("Descriptive tables")
+        self.tick("Labels in the first row", False)
         self.field("First range:").type("Data!A11:A400010")
         self.field("Second range:").type("Data!B11:B400010")
+        # Found before the run begins: to look for it might take longer than the run.
+        button = self.control("Close", PUSH_BUTTON)
         self.press("OK")
-        cancel = wait_for(lambda: self.control("Cancel", PUSH_BUTTON))
+        self.assertTrue(wait_for(lambda: button.name == "Cancel"))
         self.picture("running")
-        cancel.click()
-        self.assertTrue(wait_for(lambda: "The test was cancelled; nothing was placed." in self.texts(), 30))
+        button.click()
+        self.assertTrue(wait_for(lambda: "The test was cancelled; nothing was placed." in self.texts()))
         self.assertEqual(self.document.Sheets.Count, 1)
         self.assertEqual(self.field("First range:").text, "Data!A11:A400010")
         self.assertFalse(self.document.hasControllersLocked())
-        self.control("Descriptive tables", CHECK_BOX).click()
-        self.control("Labels in the first row", CHECK_BOX).click()
 
-    def test_escape_closes_the_dialog(self):
+    def restore_boxes(self):
+        self.document = self.office.open_with([BEFORE, AFTER])
         self.open_dialog()
-        self.field("First range:").context.grabFocus()
-        left, top, _, _ = self.field("First range:").box
-        screen.mouse("mousemove", left + 5, top + 5, "click", 1, "key", "Escape")
-        self.assertTrue(wait_for(lambda: self.find() is None))
-
-    def test_letters_with_alt_go_to_their_fields(self):
-        self.open_dialog()
-        left, top, _, _ = self.field("First range:").box
-        screen.mouse("mousemove", left + 5, top + 5, "click", 1, "key", "alt+s", "type", "B9")
-        self.assertTrue(wait_for(lambda: self.field("Second range:").text == "B9"))
-        screen.mouse("key", "Tab", "Tab")
+        self.tick("Descriptive tables", False)
+        self.tick("Labels in the first row")
+        self.tearDown()
 
 
 class LastWindow(TestCase):

@@ -1,0 +1,141 @@
+"""A Calc on a screen with the dialog in it: how its tests find, fill in and photograph it."""
+
+import os
+import pathlib
+import time
+
+import uno  # noqa: F401
+from com.sun.star.accessibility.AccessibleRole import (CHECK_BOX, COMBO_BOX, DIALOG, LABEL, LIST_ITEM,
+                                                       PUSH_BUTTON, RADIO_BUTTON, TEXT)
+from com.sun.star.accessibility.AccessibleStateType import CHECKED, FOCUSED
+
+from office import Office, TestCase, cells_of
+from screen import Element, Screen, wait_for, window, window_now, windows
+
+COMMAND = "org.tbvnonpara.calc:dialog"
+TITLE = "Nonparametric Tests"
+PICTURES = os.environ.get("TBVNONPARA_PICTURES")
+BEFORE = ["Before", 12, 15, 11, 18, 14, 13]
+AFTER = ["After", 17, 21, 16, 23, 19, 24]
+LATER = ["Later", 16, 14, 13, 12, 20, 19]
+
+
+class DialogCase(TestCase):
+    """One Calc for all tests of a class, a document of its own for each."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.screen = cls.enterClassContext(Screen())
+        cls.office = cls.enterClassContext(Office(visible=True))
+
+    def setUp(self):
+        self.document = self.office.open_with([BEFORE, AFTER, LATER])
+        self.sheet = self.document.Sheets.getByIndex(0)
+
+    def tearDown(self):
+        opened = self.find()
+        if opened:
+            opened.find("Close").click()
+        wait_for(lambda: self.find() is None)
+        self.document.close(True)
+
+    def find(self):
+        return window_now(self.office, TITLE)
+
+    def open_dialog(self, selection=None):
+        if selection:
+            self.document.CurrentController.select(self.sheet.getCellRangeByName(selection))
+        self.office.dispatch(self.document, COMMAND)
+        self.dialog = window(self.office, TITLE)
+        self.assertIsNotNone(self.dialog)
+        return self.dialog
+
+    def picture(self, name):
+        if PICTURES:
+            time.sleep(0.5)
+            self.screen.picture(pathlib.Path(PICTURES) / (name + ".png"))
+
+    def field(self, label):
+        """The field whose accessible name is the label before it."""
+        def look():
+            for element in self.dialog.walk():
+                if element.name == label and element.role == TEXT:
+                    return element
+            return None
+        return wait_for(look)
+
+    def control(self, name, role):
+        return next((e for e in self.dialog.walk() if e.name == name and e.role == role), None)
+
+    def texts(self):
+        return [element.name for element in self.dialog.walk() if element.role == LABEL]
+
+    def choose(self, label, item):
+        for element in self.dialog.walk():
+            if element.role == LIST_ITEM and element.name == item:
+                parent = element.context.getAccessibleParent().getAccessibleContext()
+                parent.selectAccessibleChild(element.context.getAccessibleIndexInParent())
+                return
+        self.fail(item)
+
+    def press(self, name):
+        self.control(name, PUSH_BUTTON).click()
+
+    def tick(self, label, wanted=True):
+        box = self.control(label, CHECK_BOX)
+        if box.has(CHECKED) != wanted:
+            box.click()
+
+    def pickers(self):
+        return [e for e in self.dialog.walk() if e.role == PUSH_BUTTON and e.name == "Select"]
+
+    def drag(self, first, last):
+        """Picks a range with the mouse once the picker waits for it."""
+        self.assertTrue(wait_for(lambda: any(w.name.startswith("Select a range") for w in windows(self.office))))
+        start, end = self.cell_on_screen(first), self.cell_on_screen(last)
+        self.screen.mouse("mousemove", *start, "mousedown", 1)
+        for step in range(1, 11):
+            self.screen.mouse("mousemove", *(a + (b - a) * step // 10 for a, b in zip(start, end)))
+        time.sleep(0.3)
+        self.screen.mouse("mouseup", 1)
+        self.dialog = window(self.office, TITLE)
+
+    def run_and_wait(self):
+        self.press("OK")
+        self.assertTrue(wait_for(lambda: self.find() is None))
+
+    def last_cells(self):
+        sheets = self.document.Sheets
+        return cells_of(sheets.getByIndex(sheets.Count - 1))
+
+    def focused(self):
+        """The name of the control that the keyboard works on; a list has the name of its label."""
+        names = [e.name for e in self.dialog.walk() if e.has(FOCUSED) and e.role not in (LIST_ITEM, DIALOG)]
+        return names[0] if names else None
+
+    def cell_on_screen(self, address):
+        """The middle of a cell, by the accessibility of the sheet."""
+        place = self.sheet.getCellRangeByName(address).RangeAddress
+        controller = self.document.CurrentController
+        main = Element(controller.Frame.ComponentWindow.getAccessibleContext())
+        table = next(e for e in main.walk() if "Sheet" in e.name and
+                     hasattr(e.context, "getAccessibleCellAt"))
+        cell = Element(table.context.getAccessibleCellAt(place.StartRow, place.StartColumn)
+                       .getAccessibleContext())
+        left, top, width, height = cell.box
+        return left + width // 2, top + height // 2
+
+    def check_layout(self):
+        left, top, width, height = self.dialog.box
+        roles = (LABEL, TEXT, PUSH_BUTTON, CHECK_BOX, RADIO_BUTTON, COMBO_BOX)
+        boxes = []
+        for element in self.dialog.children:
+            if element.role in roles and element.box[2] > 10:
+                boxes.append((element.name, element.role, element.box))
+        for name, _, (x, y, w, h) in boxes:
+            self.assertTrue(x >= left and y >= top and x + w <= left + width and y + h <= top + height, name)
+        for i, (name, _, a) in enumerate(boxes):
+            for other, _, b in boxes[i + 1:]:
+                apart = (a[0] + a[2] <= b[0] or b[0] + b[2] <= a[0] or
+                         a[1] + a[3] <= b[1] or b[1] + b[3] <= a[1])
+                self.assertTrue(apart, f"{name} and {other}")
