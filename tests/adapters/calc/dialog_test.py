@@ -9,7 +9,7 @@ from com.sun.star.accessibility.AccessibleRole import (CHECK_BOX, LABEL, LIST_IT
 
 from dialog_case import AFTER, BEFORE, COMMAND, DialogCase
 from office import Office, TestCase, property_value
-from screen import wait_for, window, window_now
+from screen import Screen, wait_for, window, window_now
 
 
 class Dialog(DialogCase):
@@ -156,14 +156,17 @@ class Dialog(DialogCase):
         self.field("Second range:").type("Data!B11:B400010")
         # Found before the run begins: to look for it might take longer than the run.
         button = self.control("Close", PUSH_BUTTON)
+        idle = self.screen.bottom_line()
         self.press("OK")
         self.assertTrue(wait_for(lambda: button.name == "Cancel"))
+        self.assertTrue(wait_for(lambda: self.screen.bottom_line() != idle), "no progress is shown")
         self.picture("running")
         button.click()
         self.assertTrue(wait_for(lambda: "The test was cancelled; nothing was placed." in self.texts()))
         self.assertEqual(self.document.Sheets.Count, 1)
         self.assertEqual(self.field("First range:").text, "Data!A11:A400010")
         self.assertFalse(self.document.hasControllersLocked())
+        self.assertTrue(wait_for(lambda: self.screen.bottom_line() == idle), "the progress stays")
 
     def restore_boxes(self):
         self.document = self.office.open_with([BEFORE, AFTER])
@@ -175,7 +178,7 @@ class Dialog(DialogCase):
 
 class LastWindow(TestCase):
     def test_closing_it_ends_the_office_whatever_was_computed(self):
-        with Office(visible=True) as own:
+        with Screen(), Office(visible=True) as own:
             document = own.open_with([BEFORE, AFTER])
             request = own.create("TBVNonPara.clsNonPara")
             request.YRange, request.XRange = "A2:A7", "B2:B7"

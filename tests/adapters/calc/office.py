@@ -109,17 +109,20 @@ class Office:
         resolver = uno.getComponentContext().ServiceManager.createInstance(
             "com.sun.star.bridge.UnoUrlResolver")
         limit = time.monotonic() + PATIENCE
-        while True:
+        self.context = None
+        while self.context is None:
             try:
                 self.context = resolver.resolve(
                     f"uno:pipe,name={self.pipe};urp;StarOffice.ComponentContext")
-                break
+                continue
             except NoConnectException:
-                if self.process.poll() == PROFILE_MADE:
-                    self.process = self.spawn(f"--accept=pipe,name={self.pipe};urp;")
-                elif self.process.poll() is not None or time.monotonic() > limit:
-                    raise RuntimeError("the office did not start: " + self.log.read_text(errors="replace"))
-                time.sleep(0.05)
+                pass
+            # Outside the handler: an office's exception cannot be kept as the cause of another.
+            if self.process.poll() == PROFILE_MADE:
+                self.process = self.spawn(f"--accept=pipe,name={self.pipe};urp;")
+            elif self.process.poll() is not None or time.monotonic() > limit:
+                raise RuntimeError("the office did not start: " + self.log.read_text(errors="replace"))
+            time.sleep(0.05)
         self.desktop = self.create("com.sun.star.frame.Desktop")
 
     def _install(self):

@@ -139,8 +139,9 @@ class Placing(TestCase):
     def test_a_document_closed_in_between_is_an_error(self):
         request = self.make_request("Data!D1")
         self.document.close(True)
-        with self.assertRaises(AnalysisException):
+        with self.assertRaises(AnalysisException) as caught:
             request.Results()
+        self.assertEqual(caught.exception.Number, CALC_ERROR)
         other = office.open_with(COLUMNS)
         try:
             self.make_request("Data!D1").Results()
@@ -188,7 +189,7 @@ class Placing(TestCase):
         self.assertEqual(names[:2], ("Data", "Other"))
         self.assertEqual(self.document.CurrentController.ActiveSheet.Name, names[2])
 
-    def test_a_failed_run_leaves_the_views_free_and_no_undo_step(self):
+    def test_a_failed_run_leaves_the_views_free_and_nothing_but_its_sheet(self):
         self.document.UndoManager.clear()
         self.request.Method = 8
         with self.assertRaises(AnalysisException):
@@ -196,6 +197,9 @@ class Placing(TestCase):
         self.assertFalse(self.document.hasControllersLocked())
         # The new sheet stays, as an undo step of its own.
         self.assertEqual(self.document.Sheets.Count, 2)
+        self.document.UndoManager.undo()
+        self.assertEqual(self.document.Sheets.ElementNames, ("Data",))
+        self.assertEqual(undo_titles(self.document), [])
 
     def test_the_scratch_workbook_is_one_hidden_unchanged_document(self):
         self.request.Results()

@@ -45,6 +45,13 @@ class Screen:
                        stdin=subprocess.DEVNULL)
 
     @staticmethod
+    def bottom_line():
+        """The pixels of the lowest line of text, where a window that fills the screen has its status bar."""
+        return subprocess.run(["timeout", "120", "import", "-window", "root", "-gravity", "south", "-crop",
+                               "600x18+0+0", "rgb:-"], check=True, stdin=subprocess.DEVNULL,
+                              capture_output=True).stdout
+
+    @staticmethod
     def mouse(*steps):
         subprocess.run(["timeout", "120", "xdotool", *map(str, steps)], check=True,
                        stdin=subprocess.DEVNULL)
