@@ -5,14 +5,18 @@
 #include <fmt/format.h>
 #include <map>
 
+#include "cli/save_options.hpp"
 #include "cli/version.hpp"
 
 namespace TBVNonPara::cli {
 
 namespace {
 
-const std::map<std::string, OutputFormat> formats = {
-    {"text", OutputFormat::Text}, {"json", OutputFormat::Json}, {"csv", OutputFormat::Csv}};
+const std::map<std::string, OutputFormat> formats = {{"text", OutputFormat::Text},
+                                                     {"json", OutputFormat::Json},
+                                                     {"csv", OutputFormat::Csv},
+                                                     {"html", OutputFormat::Html},
+                                                     {"xlsx", OutputFormat::Xlsx}};
 
 /// What CLI11 fills before it becomes Arguments.
 struct Words {
@@ -20,7 +24,7 @@ struct Words {
     bool headers = false;
     bool noHeaders = false;
     std::string tails = "two";
-    std::string format = "text";
+    std::string format;
     std::string delimiter;
     std::string decimal;
 };
@@ -73,12 +77,12 @@ void offerTails(CLI::App& command, const OfferedTest& test, Words& words) {
 }
 
 void offerFileAndForm(CLI::App& command, Words& words) {
-    command.add_option("FILE", words.arguments.file, "a .csv or .tsv file, or - for standard input")
+    command.add_option("FILE", words.arguments.file, "a .xlsx, .ods, .csv or .tsv file, or - for standard input")
         ->required()
         ->type_name("");
-    command.add_option("--format", words.format, "the form of the report: text, json or csv")
+    command.add_option("--format", words.format, "the form of the report: text, json, csv, html or xlsx")
         ->type_name("WORD")
-        ->check(CLI::IsMember({"text", "json", "csv"}).description(""));
+        ->check(CLI::IsMember({"text", "json", "csv", "html", "xlsx"}).description(""));
     command.add_option("--delimiter", words.delimiter, "what stands between two fields: , ; | or tab")
         ->type_name("CHARACTER")
         ->check(CLI::IsMember({",", ";", "|", "tab"}).description(""));
@@ -92,6 +96,7 @@ void offer(CLI::App& program, const OfferedTest& test, Words& words) {
     command.group("Tests");
     offerFileAndForm(command, words);
     offerRanges(command, test, words);
+    offerSaving(command, words.arguments);
     if (test.descriptives) {
         command.add_flag("--descriptives", words.arguments.descriptives,
                          "show the data, ranks, medians and sums");
@@ -132,7 +137,7 @@ std::string noSuchTest(std::string_view word) {
 Arguments finish(Words words) {
     Arguments& arguments = words.arguments;
     arguments.tails = tailsOf(*arguments.test, words.tails);
-    arguments.format = formats.at(words.format);
+    arguments.format = formats.at(words.format.empty() ? "text" : words.format);
     if (words.headers || words.noHeaders) {
         arguments.headers = words.headers;
     }
@@ -173,7 +178,12 @@ std::variant<Arguments, Answer> parseArguments(int count, const char* const* wor
     if (found.delimiter == "," && found.decimal == ",") {
         return Answer{"tbvnonpara: --delimiter and --decimal cannot both be a comma\n", usageStatus};
     }
-    return finish(std::move(found));
+    const bool formatGiven = !found.format.empty();
+    Arguments arguments = finish(std::move(found));
+    if (const std::optional<std::string> wrong = settleSaving(arguments, formatGiven)) {
+        return Answer{fmt::format("tbvnonpara: {}\n", *wrong), usageStatus};
+    }
+    return arguments;
 }
 
 }  // namespace TBVNonPara::cli

@@ -8,7 +8,7 @@
 
 namespace TBVNonPara::cli {
 
-enum class OutputFormat { Text, Json, Csv };
+enum class OutputFormat { Text, Json, Csv, Html, Xlsx };
 
 /// What the command line asks for. Empty addresses leave the choice of columns to the program.
 struct Arguments {
@@ -22,6 +22,10 @@ struct Arguments {
     bool ignoreTies = false;
     TBVNPTails tails = tbvNPTwoTailed;
     OutputFormat format = OutputFormat::Text;
+    std::string save;    ///< the file that the report is saved in; empty for standard output
+    std::string output;  ///< the cell that the report begins at; empty for a new sheet
+    bool overwrite = false;
+    bool withData = false;
     std::optional<char> delimiter;
     std::optional<char> decimal;
 };

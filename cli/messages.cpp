@@ -19,7 +19,8 @@ struct OwnError {
 
 constexpr auto ownErrors = std::to_array<OwnError>({
     {tbvNPBadOutputRange, "tbvNPBadOutputRange",
-     "The place for the report is no cell of the workbook. Please report this fault."},
+     "The place for the report cannot be found. Give --output a cell of a sheet that there is, for example "
+     "Sheet1!H1."},
     {tbvNPBadYRange, "tbvNPBadYRange",
      "The first range {1} cannot be found. Give --y an address such as A1:A9, a column's letters or its "
      "header."},

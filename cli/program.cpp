@@ -6,10 +6,13 @@
 
 #include "cli/arguments.hpp"
 #include "cli/csv_report.hpp"
+#include "cli/data_picture.hpp"
+#include "cli/html_report.hpp"
 #include "cli/json_report.hpp"
 #include "cli/messages.hpp"
 #include "cli/progress.hpp"
 #include "cli/run_test.hpp"
+#include "cli/save.hpp"
 #include "cli/terminal.hpp"
 #include "cli/text_report.hpp"
 
@@ -34,11 +37,12 @@ int answer(const Answer& answer) {
     return 0;
 }
 
-void write(const FinishedTest& finished, const Arguments& arguments, Output& output) {
+void write(const FinishedTest& finished, const Arguments& arguments, const std::string& picture,
+           Output& output) {
     const ReportBlock report = finished.report();
     switch (arguments.format) {
         case OutputFormat::Text:
-            writeText(report, wantsColour(), output);
+            writeText(report, arguments.save.empty() && wantsColour(), output);
             break;
         case OutputFormat::Json:
             writeJson(*arguments.test, finished.address(), report,
@@ -47,10 +51,16 @@ void write(const FinishedTest& finished, const Arguments& arguments, Output& out
         case OutputFormat::Csv:
             writeCsv(report, output);
             break;
+        case OutputFormat::Html:
+            writeHtml(report, arguments.test->title, picture, output);
+            break;
+        case OutputFormat::Xlsx:
+            break;  // only ever saved
     }
 }
 
 void analyse(const Arguments& arguments, Circumstances& circumstances) {
+    checkSaving(arguments);
     Progress progress("Reading " + arguments.file);
     const ObjectRef<workbook::EmbeddedApplication> application = openFile(arguments);
     circumstances.ranges = chooseRanges(*application, arguments);
@@ -58,10 +68,22 @@ void analyse(const Arguments& arguments, Circumstances& circumstances) {
         tell(circumstances.ranges.note + '\n');
     }
     progress.next("Analysing");
+    // The picture shows the data as they are before a report is put over them.
+    const std::string picture = arguments.format == OutputFormat::Html
+                                    ? dataPicture(*application, *arguments.test, circumstances.ranges)
+                                    : "";
     const FinishedTest finished = runTest(application, arguments, circumstances.ranges);
+    const auto writeTo = [&](Output& output) { write(finished, arguments, picture, output); };
+    if (!arguments.save.empty()) {
+        progress.next("Saving " + arguments.save);
+        const std::string saved = saveReport(finished, arguments, writeTo);
+        progress.end();
+        tell(saved + '\n');
+        return;
+    }
     progress.end();
     Output output(stdout);
-    write(finished, arguments, output);
+    writeTo(output);
     output.finish();
 }
 
@@ -84,7 +106,8 @@ int run(const Arguments& arguments) {
     } catch (const std::system_error&) {
         throw;
     } catch (...) {
-        return report(currentError(), circumstances, arguments.format);
+        return report(currentError(), circumstances,
+                      arguments.save.empty() ? arguments.format : OutputFormat::Text);
     }
 }
 

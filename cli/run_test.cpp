@@ -4,8 +4,9 @@
 #include <utility>
 
 #include "adapters/workbook/address.hpp"
-#include "adapters/workbook/csv_file.hpp"
 #include "adapters/workbook/host_error.hpp"
+#include "adapters/workbook/sheet_range.hpp"
+#include "adapters/workbook/spreadsheet_file.hpp"
 
 namespace TBVNonPara::cli {
 
@@ -29,15 +30,29 @@ std::string readStandardInput() {
     return all;
 }
 
+/// The range properties replace an error of the host by one of their own, which would not name the cell.
+void requireResultsOfFormulas(const workbook::EmbeddedApplication& application,
+                              const ChosenRanges& ranges) try {
+    for (const std::string& address : {ranges.y, ranges.x}) {
+        if (!address.empty()) {
+            const RangeRef range = application.GetRange(address);
+            const workbook::SheetRange& cells = workbook::ownRange(range);
+            workbook::requireCalculated(*cells.sheet(), cells.areas());
+        }
+    }
+} catch (const Error& error) {
+    throw Error(error.number(), error.description(), "tbvnonpara");
+}
+
 }  // namespace
 
 ObjectRef<workbook::EmbeddedApplication> openFile(const Arguments& arguments) try {
     const workbook::CsvOptions options{arguments.delimiter, arguments.decimal};
     ObjectRef<workbook::EmbeddedApplication> application = workbook::makeApplication();
     if (arguments.file == "-") {
-        workbook::openCsvText(*application, "stdin", readStandardInput(), options);
+        workbook::openData(*application, "stdin", readStandardInput(), options);
     } else {
-        workbook::openCsv(*application, arguments.file, options);
+        workbook::openDataFile(*application, arguments.file, options);
     }
     if (!arguments.sheet.empty()) {
         application->activeBook()->sheet(arguments.sheet)->Activate();
@@ -49,11 +64,14 @@ ObjectRef<workbook::EmbeddedApplication> openFile(const Arguments& arguments) tr
 }
 
 FinishedTest::FinishedTest(ObjectRef<workbook::EmbeddedApplication> application,
-                           std::unique_ptr<clsNonPara> request, std::shared_ptr<workbook::Sheet> sheet)
-    : m_Application(std::move(application)), m_Request(std::move(request)), m_Sheet(std::move(sheet)) {
-    // The report is what was copied last.
+                           std::unique_ptr<clsNonPara> request)
+    : m_Application(std::move(application)), m_Request(std::move(request)) {
+    // The report is what was copied last, and its first cell was selected.
     const workbook::Clipping& copied = *m_Application->clipboard();
-    m_Block = {1, 1, copied.rows, copied.columns};
+    const workbook::SheetRange& selected = workbook::ownRange(m_Application->selection());
+    const workbook::Rectangle first = selected.areas().front();
+    m_Sheet = selected.sheet();
+    m_Block = {first.top, first.left, first.top + copied.rows - 1, first.left + copied.columns - 1};
 }
 
 std::string FinishedTest::address() const {
@@ -62,6 +80,7 @@ std::string FinishedTest::address() const {
 
 FinishedTest runTest(const ObjectRef<workbook::EmbeddedApplication>& application, const Arguments& arguments,
                      const ChosenRanges& ranges) {
+    requireResultsOfFormulas(*application, ranges);
     auto request = std::make_unique<clsNonPara>(ownCompanions(application));
     request->LetMethod(arguments.test->method);
     request->LetTails(arguments.tails);
@@ -71,11 +90,15 @@ FinishedTest runTest(const ObjectRef<workbook::EmbeddedApplication>& application
     request->LetYRange(ranges.y);
     request->LetXRange(ranges.x);
 
-    const std::shared_ptr<workbook::Sheet> sheet =
-        application->addSheet(application->activeBook()->freeSheetName(reportSheet));
-    request->LetOutputRange(workbook::quotedSheetName(sheet->name()) + "!A1");
-    request->Results();
-    return {application, std::move(request), sheet};
+    if (arguments.output.empty()) {
+        const std::shared_ptr<workbook::Sheet> sheet =
+            application->addSheet(application->activeBook()->freeSheetName(reportSheet));
+        request->LetOutputRange(workbook::quotedSheetName(sheet->name()) + "!A1");
+    } else {
+        request->LetOutputRange(arguments.output);
+    }
+    request->Results(arguments.overwrite);
+    return {application, std::move(request)};
 }
 
 }  // namespace TBVNonPara::cli

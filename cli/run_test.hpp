@@ -18,12 +18,13 @@ namespace TBVNonPara::cli {
 /// A finished analysis and where its report lies.
 class FinishedTest {
  public:
-    FinishedTest(ObjectRef<workbook::EmbeddedApplication> application, std::unique_ptr<clsNonPara> request,
-                 std::shared_ptr<workbook::Sheet> sheet);
+    FinishedTest(ObjectRef<workbook::EmbeddedApplication> application, std::unique_ptr<clsNonPara> request);
 
     [[nodiscard]] const clsNonParaBO& engine() const { return m_Request->engine(); }
     /// "Results!$A$1:$D$9".
     [[nodiscard]] std::string address() const;
+    [[nodiscard]] const workbook::Sheet& sheet() const { return *m_Sheet; }
+    [[nodiscard]] const workbook::Rectangle& block() const { return m_Block; }
     [[nodiscard]] ReportBlock report() const { return {m_Sheet->values(), m_Sheet->formats(), m_Block}; }
 
  private:
@@ -33,7 +34,8 @@ class FinishedTest {
     workbook::Rectangle m_Block;
 };
 
-/// Runs the test on the ranges; the report goes to a new sheet "Results". Raises what the library raises.
+/// Runs the test on the ranges; the report goes where the command line says, else to a new
+/// sheet "Results". Raises what the library raises.
 [[nodiscard]] FinishedTest runTest(const ObjectRef<workbook::EmbeddedApplication>& application,
                                    const Arguments& arguments, const ChosenRanges& ranges);
 

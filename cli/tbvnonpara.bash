@@ -1,7 +1,8 @@
 # bash completion for tbvnonpara
 
 _tbvnonpara_options() {
-    local options="--y --sheet --headers --no-headers --format --delimiter --decimal --help"
+    local options="--y --sheet --headers --no-headers --format --delimiter --decimal --save --output --overwrite --with-data
+        --help"
     case $1 in
         mann-whitney | wilcoxon | spearman | sign) options+=" --x" ;;
     esac
@@ -36,9 +37,13 @@ _tbvnonpara() {
     fi
     case $previous in
         --tails) mapfile -t COMPREPLY < <(compgen -W "$(_tbvnonpara_tails "$test")" -- "$word") ;;
-        --format) mapfile -t COMPREPLY < <(compgen -W "text json csv" -- "$word") ;;
+        --format) mapfile -t COMPREPLY < <(compgen -W "text json csv html xlsx" -- "$word") ;;
         --delimiter) mapfile -t COMPREPLY < <(compgen -W "tab" -- "$word") ;;
-        --decimal | --y | --x | --sheet) ;;
+        --decimal | --y | --x | --sheet | --output) ;;
+        --save)
+            compopt -o filenames 2>/dev/null
+            mapfile -t COMPREPLY < <(compgen -f -- "$word")
+            ;;
         *)
             if [[ $word == -* ]]; then
                 mapfile -t COMPREPLY < <(compgen -W "$(_tbvnonpara_options "$test")" -- "$word")
@@ -49,6 +54,7 @@ _tbvnonpara() {
                     compgen -d -- "$word"
                     compgen -f -X '!*.csv' -- "$word"
                     compgen -f -X '!*.tsv' -- "$word"
+                    compgen -f -X '!*.@(xlsx|xlsm|ods)' -- "$word"
                 )
             fi
             ;;

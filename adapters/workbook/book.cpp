@@ -90,6 +90,14 @@ std::shared_ptr<Sheet> Book::addSheet(std::string_view name) {
         refuse("There is a sheet \"" + std::string(name) + "\" in workbook \"" + m_Name +
                "\" already; choose another name.");
     }
+    return append(name);
+}
+
+std::shared_ptr<Sheet> Book::adoptSheet(std::string_view name) {
+    return append(name.empty() || find(name) != nullptr ? freeSheetName(name) : std::string(name));
+}
+
+std::shared_ptr<Sheet> Book::append(std::string_view name) {
     m_Sheets.push_back(std::make_shared<Sheet>(std::string(name), weak_from_this()));
     if (m_ActiveSheet == nullptr) {
         m_ActiveSheet = m_Sheets.back();

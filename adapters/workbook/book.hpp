@@ -38,6 +38,9 @@ class Book final : public Workbook, public std::enable_shared_from_this<Book> {
     /// Adds an empty sheet behind the others; the first one becomes the active sheet. Raises the host's
     /// error for a name that is taken or that no sheet may have.
     std::shared_ptr<Sheet> addSheet(std::string_view name);
+    /// The same for a sheet of a file, which may have a name that no sheet made here would be given. A name
+    /// that is taken gets a number behind it.
+    std::shared_ptr<Sheet> adoptSheet(std::string_view name);
     /// Adds a sheet with the next free name ("Sheet2") in front of the active one and makes it active.
     std::shared_ptr<Sheet> insertSheet();
     void moveSheet(const Sheet& sheet, const Worksheet& after);
@@ -47,6 +50,7 @@ class Book final : public Workbook, public std::enable_shared_from_this<Book> {
     [[nodiscard]] std::string freeSheetName(std::string_view name) const;
 
  private:
+    std::shared_ptr<Sheet> append(std::string_view name);
     [[nodiscard]] std::shared_ptr<Sheet> find(std::string_view name) const;
     [[nodiscard]] std::size_t positionOf(const Worksheet& sheet) const;
 

@@ -31,6 +31,7 @@ class Sheet final : public Worksheet, public std::enable_shared_from_this<Sheet>
     void Activate() override;
 
     [[nodiscard]] const std::string& name() const noexcept { return m_Name; }
+    /// A formula whose result the file does not hold shows as `uncalculated`.
     [[nodiscard]] const CellValue& value(Index row, Index column) const { return m_Values.at(row, column); }
     [[nodiscard]] const CellFormat& format(Index row, Index column) const {
         return m_Formats.at(row, column);

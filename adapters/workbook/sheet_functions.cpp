@@ -81,6 +81,7 @@ double SheetFunctions::FDist(double x, Long df1, Long df2) const {
 
 double SheetFunctions::CountIf(const RangeRef& range, std::string_view criterion) const {
     const SheetRange& cells = ownRange(range);
+    requireCalculated(*cells.sheet(), cells.areas());
     const Criterion wanted(criterion);
     double count = 0;
     for (const Rectangle& area : cells.areas()) {

@@ -27,6 +27,11 @@ CellValue storable(const CellValue& value) {
     return number == nullptr || std::isfinite(*number) ? value : CellValue(CellError::Number);
 }
 
+bool isUncalculated(const CellValue& value) noexcept {
+    const auto* error = std::get_if<CellError>(&value);
+    return error != nullptr && *error == uncalculated;
+}
+
 std::string sizeText(Index rows, Index columns) {
     return std::to_string(rows) + " x " + std::to_string(columns);
 }
@@ -66,6 +71,7 @@ std::string SheetRange::fullAddress() const {
 
 ValueGrid SheetRange::GetValue() const {
     requireSensibleSize(first());
+    requireCalculated(*m_Sheet, {first()});
     ValueGrid grid(first().rows(), first().columns());
     for (Index column = 1; column <= first().columns(); ++column) {
         m_Sheet->values().read(first().top, first().left + column - 1, grid.column(column));
@@ -169,6 +175,20 @@ void SheetRange::Select() {
                "\" cannot be selected while another sheet is active; activate the sheet first.");
     }
     application->setSelection(m_Sheet->range(m_Areas));
+}
+
+void requireCalculated(const Sheet& sheet, const Areas& areas) {
+    for (const Rectangle& area : areas) {
+        sheet.values().visit(area, [&](Index row, Index column, const CellValue& value) {
+            if (isUncalculated(value)) {
+                const std::string cell = absoluteAddress(Rectangle{row, column, row, column});
+                refuse(
+                    quotedSheetName(sheet.name()) + '!' + cell +
+                    " holds a formula whose result is not in the file; open the file in a spreadsheet, let "
+                    "it calculate and save it.");
+            }
+        });
+    }
 }
 
 const SheetRange& ownRange(const RangeRef& range) {

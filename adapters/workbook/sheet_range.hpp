@@ -29,6 +29,7 @@ class SheetRange final : public Range {
     [[nodiscard]] std::string GetAddress() const override;
     [[nodiscard]] std::string GetAddressLocal() const override { return GetAddress(); }
 
+    /// Raises the host's error for a formula whose result is not known.
     [[nodiscard]] ValueGrid GetValue() const override;
     void LetValue(const CellValue& value) override;
     /// Both lists and grids must have exactly the size of the range.
@@ -59,6 +60,9 @@ class SheetRange final : public Range {
     std::shared_ptr<Sheet> m_Sheet;
     Areas m_Areas;
 };
+
+/// Raises the host's error for a cell in one of the areas whose formula the file holds without its result.
+void requireCalculated(const Sheet& sheet, const Areas& areas);
 
 /// The range as one of this host; raises ObjectNotSet for none, the host's error for another host's.
 [[nodiscard]] const SheetRange& ownRange(const RangeRef& range);

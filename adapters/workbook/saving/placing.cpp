@@ -1,0 +1,113 @@
+#include "adapters/workbook/saving/placing.hpp"
+
+#include <algorithm>
+#include <utility>
+
+#include "adapters/workbook/address.hpp"
+#include "adapters/workbook/host_error.hpp"
+#include "adapters/workbook/saving/cell_text.hpp"
+#include "adapters/workbook/saving/package.hpp"
+#include "adapters/workbook/saving/sheet_part.hpp"
+#include "adapters/workbook/saving/workbook_part.hpp"
+
+namespace TBVNonPara::workbook {
+
+namespace {
+
+void refuseSigned(const Package& package) {
+    const auto isSignature = [](const std::string& part) { return part.starts_with("_xmlsignatures/"); };
+    if (std::ranges::any_of(package.parts(), isSignature)) {
+        refuse("The workbook \"" + package.fileName() +
+               "\" is signed, and a report in it would break the signature; save the report in a file of its "
+               "own.");
+    }
+}
+
+bool overlap(const Rectangle& a, const Rectangle& b) noexcept {
+    return a.top <= b.bottom && b.top <= a.bottom && a.left <= b.right && b.left <= a.right;
+}
+
+/// Adds the tables and pivot tables that reach into the area.
+void findTables(const Package& package, const std::string& sheet, const Rectangle& area,
+                Obstacles& obstacles) {
+    for (const Relationship& link : relationshipsOf(package, sheet)) {
+        if ((link.type != "table" && link.type != "pivotTable") || !package.has(link.part)) {
+            continue;
+        }
+        XmlVisitor visitor;
+        visitor.begin = [&](const XmlTag& tag, int depth) {
+            const bool bearsArea = link.type == "table" ? depth == 1 : tag.name() == "location";
+            if (bearsArea && tag.attribute("ref") && overlap(areaOf(*tag.attribute("ref")), area)) {
+                obstacles.push_back((link.type == "table" ? "the table in " : "the pivot table in ") +
+                                    std::string(*tag.attribute("ref")));
+            }
+        };
+        walkXml(package.read(link.part), link.part, visitor);
+    }
+}
+
+std::string areaText(const Placement& placement) {
+    return quotedSheetName(placement.sheet->name()) + '!' + plainAddress(placement.area);
+}
+
+void placeOnSheet(Package& package, WorkbookPart& workbook, StylePart& styles, const Placement& placement) {
+    const ListedSheet& sheet = workbook.sheet(placement.sheet->name());
+    const SheetPart part(package.read(sheet.part), sheet.part, placement.area);
+    Obstacles obstacles = part.obstacles();
+    findTables(package, sheet.part, placement.area, obstacles);
+    if (!obstacles.empty()) {
+        refuse("The report needs " + areaText(placement) + ", and " + obstacles.front() +
+               " would be broken; choose another place.");
+    }
+    if (!placement.overwrite && !part.firstOccupied().empty()) {
+        refuse("The report needs " + areaText(placement) + ", and " + part.firstOccupied() +
+               " holds something; clear these cells, choose another place or allow overwriting.");
+    }
+    SheetRows rows(*placement.sheet, placement.area, styles, part.prefix());
+    package.put(sheet.part, part.finish(rows));
+    workbook.forgetFormulas(sheet.sheetId, part.formulas());
+}
+
+std::string columnsOf(const Placement& placement) {
+    std::string xml = "<cols>";
+    Index column = placement.area.left;
+    for (const double width : columnWidths(*placement.sheet, placement.area)) {
+        const std::string number = std::to_string(column);
+        xml += "<col min=\"" + number + "\" max=\"" + number + "\" width=\"";
+        appendNumber(width, xml);
+        xml += "\" customWidth=\"1\"/>";
+        column += 1;
+    }
+    return xml + "</cols>";
+}
+
+std::string newSheet(const Placement& placement, StylePart& styles) {
+    std::string xml =
+        "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n"
+        "<worksheet xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\"><dimension ref=\"" +
+        plainAddress(placement.area) + "\"/>" + columnsOf(placement) + "<sheetData>";
+    SheetRows(*placement.sheet, placement.area, styles, "")
+        .appendRows(placement.area.top, placement.area.bottom, xml);
+    return xml + "</sheetData></worksheet>";
+}
+
+}  // namespace
+
+std::string placeIntoCopy(std::string workbook, const std::string& fileName, const Placement& placement) {
+    Package package(std::move(workbook), fileName);
+    refuseSigned(package);
+    WorkbookPart parts(package);
+    const std::string stylePart = parts.stylePart();
+    StylePart styles(package.has(stylePart) ? package.read(stylePart) : emptyStylePart(), stylePart);
+    if (placement.target == TargetSheet::Named) {
+        placeOnSheet(package, parts, styles, placement);
+    } else {
+        parts.addSheet(placement.sheet->name(), newSheet(placement, styles));
+    }
+    if (styles.changed() || !package.has(stylePart)) {
+        package.put(stylePart, styles.finish());
+    }
+    return package.finish();
+}
+
+}  // namespace TBVNonPara::workbook

@@ -1,0 +1,94 @@
+#include "adapters/workbook/saving/xlsx_writer.hpp"
+
+#include <cstdlib>
+#include <filesystem>
+#include <utility>
+#include <xlsxwriter.h>
+
+#include "adapters/workbook/csv_file.hpp"
+#include "adapters/workbook/host_error.hpp"
+#include "adapters/workbook/saving/package.hpp"
+#include "adapters/workbook/saving/sheet_part.hpp"
+#include "adapters/workbook/saving/workbook_part.hpp"
+
+namespace TBVNonPara::workbook {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A folder for the writer's file, gone at the end.
+class TemporaryFolder {
+ public:
+    TemporaryFolder() {
+        std::string pattern = (fs::temp_directory_path() / "tbvnonpara-XXXXXX").string();
+        if (::mkdtemp(pattern.data()) == nullptr) {
+            refuse("No temporary folder can be made in \"" + fs::temp_directory_path().string() + "\".");
+        }
+        m_Path = pattern;
+    }
+    ~TemporaryFolder() {
+        std::error_code ignored;
+        fs::remove_all(m_Path, ignored);
+    }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    [[nodiscard]] const fs::path& path() const noexcept { return m_Path; }
+
+ private:
+    fs::path m_Path;
+};
+
+void widenColumns(lxw_worksheet* worksheet, const WrittenSheet& written) {
+    Index column = written.area.left - 1;
+    for (const double width : columnWidths(*written.sheet, written.area)) {
+        const auto position = static_cast<lxw_col_t>(column);
+        worksheet_set_column(worksheet, position, position, width, nullptr);
+        column += 1;
+    }
+}
+
+/// A workbook with empty sheets.
+std::string frame(const std::vector<WrittenSheet>& sheets) {
+    const TemporaryFolder folder;
+    const std::string file = (folder.path() / "frame.xlsx").string();
+    lxw_workbook* const workbook = workbook_new(file.c_str());
+    if (workbook == nullptr) {
+        raise(RuntimeError::OutOfMemory);
+    }
+    lxw_error error = LXW_NO_ERROR;
+    for (const WrittenSheet& written : sheets) {
+        lxw_worksheet* const worksheet = workbook_add_worksheet(workbook, written.sheet->name().c_str());
+        if (worksheet == nullptr) {
+            error = LXW_ERROR_SHEETNAME_LENGTH_EXCEEDED;
+            break;
+        }
+        widenColumns(worksheet, written);
+    }
+    const lxw_error closing = workbook_close(workbook);
+    error = error == LXW_NO_ERROR ? closing : error;
+    if (error != LXW_NO_ERROR) {
+        refuse(std::string("The new workbook could not be made: ") + lxw_strerror(error) + '.');
+    }
+    return readFile(file);
+}
+
+}  // namespace
+
+std::string newWorkbook(const std::vector<WrittenSheet>& sheets) {
+    Package package(frame(sheets), "the new workbook");
+    WorkbookPart workbook(package);
+    const std::string stylePart = workbook.stylePart();
+    StylePart styles(package.read(stylePart), stylePart);
+    for (const WrittenSheet& written : sheets) {
+        const std::string& name = workbook.sheet(written.sheet->name()).part;
+        const SheetPart part(package.read(name), name, written.area);
+        SheetRows rows(*written.sheet, written.area, styles, part.prefix());
+        package.put(name, part.finish(rows));
+    }
+    package.put(stylePart, styles.finish());
+    return package.finish();
+}
+
+}  // namespace TBVNonPara::workbook

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "cli/picture_data.hpp"
+
+namespace TBVNonPara::cli {
+
+/// The stretch of a drawing that data take, and the room for labels in front of it.
+constexpr double plotLeft = 150;
+constexpr double plotRight = 615;
+constexpr double labelsEnd = plotLeft - 14;
+constexpr std::size_t labelLength = 18;
+
+/// Figures of a page; empty texts when there is no number to draw.
+[[nodiscard]] std::string groupsPicture(const std::vector<PictureColumn>& columns);
+[[nodiscard]] std::string differencesPicture(const PictureColumn& y, const PictureColumn& x);
+[[nodiscard]] std::string ranksPicture(const PictureColumn& y, const PictureColumn& x);
+
+}  // namespace TBVNonPara::cli

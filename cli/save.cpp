@@ -1,0 +1,146 @@
+#include "cli/save.hpp"
+
+#include <filesystem>
+#include <fstream>
+#include <system_error>
+
+#include "adapters/workbook/address.hpp"
+#include "adapters/workbook/csv_file.hpp"
+#include "adapters/workbook/host_error.hpp"
+#include "adapters/workbook/saving/placing.hpp"
+#include "adapters/workbook/saving/saved_file.hpp"
+#include "adapters/workbook/saving/xlsx_writer.hpp"
+#include "adapters/workbook/unicode.hpp"
+
+namespace TBVNonPara::cli {
+
+namespace {
+
+namespace fs = std::filesystem;
+using workbook::ExistingFile;
+
+ExistingFile existingFile(const Arguments& arguments) {
+    return arguments.overwrite ? ExistingFile::Replace : ExistingFile::Keep;
+}
+
+std::string endingOf(const std::string& file) {
+    return workbook::foldCase(fs::path(file).extension().string());
+}
+
+/// Whether the data come from a workbook that a report can be placed into: .xlsx or .xlsm, by its contents.
+bool readsWorkbook(const Arguments& arguments) {
+    if (arguments.file == "-") {
+        return false;
+    }
+    std::ifstream file(arguments.file, std::ios::binary);
+    std::string beginning(4, '\0');
+    file.read(beginning.data(), 4);
+    const std::string ending = endingOf(arguments.file);
+    return beginning == "PK\x03\x04" && ending != ".ods";
+}
+
+bool namesTheInput(const Arguments& arguments) {
+    std::error_code error;
+    return arguments.file != "-" && fs::equivalent(arguments.file, arguments.save, error) && !error;
+}
+
+/// A copy of the user's workbook, rather than one with the report alone.
+bool savesCopy(const Arguments& arguments) {
+    return readsWorkbook(arguments) &&
+           (!arguments.output.empty() || arguments.withData || namesTheInput(arguments));
+}
+
+void requireSameKind(const Arguments& arguments) {
+    const std::string ending = endingOf(arguments.file);
+    if (endingOf(arguments.save) != ending && (ending == ".xlsx" || ending == ".xlsm")) {
+        workbook::refuse("\"" + arguments.save + "\" would be a copy of \"" + arguments.file +
+                         "\" and must end in " + ending + " as well.");
+    }
+}
+
+std::string copyOfWorkbook(const FinishedTest& finished, const Arguments& arguments) {
+    const auto target =
+        arguments.output.empty() ? workbook::TargetSheet::Added : workbook::TargetSheet::Named;
+    return workbook::placeIntoCopy(workbook::readFile(arguments.file), arguments.file,
+                                   {&finished.sheet(), finished.block(), target, arguments.overwrite});
+}
+
+/// The report's sheet, as far as it is the report's, in front of the data.
+std::string workbookOfItsOwn(const FinishedTest& finished, const Arguments& arguments) {
+    std::vector<workbook::WrittenSheet> sheets = {{&finished.sheet(), finished.block()}};
+    const auto used = finished.sheet().usedArea();
+    if (!arguments.output.empty() && used) {
+        sheets.front().area = workbook::around(*used, finished.block());
+    }
+    for (const auto& sheet : finished.sheet().book()->sheets()) {
+        const auto data = sheet->usedArea();
+        if (arguments.withData && data && sheet.get() != &finished.sheet()) {
+            sheets.push_back({sheet.get(), *data});
+        }
+    }
+    return workbook::newWorkbook(sheets);
+}
+
+std::string savedWorkbook(const FinishedTest& finished, const Arguments& arguments) {
+    if (savesCopy(arguments)) {
+        return copyOfWorkbook(finished, arguments);
+    }
+    return workbookOfItsOwn(finished, arguments);
+}
+
+/// The errors of files have no source of their own.
+template <typename Action>
+auto asProgram(const Action& action) try {
+    return action();
+} catch (const std::system_error&) {
+    throw;
+} catch (...) {
+    const Error error = currentError();
+    throw Error(error.number(), error.description(), error.source().empty() ? "tbvnonpara" : error.source());
+}
+
+}  // namespace
+
+void checkSaving(const Arguments& arguments) {
+    asProgram([&] {
+        if (arguments.save.empty()) {
+            return;
+        }
+        workbook::requireSavable(arguments.save, existingFile(arguments));
+        if (namesTheInput(arguments) && arguments.format != OutputFormat::Xlsx) {
+            workbook::refuse(
+                "\"" + arguments.save +
+                "\" is the file that the data are read from; save the report under another name.");
+        }
+        if (arguments.format != OutputFormat::Xlsx) {
+            return;
+        }
+        if (savesCopy(arguments)) {
+            requireSameKind(arguments);
+        } else if (endingOf(arguments.save) == ".xlsm" || namesTheInput(arguments)) {
+            workbook::refuse("\"" + arguments.save +
+                             "\" would be a new workbook; give it a name of its own that "
+                             "ends in .xlsx.");
+        }
+    });
+}
+
+std::string saveReport(const FinishedTest& finished, const Arguments& arguments,
+                       const std::function<void(Output&)>& write) {
+    return asProgram([&] {
+        const std::string bytes =
+            arguments.format == OutputFormat::Xlsx ? savedWorkbook(finished, arguments) : "";
+        workbook::SavedFile file(arguments.save, existingFile(arguments));
+        if (arguments.format == OutputFormat::Xlsx) {
+            file.write(bytes);
+        } else {
+            Output output(file.file());
+            write(output);
+            output.finish();
+        }
+        file.keep();
+        return "saved " + finished.address() + " in " + arguments.save;
+    });
+}
+
+}  // namespace TBVNonPara::cli

@@ -1,0 +1,71 @@
+#include "cli/save_options.hpp"
+
+#include <filesystem>
+#include <fmt/format.h>
+
+#include "adapters/workbook/unicode.hpp"
+
+namespace TBVNonPara::cli {
+
+namespace {
+
+struct Ending {
+    std::string_view text;
+    OutputFormat format;
+};
+
+constexpr Ending endings[] = {
+    {".xlsx", OutputFormat::Xlsx}, {".xlsm", OutputFormat::Xlsx}, {".csv", OutputFormat::Csv},
+    {".json", OutputFormat::Json}, {".html", OutputFormat::Html}, {".htm", OutputFormat::Html},
+    {".txt", OutputFormat::Text},
+};
+
+std::optional<OutputFormat> formatOf(const std::string& file) {
+    const std::string own = workbook::foldCase(std::filesystem::path(file).extension().string());
+    for (const Ending& ending : endings) {
+        if (own == ending.text) {
+            return ending.format;
+        }
+    }
+    return std::nullopt;
+}
+
+}  // namespace
+
+void offerSaving(CLI::App& command, Arguments& arguments) {
+    CLI::Option* const save =
+        command.add_option("--save", arguments.save, "save the report: .xlsx, .csv, .json, .html or .txt")
+            ->type_name("FILE");
+    command
+        .add_option("--output", arguments.output,
+                    "where the report goes: a cell such as \"Sheet1!H1\";\nwithout it, a new sheet")
+        ->type_name("ADDRESS");
+    command.add_flag("--overwrite", arguments.overwrite,
+                     "replace a file that exists, and cells that are not empty");
+    command.add_flag("--with-data", arguments.withData, "put the data beside the report in a workbook")
+        ->needs(save);
+}
+
+std::optional<std::string> settleSaving(Arguments& arguments, bool formatGiven) {
+    if (arguments.save.empty()) {
+        return arguments.format == OutputFormat::Xlsx
+                   ? std::optional<std::string>("--format xlsx needs a file: add --save FILE")
+                   : std::nullopt;
+    }
+    if (!formatGiven) {
+        const std::optional<OutputFormat> format = formatOf(arguments.save);
+        if (!format) {
+            return fmt::format(
+                "--save {}: the ending says nothing about the form; use .xlsx, .csv, .json, .html "
+                "or .txt, or add --format",
+                arguments.save);
+        }
+        arguments.format = *format;
+    }
+    if (arguments.withData && arguments.format != OutputFormat::Xlsx) {
+        return "--with-data needs a workbook: save the report as .xlsx";
+    }
+    return std::nullopt;
+}
+
+}  // namespace TBVNonPara::cli

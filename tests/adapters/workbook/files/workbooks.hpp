@@ -1,0 +1,38 @@
+#pragma once
+
+#include <charconv>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "adapters/workbook/spreadsheet_file_cells.hpp"
+
+namespace TBVNonPara::workbook {
+
+using PartTexts = std::map<std::string, std::string>;
+
+inline const std::string spreadsheetNamespace = "http://schemas.openxmlformats.org/spreadsheetml/2006/main";
+
+/// The parts of an .xlsx file with one sheet, "Data", around the inside of its sheetData, with the inside of
+/// its shared texts.
+[[nodiscard]] PartTexts xlsxParts(const std::string& rows, const std::string& sharedTexts = "");
+
+/// The parts of an .ods file with one sheet, "Data", around its rows; behind the rows may come other sheets.
+[[nodiscard]] PartTexts odsParts(const std::string& rows, const std::string& settings = "");
+
+/// Packs parts into a zip container.
+[[nodiscard]] std::string zipped(const PartTexts& parts);
+
+[[nodiscard]] std::string bytesOf(const std::filesystem::path& path);
+[[nodiscard]] std::filesystem::path madeFile(const std::string& name);
+
+/// A cell with its kind: 1.5, "text", TRUE, #N/A, uncalculated; numbers with as many digits as tell them from
+/// all others.
+[[nodiscard]] std::string shownCell(const CellValue& value);
+
+/// All cells of a sheet, row by row: "A1=1 B1="x"".
+[[nodiscard]] std::string shownCells(const CellStore& cells);
+
+}  // namespace TBVNonPara::workbook
