@@ -1,6 +1,7 @@
 #include "adapters/workbook/container_kind.hpp"
 
 #include <algorithm>
+#include <array>
 
 namespace TBVNonPara::workbook {
 
@@ -16,7 +17,7 @@ struct Signature {
     bool workbook = false;
 };
 
-constexpr Signature signatures[] = {
+constexpr auto signatures = std::to_array<Signature>({
     {"\x09\x08\x10\x00"sv, "a workbook in the old binary format (.xls)", true},
     {"\x09\x08\x08\x00"sv, "a workbook in the old binary format (.xls)", true},
     {"\x09\x04\x06\x00"sv, "a workbook in the old binary format (.xls)", true},
@@ -41,17 +42,20 @@ constexpr Signature signatures[] = {
     {"\x89PNG"sv, "a picture (PNG)"},
     {"\xFF\xD8\xFF"sv, "a picture (JPEG)"},
     {"GIF8"sv, "a picture (GIF)"},
-    {"{\\rtf"sv, "an RTF document"},
+    {R"({\rtf)"sv, "an RTF document"},
     {"\x7F"
      "ELF"sv,
      "a program"},
-};
+});
 
 /// Texts that some programs give the ending of a workbook.
-constexpr Signature markups[] = {
-    {"<!DOCTYPE html"sv, "a web page"}, {"<!doctype html"sv, "a web page"},   {"<html"sv, "a web page"},
-    {"<HTML"sv, "a web page"},          {"<?xml"sv, "an XML document", true},
-};
+constexpr auto markups = std::to_array<Signature>({
+    {"<!DOCTYPE html"sv, "a web page"},
+    {"<!doctype html"sv, "a web page"},
+    {"<html"sv, "a web page"},
+    {"<HTML"sv, "a web page"},
+    {"<?xml"sv, "an XML document", true},
+});
 
 std::string described(const Signature& signature) {
     return "it is " + std::string(signature.kind) + (signature.workbook ? std::string(saveAs) : "");

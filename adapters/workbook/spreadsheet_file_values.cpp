@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 
 namespace TBVNonPara::workbook {
 
@@ -16,7 +17,7 @@ struct ErrorName {
     CellError error;
 };
 
-constexpr ErrorName errorNames[] = {
+constexpr auto errorNames = std::to_array<ErrorName>({
     {"#NULL!", CellError::Null},
     {"#DIV/0!", CellError::DivisionByZero},
     {"#VALUE!", CellError::Value},
@@ -30,7 +31,7 @@ constexpr ErrorName errorNames[] = {
     {"Err:524", CellError::Reference},
     {"Err:525", CellError::Name},
     {"Err:532", CellError::DivisionByZero},
-};
+});
 
 /// A number out of the range of doubles: does its exponent lead down to nothing?
 bool isTiny(std::string_view digits) noexcept {
@@ -40,6 +41,22 @@ bool isTiny(std::string_view digits) noexcept {
     }
     const std::size_t first = digits.find_first_of("123456789");
     return digits.find('.') < first;
+}
+
+/// A number of a few digits, which every double holds exactly and which needs no rounding.
+std::optional<double> shortWhole(std::string_view text) noexcept {
+    constexpr std::size_t mostDigits = 15;
+    if (text.empty() || text.size() > mostDigits) {
+        return std::nullopt;
+    }
+    std::int64_t number = 0;
+    for (const char digit : text) {
+        if (digit < '0' || digit > '9') {
+            return std::nullopt;
+        }
+        number = number * 10 + (digit - '0');
+    }
+    return static_cast<double>(number);
 }
 
 }  // namespace
@@ -53,6 +70,9 @@ std::string_view withoutXmlBlanks(std::string_view text) noexcept {
 }
 
 std::optional<CellValue> numberInFile(std::string_view text) noexcept {
+    if (const auto whole = shortWhole(text)) {
+        return *whole;
+    }
     std::string_view digits = withoutXmlBlanks(text);
     if (digits.starts_with('+')) {
         digits.remove_prefix(1);

@@ -1,6 +1,7 @@
 #include "adapters/workbook/xlsx_cell.hpp"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "adapters/workbook/cell_store.hpp"
@@ -39,11 +40,15 @@ CellValue sharedText(const XlsxCell& cell, const std::vector<Text>& shared) {
 }  // namespace
 
 XlsxType typeNamed(std::string_view name) {
-    constexpr std::pair<std::string_view, XlsxType> types[] = {
-        {"n", XlsxType::Number},  {"s", XlsxType::SharedText},         {"str", XlsxType::FormulaText},
-        {"b", XlsxType::Boolean}, {"inlineStr", XlsxType::InlineText}, {"e", XlsxType::Error},
+    constexpr auto types = std::to_array<std::pair<std::string_view, XlsxType>>({
+        {"n", XlsxType::Number},
+        {"s", XlsxType::SharedText},
+        {"str", XlsxType::FormulaText},
+        {"b", XlsxType::Boolean},
+        {"inlineStr", XlsxType::InlineText},
+        {"e", XlsxType::Error},
         {"d", XlsxType::Date},
-    };
+    });
     const auto* const found = std::ranges::find(types, name, &std::pair<std::string_view, XlsxType>::first);
     if (found == std::end(types)) {
         refuse("there is no type of cells \"" + shortened(std::string(name)) + '"');

@@ -1,6 +1,7 @@
 #include "adapters/workbook/xml_names.hpp"
 
 #include <algorithm>
+#include <array>
 
 #include "adapters/workbook/host_error.hpp"
 
@@ -13,7 +14,7 @@ struct Address {
     Vocabulary vocabulary;
 };
 
-constexpr Address addresses[] = {
+constexpr auto addresses = std::to_array<Address>({
     {"http://schemas.openxmlformats.org/spreadsheetml/2006/main", Vocabulary::Spreadsheet},
     {"http://purl.oclc.org/ooxml/spreadsheetml/main", Vocabulary::Spreadsheet},
     {"http://schemas.openxmlformats.org/officeDocument/2006/relationships", Vocabulary::Relationships},
@@ -27,7 +28,7 @@ constexpr Address addresses[] = {
     {"urn:oasis:names:tc:opendocument:xmlns:manifest:1.0", Vocabulary::Manifest},
     {"urn:org:documentfoundation:names:experimental:calc:xmlns:calcext:1.0", Vocabulary::CalcExtension},
     {"http://www.gnumeric.org/odf-extension/1.0", Vocabulary::GnumericExtension},
-};
+});
 
 Vocabulary vocabularyAt(std::string_view address) noexcept {
     if (address.empty()) {
@@ -102,12 +103,17 @@ Vocabulary XmlNames::find(std::string_view prefix) const {
     return vocabulary;
 }
 
-XmlName XmlNames::element(std::string_view qualified) const {
-    const std::size_t colon = qualified.find(':');
-    if (colon == std::string_view::npos) {
-        return {m_Default, qualified};
+XmlName XmlNames::element(const char* qualified) const {
+    // Most names are a letter or two long: one walk finds the colon and the end.
+    const char* colon = nullptr;
+    const char* end = qualified;
+    for (; *end != '\0'; ++end) {
+        colon = colon == nullptr && *end == ':' ? end : colon;
     }
-    return {find(qualified.substr(0, colon)), qualified.substr(colon + 1)};
+    if (colon == nullptr) {
+        return {m_Default, {qualified, end}};
+    }
+    return {find({qualified, colon}), {colon + 1, end}};
 }
 
 XmlName XmlNames::attribute(std::string_view qualified) const {

@@ -40,7 +40,7 @@ class XmlNames {
     /// Forgets those of the element that ends.
     void leave(std::size_t depth) noexcept;
 
-    [[nodiscard]] XmlName element(std::string_view qualified) const;
+    [[nodiscard]] XmlName element(const char* qualified) const;
     /// An attribute without a prefix belongs to no namespace.
     [[nodiscard]] XmlName attribute(std::string_view qualified) const;
 
