@@ -8,6 +8,8 @@
 namespace TBVNonPara::workbook {
 namespace {
 
+using namespace std::string_literals;
+
 FileContents contentsOf(const std::string& rows, const std::string& settings = "") {
     return readOds(TextParts(odsParts(rows, settings)));
 }
@@ -42,6 +44,9 @@ TEST_P(OdsCells, MeanWhatTheirTypeSays) {
 // clang-format off
 const Case cellCases[] = {
     {"Number",                 "office:value-type='float' office:value='0.1'", "<text:p>0</text:p>",               "0.1"},
+    {"NumberExactlyRounded",   "office:value-type='float' office:value='9007199254740993.00000000000000001'", "", "9007199254740994"},
+    {"NumberSubnormal",        "office:value-type='float' office:value='4.9406564584124654E-324'", "",            "5e-324"},
+    {"NumberTooLargeIsAnError", "office:value-type='float' office:value='1E400'", "",                             "#NUM!"},
     {"Percentage",             "office:value-type='percentage' office:value='0.12'", "<text:p>12%</text:p>",       "0.12"},
     {"Currency",               "office:value-type='currency' office:value='2.5'", "",                              "2.5"},
     {"Truth",                  "office:value-type='boolean' office:boolean-value='true'", "",                      "TRUE"},
@@ -164,6 +169,38 @@ TEST(OdsDates, CountFromTheDayThatTheFileNames) {
                       "<table:calculation-settings><table:null-date table:date-value='1904-01-01'/>"
                       "</table:calculation-settings>"),
               "A1=1");
+}
+
+TEST(OdsParts, MayHaveOtherPrefixesForTheirNamespaces) {
+    PartTexts parts = odsParts(row(filled("1") + "<table:table-cell office:value-type='string'><text:p>a"
+                                                 "</text:p></table:table-cell>"));
+    std::string& content = parts["content.xml"];
+    for (const auto& [prefix, other] : {std::pair("office", "o"), std::pair("table", "t")}) {
+        content = replaced(content, "<"s + prefix + ':', "<"s + other + ':');
+        content = replaced(content, "</"s + prefix + ':', "</"s + other + ':');
+        content = replaced(content, " "s + prefix + ':', " "s + other + ':');
+        content = replaced(content, "xmlns:"s + prefix + '=', "xmlns:"s + other + '=');
+    }
+    content = replaced(content, "<text:p>", "<p xmlns='urn:oasis:names:tc:opendocument:xmlns:text:1.0'>");
+    content = replaced(content, "</text:p>", "</p>");
+    EXPECT_EQ(shownCells(readOds(TextParts(parts)).sheets.at(0).cells), "A1=1 B1=\"a\"");
+}
+
+TEST(OdsParts, OfOtherNamespacesAreNoCells) {
+    EXPECT_EQ(cellsOf(row("<table-cell xmlns='urn:other' office:value-type='float' office:value='9'/>" +
+                          filled("1"))),
+              "A1=1");
+}
+
+TEST(OdsParts, MayBeUtf16) {
+    for (const bool bigEndian : {false, true}) {
+        PartTexts parts =
+            odsParts(row("<table:table-cell office:value-type='string'><text:p>x&#228;</text:p>"
+                         "</table:table-cell>"));
+        parts["content.xml"] =
+            utf16("<?xml version='1.0' encoding='UTF-16'?>" + parts["content.xml"], bigEndian);
+        EXPECT_EQ(shownCells(readOds(TextParts(parts)).sheets.at(0).cells), "A1=\"x\xC3\xA4\"");
+    }
 }
 
 TEST(OdsSheets, AreAllReadButCopiesOfOtherFiles) {

@@ -5,7 +5,9 @@ given here.
 """
 
 import pathlib
+import random
 import resource
+import struct
 import subprocess
 import sys
 import tempfile
@@ -16,6 +18,8 @@ import zipfile
 PROGRAM = sys.argv.pop(1)
 MADE = pathlib.Path(__file__).resolve().parent / "made"
 SANITIZED = b"__asan_init" in pathlib.Path(PROGRAM).read_bytes()
+
+WRITERS = ("openpyxl.xlsx", "xlsxwriter.xlsx", "libreoffice.xlsx", "libreoffice.ods", "gnumeric.xlsx", "gnumeric.ods")
 
 MAIN = "http://schemas.openxmlformats.org/spreadsheetml/2006/main"
 # All that reading may take: the limits on scattered cells and on texts lie below it.
@@ -34,7 +38,8 @@ def run(*words, stdin=None):
                           preexec_fn=limit_memory)
 
 
-def xlsx(file, rows, shared=""):
+def xlsx(file, rows, shared="", prologue=""):
+    """One sheet of these rows; the prologue stands in front of the sheet's root."""
     relationships = "http://schemas.openxmlformats.org/officeDocument/2006/relationships"
     package = "http://schemas.openxmlformats.org/package/2006/relationships"
     with zipfile.ZipFile(file, "w", zipfile.ZIP_DEFLATED) as archive:
@@ -46,17 +51,32 @@ def xlsx(file, rows, shared=""):
                          "<Relationship Id='b' Type='x/sharedStrings' Target='t.xml'/></Relationships>")
         archive.writestr("xl/t.xml", f"<sst xmlns='{MAIN}'>{shared}</sst>")
         with archive.open("xl/s.xml", "w", force_zip64=True) as sheet:
-            sheet.write(f"<worksheet xmlns='{MAIN}'><sheetData>".encode())
+            sheet.write(f"{prologue}<worksheet xmlns='{MAIN}'><sheetData>".encode())
             for row in rows:
                 sheet.write(row if isinstance(row, bytes) else row.encode())
             sheet.write(b"</sheetData></worksheet>")
 
 
+def ods(file, rows, prologue=""):
+    names = "urn:oasis:names:tc:opendocument:xmlns"
+    with zipfile.ZipFile(file, "w", zipfile.ZIP_DEFLATED) as archive:
+        archive.writestr("mimetype", "application/vnd.oasis.opendocument.spreadsheet")
+        archive.writestr("content.xml", f"{prologue}<o:document-content xmlns:o='{names}:office:1.0' "
+                                        f"xmlns:t='{names}:table:1.0' xmlns:x='{names}:text:1.0'><o:body>"
+                                        "<o:spreadsheet><t:table t:name='Data'>".encode()
+                         + (rows if isinstance(rows, bytes) else rows.encode())
+                         + b"</t:table></o:spreadsheet></o:body></o:document-content>")
+
+
+def sheet_part(name):
+    """The part that holds the cells of a file."""
+    return b"content.xml" if name.endswith(".ods") else b"xl/worksheets/sheet1.xml"
+
+
 class Reports(unittest.TestCase):
     def test_are_the_same_from_files_of_all_writers(self):
         reports = set()
-        for name in ("openpyxl.xlsx", "xlsxwriter.xlsx", "libreoffice.xlsx", "libreoffice.ods", "gnumeric.xlsx",
-                     "gnumeric.ods"):
+        for name in WRITERS:
             result = run("mann-whitney", MADE / name, "--y", "A2:A9", "--x", "I6:I9")
             self.assertEqual(result.returncode, 0, result.stderr)
             reports.add(result.stdout)
@@ -112,25 +132,101 @@ class HarmfulFiles(unittest.TestCase):
         return time.monotonic() - started
 
     def test_are_refused_truncated_at_each_tenth(self):
-        for name in ("libreoffice.xlsx", "libreoffice.ods"):
+        for name in WRITERS:
             whole = (MADE / name).read_bytes()
             for tenth in range(10):
-                self.file.write_bytes(whole[:len(whole) * tenth // 10])
-                self.expect_refusal("a.xlsx")
+                with self.subTest(name=name, tenth=tenth):
+                    self.file.write_bytes(whole[:len(whole) * tenth // 10])
+                    self.expect_refusal("a.xlsx")
+
+    def test_are_refused_with_a_wrong_checksum(self):
+        for name in WRITERS:
+            with self.subTest(name=name):
+                whole = bytearray((MADE / name).read_bytes())
+                # In the list of parts at the file's end the checksum stands 16 bytes behind the start of an entry,
+                # the name 46 bytes behind it.
+                checksum = whole.rindex(sheet_part(name)) - 46 + 16
+                struct.pack_into("<I", whole, checksum, struct.unpack_from("<I", whole, checksum)[0] ^ 1)
+                self.file.write_bytes(whole)
+                self.expect_refusal(f"part {sheet_part(name).decode()} is damaged: its checksum is wrong")
+
+    def test_with_flipped_bits_end_with_a_report_or_with_a_message(self):
+        chance = random.Random(20260101)
+        for name in WRITERS:
+            for _ in range(15):
+                whole = bytearray((MADE / name).read_bytes())
+                for _ in range(chance.randint(1, 4)):
+                    whole[chance.randrange(len(whole))] ^= 1 << chance.randrange(8)
+                self.file.write_bytes(whole)
+                result = run("mann-whitney", self.file, "--y", "A2:A9", "--x", "I6:I9")
+                with self.subTest(name=name, message=result.stderr):
+                    self.assertIn((result.returncode, bool(result.stdout)), ((0, True), (1, False)))
+                    self.assertEqual(result.returncode == 1, b"tbvnonpara: " in result.stderr)
 
     def test_are_refused_encrypted_or_old(self):
         self.expect_refusal("it is encrypted", MADE / "encrypted.xlsx")
         self.expect_refusal("it is encrypted", MADE / "encrypted.ods")
         self.expect_refusal("the old binary format (.xls)", MADE / "old_binary.xls")
 
+    def test_are_refused_as_what_they_are_when_they_are_no_workbooks(self):
+        with zipfile.ZipFile(self.file, "w") as archive:
+            archive.writestr("data.csv", "1,2")
+        self.expect_refusal("it is a zip archive without a workbook in it")
+        self.file.write_bytes(b"%PDF-1.7")
+        self.expect_refusal("it is a PDF document")
+        self.file.write_bytes(b"\0\1\2\xff")
+        self.expect_refusal("it is no workbook and nothing else that is known")
+
     def test_are_refused_when_they_unpack_without_end(self):
         blanks = b" " * (1 << 20)
         xlsx(self.file, (blanks for _ in range(300)))
         self.expect_refusal("far more than a file of its size holds")
+        ods(self.file, blanks * 200)
+        self.expect_refusal("far more than a file of its size holds")
+
+    def test_are_refused_when_entities_grow_or_reach_out(self):
+        lines = "".join(f"<!ENTITY e{i} '{f'&e{i - 1};' * 10}'>" for i in range(1, 12))
+        for entities in (f"<!ENTITY e0 'lol'>{lines}", "<!ENTITY e11 SYSTEM 'file:///etc/passwd'>"):
+            prologue = f"<!DOCTYPE x [{entities}]>"
+            xlsx(self.file, ["<row><c t='str'><v>&e11;</v></c></row>"], prologue=prologue)
+            self.expect_refusal("a document type, which no workbook needs")
+            ods(self.file, "<t:table-row><t:table-cell o:value-type='string'><x:p>&e11;</x:p></t:table-cell>"
+                           "</t:table-row>", prologue)
+            self.expect_refusal("a document type, which no workbook needs")
 
     def test_are_refused_when_they_nest_without_end(self):
         xlsx(self.file, ["<a>" * 200_000])
         self.expect_refusal("nested more than 256 deep")
+        ods(self.file, "<t:table-row-group>" * 200_000)
+        self.expect_refusal("nested more than 256 deep")
+
+    def test_are_refused_when_their_text_is_no_utf_8(self):
+        for text in (b"\xff", b"\xc0\xaf", b"\xed\xa0\x80"):
+            xlsx(self.file, [b"<row><c t='str'><v>" + text + b"</v></c></row>"])
+            self.expect_refusal("not well-formed (invalid token)")
+            ods(self.file, b"<t:table-row><t:table-cell o:value-type='string'><x:p>" + text
+                + b"</x:p></t:table-cell></t:table-row>")
+            self.expect_refusal("not well-formed (invalid token)")
+
+    def test_are_refused_when_cells_lie_outside_a_sheet(self):
+        xlsx(self.file, ["<row><c r='ZZZZZZZ99999999999999999999'><v>1</v></c></row>"])
+        self.expect_refusal("row 2147483648 lies outside a sheet")
+        ods(self.file, "<t:table-row><t:table-cell t:number-columns-repeated='99999999'/>"
+                       "<t:table-cell o:value-type='float' o:value='1'/></t:table-row>")
+        self.expect_refusal("filled cells beyond column 16384 (XFD)")
+
+    def test_are_read_when_only_their_dimension_is_absurd(self):
+        text = f"<worksheet xmlns='{MAIN}'><dimension ref='A1:ZZZ99999999999'/><sheetData>"
+        xlsx(self.file, [f"<row r='{row}'><c><v>{row % 2}</v></c></row>" for row in range(1, 9)])
+        with zipfile.ZipFile(self.file) as archive:
+            parts = {name: archive.read(name) for name in archive.namelist()}
+        parts["xl/s.xml"] = parts["xl/s.xml"].replace(f"<worksheet xmlns='{MAIN}'><sheetData>".encode(), text.encode())
+        with zipfile.ZipFile(self.file, "w") as archive:
+            for name, part in parts.items():
+                archive.writestr(name, part)
+        result = run("runs", self.file, "--y", "A1:A8")
+        self.assertEqual(result.returncode, 0, result.stderr)
+        self.assertIn(b"Data!$A$1:$A$8", result.stdout)
 
     def test_are_refused_when_their_cells_are_scattered(self):
         xlsx(self.file, (f"<row r='{row}'>" + "<c><v>1</v></c>" * 16384 + "</row>" for row in range(1024, 40960, 1024)))
@@ -141,14 +237,8 @@ class HarmfulFiles(unittest.TestCase):
         self.expect_refusal("tags or names of many megabytes")
 
     def test_are_refused_when_repeats_have_no_end(self):
-        office = "urn:oasis:names:tc:opendocument:xmlns:office:1.0"
-        table = "urn:oasis:names:tc:opendocument:xmlns:table:1.0"
-        with zipfile.ZipFile(self.file, "w") as archive:
-            archive.writestr("mimetype", "application/vnd.oasis.opendocument.spreadsheet")
-            archive.writestr("content.xml", f"""<o:document-content xmlns:o='{office}' xmlns:t='{table}'><o:body>
-                <o:spreadsheet><t:table t:name='a'><t:table-row t:number-rows-repeated='1048576'><t:table-cell
-                t:number-columns-repeated='16384' o:value-type='float' o:value='1'/></t:table-row></t:table>
-                </o:spreadsheet></o:body></o:document-content>""")
+        ods(self.file, "<t:table-row t:number-rows-repeated='1048576'><t:table-cell t:number-columns-repeated='16384' "
+                       "o:value-type='float' o:value='1'/></t:table-row>")
         self.expect_refusal("cells that stand for more than")
 
 

@@ -25,6 +25,12 @@ inline const std::string spreadsheetNamespace = "http://schemas.openxmlformats.o
 /// Packs parts into a zip container.
 [[nodiscard]] std::string zipped(const PartTexts& parts);
 
+/// The text with each occurrence replaced.
+[[nodiscard]] std::string replaced(std::string text, const std::string& what, const std::string& by);
+
+/// ASCII text as UTF-16 with a byte order mark.
+[[nodiscard]] std::string utf16(const std::string& text, bool bigEndian);
+
 [[nodiscard]] std::string bytesOf(const std::filesystem::path& path);
 [[nodiscard]] std::filesystem::path madeFile(const std::string& name);
 

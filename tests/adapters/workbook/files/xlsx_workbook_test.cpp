@@ -12,22 +12,6 @@ namespace {
 
 const std::string one = "<row r='1'><c r='A1'><v>1</v></c></row>";
 
-std::string replaced(std::string text, const std::string& what, const std::string& by) {
-    for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + by.size())) {
-        text.replace(at, what.size(), by);
-    }
-    return text;
-}
-
-/// ASCII text as UTF-16 with a byte order mark.
-std::string utf16(const std::string& text, bool bigEndian) {
-    std::string bytes = bigEndian ? "\xFE\xFF" : "\xFF\xFE";
-    for (const char c : text) {
-        bytes += bigEndian ? std::string{'\0', c} : std::string{c, '\0'};
-    }
-    return bytes;
-}
-
 std::string firstSheet(const PartTexts& parts) {
     return shownCells(readXlsx(TextParts(parts)).sheets.at(0).cells);
 }
