@@ -78,14 +78,7 @@ TEST_P(Damaged, WithBitsFlippedInsideAPartIsAlwaysRefused) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(All, Damaged,
-                         testing::Values("openpyxl.xlsx", "xlsxwriter.xlsx", "libreoffice.xlsx",
-                                         "libreoffice.ods", "gnumeric.xlsx", "gnumeric.ods"),
-                         [](const auto& test) {
-                             std::string name = test.param;
-                             name[name.find('.')] = '_';
-                             return name;
-                         });
+INSTANTIATE_TEST_SUITE_P(All, Damaged, writersFiles, testNameOf);
 
 TEST(DamagedParts, WithAWrongChecksumAreRefused) {
     std::string bytes = withSheet("<worksheet xmlns='" + spreadsheetNamespace + "'/>");

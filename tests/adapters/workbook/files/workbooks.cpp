@@ -89,6 +89,10 @@ std::filesystem::path madeFile(const std::string& name) {
     return std::filesystem::path(TBVNONPARA_TESTS) / "adapters/workbook/files/made" / name;
 }
 
+std::string testNameOf(const testing::TestParamInfo<const char*>& test) {
+    return replaced(test.param, ".", "_");
+}
+
 std::string shownCell(const CellValue& value) {
     if (const auto* number = std::get_if<double>(&value)) {
         char text[32];

@@ -3,6 +3,7 @@
 #include <charconv>
 #include <filesystem>
 #include <fstream>
+#include <gtest/gtest.h>
 #include <map>
 #include <string>
 #include <vector>
@@ -33,6 +34,13 @@ inline const std::string spreadsheetNamespace = "http://schemas.openxmlformats.o
 
 [[nodiscard]] std::string bytesOf(const std::filesystem::path& path);
 [[nodiscard]] std::filesystem::path madeFile(const std::string& name);
+
+/// The same cells, written by four programs.
+inline const auto writersFiles = testing::Values("openpyxl.xlsx", "xlsxwriter.xlsx", "libreoffice.xlsx",
+                                                 "libreoffice.ods", "gnumeric.xlsx", "gnumeric.ods");
+
+/// Such a file's name as a part of a test's name.
+[[nodiscard]] std::string testNameOf(const testing::TestParamInfo<const char*>& test);
 
 /// A cell with its kind: 1.5, "text", TRUE, #N/A, uncalculated; numbers with as many digits as tell them from
 /// all others.

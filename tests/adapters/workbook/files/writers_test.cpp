@@ -71,14 +71,7 @@ TEST_P(Writers, GiveTheSameCells) {
     expectTheCells(name.substr(0, ending) + "_1904" + name.substr(ending), dayIn1904);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, Writers,
-                         testing::Values("openpyxl.xlsx", "xlsxwriter.xlsx", "libreoffice.xlsx",
-                                         "libreoffice.ods", "gnumeric.xlsx", "gnumeric.ods"),
-                         [](const auto& test) {
-                             std::string name = test.param;
-                             name[name.find('.')] = '_';
-                             return name;
-                         });
+INSTANTIATE_TEST_SUITE_P(All, Writers, writersFiles, testNameOf);
 
 TEST(OpenpyxlFormulas, HaveNoResults) {
     const FileContents contents = readSpreadsheet(madeFile("formulas_without_results.xlsx"));
