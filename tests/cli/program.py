@@ -12,6 +12,7 @@ PROGRAM = os.path.abspath(sys.argv.pop(1))
 PROJECT = pathlib.Path(sys.argv.pop(1)).resolve()
 EXAMPLES = PROJECT / "examples"
 PLANTS = str(EXAMPLES / "plants.csv")
+sys.path.append(str(PROJECT / "tests"))
 
 
 def run(*words, text=None, environment=None, **options):

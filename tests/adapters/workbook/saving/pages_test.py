@@ -18,8 +18,7 @@ PROJECT = pathlib.Path(sys.argv.pop(1))
 PICTURES = pathlib.Path(sys.argv.pop(1)) if len(sys.argv) > 1 else None
 BROWSER = next(filter(None, map(shutil.which, ("chromium", "chromium-browser", "google-chrome"))), None)
 if BROWSER is None:
-    print("left out: there is no browser")
-    sys.exit(77)
+    sys.exit("FAILED: the Debian package chromium is missing; cmake/install_packages check installs it")
 
 FOLDER = pathlib.Path(tempfile.mkdtemp())
 PAGES = {

@@ -10,15 +10,30 @@ import tempfile
 import zipfile
 import zlib
 
+
+
+def missing(package):
+    """Ends the test as failed: nothing that it compares with may be left out."""
+    sys.exit(f"FAILED: the Debian package {package} is missing; cmake/install_packages check installs it")
+
+
+def require(command, package):
+    found = shutil.which(command)
+    return found if found else missing(package)
+
+
 try:
     import openpyxl
+except ImportError:
+    missing("python3-openpyxl")
+try:
     import xlsxwriter
-except ImportError as missing:
-    print(f"left out: {missing}")
-    sys.exit(77)
+except ImportError:
+    missing("python3-xlsxwriter")
 
-PROGRAM = sys.argv.pop(1)
-PROJECT = pathlib.Path(sys.argv.pop(1))
+PROGRAM = os.path.abspath(sys.argv.pop(1))
+PROJECT = pathlib.Path(sys.argv.pop(1)).resolve()
+sys.path.append(str(PROJECT / "tests"))
 PLANTS = PROJECT / "examples/plants.csv"
 FOLDER = pathlib.Path(tempfile.mkdtemp())
 ROWS = [("Before", "After"), (0.1, 4), (2, 1 / 3), (3.25, 6), (4, 7.5), (1.7, 2e-300)]
@@ -31,7 +46,8 @@ def run(*words):
 def office(*words):
     """LibreOffice with a profile of its own."""
     profile = FOLDER / "profile"
-    return subprocess.run(["soffice", f"-env:UserInstallation=file://{profile}", "--headless", *map(str, words)],
+    command = require("soffice", "libreoffice-calc")
+    return subprocess.run([command, f"-env:UserInstallation=file://{profile}", "--headless", *map(str, words)],
                           capture_output=True, timeout=180, check=True)
 
 
@@ -104,19 +120,46 @@ def by_gnumeric(name):
     file = FOLDER / name
     # What it makes of a comment is not read by openpyxl.
     source = by_xlsxwriter("source.xlsx", comment=False)
-    subprocess.run(["ssconvert", str(source), str(file)], capture_output=True, timeout=60,
+    command = require("ssconvert", "gnumeric")
+    subprocess.run([command, str(source), str(file)], capture_output=True, timeout=60,
                    check=True, env={**os.environ, "HOME": str(FOLDER)})
     return file
 
 
 def writers():
-    made = {"xlsxwriter": by_xlsxwriter("xlsxwriter.xlsx"), "macros": by_xlsxwriter("macros.xlsm", True),
-            "openpyxl": by_openpyxl("openpyxl.xlsx")}
-    if shutil.which("soffice"):
-        made["libreoffice"] = by_libreoffice("libreoffice.xlsx")
-    if shutil.which("ssconvert"):
-        made["gnumeric"] = by_gnumeric("gnumeric.xlsx")
-    return made
+    return {"xlsxwriter": by_xlsxwriter("xlsxwriter.xlsx"), "macros": by_xlsxwriter("macros.xlsm", True),
+            "openpyxl": by_openpyxl("openpyxl.xlsx"), "libreoffice": by_libreoffice("libreoffice.xlsx"),
+            "gnumeric": by_gnumeric("gnumeric.xlsx")}
+
+
+def altered(source, name, change=lambda part, data: data, more=None):
+    """A workbook with some parts changed, left out (None) or added."""
+    file = FOLDER / name
+    with zipfile.ZipFile(source) as old, zipfile.ZipFile(file, "w", zipfile.ZIP_DEFLATED) as new:
+        for part in old.namelist():
+            data = change(part, old.read(part))
+            if data is not None:
+                new.writestr(part, data)
+        for part, data in (more or {}).items():
+            new.writestr(part, data)
+    return file
+
+
+STRICT = "http://purl.oclc.org/ooxml/"
+STRICT_NAMES = (("http://schemas.openxmlformats.org/officeDocument/2006/", STRICT + "officeDocument/"),
+                ("http://schemas.openxmlformats.org/spreadsheetml/2006/", STRICT + "spreadsheetml/"),
+                ("http://schemas.openxmlformats.org/drawingml/2006/", STRICT + "drawingml/"))
+
+
+def strict(source, name):
+    """The same workbook in the strict form, whose names are others."""
+    def renamed(part, data):
+        if not part.endswith((".xml", ".rels")):
+            return data
+        for old, new in STRICT_NAMES:
+            data = data.replace(old.encode(), new.encode())
+        return data.replace(b"<workbook ", b'<workbook conformance="strict" ')
+    return altered(source, name, renamed)
 
 
 def parts(file):
@@ -140,3 +183,13 @@ def changed(before, after):
 def cells(file, sheet):
     return {cell.coordinate: (cell.value, cell.number_format, cell.font.b)
             for row in openpyxl.load_workbook(file)[sheet].iter_rows() for cell in row if cell.value is not None}
+
+
+def copy(file, *words):
+    """Places a report into a copy of a workbook, which itself must stay as it is."""
+    target = FOLDER / f"{file.stem}-copy{file.suffix}"
+    target.unlink(missing_ok=True)
+    before = file.read_bytes()
+    result = run("mann-whitney", file, "--sheet", "Data", "--y", "A1:A6", "--x", "B1:B6", "--save", target, *words)
+    assert file.read_bytes() == before, f"{file} was changed"
+    return target, result
