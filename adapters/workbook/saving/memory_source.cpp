@@ -45,18 +45,9 @@ struct MemorySourceCalls {
     }
 
     static zip_int64_t beginWriting(MemorySource& source) {
-        source.m_Written.clear();
+        source.m_Written = std::string();
         source.m_WritePosition = 0;
         return 0;
-    }
-
-    /// The only fault there can be.
-    static zip_int64_t failure(void* data, zip_uint64_t length) {
-        zip_error_t error;
-        zip_error_init_with_code(&error, ZIP_ER_MEMORY);
-        const zip_int64_t size = zip_error_to_data(&error, data, length);
-        zip_error_fini(&error);
-        return size;
     }
 
     static zip_int64_t call(void* user, void* data, zip_uint64_t length, zip_source_cmd_t command) {
@@ -92,7 +83,7 @@ struct MemorySourceCalls {
             case ZIP_SOURCE_FREE:
                 return 0;
             case ZIP_SOURCE_ERROR:
-                return failure(data, length);
+                return memoryFailure(data, length);
             case ZIP_SOURCE_SUPPORTS:
                 return zip_source_make_command_bitmap(
                     ZIP_SOURCE_OPEN, ZIP_SOURCE_READ, ZIP_SOURCE_CLOSE, ZIP_SOURCE_STAT, ZIP_SOURCE_ERROR,
@@ -104,6 +95,14 @@ struct MemorySourceCalls {
         }
     }
 };
+
+std::int64_t memoryFailure(void* data, std::uint64_t length) {
+    zip_error_t error;
+    zip_error_init_with_code(&error, ZIP_ER_MEMORY);
+    const zip_int64_t size = zip_error_to_data(&error, data, length);
+    zip_error_fini(&error);
+    return size;
+}
 
 zip_source* MemorySource::open() {
     return zip_source_function_create(MemorySourceCalls::call, this, nullptr);

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <string_view>
 
 struct zip_source;
 
@@ -16,6 +18,8 @@ class MemorySource {
 
     /// A source on these bytes, which must outlive it; none when there is no memory for it.
     [[nodiscard]] zip_source* open();
+    /// What is there until the archive is closed.
+    [[nodiscard]] std::string_view bytes() const noexcept { return m_Bytes; }
     /// What was written last, or else what was there.
     [[nodiscard]] std::string take() { return std::move(m_Bytes); }
 
@@ -27,5 +31,8 @@ class MemorySource {
     std::size_t m_ReadPosition = 0;
     std::size_t m_WritePosition = 0;
 };
+
+/// A source's answer to what went wrong with it, where only memory can.
+std::int64_t memoryFailure(void* data, std::uint64_t length);
 
 }  // namespace TBVNonPara::workbook

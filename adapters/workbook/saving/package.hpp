@@ -5,15 +5,20 @@
 #include <string_view>
 #include <vector>
 
+#include "adapters/workbook/container.hpp"
 #include "adapters/workbook/saving/memory_source.hpp"
+#include "adapters/workbook/saving/part_source.hpp"
+#include "adapters/workbook/xlsx_workbook.hpp"
 
 struct zip;
+struct zip_source;
 
 namespace TBVNonPara::workbook {
 
 /// The parts of a workbook file, of which some are replaced or added and the others kept as they are, byte
-/// for byte and in their order. Part names have no slash in front; upper and lower case are the same. Errors
-/// are the host's and name the file.
+/// for byte and in their order. What is asked is answered from the file as it was read, whatever has been put
+/// there since. Part names have no slash in front; upper and lower case are the same. Errors are the host's
+/// and name the file.
 class Package {
  public:
     Package(std::string bytes, std::string fileName);
@@ -22,36 +27,33 @@ class Package {
     Package& operator=(const Package&) = delete;
 
     [[nodiscard]] const std::string& fileName() const noexcept { return m_FileName; }
-    [[nodiscard]] bool has(std::string_view part) const;
-    [[nodiscard]] std::vector<std::string> parts() const;
-    /// The content of a part as it was read, whatever has been put there since.
-    [[nodiscard]] std::string read(std::string_view part) const;
+    [[nodiscard]] bool has(const std::string& part) const { return m_Kept->has(part); }
+    [[nodiscard]] bool hasFolder(std::string_view folder) const { return m_Kept->hasFolder(folder); }
+    [[nodiscard]] std::string read(const std::string& part) const;
+    /// What a part points at inside the file; "" is the package itself.
+    [[nodiscard]] std::vector<XlsxRelationship> linksOf(const std::string& part) const;
 
     /// Replaces a part or adds one.
-    void put(std::string_view part, std::string content);
-    void remove(std::string_view part);
+    void put(const std::string& part, std::string content);
+    /// The content is made while the file is finished.
+    void put(const std::string& part, std::unique_ptr<PartMaker> content);
+    void remove(const std::string& part);
 
     /// The bytes of the file with all changes. Nothing else can be asked afterwards.
     [[nodiscard]] std::string finish();
 
  private:
+    void open();
+    void put(const std::string& part, zip_source* source);
     [[noreturn]] void refuseDamaged(std::string_view why) const;
 
     MemorySource m_Bytes;
     std::string m_FileName;
+    std::unique_ptr<Container> m_Kept;
     std::vector<std::unique_ptr<std::string>> m_Contents;
+    std::vector<std::unique_ptr<PartSource>> m_Made;
     zip* m_Zip = nullptr;
 };
-
-/// A link from one part to another.
-struct Relationship {
-    std::string id;
-    std::string type;  ///< the last word: "worksheet", "styles"
-    std::string part;  ///< the name of the part; empty for one outside the file
-};
-
-/// The links of a part, "" for those of the package itself.
-[[nodiscard]] std::vector<Relationship> relationshipsOf(const Package& package, std::string_view part);
 
 /// The part that holds the links of a part.
 [[nodiscard]] std::string relationshipsPart(std::string_view part);

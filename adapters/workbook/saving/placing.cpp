@@ -15,34 +15,29 @@ namespace TBVNonPara::workbook {
 namespace {
 
 void refuseSigned(const Package& package) {
-    const auto isSignature = [](const std::string& part) { return part.starts_with("_xmlsignatures/"); };
-    if (std::ranges::any_of(package.parts(), isSignature)) {
+    if (package.hasFolder("_xmlsignatures/")) {
         refuse("The workbook \"" + package.fileName() +
                "\" is signed, and a report in it would break the signature; save the report in a file of its "
                "own.");
     }
 }
 
-bool overlap(const Rectangle& a, const Rectangle& b) noexcept {
-    return a.top <= b.bottom && b.top <= a.bottom && a.left <= b.right && b.left <= a.right;
-}
-
 /// Adds the tables and pivot tables that reach into the area.
 void findTables(const Package& package, const std::string& sheet, const Rectangle& area,
                 Obstacles& obstacles) {
-    for (const Relationship& link : relationshipsOf(package, sheet)) {
-        if ((link.type != "table" && link.type != "pivotTable") || !package.has(link.part)) {
+    for (const XlsxRelationship& link : package.linksOf(sheet)) {
+        if ((link.kind != "table" && link.kind != "pivotTable") || !package.has(link.target)) {
             continue;
         }
         XmlVisitor visitor;
         visitor.begin = [&](const XmlTag& tag, int depth) {
-            const bool bearsArea = link.type == "table" ? depth == 1 : tag.name() == "location";
+            const bool bearsArea = link.kind == "table" ? depth == 1 : tag.name() == "location";
             if (bearsArea && tag.attribute("ref") && overlap(areaOf(*tag.attribute("ref")), area)) {
-                obstacles.push_back((link.type == "table" ? "the table in " : "the pivot table in ") +
+                obstacles.push_back((link.kind == "table" ? "the table in " : "the pivot table in ") +
                                     std::string(*tag.attribute("ref")));
             }
         };
-        walkXml(package.read(link.part), link.part, visitor);
+        walkXml(package.read(link.target), link.target, visitor);
     }
 }
 
@@ -81,11 +76,12 @@ std::string columnsOf(const Placement& placement) {
     return xml + "</cols>";
 }
 
-std::string newSheet(const Placement& placement, StylePart& styles) {
+std::string newSheet(const Placement& placement, StylePart& styles, bool strict) {
     std::string xml =
         "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n"
-        "<worksheet xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\"><dimension ref=\"" +
-        plainAddress(placement.area) + "\"/>" + columnsOf(placement) + "<sheetData>";
+        "<worksheet xmlns=\"" +
+        std::string(spreadsheetVocabulary(strict)) + "\"><dimension ref=\"" + plainAddress(placement.area) +
+        "\"/>" + columnsOf(placement) + "<sheetData>";
     SheetRows(*placement.sheet, placement.area, styles, "")
         .appendRows(placement.area.top, placement.area.bottom, xml);
     return xml + "</sheetData></worksheet>";
@@ -98,11 +94,13 @@ std::string placeIntoCopy(std::string workbook, const std::string& fileName, con
     refuseSigned(package);
     WorkbookPart parts(package);
     const std::string stylePart = parts.stylePart();
-    StylePart styles(package.has(stylePart) ? package.read(stylePart) : emptyStylePart(), stylePart);
+    StylePart styles(package.has(stylePart) ? package.read(stylePart)
+                                            : emptyStylePart(spreadsheetVocabulary(parts.isStrict())),
+                     stylePart);
     if (placement.target == TargetSheet::Named) {
         placeOnSheet(package, parts, styles, placement);
     } else {
-        parts.addSheet(placement.sheet->name(), newSheet(placement, styles));
+        parts.addSheet(placement.sheet->name(), newSheet(placement, styles, parts.isStrict()));
     }
     if (styles.changed() || !package.has(stylePart)) {
         package.put(stylePart, styles.finish());

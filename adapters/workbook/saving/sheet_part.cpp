@@ -15,10 +15,6 @@ constexpr int rowDepth = 3;
 constexpr int cellDepth = 4;
 constexpr int contentDepth = 5;
 
-bool overlap(const Rectangle& a, const Rectangle& b) noexcept {
-    return a.top <= b.bottom && b.top <= a.bottom && a.left <= b.right && b.left <= a.right;
-}
-
 /// The column of "AB12", 0 for what is no such text.
 Index columnOf(std::string_view reference) noexcept {
     Index column = 0;
@@ -211,10 +207,15 @@ std::string SheetPart::finish(SheetRows& rows) const {
         insertUpTo(m_Area.bottom, m_Behind);
         return edited(m_Text, std::move(edits));
     }
-    std::string text = '<' + m_DataName + '>';
+    auto [text, behind] = aroundRows();
     rows.appendRows(next, m_Area.bottom, text);
-    edits.push_back({m_DataTagBegin, m_DataTagEnd, text + "</" + m_DataName + '>'});
-    return edited(m_Text, std::move(edits));
+    return text += behind;
+}
+
+std::pair<std::string, std::string> SheetPart::aroundRows() const {
+    std::vector<Edit> edits = m_Edits;
+    edits.push_back({m_DataTagBegin, m_Text.size(), '<' + m_DataName + '>'});
+    return {edited(m_Text, std::move(edits)), "</" + m_DataName + '>' + m_Text.substr(m_DataTagEnd)};
 }
 
 }  // namespace TBVNonPara::workbook

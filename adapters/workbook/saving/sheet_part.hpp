@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "adapters/workbook/saving/sheet_rows.hpp"
@@ -25,6 +26,10 @@ class SheetPart {
     [[nodiscard]] const std::string& firstOccupied() const noexcept { return m_FirstOccupied; }
     /// The cells of the block that hold formulas.
     [[nodiscard]] const std::vector<std::string>& formulas() const noexcept { return m_Formulas; }
+
+    [[nodiscard]] bool isEmpty() const noexcept { return m_DataIsEmpty; }
+    /// What stands in front of and behind the rows of an empty sheet.
+    [[nodiscard]] std::pair<std::string, std::string> aroundRows() const;
 
     /// The part with the block replaced by these rows.
     [[nodiscard]] std::string finish(SheetRows& rows) const;

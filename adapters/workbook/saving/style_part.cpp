@@ -1,6 +1,7 @@
 #include "adapters/workbook/saving/style_part.hpp"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <utility>
 
@@ -12,10 +13,17 @@ namespace TBVNonPara::workbook {
 namespace {
 
 /// The number formats that every workbook has without naming them.
-const std::pair<std::string_view, std::size_t> builtIn[] = {
-    {"General", 0}, {"0", 1},      {"0.00", 2},      {"#,##0", 3}, {"#,##0.00", 4},
-    {"0%", 9},      {"0.00%", 10}, {"0.00E+00", 11}, {"@", 49},
-};
+constexpr std::array<std::pair<std::string_view, std::size_t>, 9> builtIn = {{
+    {"General", 0},
+    {"0", 1},
+    {"0.00", 2},
+    {"#,##0", 3},
+    {"#,##0.00", 4},
+    {"0%", 9},
+    {"0.00%", 10},
+    {"0.00E+00", 11},
+    {"@", 49},
+}};
 
 std::size_t numberIn(std::optional<std::string_view> text) {
     std::size_t number = 0;
@@ -217,8 +225,10 @@ Edit StylePart::editOf(const List& list, std::string_view name) const {
 
 std::string StylePart::finish() const {
     std::vector<Edit> edits;
-    const std::pair<const List*, std::string_view> lists[] = {
-        {&m_NumberFormats, "numFmts"}, {&m_Fonts, "fonts"}, {&m_Borders, "borders"}, {&m_Formats, "cellXfs"}};
+    const std::array<std::pair<const List*, std::string_view>, 4> lists = {{{&m_NumberFormats, "numFmts"},
+                                                                            {&m_Fonts, "fonts"},
+                                                                            {&m_Borders, "borders"},
+                                                                            {&m_Formats, "cellXfs"}}};
     for (const auto& [list, name] : lists) {
         if (!list->added.empty()) {
             edits.push_back(editOf(*list, name));
@@ -227,9 +237,11 @@ std::string StylePart::finish() const {
     return edited(m_Text, std::move(edits));
 }
 
-std::string emptyStylePart() {
+std::string emptyStylePart(std::string_view vocabulary) {
     return "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n"
-           "<styleSheet xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\">"
+           "<styleSheet xmlns=\"" +
+           std::string(vocabulary) +
+           "\">"
            "<fonts count=\"1\"><font><sz val=\"11\"/><name val=\"Calibri\"/></font></fonts>"
            "<fills count=\"2\"><fill><patternFill patternType=\"none\"/></fill>"
            "<fill><patternFill patternType=\"gray125\"/></fill></fills>"

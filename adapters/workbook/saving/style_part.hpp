@@ -64,6 +64,6 @@ class StylePart {
 };
 
 /// The style part of a workbook that has none.
-[[nodiscard]] std::string emptyStylePart();
+[[nodiscard]] std::string emptyStylePart(std::string_view vocabulary);
 
 }  // namespace TBVNonPara::workbook

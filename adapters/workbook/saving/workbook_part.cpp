@@ -11,15 +11,28 @@
 #include "adapters/workbook/saving/style_part.hpp"
 #include "adapters/workbook/saving/xml_walk.hpp"
 #include "adapters/workbook/unicode.hpp"
+#include "adapters/workbook/xlsx_text.hpp"
 
 namespace TBVNonPara::workbook {
 
 namespace {
 
 constexpr std::string_view contentTypesPart = "[Content_Types].xml";
-constexpr std::string_view relationshipTypes =
-    "http://schemas.openxmlformats.org/officeDocument/2006/relationships/";
 constexpr std::string_view contentTypes = "application/vnd.openxmlformats-officedocument.spreadsheetml.";
+
+/// What the types of links begin with, and the name of the vocabulary that sheets point at them in.
+std::string linkVocabulary(bool strict) {
+    return strict ? "http://purl.oclc.org/ooxml/officeDocument/relationships"
+                  : "http://schemas.openxmlformats.org/officeDocument/2006/relationships";
+}
+
+/// Whether the names of a root element are those of the strict form.
+bool isInStrictForm(const XmlTag& root) {
+    const std::string_view prefix = root.prefix();
+    const std::string declaration =
+        prefix.empty() ? "xmlns" : "xmlns:" + std::string(prefix.substr(0, prefix.size() - 1));
+    return root.attribute(declaration) == spreadsheetVocabulary(true);
+}
 
 /// Puts an element in front of the end of the last one with a name.
 std::string withLast(const std::string& text, std::string_view part, std::string_view parent,
@@ -89,34 +102,42 @@ std::string without(const std::string& text, std::string_view part, std::string_
 
 }  // namespace
 
+std::string_view spreadsheetVocabulary(bool strict) noexcept {
+    return strict ? "http://purl.oclc.org/ooxml/spreadsheetml/main"
+                  : "http://schemas.openxmlformats.org/spreadsheetml/2006/main";
+}
+
 WorkbookPart::WorkbookPart(Package& package) : m_Package(package) {
-    for (const Relationship& link : relationshipsOf(package, "")) {
-        if (link.type == "officeDocument") {
-            m_Part = link.part;
+    for (const XlsxRelationship& link : package.linksOf("")) {
+        if (link.kind == "officeDocument") {
+            m_Part = link.target;
         }
     }
     if (m_Part.empty() || !package.has(m_Part)) {
         refuse("\"" + package.fileName() +
                "\" is not a workbook that can be copied: it names no workbook part.");
     }
-    m_Links = relationshipsOf(package, m_Part);
+    m_Links = package.linksOf(m_Part);
     read();
 }
 
 void WorkbookPart::read() {
     XmlVisitor visitor;
     visitor.begin = [&](const XmlTag& tag, int depth) {
+        if (depth == 1) {
+            m_IsStrict = isInStrictForm(tag);
+        }
         if (depth != 3 || tag.name() != "sheet") {
             return;
         }
         const auto idName = tag.prefixedAttribute("id");
         const std::string_view id = idName ? *tag.attribute(*idName) : "";
-        ListedSheet sheet{std::string(tag.attribute("name").value_or("")),
+        ListedSheet sheet{unescapedXlsx(std::string(tag.attribute("name").value_or(""))),
                           std::string(tag.attribute("sheetId").value_or("")), "", false};
-        const auto link = std::ranges::find(m_Links, id, &Relationship::id);
+        const auto link = std::ranges::find(m_Links, id, &XlsxRelationship::id);
         if (link != m_Links.end()) {
-            sheet.part = link->part;
-            sheet.isWorksheet = link->type == "worksheet";
+            sheet.part = link->target;
+            sheet.isWorksheet = link->kind == "worksheet";
         }
         m_Sheets.push_back(std::move(sheet));
     };
@@ -152,7 +173,7 @@ void WorkbookPart::change(const std::string& part, std::string text) {
 std::string WorkbookPart::link(const std::string& part, std::string_view type) {
     std::size_t number = m_Links.size() + 1;
     const auto idOf = [](std::size_t candidate) { return "rId" + std::to_string(candidate); };
-    while (std::ranges::find(m_Links, idOf(number), &Relationship::id) != m_Links.end()) {
+    while (std::ranges::find(m_Links, idOf(number), &XlsxRelationship::id) != m_Links.end()) {
         number += 1;
     }
     const std::string id = idOf(number);
@@ -160,7 +181,7 @@ std::string WorkbookPart::link(const std::string& part, std::string_view type) {
     const std::string text = textOf(links);
     change(links, withLast(text, links, "Relationships",
                            '<' + rootPrefix(text, links) + "Relationship" + attribute("Id", id) +
-                               attribute("Type", std::string(relationshipTypes).append(type)) +
+                               attribute("Type", linkVocabulary(m_IsStrict) + '/' + std::string(type)) +
                                attribute("Target", '/' + part) + "/>"));
     m_Links.push_back({id, std::string(type), part});
     return id;
@@ -179,20 +200,20 @@ void WorkbookPart::undeclare(const std::string& part) {
     const std::string types(contentTypesPart);
     change(types, without(textOf(types), types, "PartName", '/' + part));
     const std::string links = relationshipsPart(m_Part);
-    const auto link = std::ranges::find(m_Links, part, &Relationship::part);
+    const auto link = std::ranges::find(m_Links, part, &XlsxRelationship::target);
     change(links, without(textOf(links), links, "Id", link->id));
 }
 
-std::string WorkbookPart::addSheet(const std::string& name, std::string content) {
-    if (m_Package.read(m_Part).find("http://purl.oclc.org/ooxml/") != std::string::npos) {
-        refuse("The workbook \"" + m_Package.fileName() +
-               "\" is stored in the strict form, to which no sheet can be added; name a place on one of its "
-               "sheets.");
-    }
-    std::string free = sanitisedSheetName(name);
+std::string WorkbookPart::freeName(const std::string& name) const {
+    const std::string wanted = sanitisedSheetName(name);
+    std::string free = wanted;
     for (int i = 2; isTaken(free); ++i) {
-        free = sanitisedSheetName(name) + " (" + std::to_string(i) + ')';
+        free = wanted + " (" + std::to_string(i) + ')';
     }
+    return free;
+}
+
+std::string WorkbookPart::freePart() const {
     std::size_t number = m_Sheets.size() + 1;
     const auto partOf = [&](std::size_t candidate) {
         return std::string(folderOfPart(m_Part)) + "worksheets/sheet" + std::to_string(candidate) + ".xml";
@@ -200,30 +221,38 @@ std::string WorkbookPart::addSheet(const std::string& name, std::string content)
     while (m_Package.has(partOf(number))) {
         number += 1;
     }
-    std::size_t sheetId = 1;
+    return partOf(number);
+}
+
+std::string WorkbookPart::freeSheetId() const {
+    std::size_t free = 1;
     for (const ListedSheet& sheet : m_Sheets) {
         std::size_t own = 0;
         std::from_chars(sheet.sheetId.data(), sheet.sheetId.data() + sheet.sheetId.size(), own);
-        sheetId = std::max(sheetId, own + 1);
+        free = std::max(free, own + 1);
     }
-    const std::string part = partOf(number);
-    m_Package.put(part, std::move(content));
-    const std::string id = link(part, "worksheet");
-    declare(part, "worksheet+xml");
+    return std::to_string(free);
+}
+
+std::string WorkbookPart::addSheet(const std::string& name, std::string content) {
+    const ListedSheet sheet{freeName(name), freeSheetId(), freePart(), true};
+    m_Package.put(sheet.part, std::move(content));
+    const std::string id = link(sheet.part, "worksheet");
+    declare(sheet.part, "worksheet+xml");
     const std::string text = textOf(m_Part);
-    change(m_Part, withLast(text, m_Part, "sheets",
-                            '<' + rootPrefix(text, m_Part) + "sheet" + attribute("name", free) +
-                                attribute("sheetId", std::to_string(sheetId)) + " xmlns:r=\"" +
-                                std::string(relationshipTypes).erase(relationshipTypes.size() - 1) + "\"" +
-                                attribute("r:id", id) + "/>"));
-    m_Sheets.push_back({free, std::to_string(sheetId), part, true});
-    return free;
+    change(m_Part,
+           withLast(text, m_Part, "sheets",
+                    '<' + rootPrefix(text, m_Part) + "sheet" + attribute("name", sheet.name) +
+                        attribute("sheetId", sheet.sheetId) +
+                        attribute("xmlns:r", linkVocabulary(m_IsStrict)) + attribute("r:id", id) + "/>"));
+    m_Sheets.push_back(sheet);
+    return sheet.name;
 }
 
 std::string WorkbookPart::stylePart() {
-    const auto styles = std::ranges::find(m_Links, "styles", &Relationship::type);
-    if (styles != m_Links.end() && m_Package.has(styles->part)) {
-        return styles->part;
+    const auto styles = std::ranges::find(m_Links, "styles", &XlsxRelationship::kind);
+    if (styles != m_Links.end() && m_Package.has(styles->target)) {
+        return styles->target;
     }
     const std::string part = std::string(folderOfPart(m_Part)) + "styles.xml";
     link(part, "styles");
@@ -232,8 +261,8 @@ std::string WorkbookPart::stylePart() {
 }
 
 void WorkbookPart::forgetFormulas(const std::string& sheetId, const std::vector<std::string>& cells) {
-    const auto chain = std::ranges::find(m_Links, "calcChain", &Relationship::type);
-    if (cells.empty() || chain == m_Links.end() || !m_Package.has(chain->part)) {
+    const auto chain = std::ranges::find(m_Links, "calcChain", &XlsxRelationship::kind);
+    if (cells.empty() || chain == m_Links.end() || !m_Package.has(chain->target)) {
         return;
     }
     const std::set<std::string_view> gone(cells.begin(), cells.end());
@@ -257,14 +286,14 @@ void WorkbookPart::forgetFormulas(const std::string& sheetId, const std::vector<
         }
         stated = sheet;
     };
-    const std::string text = m_Package.read(chain->part);
-    walkXml(text, chain->part, visitor);
+    const std::string text = m_Package.read(chain->target);
+    walkXml(text, chain->target, visitor);
     if (kept > 0) {
-        m_Package.put(chain->part, edited(text, std::move(edits)));
+        m_Package.put(chain->target, edited(text, std::move(edits)));
         return;
     }
-    m_Package.remove(chain->part);
-    undeclare(chain->part);
+    m_Package.remove(chain->target);
+    undeclare(chain->target);
 }
 
 }  // namespace TBVNonPara::workbook

@@ -16,6 +16,9 @@ struct ListedSheet {
     bool isWorksheet = false;
 };
 
+/// The name of the vocabulary of sheets and styles.
+[[nodiscard]] std::string_view spreadsheetVocabulary(bool strict) noexcept;
+
 /// The parts that hold a workbook together.
 class WorkbookPart {
  public:
@@ -24,6 +27,9 @@ class WorkbookPart {
     [[nodiscard]] const std::vector<ListedSheet>& sheets() const noexcept { return m_Sheets; }
     /// Upper and lower case are the same; raises the host's error for a name that no worksheet bears.
     [[nodiscard]] const ListedSheet& sheet(std::string_view name) const;
+
+    /// Whether the file is in the strict form, in which vocabularies have other names.
+    [[nodiscard]] bool isStrict() const noexcept { return m_IsStrict; }
 
     /// Adds a worksheet behind the others, with a number behind the name when it is taken. Returns the name.
     std::string addSheet(const std::string& name, std::string content);
@@ -37,6 +43,9 @@ class WorkbookPart {
  private:
     void read();
     [[nodiscard]] bool isTaken(std::string_view name) const;
+    [[nodiscard]] std::string freeName(const std::string& name) const;
+    [[nodiscard]] std::string freePart() const;
+    [[nodiscard]] std::string freeSheetId() const;
     /// A link from the workbook to a part that is being added; returns its id.
     std::string link(const std::string& part, std::string_view type);
     void declare(const std::string& part, std::string_view contentType);
@@ -47,7 +56,8 @@ class WorkbookPart {
 
     Package& m_Package;
     std::string m_Part;
-    std::vector<Relationship> m_Links;
+    bool m_IsStrict = false;
+    std::vector<XlsxRelationship> m_Links;
     std::vector<ListedSheet> m_Sheets;
     std::vector<std::pair<std::string, std::string>> m_Changed;
 };

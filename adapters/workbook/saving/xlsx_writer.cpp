@@ -1,7 +1,9 @@
 #include "adapters/workbook/saving/xlsx_writer.hpp"
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <memory>
 #include <utility>
 #include <xlsxwriter.h>
 
@@ -74,6 +76,48 @@ std::string frame(const std::vector<WrittenSheet>& sheets) {
     return readFile(file);
 }
 
+/// The part of a sheet, some rows at a time. Made once without being kept, it is known to be savable, and
+/// which styles it needs.
+class SheetMaker final : public PartMaker {
+ public:
+    SheetMaker(const WrittenSheet& written, StylePart& styles, const SheetPart& part)
+        : m_Rows(*written.sheet, written.area, styles, part.prefix()), m_Around(part.aroundRows()) {
+        std::string piece;
+        for (next(piece); !piece.empty(); next(piece)) {
+            m_Size += piece.size();
+        }
+    }
+
+    [[nodiscard]] std::size_t size() const override { return m_Size; }
+
+    void next(std::string& piece) override {
+        constexpr Index rowsAtATime = 256;
+        const Rectangle& area = m_Rows.area();
+        piece.clear();
+        if (m_Row == 0) {
+            piece = m_Around.first;
+            m_Row = area.top;
+            return;
+        }
+        while (piece.empty() && m_Row <= area.bottom) {
+            const Index last = std::min(m_Row + rowsAtATime - 1, area.bottom);
+            m_Rows.appendRows(m_Row, last, piece);
+            m_Row = last + 1;
+        }
+        if (piece.empty()) {
+            const bool isEnd = m_Row > area.bottom + 1;
+            piece = isEnd ? "" : m_Around.second;
+            m_Row = isEnd ? 0 : m_Row + 1;
+        }
+    }
+
+ private:
+    SheetRows m_Rows;
+    std::pair<std::string, std::string> m_Around;
+    std::size_t m_Size = 0;
+    Index m_Row = 0;  ///< 0 in front of the first
+};
+
 }  // namespace
 
 std::string newWorkbook(const std::vector<WrittenSheet>& sheets) {
@@ -84,8 +128,7 @@ std::string newWorkbook(const std::vector<WrittenSheet>& sheets) {
     for (const WrittenSheet& written : sheets) {
         const std::string& name = workbook.sheet(written.sheet->name()).part;
         const SheetPart part(package.read(name), name, written.area);
-        SheetRows rows(*written.sheet, written.area, styles, part.prefix());
-        package.put(name, part.finish(rows));
+        package.put(name, std::make_unique<SheetMaker>(written, styles, part));
     }
     package.put(stylePart, styles.finish());
     return package.finish();
