@@ -1,6 +1,7 @@
 #include "cli/data_picture.hpp"
 
 #include <algorithm>
+#include <array>
 #include <fmt/format.h>
 #include <unordered_map>
 
@@ -42,9 +43,9 @@ std::string signsPicture(const std::vector<PictureColumn>& y, const std::vector<
         std::size_t count;
         std::string_view cssClass;
     };
-    const Bar bars[] = {{"positive", counts.positive, "first"},
-                        {"neither", counts.neither, "none"},
-                        {"negative", counts.negative, "second"}};
+    const std::array<Bar, 3> bars = {{{"positive", counts.positive, "first"},
+                                      {"neither", counts.neither, "none"},
+                                      {"negative", counts.negative, "second"}}};
     const double most =
         static_cast<double>(std::max({counts.positive, counts.neither, counts.negative, std::size_t(1)}));
     Svg svg;

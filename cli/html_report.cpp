@@ -53,8 +53,10 @@ class HtmlTable {
         }
     }
 
-    void write(std::string_view caption, Output& output) const {
-        output.write("<div class=\"scroll\" tabindex=\"0\" role=\"region\" aria-label=\"table\">\n<table>\n");
+    /// The name is the caption without markup.
+    void write(std::string_view caption, std::string_view name, Output& output) const {
+        output.write("<div class=\"scroll\" tabindex=\"0\" role=\"region\" aria-label=\"" + inHtml(name) +
+                     "\">\n<table>\n");
         if (!caption.empty()) {
             output.write("<caption>" + std::string(caption) + "</caption>\n");
         }
@@ -155,7 +157,8 @@ void writeSection(const ReportBlock& report, Section section, Output& output) {
             continue;
         }
         HtmlTable(report, {captioned ? row + 1 : row, last})
-            .write(captioned ? contents(report, row, 1) : "", output);
+            .write(captioned ? contents(report, row, 1) : "", captioned ? report.shown(row, 1) : "Table",
+                   output);
         row = last;
     }
     output.write("</section>\n");
@@ -168,6 +171,14 @@ void writeHead(const ReportBlock& report, Section section, Output& output) {
         output.write("<p class=\"quiet\">" + contents(report, row, 1) + "</p>\n");
     }
     output.write("</header>\n");
+}
+
+std::string capitalised(std::string_view text) {
+    std::string result(text);
+    if (!result.empty() && result.front() >= 'a' && result.front() <= 'z') {
+        result.front() = static_cast<char>(result.front() - 'a' + 'A');
+    }
+    return result;
 }
 
 }  // namespace
@@ -200,7 +211,7 @@ void writeHtml(const ReportBlock& report, std::string_view title, std::string_vi
         "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
         "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
         "<link rel=\"icon\" href=\"data:,\">\n<title>" +
-        inHtml(title) + " test</title>\n<style>" + std::string(htmlStyle) +
+        inHtml(capitalised(title)) + " test</title>\n<style>" + std::string(htmlStyle) +
         "</style>\n</head>\n<body>\n<main>\n");
     bool begun = false;
     for (Index row = 1; row <= report.rows(); ++row) {

@@ -32,7 +32,7 @@ th.b, td.b { font-weight: 600; }
 .bt { border-top-width: 1px; } .bb { border-bottom-width: 1px; }
 .bl { border-left-width: 1px; } .br { border-right-width: 1px; }
 figcaption { color: var(--quiet); font-size: .9rem; }
-svg { display: block; width: 100%; max-width: 44rem; height: auto; }
+svg { display: block; width: 100%; max-width: 44rem; height: auto; overflow: visible; }
 svg text { fill: var(--ink); font-size: 13px; font-family: inherit; }
 svg .quiet { fill: var(--quiet); }
 svg .axis { stroke: var(--line); fill: none; }
@@ -42,7 +42,7 @@ svg .median { stroke: var(--second); stroke-width: 3; fill: none; }
 svg .first { fill: var(--first); } svg .second { fill: var(--second); } svg .none { fill: var(--line); }
 svg circle { fill-opacity: .7; }
 @media (max-width: 34rem) { table { font-size: .9rem; } th, td { padding: .2rem .35rem; }
-  svg text { font-size: 18px; } }
+  svg text { font-size: 17px; } }
 @media print {
   :root { --paper: #ffffff; --ink: #000000; --quiet: #444444; --line: #666666; --faint: #dddddd;
     --first: #0b63b0; --second: #b4540a; --wash: #dbe9f6; }

@@ -11,7 +11,7 @@ namespace TBVNonPara::cli {
 constexpr double plotLeft = 150;
 constexpr double plotRight = 615;
 constexpr double labelsEnd = plotLeft - 14;
-constexpr std::size_t labelLength = 18;
+constexpr std::size_t labelLength = 14;
 
 /// Figures of a page; empty texts when there is no number to draw.
 [[nodiscard]] std::string groupsPicture(const std::vector<PictureColumn>& columns);

@@ -1,5 +1,6 @@
 #include "cli/save_options.hpp"
 
+#include <array>
 #include <filesystem>
 #include <fmt/format.h>
 
@@ -14,11 +15,15 @@ struct Ending {
     OutputFormat format;
 };
 
-constexpr Ending endings[] = {
-    {".xlsx", OutputFormat::Xlsx}, {".xlsm", OutputFormat::Xlsx}, {".csv", OutputFormat::Csv},
-    {".json", OutputFormat::Json}, {".html", OutputFormat::Html}, {".htm", OutputFormat::Html},
+constexpr std::array<Ending, 7> endings = {{
+    {".xlsx", OutputFormat::Xlsx},
+    {".xlsm", OutputFormat::Xlsx},
+    {".csv", OutputFormat::Csv},
+    {".json", OutputFormat::Json},
+    {".html", OutputFormat::Html},
+    {".htm", OutputFormat::Html},
     {".txt", OutputFormat::Text},
-};
+}};
 
 std::optional<OutputFormat> formatOf(const std::string& file) {
     const std::string own = workbook::foldCase(std::filesystem::path(file).extension().string());

@@ -34,6 +34,17 @@ double roundStep(double span, double steps) {
     return 10 * power;
 }
 
+/// Ticks that lie close together far from zero differ late.
+std::string tickText(double value) {
+    return fmt::format("{:.12g}", value);
+}
+
+/// How wide a text is at most, as it is drawn for a phone.
+double textWidth(std::size_t characters) {
+    constexpr double widest = 10.5;
+    return widest * static_cast<double>(characters);
+}
+
 }  // namespace
 
 void Svg::line(double x1, double y1, double x2, double y2, std::string_view cssClass) {
@@ -104,25 +115,47 @@ void Scale::drawAxis(Svg& svg, double top, double bottom) const {
         svg.text(m_From, bottom + below, fmt::format("{:.6g}", m_Lowest), "start", "quiet");
         svg.text(m_To, bottom + below, fmt::format("{:.6g}", m_Highest), "end", "quiet");
     }
-    for (const double tick : values) {
-        svg.line(at(tick), top, at(tick), bottom, "grid");
-        svg.text(at(tick), bottom + below, fmt::format("{:.6g}", tick), "middle", "quiet");
+    const std::size_t every = ticksALabel(values);
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        const double x = at(values[i]);
+        svg.line(x, top, x, bottom, "grid");
+        if (i % every == 0) {
+            const std::string digits = tickText(values[i]);
+            const double half = textWidth(digits.size()) / 2;
+            svg.text(std::min(x, Svg::width - half), bottom + below, digits, "middle", "quiet");
+        }
     }
+}
+
+std::size_t Scale::ticksALabel(const std::vector<double>& values) const {
+    if (values.size() < 2) {
+        return 1;
+    }
+    std::size_t longest = 0;
+    for (const double value : values) {
+        longest = std::max(longest, tickText(value).size());
+    }
+    const double apart = at(values[1]) - at(values[0]);
+    return static_cast<std::size_t>(std::ceil(textWidth(longest + 1) / apart));
 }
 
 void Scale::drawUprightAxis(Svg& svg, double left, double right) const {
     svg.line(left, m_To, left, m_From, "axis");
     for (const double tick : ticks()) {
         svg.line(left, at(tick), right, at(tick), "grid");
-        svg.text(left - 8, at(tick) + 4, fmt::format("{:.6g}", tick), "end", "quiet");
+        svg.text(left - 8, at(tick) + 4, tickText(tick), "end", "quiet");
     }
 }
 
-std::string shortened(std::string_view text, std::size_t characters) {
-    if (workbook::countCharacters(text) <= characters) {
+std::string shortened(std::string_view text, std::size_t columns) {
+    if (displayWidth(text) <= columns) {
         return std::string(text);
     }
-    return std::string(workbook::firstCharacters(text, characters - 1)) + "…";
+    std::size_t characters = columns;
+    while (displayWidth(workbook::firstCharacters(text, characters)) + 1 > columns) {
+        characters -= 1;
+    }
+    return std::string(workbook::firstCharacters(text, characters)) + "…";
 }
 
 }  // namespace TBVNonPara::cli

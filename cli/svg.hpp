@@ -41,6 +41,8 @@ class Scale {
  private:
     /// Round numbers on the scale; none when its span is no number.
     [[nodiscard]] std::vector<double> ticks() const;
+    /// Of how many ticks one has room for its number.
+    [[nodiscard]] std::size_t ticksALabel(const std::vector<double>& values) const;
 
     double m_Lowest;
     double m_Highest;
@@ -48,7 +50,7 @@ class Scale {
     double m_To;
 };
 
-/// At most so many characters of a text, with an ellipsis where it is cut.
-[[nodiscard]] std::string shortened(std::string_view text, std::size_t characters);
+/// A text in at most so many columns, of which a wide character takes two, with an ellipsis where it is cut.
+[[nodiscard]] std::string shortened(std::string_view text, std::size_t columns);
 
 }  // namespace TBVNonPara::cli
