@@ -1,7 +1,6 @@
 #include "adapters/workbook/saving/part_source.hpp"
 
 #include <algorithm>
-#include <cstring>
 #include <zip.h>
 
 #include "adapters/workbook/saving/memory_source.hpp"
@@ -19,7 +18,7 @@ struct PartSourceCalls {
                 source.m_Ended = source.m_Piece.empty();
             }
             const std::size_t count = std::min(length - filled, source.m_Piece.size() - source.m_Position);
-            std::memcpy(data + filled, source.m_Piece.data() + source.m_Position, count);
+            source.m_Piece.copy(data + filled, count, source.m_Position);
             source.m_Position += count;
             filled += count;
         }

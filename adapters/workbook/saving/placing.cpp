@@ -68,9 +68,9 @@ std::string columnsOf(const Placement& placement) {
     Index column = placement.area.left;
     for (const double width : columnWidths(*placement.sheet, placement.area)) {
         const std::string number = std::to_string(column);
-        xml += "<col min=\"" + number + "\" max=\"" + number + "\" width=\"";
+        xml.append("<col min=\"").append(number).append("\" max=\"").append(number).append("\" width=\"");
         appendNumber(width, xml);
-        xml += "\" customWidth=\"1\"/>";
+        xml += R"(" customWidth="1"/>)";
         column += 1;
     }
     return xml + "</cols>";

@@ -42,7 +42,7 @@ class SavedFile {
     std::filesystem::path m_Temporary;
     ExistingFile m_Existing;
     std::FILE* m_File = nullptr;
-    sigset_t m_SignalsBefore;
+    sigset_t m_SignalsBefore{};
 };
 
 }  // namespace TBVNonPara::workbook

@@ -1,5 +1,6 @@
 #include "adapters/workbook/saving/sheet_rows.hpp"
 
+#include <algorithm>
 #include <utility>
 
 #include "adapters/workbook/address.hpp"
@@ -12,12 +13,9 @@ namespace TBVNonPara::workbook {
 namespace {
 
 bool isSubscript(const CellFormat& format, std::int32_t position) {
-    for (const CharacterRun& run : format.subscripts) {
-        if (position >= run.start && position < run.start + run.length) {
-            return true;
-        }
-    }
-    return false;
+    return std::ranges::any_of(format.subscripts, [=](const CharacterRun& run) {
+        return position >= run.start && position < run.start + run.length;
+    });
 }
 
 bool keepsBlanks(std::string_view text) {
@@ -39,7 +37,12 @@ void requireCalculated(CellError error, const Sheet& sheet, Index row, Index col
 }  // namespace
 
 SheetRows::SheetRows(const Sheet& sheet, const Rectangle& area, StylePart& styles, std::string prefix)
-    : m_Sheet(sheet), m_Area(area), m_Styles(styles), m_Prefix(std::move(prefix)) {
+    : m_Sheet(sheet),
+      m_Area(area),
+      m_Styles(styles),
+      m_Prefix(std::move(prefix)),
+      m_Open('<' + m_Prefix + "v>"),
+      m_Close("</" + m_Prefix + "v>") {
     for (Index column = area.left; column <= area.right; ++column) {
         m_Letters.push_back(columnLetters(column));
     }
@@ -67,46 +70,46 @@ void SheetRows::appendRows(Index first, Index last, std::string& xml) {
 }
 
 void SheetRows::appendCells(Index row, std::string& xml) {
+    const std::string number = std::to_string(row);
     for (Index column = m_Area.left; column <= m_Area.right; ++column) {
-        appendCell(row, column, xml);
+        appendCell(row, column, number, xml);
     }
 }
 
-void SheetRows::appendCell(Index row, Index column, std::string& xml) {
+void SheetRows::appendCell(Index row, Index column, std::string_view rowNumber, std::string& xml) {
     const CellValue& value = m_Sheet.value(row, column);
-    const CellFormat& format = m_Sheet.format(row, column);
-    const std::size_t style = styleOf(format);
+    const std::size_t style = styleOf(m_Sheet.format(row, column));
     if (isEmpty(value) && style == 0) {
         return;
     }
     xml.append("<").append(m_Prefix).append("c r=\"");
-    xml.append(m_Letters[static_cast<std::size_t>(column - m_Area.left)])
-        .append(std::to_string(row))
-        .append("\"");
+    xml.append(m_Letters[static_cast<std::size_t>(column - m_Area.left)]).append(rowNumber).append("\"");
     if (style != 0) {
         xml.append(" s=\"").append(std::to_string(style)).append("\"");
     }
-    const std::string open = '<' + m_Prefix + "v>";
-    const std::string close = "</" + m_Prefix + "v>";
     if (isEmpty(value)) {
         xml += "/>";
         return;
     }
+    appendValue(value, row, column, xml);
+    xml.append("</").append(m_Prefix).append("c>");
+}
+
+void SheetRows::appendValue(const CellValue& value, Index row, Index column, std::string& xml) const {
     if (const auto* number = std::get_if<double>(&value)) {
-        xml.append(">").append(open);
+        xml.append(">").append(m_Open);
         appendNumber(*number, xml);
-        xml += close;
+        xml.append(m_Close);
     } else if (const auto* truth = std::get_if<bool>(&value)) {
-        xml.append(" t=\"b\">").append(open).append(*truth ? "1" : "0").append(close);
+        xml.append(" t=\"b\">").append(m_Open).append(*truth ? "1" : "0").append(m_Close);
     } else if (const auto* error = std::get_if<CellError>(&value)) {
         requireCalculated(*error, m_Sheet, row, column);
-        xml.append(" t=\"e\">").append(open).append(displayText(*error)).append(close);
+        xml.append(" t=\"e\">").append(m_Open).append(displayText(*error)).append(m_Close);
     } else {
         const std::string& text = std::get<Text>(value).string();
         requireStorable(text, m_Sheet.name(), row, column);
-        appendText(text, format, xml);
+        appendText(text, m_Sheet.format(row, column), xml);
     }
-    xml.append("</").append(m_Prefix).append("c>");
 }
 
 void SheetRows::appendText(const std::string& text, const CellFormat& format, std::string& xml) const {

@@ -24,7 +24,8 @@ class SheetRows {
     void appendRows(Index first, Index last, std::string& xml);
 
  private:
-    void appendCell(Index row, Index column, std::string& xml);
+    void appendCell(Index row, Index column, std::string_view rowNumber, std::string& xml);
+    void appendValue(const CellValue& value, Index row, Index column, std::string& xml) const;
     void appendText(const std::string& text, const CellFormat& format, std::string& xml) const;
     void appendRuns(std::string_view text, const CellFormat& format, std::string& xml) const;
     void appendCharacters(std::string_view text, std::string& xml) const;
@@ -34,6 +35,8 @@ class SheetRows {
     Rectangle m_Area;
     StylePart& m_Styles;
     std::string m_Prefix;
+    std::string m_Open;   ///< <v>
+    std::string m_Close;  ///< </v>
     std::vector<std::string> m_Letters;
     std::unordered_map<const CellFormat*, std::size_t> m_KnownStyles;
 };

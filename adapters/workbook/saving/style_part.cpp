@@ -119,7 +119,7 @@ std::string StylePart::element(std::string_view name, std::string_view attribute
     return '<' + m_Prefix + std::string(name) + std::string(attributes) + "/>";
 }
 
-std::size_t StylePart::add(List& list, std::string element) {
+std::size_t StylePart::add(List& list, const std::string& element) {
     const auto [known, isNew] = m_Added.try_emplace(element, list.count);
     if (isNew) {
         list.count += 1;
@@ -158,7 +158,7 @@ std::size_t StylePart::borderOf(const Borders& borders) {
     }
     const auto side = [this](std::string_view name, bool there) {
         const std::string tag = m_Prefix + std::string(name);
-        return there ? '<' + tag + " style=\"thin\">" + element("color", " auto=\"1\"") + "</" + tag + '>'
+        return there ? '<' + tag + R"( style="thin">)" + element("color", R"( auto="1")") + "</" + tag + '>'
                      : element(name, "");
     };
     return add(m_Borders, '<' + m_Prefix + "border>" + side("left", borders.left) +

@@ -39,7 +39,7 @@ class StylePart {
 
     void read();
     void readFont(const XmlTag& tag, int depth, std::string_view list);
-    std::size_t add(List& list, std::string element);
+    std::size_t add(List& list, const std::string& element);
     std::size_t numberFormatOf(const std::string& code);
     std::size_t fontOf(bool bold);
     std::size_t borderOf(const Borders& borders);

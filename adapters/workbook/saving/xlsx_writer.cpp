@@ -1,6 +1,7 @@
 #include "adapters/workbook/saving/xlsx_writer.hpp"
 
 #include <algorithm>
+#include <clocale>
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
@@ -42,6 +43,26 @@ class TemporaryFolder {
     fs::path m_Path;
 };
 
+/// The writer takes the decimal mark of the process; here it is a point, whatever the user's language.
+class PlainNumbers {
+ public:
+    PlainNumbers()
+        : m_Plain(::newlocale(LC_ALL_MASK, "C", nullptr)),
+          m_Before(m_Plain == nullptr ? nullptr : ::uselocale(m_Plain)) {}
+    ~PlainNumbers() {
+        if (m_Plain != nullptr) {
+            ::uselocale(m_Before);
+            ::freelocale(m_Plain);
+        }
+    }
+    PlainNumbers(const PlainNumbers&) = delete;
+    PlainNumbers& operator=(const PlainNumbers&) = delete;
+
+ private:
+    locale_t m_Plain;
+    locale_t m_Before;
+};
+
 void widenColumns(lxw_worksheet* worksheet, const WrittenSheet& written) {
     Index column = written.area.left - 1;
     for (const double width : columnWidths(*written.sheet, written.area)) {
@@ -53,23 +74,28 @@ void widenColumns(lxw_worksheet* worksheet, const WrittenSheet& written) {
 
 /// A workbook with empty sheets.
 std::string frame(const std::vector<WrittenSheet>& sheets) {
+    const PlainNumbers plainNumbers;
     const TemporaryFolder folder;
     const std::string file = (folder.path() / "frame.xlsx").string();
     lxw_workbook* const workbook = workbook_new(file.c_str());
     if (workbook == nullptr) {
         raise(RuntimeError::OutOfMemory);
     }
-    lxw_error error = LXW_NO_ERROR;
+    const Sheet* unnamed = nullptr;
     for (const WrittenSheet& written : sheets) {
         lxw_worksheet* const worksheet = workbook_add_worksheet(workbook, written.sheet->name().c_str());
         if (worksheet == nullptr) {
-            error = LXW_ERROR_SHEETNAME_LENGTH_EXCEEDED;
+            unnamed = written.sheet;
             break;
         }
         widenColumns(worksheet, written);
     }
-    const lxw_error closing = workbook_close(workbook);
-    error = error == LXW_NO_ERROR ? closing : error;
+    const lxw_error error = workbook_close(workbook);
+    if (unnamed != nullptr) {
+        refuse("The sheet \"" + unnamed->name() +
+               "\" cannot be saved in an .xlsx workbook: names there have at most 31 characters and none of "
+               "[ ] : * ? / \\.");
+    }
     if (error != LXW_NO_ERROR) {
         refuse(std::string("The new workbook could not be made: ") + lxw_strerror(error) + '.');
     }

@@ -46,11 +46,16 @@ FRAME = """<!DOCTYPE html><body><iframe id=f style="width:{width}px;height:900px
 <pre id=out></pre><script>
 document.getElementById("f").onload = event => {{
   const view = event.target.contentWindow, page = view.document;
+  const texts = [...page.querySelectorAll("svg text")].map(text => text.getBoundingClientRect());
+  const over = (a, b) => a.left < b.right && b.left < a.right && a.top + 2 < b.bottom && b.top + 2 < a.bottom;
   const cells = [...page.querySelectorAll("th, td")];
   document.getElementById("out").textContent = JSON.stringify({{
     tooWide: page.documentElement.scrollWidth > view.innerWidth,
     cut: cells.filter(cell => cell.scrollWidth > cell.clientWidth + 2).length,
     cells: cells.length,
+    spilt: texts.filter(text => text.left < 0 || text.right > view.innerWidth).length,
+    overlapping: texts.filter((a, i) => texts.some((b, k) => i < k && over(a, b))).length,
+    smallest: Math.min(...texts.map(text => text.height)),
     ink: view.getComputedStyle(page.body).color, paper: view.getComputedStyle(page.body).backgroundColor,
     pictureWidth: page.querySelector("svg").getBoundingClientRect().width }});
 }};
@@ -103,6 +108,23 @@ class Pages(unittest.TestCase):
             assert result.returncode == 0, result.stderr
             cls.pages[test] = page
 
+    @staticmethod
+    def hard_to_draw():
+        """Pages whose labels and numbers have no room, and their tests."""
+        labels = "WIDE LETTERS WITHOUT AN END,\u6771\u4eac\u90fd\u5927\u962a\u5e9c\u4eac\u90fd\u5e02,i"
+        rows = ((123456789.123 + i / 1000, 123456789.125 + i / 700, 123456789.12 + i / 900) for i in range(20))
+        data = FOLDER / "hard.csv"
+        data.write_text(labels + "\n" + "".join(",".join(map(repr, row)) + "\n" for row in rows), encoding="utf-8")
+        large = FOLDER / "wide.csv"
+        large.write_text("a,b\n-1.5e300,1e300\n2e299,-1e299\n1e300,1.2e300\n", encoding="utf-8")
+        made = {}
+        for name, test, file in (("hard groups", "kruskal-wallis", data), ("hard pairs", "wilcoxon", data),
+                                 ("hard ranks", "spearman", data), ("hard span", "mann-whitney", large)):
+            made[name] = FOLDER / f"{name.replace(' ', '-')}.html"
+            result = run(test, file, "--headers", "--save", made[name], "--overwrite")
+            assert result.returncode == 0, result.stderr
+        return made
+
     def test_are_one_well_formed_file_without_scripts_and_addresses(self):
         for test, page in self.pages.items():
             text = page.read_text(encoding="utf-8")
@@ -119,6 +141,8 @@ class Pages(unittest.TestCase):
             for tag, attributes in outline.attributes:
                 if tag == "th":
                     self.assertIn(attributes.get("scope"), ("col", "colgroup", "row"), test)
+                if attributes.get("role") == "region":
+                    self.assertNotIn(attributes["aria-label"], ("", "Table"), test)
                 if tag == "svg":
                     self.assertEqual(attributes["role"], "img")
                     self.assertIn("picture-name", attributes["aria-labelledby"])
@@ -138,7 +162,7 @@ class Pages(unittest.TestCase):
         self.assertIn("r<sub>s</sub>", self.pages["spearman"].read_text(encoding="utf-8"))
 
     def test_fit_their_window_in_light_and_dark(self):
-        for test, page in self.pages.items():
+        for test, page in {**self.pages, **self.hard_to_draw()}.items():
             for width, scheme in ((1000, 1), (390, 0)):
                 frame = FOLDER / f"frame-{test}-{width}.html"
                 frame.write_text(FRAME.format(width=width, page=page.as_uri()))
@@ -149,6 +173,8 @@ class Pages(unittest.TestCase):
                 self.assertIsNotNone(found, (test, result.stdout[-300:], result.stderr[-300:]))
                 layout = json.loads(found[1])
                 self.assertEqual((layout["tooWide"], layout["cut"]), (False, 0), (test, width))
+                self.assertEqual((layout["spilt"], layout["overlapping"]), (0, 0), (test, width))
+                self.assertGreater(layout["smallest"], 9, (test, width))
                 self.assertGreater(layout["pictureWidth"], 300, (test, width))
                 light = layout["paper"] == "rgb(255, 255, 255)"
                 self.assertEqual(light, scheme == 1, (test, layout))
@@ -158,7 +184,8 @@ class Pages(unittest.TestCase):
         if PICTURES is None:
             return
         PICTURES.mkdir(exist_ok=True)
-        for test, page in self.pages.items():
+        for test, page in {**self.pages, **self.hard_to_draw()}.items():
+            test = test.replace(" ", "-")
             for name, size, scheme in (("light", "900,1300", 1), ("dark", "900,1300", 0), ("phone", "390,1300", 1)):
                 browser(f"--screenshot={PICTURES.resolve()}/{test}-{name}.png", f"--window-size={size}",
                         "--hide-scrollbars", f"--blink-settings=preferredColorScheme={scheme}", page.as_uri())
