@@ -178,7 +178,7 @@ std::size_t StylePart::styleOf(const CellFormat& format) {
     const std::size_t border = borderOf(key.borders);
     const std::string_view alignment = wordFor(key.alignment);
     std::string attributes = " numFmtId=\"" + number(numberFormat) + "\" fontId=\"" + number(font) +
-                             "\" fillId=\"0\" borderId=\"" + number(border) + "\" xfId=\"0\"";
+                             R"(" fillId="0" borderId=")" + number(border) + R"(" xfId="0")";
     attributes += numberFormat == 0 ? "" : " applyNumberFormat=\"1\"";
     attributes += font == 0 ? "" : " applyFont=\"1\"";
     attributes += border == 0 ? "" : " applyBorder=\"1\"";
