@@ -176,7 +176,7 @@ std::string WorkbookPart::link(const std::string& part, std::string_view type) {
     while (std::ranges::find(m_Links, idOf(number), &XlsxRelationship::id) != m_Links.end()) {
         number += 1;
     }
-    const std::string id = idOf(number);
+    std::string id = idOf(number);
     const std::string links = relationshipsPart(m_Part);
     const std::string text = textOf(links);
     change(links, withLast(text, links, "Relationships",
@@ -254,7 +254,7 @@ std::string WorkbookPart::stylePart() {
     if (styles != m_Links.end() && m_Package.has(styles->target)) {
         return styles->target;
     }
-    const std::string part = std::string(folderOfPart(m_Part)) + "styles.xml";
+    std::string part = std::string(folderOfPart(m_Part)) + "styles.xml";
     link(part, "styles");
     declare(part, "styles+xml");
     return part;
