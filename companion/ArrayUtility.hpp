@@ -1,5 +1,8 @@
 #pragma once
 
+#include <span>
+
+#include "companion/ascending_order.hpp"
 #include "core/array.hpp"
 #include "core/cell_value.hpp"
 #include "core/grid.hpp"
@@ -14,6 +17,10 @@ class ArrayUtility {
     /// Reorders the rows so that the column ascends; whole rows move, equal rows keep their order. The middle
     /// argument is always 0. Raises SubscriptOutOfRange for a column that the table does not have.
     virtual void SortRows(Grid<double>& table, Long reserved, Long column) const = 0;
+
+    /// How the values stand when they ascend, equal ones in the order given. A utility that only sorts rows
+    /// leaves this as it is: it then sorts a table of the values and their positions.
+    [[nodiscard]] virtual AscendingOrder OrderOf(std::span<const double> values) const;
 
     /// k elements as a grid of k rows and one column.
     [[nodiscard]] virtual ValueGrid MakeTwoDimensional(const Array<CellValue>& array) const = 0;

@@ -9,27 +9,8 @@ namespace TBVNonPara {
 
 namespace {
 
-/// A key with the row it stands in, from 0. Ordered by row among equal keys, which makes any sort stable.
-struct KeyedRow {
-    double key;
-    std::uint32_t row;
-
-    friend bool operator<(const KeyedRow& a, const KeyedRow& b) noexcept {
-        return a.key < b.key || (a.key == b.key && a.row < b.row);
-    }
-};
-
-std::vector<KeyedRow> keyedRows(std::span<const double> keys) {
-    std::vector<KeyedRow> order;
-    order.reserve(keys.size());
-    for (const double key : keys) {
-        order.push_back({key, static_cast<std::uint32_t>(order.size())});
-    }
-    return order;
-}
-
-void reorder(std::span<double> column, const std::vector<KeyedRow>& order, std::vector<double>& moved) {
-    std::ranges::transform(order, moved.begin(), [column](const KeyedRow& from) { return column[from.row]; });
+void reorder(std::span<double> column, std::span<const std::uint32_t> order, std::vector<double>& moved) {
+    std::ranges::transform(order, moved.begin(), [column](std::uint32_t from) { return column[from]; });
     std::ranges::copy(moved, column.begin());
 }
 
@@ -42,16 +23,22 @@ void copyColumns(const ValueGrid& from, ValueGrid& to, Long columnsBefore) {
 class OwnArrayUtility : public ArrayUtility {
  public:
     void SortRows(Grid<double>& table, Long /*reserved*/, Long column) const override {
-        const std::span<const double> keys = table.column(column);
+        const std::span<double> keys = table.column(column);
         if (std::ranges::is_sorted(keys)) {
             return;
         }
-        std::vector<KeyedRow> order = keyedRows(keys);
-        std::ranges::sort(order, std::less<>());
-        std::vector<double> moved(order.size());
-        for (Long each = 1; each <= table.columns(); ++each) {
-            reorder(table.column(each), order, moved);
+        if (table.columns() == Long(1)) {
+            return sortAscending(keys);
         }
+        const AscendingOrder order = ascendingOrder(keys);
+        std::vector<double> moved(order.positions.size());
+        for (Long each = 1; each <= table.columns(); ++each) {
+            reorder(table.column(each), order.positions, moved);
+        }
+    }
+
+    [[nodiscard]] AscendingOrder OrderOf(std::span<const double> values) const override {
+        return ascendingOrder(values);
     }
 
     [[nodiscard]] ValueGrid MakeTwoDimensional(const Array<CellValue>& array) const override {
