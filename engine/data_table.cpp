@@ -8,16 +8,6 @@ namespace TBVNonPara {
 
 namespace {
 
-Long countNonEmpty(const ValueGrid& sample) {
-    Long count = 0;
-    for (Long i = 1; i <= sample.rows(); ++i) {
-        if (!isEmpty(sample(i, 1))) {
-            ++count;
-        }
-    }
-    return count;
-}
-
 bool isComplete(const ValueGrid& first, const ValueGrid& second, Long i) {
     return !isEmpty(first(i, 1)) && !isEmpty(second(i, 1));
 }
@@ -30,18 +20,6 @@ Long countComplete(const ValueGrid& first, const ValueGrid& second) {
         }
     }
     return count;
-}
-
-/// Writes `count` observations of a sample from row `before + 1` on.
-void appendSample(DataTable& table, Long before, const ValueGrid& sample, Long count, double group) {
-    // There are as many observations as cells that hold something, but they are read from the first `count`
-    // cells: a blank among those is an observation of 0, and as many cells at the end are never read.
-    for (Long k = 1; k <= count; ++k) {
-        const Long row = before + k;
-        table(row, Value) = toDouble(sample(k, 1));
-        table(row, Group) = group;
-        table(row, Sequence) = toDouble(row);
-    }
 }
 
 double signCode(double difference) noexcept {
@@ -62,15 +40,6 @@ Long sizeOfTie(const DataTable& table, Long i) {
 }
 
 }  // namespace
-
-DataTable CombineSamples(const ValueGrid& first, const ValueGrid& second) {
-    const Long n1 = countNonEmpty(first);
-    const Long n2 = countNonEmpty(second);
-    DataTable table(n1 + n2, 4);
-    appendSample(table, 0, first, n1, FirstSample);
-    appendSample(table, n1, second, n2, SecondSample);
-    return table;
-}
 
 DataTable PairedDifferences(const ValueGrid& first, const ValueGrid& second) {
     DataTable table(countComplete(first, second), 4);

@@ -14,10 +14,6 @@ using DataTable = Grid<double>;
 /// row's position when the table was built.
 enum DataColumn : Index { Value = 1, Group, Rank, Sequence };
 
-/// The group codes of two samples.
-constexpr double FirstSample = 1;
-constexpr double SecondSample = 2;
-
 /// The group codes of paired differences.
 constexpr double Positive = 1;
 constexpr double Negative = 2;
@@ -32,11 +28,6 @@ struct RankSums {
     Long firstCount;
     Long secondCount;
 };
-
-/// All non-empty values of column 1 of two samples: group 1 is the first, group 2 the second.
-/// The value is read at the running count, not at the row being walked: a blank inside a sample shifts the
-/// reading and is itself read as 0. Clients rely on it. Raises TypeMismatch for a cell that is no number.
-[[nodiscard]] DataTable CombineSamples(const ValueGrid& first, const ValueGrid& second);
 
 /// The differences first - second of the rows in which both cells hold something: column 1 the absolute
 /// difference, column 2 its sign code. The difference goes through single-precision text, so 5.1 - 5.0 is

@@ -3,6 +3,7 @@
 
 #include "core/arithmetic.hpp"
 #include "engine/clsNonParaBO.hpp"
+#include "engine/data_table.hpp"
 #include "engine/k_samples.hpp"
 
 namespace TBVNonPara {
@@ -11,7 +12,8 @@ namespace {
 
 /// Values and within-block ranks, blocks x treatments, and the tie total of all blocks.
 struct RankedBlocks {
-    GroupGrids grids;
+    Grid<double> data;
+    Grid<double> ranks;
     double T = 0;
 };
 
@@ -24,23 +26,23 @@ void readBlock(DataTable& block, const ValueGrid& values, Long j) {
     }
 }
 
-void writeBlock(GroupGrids& grids, const DataTable& block, Long j) {
+void writeBlock(RankedBlocks& ranked, const DataTable& block, Long j) {
     for (Long row = 1; row <= block.rows(); ++row) {
         const auto treatment = static_cast<Index>(block(row, Sequence));
-        grids.data(j, treatment) = block(row, Value);
-        grids.ranks(j, treatment) = block(row, Rank);
+        ranked.data(j, treatment) = block(row, Value);
+        ranked.ranks(j, treatment) = block(row, Rank);
     }
 }
 
 RankedBlocks rankWithinBlocks(const ValueGrid& values, const ArrayUtility& utility) {
     const Long b = values.rows();
     const Long k = values.columns();
-    RankedBlocks ranked{{Grid<double>(b, k), Grid<double>(b, k)}};
+    RankedBlocks ranked{Grid<double>(b, k), Grid<double>(b, k)};
     DataTable block(k, 4);
     for (Long j = 1; j <= b; ++j) {
         readBlock(block, values, j);
         const TieCounts tieCounts = RankValues(block, utility, false);
-        writeBlock(ranked.grids, block, j);
+        writeBlock(ranked, block, j);
         for (const Long t : tieCounts.elements()) {
             ranked.T = (ranked.T + cubed(t)) - toDouble(t);
         }
@@ -72,8 +74,8 @@ void clsNonParaBO::AnalyseFriedman() try {
     const Long b = m_Ys.rows();
 
     RankedBlocks blocks = rankWithinBlocks(m_Ys, *m_Utility);
-    m_Data = std::move(blocks.grids.data);
-    m_Ranks = std::move(blocks.grids.ranks);
+    m_Data = std::move(blocks.data);
+    m_Ranks = std::move(blocks.ranks);
     store(SummariseGroups(m_Data, m_Ranks, *m_Utility));
 
     const double S = sumOfRankSquares(m_SumsRank);

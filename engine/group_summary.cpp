@@ -1,5 +1,7 @@
 #include "engine/group_summary.hpp"
 
+#include <algorithm>
+
 #include "core/arithmetic.hpp"
 
 namespace TBVNonPara {
@@ -14,34 +16,42 @@ constexpr bool isOdd(Long n) {
     return n.value() % 2 != 0;
 }
 
-/// The median of the n cells of a column from row `first` on, which ascend; 0 of none.
-double median(const Grid<double>& sorted, Long column, Long first, Long n) {
+/// The median of the n cells from row `first` on; 0 of none.
+double median(const Grid<double>& sorted, Long first, Long n) {
     const Long middle = half(n) + first;
     if (isOdd(n)) {
-        return sorted(middle, column);
+        return sorted(middle, 1);
     }
-    return n > Long(0) ? checked(sorted(middle - 1, column) + sorted(middle, column)) / 2 : 0;
+    return n > Long(0) ? checked(sorted(middle - 1, 1) + sorted(middle, 1)) / 2 : 0;
 }
 
-double sum(const Grid<double>& values, Long column, Long first) {
+double sum(const Grid<double>& sorted, Long first) {
     double total = 0;
-    for (Long i = first; i <= values.rows(); ++i) {
-        total += values(i, column);
+    for (Long i = first; i <= sorted.rows(); ++i) {
+        total += sorted(i, 1);
     }
     return checked(total);
 }
 
-/// Summarises every column of a grid, which it sorts; countOf(c) says how many values column c has.
+/// One column of a grid, ascending.
+Grid<double> sortedColumn(const Grid<double>& values, Long column, const ArrayUtility& utility) {
+    Grid<double> sorted(values.rows(), 1);
+    std::ranges::copy(values.column(column), sorted.column(1).begin());
+    utility.SortRows(sorted, 0, 1);
+    return sorted;
+}
+
+/// Summarises every column of a grid; countOf(c) says how many values column c has.
 template <typename CountOf>
-GroupSummary summarise(Grid<double> values, const ArrayUtility& utility, CountOf countOf) {
+GroupSummary summarise(const Grid<double>& values, const ArrayUtility& utility, CountOf countOf) {
     const Long columns = values.columns();
     GroupSummary summary{Array<double>(columns), Array<double>(columns), Array<Long>(columns)};
     for (Long c = 1; c <= columns; ++c) {
         const Long n = countOf(c);
-        utility.SortRows(values, 0, c);
+        const Grid<double> sorted = sortedColumn(values, c, utility);
         const Long first = values.rows() - n + 1;
-        summary.sums(c) = sum(values, c, first);
-        summary.medians(c) = median(values, c, first, n);
+        summary.sums(c) = sum(sorted, first);
+        summary.medians(c) = median(sorted, first, n);
         summary.ns(c) = n;
     }
     return summary;

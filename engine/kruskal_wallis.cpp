@@ -4,6 +4,8 @@
 #include "core/arithmetic.hpp"
 #include "engine/clsNonParaBO.hpp"
 #include "engine/k_samples.hpp"
+#include "engine/pooled_groups.hpp"
+#include "engine/ranking.hpp"
 
 namespace TBVNonPara {
 
@@ -23,10 +25,10 @@ double kruskalWallisH(double S, Long N) {
 }
 
 /// 1 without ties, 0 when all values are equal.
-double tieCorrection(const TieCounts& tieCounts, Long N) {
+double tieCorrection(const std::vector<Tie>& ties, Long N) {
     double T = 0;
-    for (const Long t : tieCounts.elements()) {
-        T = (T + cubed(t)) - toDouble(t);
+    for (const Tie& tie : ties) {
+        T = (T + cubed(tie.size)) - toDouble(Long(tie.size));
     }
     return checked(1 - divide(T, cubed(N) - toDouble(N)));
 }
@@ -37,17 +39,16 @@ void clsNonParaBO::AnalyseKWallis() try {
     const Long k = m_Ys.columns();
 
     PooledGroups groups = poolGroups(m_Ys);
-    const Long N = groups.table.rows();
-    const TieCounts tieCounts = RankValues(groups.table, *m_Utility, false);
+    const Long N = groups.values.size();
+    const AscendingOrder order = m_Utility->OrderOf(groups.values.elements());
 
-    GroupGrids grids = spreadOverGroups(groups, m_Ys.rows());
-    m_Data = std::move(grids.data);
-    m_Ranks = std::move(grids.ranks);
+    m_Data = spreadOverGroups(std::exchange(groups.values, {}), groups.counts, m_Ys.rows());
+    m_Ranks = spreadOverGroups(ranksOf(order), groups.counts, m_Ys.rows());
     store(SummariseGroups(m_Data, m_Ranks, *m_Utility, groups.counts));
 
     const double S = sumOfRankSquares(m_SumsRank, groups.counts);
     const double H = kruskalWallisH(S, N);
-    m_Statistic = divide(H, tieCorrection(tieCounts, N));
+    m_Statistic = divide(H, tieCorrection(order.ties, N));
     m_DF = {k - 1};
     m_P = functions().ChiDist(m_Statistic, m_DF(1));
 

@@ -1,24 +1,28 @@
+#include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "core/arithmetic.hpp"
 #include "core/conversions.hpp"
 #include "engine/clsNonParaBO.hpp"
-#include "engine/k_samples.hpp"
+#include "engine/pooled_groups.hpp"
+#include "engine/ranking.hpp"
 
 namespace TBVNonPara {
 
 namespace {
 
-/// The middle value of a table sorted by value; without any value the median that was there before.
-double grandMedian(const DataTable& table, double previous) {
-    const Index N = toIndex(table.rows());
-    if (N % 2 != 0) {
-        return table(N / 2 + 1, Value);
+/// The middle value; without any value the median that was there before.
+double grandMedian(std::vector<double> values, double previous) {
+    if (values.empty()) {
+        return previous;
     }
-    if (N != 0) {
-        return checked(table(N / 2, Value) + table(N / 2 + 1, Value)) / 2;
+    const auto middle = values.begin() + std::ssize(values) / 2;
+    std::ranges::nth_element(values, middle);
+    if (values.size() % 2 != 0) {
+        return *middle;
     }
-    return previous;
+    return checked(*std::max_element(values.begin(), middle) + *middle) / 2;
 }
 
 /// Two rows of counts, above the median and not above it, with labels in the first row and column.
@@ -38,10 +42,12 @@ ValueGrid labelledCounts(const Array<Long>& above, const Array<Long>& notAbove) 
 ValueGrid countAround(double median, const PooledGroups& groups) {
     Array<Long> above(groups.counts.size());
     Array<Long> notAbove(groups.counts.size());
-    for (Long i = 1; i <= groups.table.rows(); ++i) {
-        const auto g = static_cast<Index>(groups.table(i, Group));
-        Array<Long>& row = groups.table(i, Value) > median ? above : notAbove;
-        row(g) += 1;
+    auto first = groups.values.elements().begin();
+    for (Long g = 1; g <= groups.counts.size(); ++g) {
+        const auto end = first + toIndex(groups.counts(g));
+        above(g) = std::count_if(first, end, [median](double value) { return value > median; });
+        notAbove(g) = groups.counts(g) - above(g);
+        first = end;
     }
     return labelledCounts(above, notAbove);
 }
@@ -50,8 +56,8 @@ ValueGrid countAround(double median, const PooledGroups& groups) {
 
 void clsNonParaBO::AnalyseMedian() try {
     PooledGroups groups = poolGroups(m_Ys);
-    RankValues(groups.table, *m_Utility, false);
-    m_GrandMedian = grandMedian(groups.table, m_GrandMedian);
+    const std::span<const double> values = groups.values.elements();
+    m_GrandMedian = grandMedian({values.begin(), values.end()}, m_GrandMedian);
 
     const ValueGrid counts = countAround(m_GrandMedian, groups);
     m_Other = counts;
@@ -64,9 +70,9 @@ void clsNonParaBO::AnalyseMedian() try {
         return;
     }
 
-    GroupGrids grids = spreadOverGroups(groups, m_Ys.rows());
-    m_Data = std::move(grids.data);
-    m_Ranks = std::move(grids.ranks);
+    const Array<double> ranks = ranksOf(m_Utility->OrderOf(values));
+    m_Data = spreadOverGroups(std::exchange(groups.values, {}), groups.counts, m_Ys.rows());
+    m_Ranks = spreadOverGroups(ranks, groups.counts, m_Ys.rows());
     store(SummariseGroups(m_Data, m_Ranks, *m_Utility, groups.counts));
 } catch (...) {
     passOn("clsNonParaBO.AnalyseMedian");

@@ -17,46 +17,6 @@ using Support::rowsOf;
 
 const ObjectRef<ArrayUtility> utility = createArrayUtility();
 
-struct Combined {
-    std::string name;
-    Cells first;
-    Cells second;
-    Rows table;
-};
-
-class CombinedSamples : public testing::TestWithParam<Combined> {};
-
-TEST_P(CombinedSamples, MakeADataTable) {
-    const auto& [name, first, second, table] = GetParam();
-    EXPECT_EQ(rowsOf(CombineSamples(column(first), column(second))), table);
-}
-
-// clang-format off
-const Combined combined[] = {
-    {"StandInEntryOrder",                {7, 3},        {5},         {{7, 1, 0, 1}, {3, 1, 0, 2}, {5, 2, 0, 3}}},
-    {"ReadTextsThatAreNumbers",          {"7.5"},       {" 3 "},     {{7.5, 1, 0, 1}, {3, 2, 0, 2}}},
-    {"BlanksAtTheEndAreNoObservations",  {7, blank},    {5, blank},  {{7, 1, 0, 1}, {5, 2, 0, 2}}},
-    {"ABlankInsideShiftsTheReading",     {7, blank, 9}, {5},         {{7, 1, 0, 1}, {0, 1, 0, 2}, {5, 2, 0, 3}}},
-    {"ABlankFirstCellIsReadAsZero",      {8},           {blank, 6, 7}, {{8, 1, 0, 1}, {0, 2, 0, 2}, {6, 2, 0, 3}}},
-    {"ABlankSampleHasNoRows",            {blank},       {4},         {{4, 2, 0, 1}}},
-    {"BothBlankMakeAnEmptyTable",        {blank},       {blank},     {}},
-};
-// clang-format on
-
-INSTANTIATE_TEST_SUITE_P(Of, CombinedSamples, testing::ValuesIn(combined),
-                         [](const auto& test) { return test.param.name; });
-
-TEST(CombineSamples, ReadsNoColumnButTheFirst) {
-    const ValueGrid two = Support::columns({{1, 2}, {30, 40}});
-    EXPECT_EQ(rowsOf(CombineSamples(two, column({5}))), (Rows{{1, 1, 0, 1}, {2, 1, 0, 2}, {5, 2, 0, 3}}));
-}
-
-TEST(CombineSamples, RefusesACellThatIsNoNumber) {
-    EXPECT_EQ(Support::raisedBy([] { (void)CombineSamples(column({"a"}), column({1})); }).number, 13);
-    const ValueGrid error{{CellError::NotAvailable}};
-    EXPECT_EQ(Support::raisedBy([&] { (void)CombineSamples(column({1}), error); }).number, 13);
-}
-
 struct Paired {
     std::string name;
     Cells first;
