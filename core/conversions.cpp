@@ -27,6 +27,24 @@ std::string generalText(Number number, int digits) {
     return {buffer.data(), end.ptr};
 }
 
+/// The number read back from its text of seven digits, without the text, for numbers of everyday size. Both
+/// steps are exact: 24 bits times a power of ten up to 10^12, whose odd part has 28 bits, fit in a double,
+/// and a quotient of two whole numbers is the double nearest to the decimal fraction.
+std::optional<double> roundToSevenDigits(float number) {
+    constexpr double smallest = 1e6;
+    constexpr double tooLarge = 1e7;
+    constexpr double largestPower = 1e12;
+    const double size = std::abs(static_cast<double>(number));
+    if (!(size >= smallest / largestPower && size < tooLarge)) {
+        return std::nullopt;
+    }
+    double power = 1;
+    while (size * power < smallest) {
+        power *= 10;
+    }
+    return std::copysign(std::nearbyint(size * power) / power, number);
+}
+
 }  // namespace
 
 std::optional<double> readAsNumber(std::string_view text) noexcept {
@@ -69,6 +87,9 @@ double throughSinglePrecisionText(double number) {
     const auto single = static_cast<float>(number);
     if (!std::isfinite(single)) {
         raise(RuntimeError::Overflow);
+    }
+    if (const auto rounded = roundToSevenDigits(single)) {
+        return *rounded;
     }
     const std::string text = generalText(single, 7);
     double result = 0;

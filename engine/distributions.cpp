@@ -91,22 +91,22 @@ double approximateP(Long n1, Long n2, double U1, double U2, double tieSum, TBVNP
     return 1 - Phi;
 }
 
-/// The ranks of the ranked rows in table order, doubled when one of them is not whole.
+/// The ranks of the ranked rows, doubled when one of them is not whole.
 struct WholeRanks {
     std::vector<Long> ranks;
     double scale = 1;
 };
 
-WholeRanks wholeRanks(const DataTable& table) {
+WholeRanks wholeRanks(std::span<const double> ranks) {
     WholeRanks whole;
-    for (Long i = 1; i <= table.rows(); ++i) {
-        if (table(i, Rank) != std::floor(table(i, Rank))) {
+    for (const double rank : ranks) {
+        if (rank != std::floor(rank)) {
             whole.scale = 2;
         }
     }
-    for (Long i = 1; i <= table.rows(); ++i) {
-        if (table(i, Rank) != 0) {
-            whole.ranks.push_back(roundHalfToEven(table(i, Rank) * whole.scale));
+    for (const double rank : ranks) {
+        if (rank != 0) {
+            whole.ranks.push_back(roundHalfToEven(rank * whole.scale));
         }
     }
     return whole;
@@ -130,15 +130,8 @@ double countSubsets(const std::vector<Long>& ranks, Long limit) {
     return std::accumulate(counts.begin(), counts.end(), 0.0);
 }
 
-/// What the variance of T needs of the ranked rows.
-struct RankedRows {
-    double n = 0;
-    double zeros = 0;
-    double tieSum = 0;
-};
-
-RankedRows rankedRows(const DataTable& table) {
-    RankedRows rows;
+RankedDifferences rankedRows(const DataTable& table) {
+    RankedDifferences rows;
     double tied = 1;
     const auto closeTie = [&] {
         rows.tieSum += tied * tied * tied - tied;
@@ -252,7 +245,12 @@ double MannWhitneyP(Long n1, Long n2, double U1, double U2, double tieSum, TBVNP
 }
 
 double WilcoxonTDist(const DataTable& table, double T, bool oneTailed) {
-    const WholeRanks whole = wholeRanks(table);
+    const std::span<const double> none;
+    return WilcoxonTDist(table.rows() == Long(0) ? none : table.column(Rank), T, oneTailed);
+}
+
+double WilcoxonTDist(std::span<const double> ranks, double T, bool oneTailed) {
+    const WholeRanks whole = wholeRanks(ranks);
     const double subsets = checked(std::ldexp(1.0, static_cast<int>(whole.ranks.size())));
     const double sumOfAll = std::accumulate(whole.ranks.begin(), whole.ranks.end(), 0.0,
                                             [](double sum, Long rank) { return sum + toDouble(rank); });
@@ -266,7 +264,12 @@ double WilcoxonTDist(const DataTable& table, double T, bool oneTailed) {
 
 double WilcoxonZApprox(const DataTable& table, double T, bool oneTailed, double& Z,
                        const ObjectRef<WorksheetHost>& host) {
-    const auto [n, z0, ties] = rankedRows(table);
+    return WilcoxonZApprox(rankedRows(table), T, oneTailed, Z, host);
+}
+
+double WilcoxonZApprox(const RankedDifferences& ranked, double T, bool oneTailed, double& Z,
+                       const ObjectRef<WorksheetHost>& host) {
+    const auto [n, z0, ties] = ranked;
     const double variance = (n * (n + 1) * (2 * n + 1) - z0 * (z0 + 1) * (2 * z0 + 1) - ties / 2) / 24;
     const double sd = squareRoot(variance);
     const double mean = (n * (n + 1) - z0 * (z0 + 1)) / 4;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <span>
+
 #include "core/enumerations.hpp"
 #include "engine/data_table.hpp"
 #include "engine/double_double.hpp"
@@ -21,11 +23,26 @@ namespace TBVNonPara {
 [[nodiscard]] double MannWhitneyP(Long n1, Long n2, double U1, double U2, double tieSum, TBVNPTails tails,
                                   const ObjectRef<WorksheetHost>& host);
 
-/// Exact probability that the signed-rank sum of a ranked table of differences is at most T.
+/// Exact probability that the signed-rank sum of differences with these ranks, 0 for an unranked one, is at
+/// most T.
+[[nodiscard]] double WilcoxonTDist(std::span<const double> ranks, double T, bool oneTailed);
+
+/// The same for a ranked table of differences.
 [[nodiscard]] double WilcoxonTDist(const DataTable& table, double T, bool oneTailed);
 
 /// The same by the normal approximation without continuity correction; Z receives |Z|.
 [[nodiscard]] double WilcoxonZApprox(const DataTable& table, double T, bool oneTailed, double& Z,
+                                     const ObjectRef<WorksheetHost>& host);
+
+/// What the variance of T needs of the ranked differences: how many there are, how many of them are zeros,
+/// and the sum of t^3 - t over their ties.
+struct RankedDifferences {
+    double n = 0;
+    double zeros = 0;
+    double tieSum = 0;
+};
+
+[[nodiscard]] double WilcoxonZApprox(const RankedDifferences& ranked, double T, bool oneTailed, double& Z,
                                      const ObjectRef<WorksheetHost>& host);
 
 /// Probability of a rank correlation of n pairs: exact up to 7 pairs, above by an Edgeworth series; 1 for

@@ -33,26 +33,28 @@ double sum(const Grid<double>& sorted, Long first) {
     return checked(total);
 }
 
-/// One column of a grid, ascending.
-Grid<double> sortedColumn(const Grid<double>& values, Long column, const ArrayUtility& utility) {
-    Grid<double> sorted(values.rows(), 1);
-    std::ranges::copy(values.column(column), sorted.column(1).begin());
+/// Summarises the last n of these values, ascending, as group g.
+void summarise(GroupSummary& summary, Long g, std::span<const double> values, Long n,
+               const ArrayUtility& utility) {
+    Grid<double> sorted(Long(values.size()), 1);
+    std::ranges::copy(values, sorted.column(1).begin());
     utility.SortRows(sorted, 0, 1);
-    return sorted;
+    const Long first = sorted.rows() - n + 1;
+    summary.sums(g) = sum(sorted, first);
+    summary.medians(g) = median(sorted, first, n);
+    summary.ns(g) = n;
+}
+
+GroupSummary summaryOf(Long groups) {
+    return {Array<double>(groups), Array<double>(groups), Array<Long>(groups)};
 }
 
 /// Summarises every column of a grid; countOf(c) says how many values column c has.
 template <typename CountOf>
-GroupSummary summarise(const Grid<double>& values, const ArrayUtility& utility, CountOf countOf) {
-    const Long columns = values.columns();
-    GroupSummary summary{Array<double>(columns), Array<double>(columns), Array<Long>(columns)};
-    for (Long c = 1; c <= columns; ++c) {
-        const Long n = countOf(c);
-        const Grid<double> sorted = sortedColumn(values, c, utility);
-        const Long first = values.rows() - n + 1;
-        summary.sums(c) = sum(sorted, first);
-        summary.medians(c) = median(sorted, first, n);
-        summary.ns(c) = n;
+GroupSummary summariseColumns(const Grid<double>& values, const ArrayUtility& utility, CountOf countOf) {
+    GroupSummary summary = summaryOf(values.columns());
+    for (Long c = 1; c <= values.columns(); ++c) {
+        summarise(summary, c, values.column(c), countOf(c), utility);
     }
     return summary;
 }
@@ -67,8 +69,22 @@ GroupSummaries SummariseGroups(const Grid<double>& data, const Grid<double>& ran
     const auto countIn = [&counts](const Grid<double>& values, Long entry) {
         return counts ? (*counts)(entry) : values.rows();
     };
-    return {summarise(data, utility, [&](Long c) { return countIn(data, c); }),
-            summarise(ranks, utility, [&](Long c) { return countIn(ranks, before + c); })};
+    return {summariseColumns(data, utility, [&](Long c) { return countIn(data, c); }),
+            summariseColumns(ranks, utility, [&](Long c) { return countIn(ranks, before + c); })};
+}
+
+GroupSummary SummariseColumns(const Grid<double>& values, const ArrayUtility& utility) {
+    return summariseColumns(values, utility, [&](Long) { return values.rows(); });
+}
+
+GroupSummary SummariseLists(std::span<const Array<double>> lists, const ArrayUtility& utility) {
+    GroupSummary summary = summaryOf(Long(lists.size()));
+    Long g;
+    for (const Array<double>& list : lists) {
+        ++g;
+        summarise(summary, g, list.elements(), list.size(), utility);
+    }
+    return summary;
 }
 
 }  // namespace TBVNonPara

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 
 #include "companion/ArrayUtility.hpp"
 #include "core/array.hpp"
@@ -28,5 +29,11 @@ struct GroupSummaries {
 [[nodiscard]] GroupSummaries SummariseGroups(const Grid<double>& data, const Grid<double>& ranks,
                                              const ArrayUtility& utility,
                                              const std::optional<Array<Long>>& counts = std::nullopt);
+
+/// Summarises the columns of a grid, all rows of each.
+[[nodiscard]] GroupSummary SummariseColumns(const Grid<double>& values, const ArrayUtility& utility);
+
+/// Summarises lists as they are.
+[[nodiscard]] GroupSummary SummariseLists(std::span<const Array<double>> lists, const ArrayUtility& utility);
 
 }  // namespace TBVNonPara

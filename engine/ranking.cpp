@@ -2,10 +2,13 @@
 
 namespace TBVNonPara {
 
+void writeRanks(const AscendingOrder& order, std::span<double> ranks) {
+    visitRanks(order, [ranks](std::uint32_t position, double rank) { ranks[position] = rank; });
+}
+
 Array<double> ranksOf(const AscendingOrder& order) {
     Array<double> ranks(Long(order.positions.size()));
-    const std::span<double> byPosition = ranks.elements();
-    visitRanks(order, [byPosition](std::uint32_t position, double rank) { byPosition[position] = rank; });
+    writeRanks(order, ranks.elements());
     return ranks;
 }
 

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <span>
+#include <vector>
+
 #include "companion/ascending_order.hpp"
 #include "core/array.hpp"
 
@@ -24,6 +27,9 @@ void visitRanks(const AscendingOrder& order, Visit visit) {
     }
     visitDistinct(order.positions.size());
 }
+
+/// Writes the rank of each value where `ranks` has the place of the value.
+void writeRanks(const AscendingOrder& order, std::span<double> ranks);
 
 /// The rank of each value, in entry order.
 [[nodiscard]] Array<double> ranksOf(const AscendingOrder& order);

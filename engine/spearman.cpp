@@ -1,67 +1,55 @@
+#include <utility>
+
 #include "core/arithmetic.hpp"
 #include "engine/clsNonParaBO.hpp"
 #include "engine/distributions.hpp"
+#include "engine/ranking.hpp"
 
 namespace TBVNonPara {
 
 namespace {
 
-/// In this test the group column holds the row of the variable that a value comes from.
-constexpr DataColumn Row = Group;
-
-/// A variable with the ranks of its values, row by row.
-struct RankedVariable {
-    DataTable table;
-    double tieTerm = 0;
-};
-
-RankedVariable rankVariable(const ValueGrid& variable, Long n, const ArrayUtility& utility) {
-    RankedVariable ranked{DataTable(n, 4)};
+/// Reads one variable into a column of the data and ranks it into the same column of the ranks. Returns its
+/// tie term.
+double rankVariable(const ValueGrid& variable, Long column, Grid<double>& data, Grid<double>& ranks,
+                    const ArrayUtility& utility) {
+    const Long n = data.rows();
     for (Long i = 1; i <= n; ++i) {
-        ranked.table(i, Value) = toDouble(variable(i, 1));
-        ranked.table(i, Row) = toDouble(i);
+        data(i, column) = toDouble(variable(i, 1));
     }
+    const AscendingOrder order = utility.OrderOf(data.column(column));
+    writeRanks(order, ranks.column(column));
     // Divided by the number of pairs, not by 12 as in textbooks: clients rely on the figures.
-    ranked.tieTerm = tieSum(RankValues(ranked.table, utility, false)) / toDouble(n);
-    return ranked;
+    return tieSum(order.ties) / toDouble(n);
 }
 
-double sumOfSquaredRankDifferences(const DataTable& X, const DataTable& Y) {
+double sumOfSquaredRankDifferences(const Grid<double>& ranks) {
     double D = 0;
-    for (Long i = 1; i <= X.rows(); ++i) {
-        const double difference = X(i, Rank) - Y(i, Rank);
+    for (Long i = 1; i <= ranks.rows(); ++i) {
+        const double difference = ranks(i, 1) - ranks(i, 2);
         D += difference * difference;
     }
     return D;
-}
-
-Grid<double> sideBySide(const DataTable& X, const DataTable& Y, DataColumn column) {
-    Grid<double> both(X.rows(), 2);
-    for (Long i = 1; i <= X.rows(); ++i) {
-        both(i, 1) = X(i, column);
-        both(i, 2) = Y(i, column);
-    }
-    return both;
 }
 
 }  // namespace
 
 void clsNonParaBO::AnalyseSpearman() try {
     const Long n = m_Ys.rows();
-    auto [X, Tx] = rankVariable(m_Ys, n, *m_Utility);
-    auto [Y, Ty] = rankVariable(m_Xs, n, *m_Utility);
-    sortBy(X, *m_Utility, Row);
-    sortBy(Y, *m_Utility, Row);
+    Grid<double> data(n, 2);
+    Grid<double> ranks(n, 2);
+    const double Tx = rankVariable(m_Ys, 1, data, ranks, *m_Utility);
+    const double Ty = rankVariable(m_Xs, 2, data, ranks, *m_Utility);
 
     // Ahead of rs: of a single pair, DivisionByZero is reported here, before rs becomes 0 / 0.
     const double standardError = squareRoot(divide(1, toDouble(n - 1)));
-    const double D = sumOfSquaredRankDifferences(X, Y);
+    const double D = sumOfSquaredRankDifferences(ranks);
     const double pairs = toDouble(n);
     const double K = (pairs * pairs * pairs - pairs) / 6;
     const double rs = divide(K - D - Tx - Ty, squareRoot((K - 2 * Ty) * (K - 2 * Tx)));
 
-    m_Data = sideBySide(X, Y, Value);
-    m_Ranks = sideBySide(X, Y, Rank);
+    m_Data = std::move(data);
+    m_Ranks = std::move(ranks);
     store(SummariseGroups(m_Data, m_Ranks, *m_Utility));
     m_Statistic = rs;
     m_P = SpearmanP(n, rs, m_Tails, m_Companions.application);

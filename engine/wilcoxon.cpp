@@ -1,7 +1,12 @@
 #include <algorithm>
+#include <array>
+#include <cmath>
+#include <utility>
 
 #include "engine/clsNonParaBO.hpp"
 #include "engine/distributions.hpp"
+#include "engine/paired_differences.hpp"
+#include "engine/ranking.hpp"
 
 namespace TBVNonPara {
 
@@ -9,15 +14,54 @@ namespace {
 
 constexpr Long lastExact = 50;
 
+/// The ranks of the differences in entry order, 0 for one that is left out, and what the approximation needs.
+struct RankedPairs {
+    Array<double> ranks;
+    RankedDifferences differences;
+};
+
+RankedPairs rankPairs(const Array<double>& differences, bool ignoreZeros, const ArrayUtility& utility) {
+    Array<double> sizes = differences;
+    std::ranges::transform(sizes.elements(), sizes.elements().begin(), [](double d) { return std::abs(d); });
+    AscendingOrder order = utility.OrderOf(sizes.elements());
+    const auto zeros = static_cast<double>(std::ranges::count(sizes.elements(), 0.0));
+    const double leftOut = ignoreZeros ? zeros : 0;
+    if (leftOut > 1) {
+        order.ties.erase(order.ties.begin());  // the zeros, the smallest of all, are no tie when left out
+    }
+    RankedPairs ranked{std::move(sizes),
+                       {toDouble(differences.size()) - leftOut, zeros - leftOut, tieSum(order.ties)}};
+    const std::span<double> ranks = ranked.ranks.elements();
+    visitRanks(order,
+               [&](std::uint32_t position, double rank) { ranks[position] = std::max(rank - leftOut, 0.0); });
+    return ranked;
+}
+
+struct RankSums {
+    double positive = 0;
+    double negative = 0;
+    Long signs;
+};
+
+RankSums sumRanksBySign(const Array<double>& differences, const Array<double>& ranks) {
+    RankSums sums;
+    for (Long k = 1; k <= differences.size(); ++k) {
+        sums.positive += differences(k) > 0 ? ranks(k) : 0;
+        sums.negative += differences(k) < 0 ? ranks(k) : 0;
+        sums.signs += differences(k) != 0 ? 1 : 0;
+    }
+    return sums;
+}
+
 /// The rank sum whose small values speak for the alternative.
 double chooseT(const RankSums& T, TBVNPTails tails) noexcept {
     switch (tails) {
         case tbvNPVar1GTVar2:
-            return T.second;
+            return T.negative;
         case tbvNPVar1LTVar2:
-            return T.first;
+            return T.positive;
         default:
-            return std::min(T.first, T.second);
+            return std::min(T.positive, T.negative);
     }
 }
 
@@ -30,64 +74,63 @@ void copyPairs(const ValueGrid& first, const ValueGrid& second, Grid<double>& da
     }
 }
 
-/// The ranks of the positive, the negative and the zero differences, each in a column of its own from the
-/// top.
-struct RanksBySign {
-    Grid<double> ranks;
-    Array<Long> counts;
-};
-
-RanksBySign ranksBySign(const DataTable& table, Long n) {
-    RanksBySign bySign{Grid<double>(n, 3), Array<Long>(3)};
-    // A pair with a blank makes the table shorter than n, and reading it fails: pairs must be complete.
+/// The ranks of the positive, the negative and the zero differences of n pairs.
+std::array<Array<double>, 3> ranksBySign(const Array<double>& differences, const Array<double>& ranks,
+                                         Long n) {
+    const auto signOf = [](double d) -> std::size_t { return d > 0 ? 0 : d < 0 ? 1 : 2; };
+    std::array<Long, 3> counts;
+    // A pair with a blank makes the lists shorter than n, and reading them fails: pairs must be complete.
     for (Long i = 1; i <= n; ++i) {
-        const auto sign = static_cast<Index>(table(i, Group));
-        ++bySign.counts(sign);
-        bySign.ranks(bySign.counts(sign), sign) = table(i, Rank);
+        ++counts[signOf(differences(i))];
+    }
+    std::array<Array<double>, 3> bySign{Array<double>(counts[0]), Array<double>(counts[1]),
+                                        Array<double>(counts[2])};
+    counts = {};
+    for (Long i = 1; i <= n; ++i) {
+        const std::size_t sign = signOf(differences(i));
+        bySign[sign](++counts[sign]) = ranks(i);
     }
     return bySign;
 }
 
 /// Difference, rank and signed rank of each pair. Unlike the ranks, the differences shown are not rounded.
-void signRanks(const DataTable& table, const Grid<double>& data, Grid<double>& ranks) {
+Grid<double> signedRanks(const Array<double>& differences, const Array<double>& ranks,
+                         const Grid<double>& data) {
     const Long n = data.rows();
-    ranks = Grid<double>(n, 3);
+    Grid<double> shown(n, 3);
     for (Long i = 1; i <= n; ++i) {
-        const double rank = table(i, Rank);
-        ranks(i, 1) = data(i, 1) - data(i, 2);
-        ranks(i, 2) = rank;
-        ranks(i, 3) = table(i, Group) == Negative ? -rank : rank;
+        shown(i, 1) = data(i, 1) - data(i, 2);
+        shown(i, 2) = ranks(i);
+        shown(i, 3) = differences(i) < 0 ? -ranks(i) : ranks(i);
     }
+    return shown;
 }
 
 }  // namespace
 
 void clsNonParaBO::AnalyseWilcoxon() try {
     const Long n = m_Ys.rows();
-    DataTable table = PairedDifferences(m_Ys, m_Xs);
-    RankValues(table, *m_Utility, m_IgnoreTies);
-    RankSums sums;
-    SumRanksByGroup(table, sums);
+    const Array<double> differences = PairedDifferences(m_Ys, m_Xs);
+    const auto [ranks, ranked] = rankPairs(differences, m_IgnoreTies, *m_Utility);
+    const RankSums sums = sumRanksBySign(differences, ranks);
     const double T = chooseT(sums, m_Tails);
 
-    sortBy(table, *m_Utility, Sequence);
     copyPairs(m_Ys, m_Xs, m_Data);
-    const auto [ranks, counts] = ranksBySign(table, n);
-    store(SummariseGroups(m_Data, ranks, *m_Utility, Array<Long>{n, n, counts(1), counts(2), counts(3)}));
-    signRanks(table, m_Data, m_Ranks);
+    const auto bySign = ranksBySign(differences, ranks, n);
+    store({SummariseColumns(m_Data, *m_Utility), SummariseLists(bySign, *m_Utility)});
+    m_Ranks = signedRanks(differences, ranks, m_Data);
 
-    sortBy(table, *m_Utility, Value);
     const bool oneTailed = m_Tails != tbvNPTwoTailed;
-    if (table.rows() <= lastExact) {
-        m_P = WilcoxonTDist(table, T, oneTailed);
+    if (differences.size() <= lastExact) {
+        m_P = TBVNonPara::WilcoxonTDist(ranks.elements(), T, oneTailed);
         m_Statistic = T;
     } else {
         m_UseApprox = true;
-        m_P = WilcoxonZApprox(table, T, oneTailed, m_Statistic);
+        m_P = TBVNonPara::WilcoxonZApprox(ranked, T, oneTailed, m_Statistic, m_Companions.application);
         m_AlternateStat = m_Statistic;
         m_AlternateP = m_P;
     }
-    m_DF = {m_IgnoreTies ? sums.firstCount + sums.secondCount : n};
+    m_DF = {m_IgnoreTies ? sums.signs : n};
     m_AlternateDF = m_DF;
 } catch (...) {
     passOn("clsNonParaBO.AnalyseWilcoxon");

@@ -1,7 +1,10 @@
 #include <cmath>
+#include <cstdio>
+#include <cstdlib>
 #include <functional>
 #include <gtest/gtest.h>
 #include <limits>
+#include <random>
 
 #include "core/arithmetic.hpp"
 #include "core/array.hpp"
@@ -168,6 +171,30 @@ TEST(Numbers, LoseTheNoiseOfADifferenceInSinglePrecisionText) {
     EXPECT_EQ(throughSinglePrecisionText(1234567.8), 1234568);
     EXPECT_EQ(throughSinglePrecisionText(123456789), 123456800);
     EXPECT_EQ(errorOf([] { (void)throughSinglePrecisionText(1e39); }), 6);
+}
+
+double throughPrintedText(double number) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.7g", static_cast<double>(static_cast<float>(number)));
+    return std::strtod(text, nullptr);
+}
+
+TEST(Numbers, OfAllMagnitudesAreThoseOfTheirSevenDigits) {
+    std::mt19937_64 random(20260101);
+    for (int i = 0; i < 200000; ++i) {
+        const double digits = static_cast<double>(random() % 20000001) - 10000000;
+        const double number = digits * std::pow(10.0, static_cast<int>(random() % 24) - 14);
+        for (const double each : {number, std::nextafter(number, 0), number / 2, number / 3}) {
+            ASSERT_EQ(throughSinglePrecisionText(each), throughPrintedText(each)) << each;
+        }
+    }
+}
+
+TEST(Numbers, HalfwayBetweenSevenDigitsGoToTheEvenOne) {
+    EXPECT_EQ(throughSinglePrecisionText(1048576.5), 1048576);
+    EXPECT_EQ(throughSinglePrecisionText(1048577.5), 1048578);
+    EXPECT_EQ(throughSinglePrecisionText(9999999.5), 1e7);
+    EXPECT_TRUE(std::signbit(throughSinglePrecisionText(-0.0)));
 }
 
 TEST(Arithmetic, FaultsRaise) {

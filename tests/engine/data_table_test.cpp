@@ -3,59 +3,15 @@
 #include <gmock/gmock.h>
 
 #include "tests/support/engine_fixture.hpp"
-#include "tests/support/raised.hpp"
 
 namespace TBVNonPara {
 namespace {
 
-using Support::blank;
-using Support::Cells;
-using Support::column;
 using Support::numbers;
 using Support::Rows;
 using Support::rowsOf;
 
 const ObjectRef<ArrayUtility> utility = createArrayUtility();
-
-struct Paired {
-    std::string name;
-    Cells first;
-    Cells second;
-    Rows table;
-};
-
-class PairedSamples : public testing::TestWithParam<Paired> {};
-
-TEST_P(PairedSamples, MakeATableOfDifferences) {
-    const auto& [name, first, second, table] = GetParam();
-    EXPECT_EQ(rowsOf(PairedDifferences(column(first), column(second))), table);
-}
-
-// clang-format off
-const Paired paired[] = {
-    {"SignsHaveCodes",                        {5, 4, 2},     {3, 4, 6},     {{2, 1, 0, 1}, {0, 3, 0, 2}, {4, 2, 0, 3}}},
-    {"TheNoiseOfADifferenceIsTakenOut",       {5.1},         {5.0},         {{0.1, 1, 0, 1}}},
-    {"AndOfANegativeOne",                     {5.0},         {5.1},         {{0.1, 2, 0, 1}}},
-    {"SevenDigitsOfADifferenceStay",          {0.123456789}, {0},           {{0.1234568, 1, 0, 1}}},
-    {"ADifferenceOfNoiseAloneStays",          {0.3},         {0.1 + 0.2},   {{5.551115e-17, 2, 0, 1}}},
-    {"RowsWithABlankAreSkipped",              {1, blank, 9}, {3, 4, blank}, {{2, 2, 0, 1}}},
-    {"TheSequenceCountsCompletePairs",        {blank, 8},    {1, 2},        {{6, 1, 0, 1}}},
-    {"MoreRowsOfTheSecondAreNotRead",         {4},           {1, 2, 3},     {{3, 1, 0, 1}}},
-};
-// clang-format on
-
-INSTANTIATE_TEST_SUITE_P(Of, PairedSamples, testing::ValuesIn(paired),
-                         [](const auto& test) { return test.param.name; });
-
-TEST(PairedDifferences, RaiseWhatTheirCellsRaise) {
-    const auto numberOf = [](const Cells& first, const Cells& second) {
-        return Support::raisedBy([&] { (void)PairedDifferences(column(first), column(second)); }).number;
-    };
-    EXPECT_EQ(numberOf({"a"}, {1}), 13);
-    EXPECT_EQ(numberOf({1, 2}, {1}), 9) << "the second variable is shorter";
-    EXPECT_EQ(numberOf({1e39}, {0}), 6) << "beyond single precision";
-    EXPECT_EQ(numberOf({1e308}, {-1e308}), 6) << "beyond double precision";
-}
 
 struct Ranked {
     std::string name;
@@ -114,28 +70,6 @@ TEST(RankValues, MovesGroupAndSequenceWithTheValue) {
     DataTable table{{7, 1, 0, 1}, {3, 2, 0, 2}, {3, 1, 0, 3}};
     RankValues(table, *utility, false);
     EXPECT_EQ(rowsOf(table), (Rows{{3, 2, 1.5, 2}, {3, 1, 1.5, 3}, {7, 1, 3, 1}}));
-}
-
-TEST(SumRanksByGroup, AddsToWhatIsThereAndSkipsOtherGroups) {
-    const DataTable table{{0, 1, 1.5, 1}, {0, 2, 2, 2}, {0, 3, 4, 3}, {0, 1, 8, 4}, {0, 0, 16, 5}};
-    RankSums sums{100, 200, 10, 20};
-    SumRanksByGroup(table, sums);
-    EXPECT_EQ(sums.first, 109.5);
-    EXPECT_EQ(sums.second, 202);
-    EXPECT_EQ(sums.firstCount, Long(12));
-    EXPECT_EQ(sums.secondCount, Long(21));
-}
-
-TEST(SumRanksByGroup, RaisesOverflowWhenACountLeaves32Bits) {
-    RankSums sums{0, 0, 2147483647, 0};
-    EXPECT_EQ(Support::raisedBy([&] { SumRanksByGroup({{0, 1, 1, 1}}, sums); }).number, 6);
-}
-
-TEST(TieSum, IsTheSumOfCubesLessSizes) {
-    EXPECT_EQ(tieSum({0}), 0);
-    EXPECT_EQ(tieSum({2}), 6);
-    EXPECT_EQ(tieSum({2, 3, 2}), 36);
-    EXPECT_EQ(tieSum({100000}), 999999999900000) << "formed in doubles: a whole number would overflow";
 }
 
 }  // namespace

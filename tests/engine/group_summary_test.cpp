@@ -67,5 +67,20 @@ TEST(SummariseGroups, RaisesWhatItsSubscriptsAndSumsRaise) {
     EXPECT_EQ(numberOf({{1e308}, {1e308}}, std::nullopt), 6) << "a sum out of range";
 }
 
+TEST(SummariseLists, TakesEachListAsItIs) {
+    const Array<double> lists[] = {{4, 1, 3}, Array<double>(0), {-1, -4}};
+    const GroupSummary summary = SummariseLists(lists, *createArrayUtility());
+    EXPECT_EQ(numbers(summary.medians), (Numbers{3, 0, -2.5}));
+    EXPECT_EQ(numbers(summary.sums), (Numbers{8, 0, -5}));
+    EXPECT_EQ(numbers(summary.ns), (Numbers{3, 0, 2}));
+}
+
+TEST(SummariseColumns, TakesAllRowsOfEachColumn) {
+    const GroupSummary summary = SummariseColumns(data, *createArrayUtility());
+    EXPECT_EQ(numbers(summary.medians), (Numbers{8, 30}));
+    EXPECT_EQ(numbers(summary.sums), (Numbers{24, 80}));
+    EXPECT_EQ(numbers(summary.ns), (Numbers{3, 3}));
+}
+
 }  // namespace
 }  // namespace TBVNonPara
