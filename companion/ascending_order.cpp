@@ -138,6 +138,43 @@ AscendingOrder orderOfEntry(std::span<const double> values) {
     return order;
 }
 
+/// The values counted by the leading bits of their keys.
+struct KeyCounts {
+    static constexpr int leadingBits = 12;
+
+    KeySpan keys;
+    int shift = std::max(keys.bits.high - leadingBits, 0);
+    std::vector<std::size_t> counts = std::vector<std::size_t>(std::size_t(1) << leadingBits);
+
+    explicit KeyCounts(std::span<const double> values) : keys(values) {
+        for (const double value : values) {
+            counts[bucketOf(value)] += 1;
+        }
+    }
+
+    [[nodiscard]] std::size_t bucketOf(double value) const noexcept { return keys.excess(value) >> shift; }
+
+    /// The bucket of the value at a place; `place` becomes its place in the bucket.
+    [[nodiscard]] std::size_t bucketAt(std::size_t& place) const noexcept {
+        std::size_t bucket = 0;
+        while (place >= counts[bucket]) {
+            place -= counts[bucket];
+            bucket += 1;
+        }
+        return bucket;
+    }
+};
+
+std::array<double, 2> selectFrom(std::vector<double> values, std::size_t first, std::size_t second) {
+    const auto at = [&values](std::size_t place) {
+        const auto found = values.begin() + static_cast<std::ptrdiff_t>(place);
+        std::ranges::nth_element(values, found);
+        return *found;
+    };
+    const double atFirst = at(first);
+    return {atFirst, first == second ? atFirst : at(second)};
+}
+
 bool isNegativeZero(double value) noexcept {
     return std::bit_cast<std::uint64_t>(value) == signBit;
 }
@@ -169,6 +206,24 @@ std::vector<Tie> tiesOf(std::span<const double> values, std::span<const std::uin
     std::vector<Tie> ties;
     appendTies(ties, values, positions, 0, positions.size());
     return ties;
+}
+
+std::array<double, 2> valuesAtPlaces(std::span<const double> values, std::size_t first, std::size_t second) {
+    constexpr std::size_t worthCounting = 1000;
+    if (values.size() < worthCounting) {
+        return selectFrom({values.begin(), values.end()}, first, second);
+    }
+    const KeyCounts counted(values);
+    std::size_t place = first;
+    const std::size_t firstBucket = counted.bucketAt(place);
+    std::size_t placeOfSecond = second;
+    const std::size_t lastBucket = counted.bucketAt(placeOfSecond);
+    std::vector<double> between;
+    std::ranges::copy_if(values, std::back_inserter(between), [&](double value) {
+        const std::size_t bucket = counted.bucketOf(value);
+        return bucket >= firstBucket && bucket <= lastBucket;
+    });
+    return selectFrom(std::move(between), place, place + second - first);
 }
 
 void sortAscending(std::span<double> values) {

@@ -1,10 +1,11 @@
 #include <cmath>
 #include <utility>
+#include <vector>
 
 #include "core/arithmetic.hpp"
 #include "engine/clsNonParaBO.hpp"
-#include "engine/data_table.hpp"
 #include "engine/k_samples.hpp"
+#include "engine/ranking.hpp"
 
 namespace TBVNonPara {
 
@@ -17,34 +18,45 @@ struct RankedBlocks {
     double T = 0;
 };
 
+/// The ranks within one block, by counting for each value those below it and those equal to it. Returns the
+/// sum of t^3 - t over the ties.
+double rankNarrowBlock(std::span<const double> values, std::span<double> ranks) {
+    double T = 0;
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        int below = 0;
+        int equal = 0;
+        for (const double other : values) {
+            below += other < values[i] ? 1 : 0;
+            equal += other == values[i] ? 1 : 0;
+        }
+        ranks[i] = below + (equal + 1) * 0.5;
+        T += equal * equal - 1;  // t values of a tie add t (t^2 - 1)
+    }
+    return T;
+}
+
+double rankWideBlock(std::span<const double> values, std::span<double> ranks, const ArrayUtility& utility) {
+    const AscendingOrder order = utility.OrderOf(values);
+    writeRanks(order, ranks);
+    return tieSum(order.ties);
+}
+
 /// An empty cell is no gap: it takes part in its block as 0.
-void readBlock(DataTable& block, const ValueGrid& values, Long j) {
-    for (Long i = 1; i <= values.columns(); ++i) {
-        block(i, Value) = toDouble(values(j, i));
-        block(i, Group) = toDouble(i);
-        block(i, Sequence) = toDouble(i);
-    }
-}
-
-void writeBlock(RankedBlocks& ranked, const DataTable& block, Long j) {
-    for (Long row = 1; row <= block.rows(); ++row) {
-        const auto treatment = static_cast<Index>(block(row, Sequence));
-        ranked.data(j, treatment) = block(row, Value);
-        ranked.ranks(j, treatment) = block(row, Rank);
-    }
-}
-
 RankedBlocks rankWithinBlocks(const ValueGrid& values, const ArrayUtility& utility) {
+    constexpr std::size_t widestToCount = 32;
     const Long b = values.rows();
     const Long k = values.columns();
     RankedBlocks ranked{Grid<double>(b, k), Grid<double>(b, k)};
-    DataTable block(k, 4);
+    std::vector<double> block(static_cast<std::size_t>(k.value()));
+    std::vector<double> ranks(block.size());
     for (Long j = 1; j <= b; ++j) {
-        readBlock(block, values, j);
-        const TieCounts tieCounts = RankValues(block, utility, false);
-        writeBlock(ranked, block, j);
-        for (const Long t : tieCounts.elements()) {
-            ranked.T = (ranked.T + cubed(t)) - toDouble(t);
+        for (Long i = 1; i <= k; ++i) {
+            block[static_cast<std::size_t>(toIndex(i) - 1)] = ranked.data(j, i) = toDouble(values(j, i));
+        }
+        ranked.T += block.size() <= widestToCount ? rankNarrowBlock(block, ranks)
+                                                  : rankWideBlock(block, ranks, utility);
+        for (Long i = 1; i <= k; ++i) {
+            ranked.ranks(j, i) = ranks[static_cast<std::size_t>(toIndex(i) - 1)];
         }
     }
     return ranked;

@@ -13,16 +13,16 @@ namespace TBVNonPara {
 namespace {
 
 /// The middle value; without any value the median that was there before.
-double grandMedian(std::vector<double> values, double previous) {
+double grandMedian(std::span<const double> values, double previous) {
     if (values.empty()) {
         return previous;
     }
-    const auto middle = values.begin() + std::ssize(values) / 2;
-    std::ranges::nth_element(values, middle);
+    const std::size_t middle = values.size() / 2;
     if (values.size() % 2 != 0) {
-        return *middle;
+        return valuesAtPlaces(values, middle, middle)[0];
     }
-    return checked(*std::max_element(values.begin(), middle) + *middle) / 2;
+    const auto [below, above] = valuesAtPlaces(values, middle - 1, middle);
+    return checked(below + above) / 2;
 }
 
 /// Two rows of counts, above the median and not above it, with labels in the first row and column.
@@ -57,7 +57,7 @@ ValueGrid countAround(double median, const PooledGroups& groups) {
 void clsNonParaBO::AnalyseMedian() try {
     PooledGroups groups = poolGroups(m_Ys);
     const std::span<const double> values = groups.values.elements();
-    m_GrandMedian = grandMedian({values.begin(), values.end()}, m_GrandMedian);
+    m_GrandMedian = grandMedian(values, m_GrandMedian);
 
     const ValueGrid counts = countAround(m_GrandMedian, groups);
     m_Other = counts;

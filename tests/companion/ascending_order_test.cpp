@@ -68,7 +68,7 @@ Values valuesOf(const Kind& kind, std::size_t size) {
     return values;
 }
 
-constexpr std::size_t sizes[] = {1, 2, 3, 20, 63, 64, 65, 999, 1000, 5000, 100000};
+constexpr std::size_t sizes[] = {1, 2, 3, 20, 63, 64, 65, 999, 1000, 5000, 20000};
 
 TEST_P(AnyValues, StandInTheOrderOfAStableSort) {
     for (const std::size_t size : sizes) {
@@ -90,6 +90,19 @@ TEST_P(AnyValues, AreSortedAsByAStableSort) {
         std::ranges::stable_sort(expected);
         sortAscending(values);
         ASSERT_TRUE(std::ranges::equal(values, expected, same)) << size << " values";
+    }
+}
+
+TEST_P(AnyValues, AreFoundAtTheirPlacesWithoutASort) {
+    for (const std::size_t size : sizes) {
+        const Values values = valuesOf(GetParam(), size);
+        Values sorted = values;
+        std::ranges::sort(sorted);
+        for (const std::size_t place : {std::size_t(0), size / 3, size / 2, size - 1}) {
+            const std::size_t next = std::min(place + 1, size - 1);
+            ASSERT_EQ(valuesAtPlaces(values, place, place)[0], sorted[place]) << size << " values";
+            ASSERT_EQ(valuesAtPlaces(values, place, next)[1], sorted[next]) << size << " values";
+        }
     }
 }
 

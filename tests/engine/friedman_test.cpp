@@ -197,5 +197,25 @@ TEST(Friedman, AMillionBlocksAreRankedOneByOne) {
     EXPECT_GT(test.engine.GetP(), 0);
 }
 
+TEST(FriedmanBlocks, AreRankedAlikeHoweverWideTheyAre) {
+    for (const Long k : {Long(32), Long(33), Long(40)}) {
+        ValueGrid block(2, k);
+        for (Long i = 1; i <= k; ++i) {
+            const double pair = std::ceil(toDouble(i) / 2);  // 1, 1, 2, 2, ...
+            block(1, i) = pair;
+            block(2, i) = -pair;
+        }
+        Loaded test(block);
+        test.engine.Analyse();
+        const Grid<double> ranks = test.engine.GetRanks();
+        const bool lastIsAlone = k == Long(33);
+        for (Long i = 1; i <= k; ++i) {
+            const double rank = lastIsAlone && i == k ? toDouble(k) : 2 * std::ceil(toDouble(i) / 2) - 0.5;
+            EXPECT_EQ(ranks(1, i), rank) << k.value() << " treatments";
+            EXPECT_EQ(ranks(2, i), toDouble(k + 1) - rank) << k.value() << " treatments";
+        }
+    }
+}
+
 }  // namespace
 }  // namespace TBVNonPara
