@@ -24,10 +24,7 @@ std::string_view displayText(CellError error) noexcept {
     return "#ERROR!";
 }
 
-double toDouble(const CellValue& value) {
-    if (const auto* number = std::get_if<double>(&value)) {
-        return *number;
-    }
+double readAsDouble(const CellValue& value) {
     if (isEmpty(value)) {
         return 0;
     }

@@ -40,9 +40,15 @@ using ValueGrid = Grid<CellValue>;
     return std::holds_alternative<Empty>(value);
 }
 
+/// What a cell that holds no number reads as: see toDouble.
+[[nodiscard]] double readAsDouble(const CellValue& value);
+
 /// The cell read as a number: a number as it is, a text that reads as one, an empty cell as 0, True as -1.
 /// Raises TypeMismatch for any other text and for an error value.
-[[nodiscard]] double toDouble(const CellValue& value);
+[[nodiscard]] inline double toDouble(const CellValue& value) {
+    const auto* number = std::get_if<double>(&value);
+    return number != nullptr ? *number : readAsDouble(value);
+}
 
 /// The cell as text: a number with at most 15 significant digits, "True" and "False", "#N/A".
 [[nodiscard]] std::string toText(const CellValue& value);

@@ -1,5 +1,6 @@
 #include "engine/categories.hpp"
 
+#include <bit>
 #include <cstdint>
 #include <functional>
 #include <utility>
@@ -9,10 +10,16 @@ namespace TBVNonPara {
 
 namespace {
 
+/// A multiplicative hash whose upper half depends on all bits. 0 and -0, which are equal, have one value.
+std::size_t hashOf(double number) noexcept {
+    constexpr std::uint64_t goldenRatio = 0x9E3779B97F4A7C15;
+    const auto bits = std::bit_cast<std::uint64_t>(number + 0.0) * goldenRatio;
+    return ((bits >> 32) ^ bits) * goldenRatio >> 32;
+}
+
 std::size_t hashOf(const CellValue& cell) noexcept {
-    // std::hash gives 0 and -0, which are equal, one value.
     if (const auto* number = std::get_if<double>(&cell)) {
-        return std::hash<double>()(*number);
+        return hashOf(*number);
     }
     if (const auto* text = std::get_if<Text>(&cell)) {
         return std::hash<std::string>()(text->string());
@@ -60,7 +67,7 @@ class CategoryCounter {
     [[nodiscard]] Slot& slotOf(const CellValue& cell, std::uint32_t hash) {
         std::size_t at = hash & (m_Slots.size() - 1);
         while (m_Slots[at].position != 0 &&
-               !(m_Slots[at].hash == hash && m_Categories.values(m_Slots[at].position) == cell)) {
+               !(m_Slots[at].hash == hash && sameCategory(m_Categories.values(m_Slots[at].position), cell))) {
             at = next(at);
         }
         return m_Slots[at];

@@ -215,16 +215,6 @@ double withoutRounding(double D0) noexcept {
 
 }  // namespace
 
-DoubleDouble FactorialLog(Long n) try {
-    DoubleDouble sum;
-    for (Long i = n; i > Long(0); i -= 1) {
-        sum += logarithm(i);
-    }
-    return sum;
-} catch (...) {
-    passOn("clsNonParaBO.FactorialLog");
-}
-
 double chooseU(double U1, double U2, TBVNPTails tails) noexcept {
     switch (tails) {
         case tbvNPVar1GTVar2:

@@ -9,7 +9,7 @@
 
 namespace TBVNonPara {
 
-/// ln n!, summed from n downward; 0 for n < 1. A double would keep no more than 8 decimals of the logarithm
+/// ln n!; 0 for n < 1. A double would keep no more than 8 decimals of the logarithm
 /// of a million's, and with them as many digits of a probability.
 [[nodiscard]] DoubleDouble FactorialLog(Long n);
 

@@ -15,7 +15,7 @@ Long countRuns(const ValueGrid& values) {
     Long runs = 1;
     const CellValue* previous = &values(1, 1);
     for (const CellValue& cell : values.column(1)) {
-        if (cell != *previous) {
+        if (!sameCategory(cell, *previous)) {
             runs += 1;
         }
         previous = &cell;

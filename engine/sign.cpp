@@ -17,16 +17,23 @@ struct SignCounts {
     }
 };
 
+/// Whether the text of a number begins like that of a sign: it is within 15 digits of 1 or -1.
+bool mayReadAsSign(double number) noexcept {
+    return std::abs(std::abs(number) - 1) <= 1e-6;
+}
+
 /// The signs 1 and -1 of one variable, by the text of the cell: a number within 15 digits of 1 is 1.
 SignCounts countCodes(const ValueGrid& codes) {
     SignCounts signs;
     for (Long i = 1; i <= codes.rows(); ++i) {
-        const auto* number = std::get_if<double>(&codes(i, 1));
-        if (number != nullptr && std::abs(std::abs(*number) - 1) > 1e-6) {
-            continue;  // far from either sign: its text need not be made
+        const CellValue& code = codes(i, 1);
+        const auto* number = std::get_if<double>(&code);
+        if (number == nullptr || (std::abs(*number) != 1 && mayReadAsSign(*number))) {
+            const std::string text = toText(code);
+            signs.count(text == "1", text == "-1");
+        } else {
+            signs.count(*number == 1, *number == -1);
         }
-        const std::string code = toText(codes(i, 1));
-        signs.count(code == "1", code == "-1");
     }
     return signs;
 }
