@@ -2,52 +2,18 @@
 
 #include <algorithm>
 #include <bit>
+#include <cmath>
 #include <numeric>
+#include <utility>
 
 #include "companion/radix_sort.hpp"
+#include "companion/sort_keys.hpp"
 
 namespace TBVNonPara {
 
 namespace {
 
 using Words = std::vector<std::uint64_t>;
-
-constexpr std::uint64_t signBit = std::uint64_t(1) << 63;
-
-/// A whole number that compares with others as the values do, 0 and -0 alike.
-std::uint64_t keyOf(double value) noexcept {
-    const auto bits = std::bit_cast<std::uint64_t>(value + 0.0);  // -0 + 0 is 0
-    return (bits & signBit) != 0 ? ~bits : bits | signBit;
-}
-
-double valueOf(std::uint64_t key) noexcept {
-    return std::bit_cast<double>((key & signBit) != 0 ? key & ~signBit : ~key);
-}
-
-/// The keys of values as what they exceed the smallest by, of which the bits from `low` on up to `high`
-/// differ.
-struct KeySpan {
-    std::uint64_t smallest = 0;
-    BitRange bits;
-
-    explicit KeySpan(std::span<const double> values) {
-        std::uint64_t largest = 0;
-        smallest = ~largest;
-        for (const double value : values) {
-            smallest = std::min(smallest, keyOf(value));
-            largest = std::max(largest, keyOf(value));
-        }
-        std::uint64_t differing = 0;
-        for (const double value : values) {
-            differing |= excess(value);
-        }
-        bits.low = differing == 0 ? 0 : std::countr_zero(differing);
-        bits.high = static_cast<int>(std::bit_width(differing));
-    }
-
-    [[nodiscard]] std::uint64_t excess(double value) const noexcept { return keyOf(value) - smallest; }
-    [[nodiscard]] int width() const noexcept { return bits.high - bits.low; }
-};
 
 /// Words that sort as the values: the leading bits of the key, below them the position.
 struct PositionedKeys {
@@ -57,8 +23,7 @@ struct PositionedKeys {
     bool whole = false;
 };
 
-PositionedKeys sortedKeys(std::span<const double> values) {
-    const KeySpan keys(values);
+PositionedKeys sortedKeys(std::span<const double> values, const KeySpan& keys) {
     PositionedKeys sorted;
     sorted.positionBits = static_cast<int>(std::bit_width(values.size()));
     const int kept = std::min(keys.width(), 64 - sorted.positionBits);
@@ -138,45 +103,37 @@ AscendingOrder orderOfEntry(std::span<const double> values) {
     return order;
 }
 
-/// The values counted by the leading bits of their keys.
-struct KeyCounts {
-    static constexpr int leadingBits = 12;
+/// Whether the values have so few keys that each can be counted.
+bool hasFewKeys(const KeySpan& keys, std::size_t values) noexcept {
+    constexpr int widest = 16;
+    return keys.width() <= widest && std::size_t(1) << keys.width() <= values;
+}
 
-    KeySpan keys;
-    int shift = std::max(keys.bits.high - leadingBits, 0);
-    std::vector<std::size_t> counts = std::vector<std::size_t>(std::size_t(1) << leadingBits);
-
-    explicit KeyCounts(std::span<const double> values) : keys(values) {
-        for (const double value : values) {
-            counts[bucketOf(value)] += 1;
-        }
+AscendingOrder orderByCounting(std::span<const double> values, const KeySpan& keys) {
+    const auto keyAt = [&](double value) { return keys.excess(value) >> keys.bits.low; };
+    std::vector<std::uint32_t> places(std::size_t(1) << keys.width());
+    for (const double value : values) {
+        places[keyAt(value)] += 1;
     }
-
-    [[nodiscard]] std::size_t bucketOf(double value) const noexcept { return keys.excess(value) >> shift; }
-
-    /// The bucket of the value at a place; `place` becomes its place in the bucket.
-    [[nodiscard]] std::size_t bucketAt(std::size_t& place) const noexcept {
-        std::size_t bucket = 0;
-        while (place >= counts[bucket]) {
-            place -= counts[bucket];
-            bucket += 1;
+    AscendingOrder order;
+    std::uint32_t before = 0;
+    for (std::uint32_t& place : places) {
+        const std::uint32_t count = std::exchange(place, before);
+        if (count > 1) {
+            order.ties.push_back({before, count});
         }
-        return bucket;
+        before += count;
     }
-};
-
-std::array<double, 2> selectFrom(std::vector<double> values, std::size_t first, std::size_t second) {
-    const auto at = [&values](std::size_t place) {
-        const auto found = values.begin() + static_cast<std::ptrdiff_t>(place);
-        std::ranges::nth_element(values, found);
-        return *found;
-    };
-    const double atFirst = at(first);
-    return {atFirst, first == second ? atFirst : at(second)};
+    order.positions.resize(values.size());
+    std::uint32_t position = 0;
+    for (const double value : values) {
+        order.positions[places[keyAt(value)]++] = position++;
+    }
+    return order;
 }
 
 bool isNegativeZero(double value) noexcept {
-    return std::bit_cast<std::uint64_t>(value) == signBit;
+    return value == 0 && std::signbit(value);
 }
 
 }  // namespace
@@ -185,11 +142,15 @@ AscendingOrder ascendingOrder(std::span<const double> values) {
     if (std::ranges::is_sorted(values)) {
         return orderOfEntry(values);
     }
+    const KeySpan span(values);
+    if (hasFewKeys(span, values.size())) {
+        return orderByCounting(values, span);
+    }
     AscendingOrder order;
     std::vector<Tie> runs;
     bool whole = false;
     {
-        const PositionedKeys keys = sortedKeys(values);
+        const PositionedKeys keys = sortedKeys(values, span);
         whole = keys.whole;
         runs = alike(keys);
         order.positions = positionsIn(keys);
@@ -206,24 +167,6 @@ std::vector<Tie> tiesOf(std::span<const double> values, std::span<const std::uin
     std::vector<Tie> ties;
     appendTies(ties, values, positions, 0, positions.size());
     return ties;
-}
-
-std::array<double, 2> valuesAtPlaces(std::span<const double> values, std::size_t first, std::size_t second) {
-    constexpr std::size_t worthCounting = 1000;
-    if (values.size() < worthCounting) {
-        return selectFrom({values.begin(), values.end()}, first, second);
-    }
-    const KeyCounts counted(values);
-    std::size_t place = first;
-    const std::size_t firstBucket = counted.bucketAt(place);
-    std::size_t placeOfSecond = second;
-    const std::size_t lastBucket = counted.bucketAt(placeOfSecond);
-    std::vector<double> between;
-    std::ranges::copy_if(values, std::back_inserter(between), [&](double value) {
-        const std::size_t bucket = counted.bucketOf(value);
-        return bucket >= firstBucket && bucket <= lastBucket;
-    });
-    return selectFrom(std::move(between), place, place + second - first);
 }
 
 void sortAscending(std::span<double> values) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -34,10 +33,5 @@ struct AscendingOrder {
 
 /// Sorts the values themselves; 0 and -0 keep their order.
 void sortAscending(std::span<double> values);
-
-/// The values at two places, counted from 0 and first <= second < first + 2, that they would take if they
-/// ascended.
-[[nodiscard]] std::array<double, 2> valuesAtPlaces(std::span<const double> values, std::size_t first,
-                                                   std::size_t second);
 
 }  // namespace TBVNonPara

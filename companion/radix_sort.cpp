@@ -65,7 +65,7 @@ void sortAlike(Words& words, int shift) {
         while (last != end && (*last >> shift) == (*first >> shift)) {
             ++last;
         }
-        if (last - first > 1) {
+        if (!std::is_sorted(first, last)) {
             std::sort(first, last);
         }
         first = last;

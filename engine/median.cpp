@@ -2,6 +2,7 @@
 #include <utility>
 #include <vector>
 
+#include "companion/selection.hpp"
 #include "core/arithmetic.hpp"
 #include "core/conversions.hpp"
 #include "engine/clsNonParaBO.hpp"

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <span>
+
+namespace TBVNonPara {
+
+/// The values at two places, counted from 0 and first <= second < first + 2, that they would take if they
+/// ascended; 0 and -0 keep their order.
+[[nodiscard]] std::array<double, 2> valuesAtPlaces(std::span<const double> values, std::size_t first,
+                                                   std::size_t second);
+
+}  // namespace TBVNonPara
