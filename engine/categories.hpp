@@ -14,7 +14,7 @@ struct Categories {
 };
 
 /// Whether two cells are of one category. The comparison of two variants, but quick for two numbers.
-[[nodiscard]] inline bool sameCategory(const CellValue& a, const CellValue& b) noexcept {
+[[nodiscard]] inline bool sameCategory(const CellValue& a, const CellValue& b) {
     const auto* x = std::get_if<double>(&a);
     const auto* y = std::get_if<double>(&b);
     return x != nullptr && y != nullptr ? *x == *y : a == b;

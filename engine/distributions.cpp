@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/arithmetic.hpp"
+#include "core/array.hpp"
 #include "core/conversions.hpp"
 
 namespace TBVNonPara {

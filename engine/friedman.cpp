@@ -36,9 +36,7 @@ double rankNarrowBlock(std::span<const double> values, std::span<double> ranks) 
 }
 
 double rankWideBlock(std::span<const double> values, std::span<double> ranks, const ArrayUtility& utility) {
-    const AscendingOrder order = utility.OrderOf(values);
-    writeRanks(order, ranks);
-    return tieSum(order.ties);
+    return tieSum(RankValues(values, ranks, utility, false));
 }
 
 /// An empty cell is no gap: it takes part in its block as 0.

@@ -25,10 +25,10 @@ double kruskalWallisH(double S, Long N) {
 }
 
 /// 1 without ties, 0 when all values are equal.
-double tieCorrection(const std::vector<Tie>& ties, Long N) {
+double tieCorrection(const TieCounts& tieCounts, Long N) {
     double T = 0;
-    for (const Tie& tie : ties) {
-        T = (T + cubed(tie.size)) - toDouble(Long(tie.size));
+    for (const Long t : tieCounts.elements()) {
+        T = (T + cubed(t)) - toDouble(t);
     }
     return checked(1 - divide(T, cubed(N) - toDouble(N)));
 }
@@ -40,15 +40,16 @@ void clsNonParaBO::AnalyseKWallis() try {
 
     PooledGroups groups = poolGroups(m_Ys);
     const Long N = groups.values.size();
-    const AscendingOrder order = m_Utility->OrderOf(groups.values.elements());
+    Array<double> ranks(N);
+    const TieCounts tieCounts = RankValues(groups.values.elements(), ranks.elements(), *m_Utility, false);
 
     m_Data = spreadOverGroups(std::exchange(groups.values, {}), groups.counts, m_Ys.rows());
-    m_Ranks = spreadOverGroups(ranksOf(order), groups.counts, m_Ys.rows());
+    m_Ranks = spreadOverGroups(std::exchange(ranks, {}), groups.counts, m_Ys.rows());
     store(SummariseGroups(m_Data, m_Ranks, *m_Utility, groups.counts));
 
     const double S = sumOfRankSquares(m_SumsRank, groups.counts);
     const double H = kruskalWallisH(S, N);
-    m_Statistic = divide(H, tieCorrection(order.ties, N));
+    m_Statistic = divide(H, tieCorrection(tieCounts, N));
     m_DF = {k - 1};
     m_P = functions().ChiDist(m_Statistic, m_DF(1));
 

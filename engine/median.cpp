@@ -71,9 +71,10 @@ void clsNonParaBO::AnalyseMedian() try {
         return;
     }
 
-    const Array<double> ranks = ranksOf(m_Utility->OrderOf(values));
+    Array<double> ranks(groups.values.size());
+    RankValues(values, ranks.elements(), *m_Utility, false);
     m_Data = spreadOverGroups(std::exchange(groups.values, {}), groups.counts, m_Ys.rows());
-    m_Ranks = spreadOverGroups(ranks, groups.counts, m_Ys.rows());
+    m_Ranks = spreadOverGroups(std::exchange(ranks, {}), groups.counts, m_Ys.rows());
     store(SummariseGroups(m_Data, m_Ranks, *m_Utility, groups.counts));
 } catch (...) {
     passOn("clsNonParaBO.AnalyseMedian");

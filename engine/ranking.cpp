@@ -1,28 +1,58 @@
 #include "engine/ranking.hpp"
 
+#include <algorithm>
+
 namespace TBVNonPara {
 
+namespace {
+
 void writeRanks(const AscendingOrder& order, std::span<double> ranks) {
-    visitRanks(order, [ranks](std::uint32_t position, double rank) { ranks[position] = rank; });
+    std::size_t place = 0;
+    const auto writeDistinct = [&](std::size_t end) {
+        for (; place < end; ++place) {
+            ranks[order.positions[place]] = static_cast<double>(place) + 1;
+        }
+    };
+    for (const Tie& tie : order.ties) {
+        writeDistinct(tie.first);
+        const double rank = static_cast<double>(tie.first) + (static_cast<double>(tie.size) + 1) * 0.5;
+        for (; place < tie.first + tie.size; ++place) {
+            ranks[order.positions[place]] = rank;
+        }
+    }
+    writeDistinct(order.positions.size());
 }
 
-Array<double> ranksOf(const AscendingOrder& order) {
-    Array<double> ranks(Long(order.positions.size()));
-    writeRanks(order, ranks.elements());
-    return ranks;
+/// Takes the zeros out of ranks in which they were counted.
+void leaveOutZeros(std::span<const double> values, std::span<double> ranks) {
+    const auto zeros = static_cast<double>(std::ranges::count(values, 0.0));
+    std::ranges::transform(values, ranks, ranks.begin(), [zeros](double value, double rank) {
+        return value == 0 ? 0 : value > 0 ? rank - zeros : rank;
+    });
 }
 
-double sumOfRanks(const AscendingOrder& order, Long n) {
-    const auto end = static_cast<std::uint32_t>(n.value());
+}  // namespace
+
+TieCounts RankValues(std::span<const double> values, std::span<double> ranks, const ArrayUtility& utility,
+                     bool excludeZeros) {
+    const AscendingOrder order = utility.OrderOf(values);
+    writeRanks(order, ranks);
+    if (excludeZeros) {
+        leaveOutZeros(values, ranks);
+    }
+    TieCounts tieCounts;
+    for (const Tie& tie : order.ties) {
+        if (!excludeZeros || values[order.positions[tie.first]] != 0) {
+            tieCounts.append(tie.size);
+        }
+    }
+    return tieCounts.allocated() ? tieCounts : TieCounts{0};
+}
+
+double tieSum(const TieCounts& tieCounts) noexcept {
     double sum = 0;
-    visitRanks(order, [&](std::uint32_t position, double rank) { sum += position < end ? rank : 0; });
-    return sum;
-}
-
-double tieSum(const std::vector<Tie>& ties) noexcept {
-    double sum = 0;
-    for (const Tie& tie : ties) {
-        const auto t = static_cast<double>(tie.size);
+    for (const Long count : tieCounts.elements()) {
+        const double t = toDouble(count);
         sum += t * t * t - t;
     }
     return sum;

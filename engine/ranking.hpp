@@ -1,43 +1,45 @@
 #pragma once
 
 #include <span>
-#include <vector>
 
-#include "companion/ascending_order.hpp"
+#include "companion/ArrayUtility.hpp"
 #include "core/array.hpp"
 
 namespace TBVNonPara {
 
-/// Calls visit(position, rank) for each value of an order, positions counted from 0; equal values share the
-/// mean of their places.
-template <typename Visit>
-void visitRanks(const AscendingOrder& order, Visit visit) {
-    std::size_t place = 0;
-    const auto visitDistinct = [&](std::size_t end) {
-        for (; place < end; ++place) {
-            visit(order.positions[place], static_cast<double>(place) + 1);
-        }
-    };
-    for (const Tie& tie : order.ties) {
-        visitDistinct(tie.first);
-        const double rank = static_cast<double>(tie.first) + (static_cast<double>(tie.size) + 1) * 0.5;
-        for (; place < tie.first + tie.size; ++place) {
-            visit(order.positions[place], rank);
-        }
+/// The sizes of tied groups in ascending order of value. Without a tie the list has one entry, 0.
+using TieCounts = Array<Long>;
+
+/// Ranks values that stay where they are: the place of each in `ranks` receives its rank, equal values the
+/// mean of their ranks. With `excludeZeros` a value of 0 receives 0 and is not counted in the ranks of the
+/// others. Returns the tie counts.
+TieCounts RankValues(std::span<const double> values, std::span<double> ranks, const ArrayUtility& utility,
+                     bool excludeZeros);
+
+/// Rank sums and numbers of rows of groups 1 and 2.
+struct RankSums {
+    double first = 0;
+    double second = 0;
+    Long firstCount;
+    Long secondCount;
+};
+
+/// Adds the ranks and the numbers of rows of groups 1 and 2 to `sums`; other groups are skipped. groupOf(i)
+/// is the group of row i, counted from 1.
+template <typename GroupOf>
+void SumRanksByGroup(const Array<double>& ranks, GroupOf groupOf, RankSums& sums) {
+    Index i = 0;
+    for (const double rank : ranks.elements()) {
+        i += 1;
+        const int group = groupOf(i);
+        sums.first += group == 1 ? rank : 0;
+        sums.second += group == 2 ? rank : 0;
+        sums.firstCount += group == 1 ? 1 : 0;
+        sums.secondCount += group == 2 ? 1 : 0;
     }
-    visitDistinct(order.positions.size());
 }
 
-/// Writes the rank of each value where `ranks` has the place of the value.
-void writeRanks(const AscendingOrder& order, std::span<double> ranks);
-
-/// The rank of each value, in entry order.
-[[nodiscard]] Array<double> ranksOf(const AscendingOrder& order);
-
-/// The sum of the ranks of the first n values. Exact: ranks are halves of whole numbers.
-[[nodiscard]] double sumOfRanks(const AscendingOrder& order, Long n);
-
 /// The sum of t^3 - t over the tied groups.
-[[nodiscard]] double tieSum(const std::vector<Tie>& ties) noexcept;
+[[nodiscard]] double tieSum(const TieCounts& tieCounts) noexcept;
 
 }  // namespace TBVNonPara

@@ -17,10 +17,9 @@ double rankVariable(const ValueGrid& variable, Long column, Grid<double>& data, 
     for (Long i = 1; i <= n; ++i) {
         data(i, column) = toDouble(variable(i, 1));
     }
-    const AscendingOrder order = utility.OrderOf(data.column(column));
-    writeRanks(order, ranks.column(column));
+    const TieCounts tieCounts = RankValues(data.column(column), ranks.column(column), utility, false);
     // Divided by the number of pairs, not by 12 as in textbooks: clients rely on the figures.
-    return tieSum(order.ties) / toDouble(n);
+    return tieSum(tieCounts) / toDouble(n);
 }
 
 double sumOfSquaredRankDifferences(const Grid<double>& ranks) {

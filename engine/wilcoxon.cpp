@@ -14,54 +14,37 @@ namespace {
 
 constexpr Long lastExact = 50;
 
-/// The ranks of the differences in entry order, 0 for one that is left out, and what the approximation needs.
+/// The group of a difference by its sign.
+int signCode(double difference) noexcept {
+    if (difference > 0) {
+        return Positive;
+    }
+    return difference < 0 ? Negative : Zero;
+}
+
+/// The ranks of the differences in entry order, 0 for one that is left out, and their ties.
 struct RankedPairs {
     Array<double> ranks;
-    RankedDifferences differences;
+    TieCounts tieCounts;
 };
 
 RankedPairs rankPairs(const Array<double>& differences, bool ignoreZeros, const ArrayUtility& utility) {
     Array<double> sizes = differences;
     std::ranges::transform(sizes.elements(), sizes.elements().begin(), [](double d) { return std::abs(d); });
-    AscendingOrder order = utility.OrderOf(sizes.elements());
-    const auto zeros = static_cast<double>(std::ranges::count(sizes.elements(), 0.0));
-    const double leftOut = ignoreZeros ? zeros : 0;
-    if (leftOut > 1) {
-        order.ties.erase(order.ties.begin());  // the zeros, the smallest of all, are no tie when left out
-    }
-    RankedPairs ranked{std::move(sizes),
-                       {toDouble(differences.size()) - leftOut, zeros - leftOut, tieSum(order.ties)}};
-    const std::span<double> ranks = ranked.ranks.elements();
-    visitRanks(order,
-               [&](std::uint32_t position, double rank) { ranks[position] = std::max(rank - leftOut, 0.0); });
-    return ranked;
-}
-
-struct RankSums {
-    double positive = 0;
-    double negative = 0;
-    Long signs;
-};
-
-RankSums sumRanksBySign(const Array<double>& differences, const Array<double>& ranks) {
-    RankSums sums;
-    for (Long k = 1; k <= differences.size(); ++k) {
-        sums.positive += differences(k) > 0 ? ranks(k) : 0;
-        sums.negative += differences(k) < 0 ? ranks(k) : 0;
-        sums.signs += differences(k) != 0 ? 1 : 0;
-    }
-    return sums;
+    Array<double> ranks(sizes.size());
+    TieCounts tieCounts = RankValues(sizes.elements(), ranks.elements(), utility, ignoreZeros);
+    return {std::move(ranks), std::move(tieCounts)};
 }
 
 /// The rank sum whose small values speak for the alternative.
 double chooseT(const RankSums& T, TBVNPTails tails) noexcept {
     switch (tails) {
         case tbvNPVar1GTVar2:
-            return T.negative;
+            return T.second;
         case tbvNPVar1LTVar2:
-            return T.positive;
+            return T.first;
         default:
-            return std::min(T.positive, T.negative);
+            return std::min(T.first, T.second);
     }
 }
 
@@ -77,17 +60,17 @@ void copyPairs(const ValueGrid& first, const ValueGrid& second, Grid<double>& da
 /// The ranks of the positive, the negative and the zero differences of n pairs.
 std::array<Array<double>, 3> ranksBySign(const Array<double>& differences, const Array<double>& ranks,
                                          Long n) {
-    const auto signOf = [](double d) -> std::size_t { return d > 0 ? 0 : d < 0 ? 1 : 2; };
+    const auto signOf = [&](Long i) { return static_cast<std::size_t>(signCode(differences(i)) - 1); };
     std::array<Long, 3> counts;
     // A pair with a blank makes the lists shorter than n, and reading them fails: pairs must be complete.
     for (Long i = 1; i <= n; ++i) {
-        ++counts[signOf(differences(i))];
+        ++counts[signOf(i)];
     }
     std::array<Array<double>, 3> bySign{Array<double>(counts[0]), Array<double>(counts[1]),
                                         Array<double>(counts[2])};
     counts = {};
     for (Long i = 1; i <= n; ++i) {
-        const std::size_t sign = signOf(differences(i));
+        const std::size_t sign = signOf(i);
         bySign[sign](++counts[sign]) = ranks(i);
     }
     return bySign;
@@ -111,8 +94,10 @@ Grid<double> signedRanks(const Array<double>& differences, const Array<double>& 
 void clsNonParaBO::AnalyseWilcoxon() try {
     const Long n = m_Ys.rows();
     const Array<double> differences = PairedDifferences(m_Ys, m_Xs);
-    const auto [ranks, ranked] = rankPairs(differences, m_IgnoreTies, *m_Utility);
-    const RankSums sums = sumRanksBySign(differences, ranks);
+    const auto [ranks, tieCounts] = rankPairs(differences, m_IgnoreTies, *m_Utility);
+    RankSums sums;
+    SumRanksByGroup(
+        ranks, [&](Index i) { return signCode(differences(i)); }, sums);
     const double T = chooseT(sums, m_Tails);
 
     copyPairs(m_Ys, m_Xs, m_Data);
@@ -126,11 +111,15 @@ void clsNonParaBO::AnalyseWilcoxon() try {
         m_Statistic = T;
     } else {
         m_UseApprox = true;
+        const Long signs = sums.firstCount + sums.secondCount;
+        const Long rankedZeros = m_IgnoreTies ? Long(0) : differences.size() - signs;
+        const RankedDifferences ranked{toDouble(signs + rankedZeros), toDouble(rankedZeros),
+                                       tieSum(tieCounts)};
         m_P = TBVNonPara::WilcoxonZApprox(ranked, T, oneTailed, m_Statistic, m_Companions.application);
         m_AlternateStat = m_Statistic;
         m_AlternateP = m_P;
     }
-    m_DF = {m_IgnoreTies ? sums.signs : n};
+    m_DF = {m_IgnoreTies ? sums.firstCount + sums.secondCount : n};
     m_AlternateDF = m_DF;
 } catch (...) {
     passOn("clsNonParaBO.AnalyseWilcoxon");

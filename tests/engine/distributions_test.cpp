@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <random>
 
+#include "engine/ranking.hpp"
 #include "tests/support/engine_fixture.hpp"
 #include "tests/support/raised.hpp"
 #include "tests/support/reference_rows.hpp"
@@ -119,12 +120,10 @@ TEST(ExactWilcoxon, AgreesWithEnumerationForTiedRanks) {
             value = static_cast<double>(random() % 6 + 1);
         }
         std::ranges::sort(values);
-        DataTable table(Long(values.size()), 4);
-        std::ranges::copy(values, table.column(Value).begin());
-        RankValues(table, *createArrayUtility(), false);
-        const std::vector<double> ranks(table.column(Rank).begin(), table.column(Rank).end());
+        std::vector<double> ranks(values.size());
+        RankValues(values, ranks, *createArrayUtility(), false);
         for (double T = 0; T <= 33; T += 0.5) {
-            ASSERT_EQ(WilcoxonTDist(table, T, true), countedByHand(ranks, T))
+            ASSERT_EQ(WilcoxonTDist(ranks, T, true), countedByHand(ranks, T))
                 << "round " << round << ", T " << T;
         }
     }

@@ -67,6 +67,43 @@ TEST(SummariseGroups, RaisesWhatItsSubscriptsAndSumsRaise) {
     EXPECT_EQ(numberOf({{1e308}, {1e308}}, std::nullopt), 6) << "a sum out of range";
 }
 
+/// An array utility that counts the cells it was given to sort.
+class CountingUtility : public ArrayUtility {
+ public:
+    void SortRows(Grid<double>& table, Long reserved, Long column) const override {
+        cells += table.rows() * table.columns();
+        m_Own->SortRows(table, reserved, column);
+    }
+    [[nodiscard]] ValueGrid MakeTwoDimensional(const Array<CellValue>& array) const override {
+        return m_Own->MakeTwoDimensional(array);
+    }
+    [[nodiscard]] ValueGrid JoinColumns(const ValueGrid& left, const ValueGrid& right) const override {
+        return m_Own->JoinColumns(left, right);
+    }
+
+    mutable Long cells;
+
+ private:
+    ObjectRef<ArrayUtility> m_Own = createArrayUtility();
+};
+
+TEST(SummariseGroups, OfManyColumnsSortsEachAlone) {
+    constexpr Long columns = 5000;
+    Grid<double> wide(3, columns);
+    for (Long c = 1; c <= columns; ++c) {
+        wide(1, c) = toDouble(c) + 2;
+        wide(2, c) = toDouble(c);
+        wide(3, c) = toDouble(c) + 4;
+    }
+    const CountingUtility utility;
+    const GroupSummaries all = SummariseGroups(wide, wide, utility);
+    for (Long c = 1; c <= columns; ++c) {
+        ASSERT_EQ(all.raw.medians(c), toDouble(c) + 2);
+        ASSERT_EQ(all.rank.sums(c), 3 * toDouble(c) + 6);
+    }
+    EXPECT_LE(utility.cells, 2 * 3 * columns) << "no cell is sorted along with another column";
+}
+
 TEST(SummariseLists, TakesEachListAsItIs) {
     const Array<double> lists[] = {{4, 1, 3}, Array<double>(0), {-1, -4}};
     const GroupSummary summary = SummariseLists(lists, *createArrayUtility());

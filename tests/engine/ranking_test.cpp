@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/engine_fixture.hpp"
+#include "tests/support/raised.hpp"
 
 namespace TBVNonPara {
 namespace {
@@ -10,43 +11,80 @@ namespace {
 using Support::numbers;
 using Numbers = std::vector<double>;
 
-struct Case {
+const ObjectRef<ArrayUtility> utility = createArrayUtility();
+
+struct Ranked {
     std::string name;
     Numbers values;
+    bool excludeZeros;
     Numbers ranks;
-    double sumOfFirstTwo;
-    double ties;
+    Numbers ties;
 };
 
-class Ranking : public testing::TestWithParam<Case> {};
+class RankedValues : public testing::TestWithParam<Ranked> {};
 
-TEST_P(Ranking, AveragesTheRanksOfEqualValues) {
-    const Case& test = GetParam();
-    const AscendingOrder order = ascendingOrder(test.values);
-    EXPECT_EQ(numbers(ranksOf(order)), test.ranks);
-    EXPECT_EQ(sumOfRanks(order, 2), test.sumOfFirstTwo);
-    EXPECT_EQ(tieSum(order.ties), test.ties);
+TEST_P(RankedValues, StayInTheirPlaces) {
+    const auto& [name, values, excludeZeros, expected, ties] = GetParam();
+    Numbers ranks(values.size());
+    EXPECT_EQ(numbers(RankValues(values, ranks, *utility, excludeZeros)), ties);
+    EXPECT_EQ(ranks, expected);
 }
 
 // clang-format off
-const Case cases[] = {
-    // name                       values               ranks                    first two  ties
-    {"EntryOrderIsKept",          {30, 10, 20},        {3, 1, 2},               4,         0},
-    {"APairSharesItsRank",        {7, 3, 3, 9},        {3, 1.5, 1.5, 4},        4.5,       6},
-    {"AnOddTieTakesTheMiddle",    {5, 1, 5, 2, 5},     {4, 1, 4, 2, 4},         5,         24},
-    {"EveryTieCounts",            {9, 9, 4, 9, 4},     {4, 4, 1.5, 4, 1.5},     8,         30},
-    {"AllEqual",                  {6, 6, 6, 6},        {2.5, 2.5, 2.5, 2.5},    5,         60},
-    {"MinusZeroIsZero",           {1, -0.0, 0.0, -1},  {4, 2.5, 2.5, 1},        6.5,       6},
-    {"OneValue",                  {8},                 {1},                     1,         0},
-    {"NoValue",                   {},                  {},                      0,         0},
+const Ranked ranked[] = {
+    {"EntryOrderIsKept",                {30, 10, 20},      false, {3, 1, 2},                   {0}},
+    {"APairSharesItsRank",              {7, 3, 3, 9},      false, {3, 1.5, 1.5, 4},            {2}},
+    {"AnOddTieTakesTheMiddleRank",      {5, 1, 5, 2, 5},   false, {4, 1, 4, 2, 4},             {3}},
+    {"WithoutATieTheListIsOneZero",     {2, 1},            false, {2, 1},                      {0}},
+    {"TiesAreListedInOrderOfValue",     {9, 9, 4, 9, 4},   false, {4, 4, 1.5, 4, 1.5},         {2, 3}},
+    {"AllEqual",                        {6, 6, 6, 6},      false, {2.5, 2.5, 2.5, 2.5},        {4}},
+    {"MinusZeroIsZero",                 {1, -0.0, 0, -1},  false, {4, 2.5, 2.5, 1},            {2}},
+    {"ZerosAreLeftOut",                 {0, 2, 0, 5, 2},   true,  {0, 1.5, 0, 3, 1.5},         {2}},
+    {"ZerosAreRankedWhenNotLeftOut",    {0, 2, 0, 5, 2},   false, {1.5, 3.5, 1.5, 5, 3.5},     {2, 2}},
+    {"OneZeroIsLeftOut",                {3, 0, 1},         true,  {2, 0, 1},                   {0}},
+    {"NothingButZeros",                 {0, 0, 0},         true,  {0, 0, 0},                   {0}},
+    {"NoZerosToLeaveOut",               {4, 4},            true,  {1.5, 1.5},                  {2}},
+    {"BelowZeroNothingIsLeftOut",       {0, -4, -4, 0, 1}, true,  {0, 1.5, 1.5, 0, 3},         {2}},
+    {"ValuesAreComparedExactly",        {0.1 + 0.2, 0.3},  false, {2, 1},                      {0}},
+    {"OneValue",                        {8},               false, {1},                         {0}},
+    {"NothingToRank",                   {},                false, {},                          {0}},
 };
 // clang-format on
 
-INSTANTIATE_TEST_SUITE_P(Of, Ranking, testing::ValuesIn(cases),
+INSTANTIATE_TEST_SUITE_P(Of, RankedValues, testing::ValuesIn(ranked),
                          [](const auto& test) { return test.param.name; });
 
-TEST(TieSumOfTies, IsFormedInDoubles) {
-    EXPECT_EQ(tieSum(std::vector<Tie>{{0, 100000}}), 999999999900000) << "a whole number would overflow";
+TEST(SumRanksByGroup, SkipsGroupsBeyondTheSecond) {
+    const int groups[] = {1, 2, 3, 2, 1, 2};
+    RankSums sums;
+    SumRanksByGroup(
+        Array<double>{1, 2.5, 2.5, 4, 5, 6}, [&](Index i) { return groups[i - 1]; }, sums);
+    EXPECT_EQ(sums.first, 6);
+    EXPECT_EQ(sums.firstCount, Long(2));
+    EXPECT_EQ(sums.second, 12.5);
+    EXPECT_EQ(sums.secondCount, Long(3));
+}
+
+TEST(SumRanksByGroup, AddsToWhatIsThere) {
+    RankSums sums{10, 20, 1, 2};
+    SumRanksByGroup(
+        Array<double>{1, 2}, [](Index i) { return static_cast<int>(i); }, sums);
+    EXPECT_EQ(sums.first, 11);
+    EXPECT_EQ(sums.firstCount, Long(2));
+    EXPECT_EQ(sums.second, 22);
+    EXPECT_EQ(sums.secondCount, Long(3));
+}
+
+TEST(SumRanksByGroup, RaisesOverflowWhenACountLeaves32Bits) {
+    RankSums sums{0, 0, 2147483647, 0};
+    const auto first = [](Index) { return 1; };
+    EXPECT_EQ(Support::raisedBy([&] { SumRanksByGroup(Array<double>{1}, first, sums); }).number, 6);
+}
+
+TEST(TieSum, IsFormedInDoubles) {
+    EXPECT_EQ(tieSum({0}), 0);
+    EXPECT_EQ(tieSum({2, 3}), 30);
+    EXPECT_EQ(tieSum({100000}), 999999999900000) << "a whole number would overflow";
 }
 
 }  // namespace
