@@ -1,6 +1,9 @@
 #include "adapters/workbook/normal.hpp"
 
 #include <cmath>
+#include <optional>
+
+#include "adapters/workbook/normal_nodes.hpp"
 
 namespace TBVNonPara::workbook {
 
@@ -44,6 +47,11 @@ Pair operator*(Pair a, Pair b) {
 
 Pair operator*(Pair a, double b) {
     return a * Pair{b};
+}
+
+Pair operator/(Pair a, double b) {
+    const double quotient = a.high / b;
+    return ordered(quotient, (std::fma(-quotient, b, a.high) + a.low) / b);
 }
 
 Pair operator/(Pair a, Pair b) {
@@ -115,18 +123,53 @@ double scaled(Pair mantissa, int exponent) {
     return std::ldexp(mantissa.high + mantissa.low, exponent);
 }
 
-}  // namespace
+/// The upper tail at t, from 0 to 9, by Taylor's expansion about the nearest node: with H for Hermite's
+/// polynomials and d for the way from the node, density x d x the sum of H_k (-d)^k / (k + 1)! less than at
+/// the node. Only the first terms are large enough to be needed as pairs.
+Pair tailByExpansion(double t) {
+    constexpr int pairs = 9;
+    constexpr int terms = 22;
+    const double nearest = std::nearbyint(t * normalNodesPerUnit);
+    const NormalNode& node = normalNodes[static_cast<std::size_t>(nearest)];
+    const double d = t - nearest / normalNodesPerUnit;
+    const Pair a = productOf(nearest / normalNodesPerUnit, -d);
+    const Pair b = productOf(d, -d);
+    Pair before;
+    Pair power{1};  // H_k (-d)^k / k!
+    Pair sum{1};
+    int k = 1;
+    for (; k < pairs; ++k) {
+        const Pair next = (a * power + b * before) / k;
+        before = power;
+        power = next;
+        sum = sum + power / (k + 1);
+    }
+    double small = 0;
+    for (; k < terms; ++k) {
+        const double next = (a.high * power.high + b.high * before.high) / k;
+        before.high = power.high;
+        power.high = next;
+        small += next / (k + 1);
+    }
+    const Pair less = Pair{node.densityHigh, node.densityLow} * (sum + Pair{small}) * -d;
+    return Pair{node.tailHigh, node.tailLow} + less;
+}
 
-double normalLowerTail(double z) {
+/// The sum rounded to one double, unless its uncertainty leaves two of them possible.
+std::optional<double> rounded(Pair sum, double uncertainty) {
+    const double highest = sum.high + (sum.low + uncertainty);
+    return highest == sum.high + (sum.low - uncertainty) ? std::optional(highest) : std::nullopt;
+}
+
+/// The lower tail for |z| up to 9, but for one argument in thousands.
+std::optional<double> quickLowerTail(double z) {
+    const Pair tail = tailByExpansion(std::abs(z));
+    return rounded(z < 0 ? tail : Pair{1} + tail * -1, tail.high * 0x1p-68);
+}
+
+/// The lower tail by series and continued fraction, with more digits than any double needs.
+double thoroughLowerTail(double z) {
     constexpr double wherePairsLoseTooMuch = 5;
-    constexpr double whereOneIsReached = 9;
-    constexpr double whereZeroIsReached = -39;
-    if (z > whereOneIsReached) {
-        return 1;
-    }
-    if (z < whereZeroIsReached) {
-        return 0;
-    }
     const Scaled height = density(z);
     if (std::abs(z) < wherePairsLoseTooMuch) {
         const Pair fromZero = height.mantissa * series(z);
@@ -136,6 +179,21 @@ double normalLowerTail(double z) {
     }
     const Pair tail = height.mantissa * continuedFraction(std::abs(z));
     return z < 0 ? scaled(tail, height.exponent) : 1 - scaled(tail, height.exponent);
+}
+
+}  // namespace
+
+double normalLowerTail(double z) {
+    constexpr double whereOneIsReached = 9;
+    constexpr double whereZeroIsReached = -39;
+    if (z > whereOneIsReached) {
+        return 1;
+    }
+    if (z < whereZeroIsReached) {
+        return 0;
+    }
+    const std::optional<double> quick = z >= -whereOneIsReached ? quickLowerTail(z) : std::nullopt;
+    return quick ? *quick : thoroughLowerTail(z);
 }
 
 }  // namespace TBVNonPara::workbook
