@@ -2,28 +2,29 @@
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
+#include <numeric>
 #include <vector>
 
 #include "bench/samples.hpp"
 #include "companion/array_utility.hpp"
 #include "engine/categories.hpp"
-#include "engine/data_table.hpp"
 #include "engine/distributions.hpp"
+#include "engine/ranking.hpp"
 
 namespace TBVNonPara::Bench {
 
 namespace {
 
-DataTable tableOf(Long rows, int distinct) {
+std::vector<double> numbers(std::int64_t count, int distinct = 0) {
     Samples samples(distinct);
-    return CombineSamples(samples.grid(rows, 1), ValueGrid(0, 1));
+    std::vector<double> values(static_cast<std::size_t>(count));
+    std::ranges::generate(values, [&] { return samples.next(); });
+    return values;
 }
 
 /// The floor under every ranking: the values alone, sorted.
 void StdSort(benchmark::State& state) {
-    Samples samples;
-    std::vector<double> values(static_cast<std::size_t>(state.range(0)));
-    std::ranges::generate(values, [&] { return samples.next(); });
+    const std::vector<double> values = numbers(state.range(0), static_cast<int>(state.range(1)));
     for (auto _ : state) {
         state.PauseTiming();
         std::vector<double> copy = values;
@@ -34,13 +35,11 @@ void StdSort(benchmark::State& state) {
 }
 
 void Ranking(benchmark::State& state) {
-    const DataTable table = tableOf(state.range(0), static_cast<int>(state.range(1)));
+    const std::vector<double> values = numbers(state.range(0), static_cast<int>(state.range(1)));
+    std::vector<double> ranks(values.size());
     const ObjectRef<ArrayUtility> utility = createArrayUtility();
     for (auto _ : state) {
-        state.PauseTiming();
-        DataTable copy = table;
-        state.ResumeTiming();
-        benchmark::DoNotOptimize(RankValues(copy, *utility, false));
+        benchmark::DoNotOptimize(RankValues(values, ranks, *utility, false));
     }
 }
 
@@ -55,12 +54,11 @@ void ExactMannWhitney(benchmark::State& state) {
 }
 
 void ExactWilcoxon(benchmark::State& state) {
-    DataTable table = tableOf(state.range(0), 0);
-    const ObjectRef<ArrayUtility> utility = createArrayUtility();
-    RankValues(table, *utility, false);
+    std::vector<double> ranks(static_cast<std::size_t>(state.range(0)));
+    std::iota(ranks.begin(), ranks.end(), 1.0);
     const double n = static_cast<double>(state.range(0));
     for (auto _ : state) {
-        benchmark::DoNotOptimize(WilcoxonTDist(table, n * (n + 1) / 5, false));
+        benchmark::DoNotOptimize(WilcoxonTDist(ranks, n * (n + 1) / 5, false));
     }
 }
 
@@ -86,14 +84,12 @@ void CategoriesOfDistinctValues(benchmark::State& state) {
 
 const auto inMilliseconds = benchmark::kMillisecond;
 
-BENCHMARK(StdSort)->Arg(1000)->Arg(100000)->Arg(1000000)->Unit(inMilliseconds);
-BENCHMARK(Ranking)
-    ->ArgNames({"rows", "distinct"})
-    ->Args({1000, 0})
-    ->Args({100000, 0})
-    ->Args({1000000, 0})
-    ->Args({1000000, 7})
-    ->Unit(inMilliseconds);
+void sizes(benchmark::internal::Benchmark* benchmark) {
+    benchmark->ArgNames({"rows", "distinct"})->ArgsProduct({{10, 1000, 100000, 1000000}, {0, 7}});
+}
+
+BENCHMARK(StdSort)->Apply(sizes)->Unit(inMilliseconds);
+BENCHMARK(Ranking)->Apply(sizes)->Unit(inMilliseconds);
 BENCHMARK(ExactMannWhitney)->Args({10, 10})->Args({100, 100})->Args({223, 224})->Unit(inMilliseconds);
 BENCHMARK(ExactWilcoxon)->Arg(10)->Arg(50)->Unit(inMilliseconds);
 BENCHMARK(ExactSpearman)->Unit(inMilliseconds);

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <charconv>
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "core/cell_value.hpp"
+
+namespace TBVNonPara::Bench {
+
+/// The numbers of a CSV file under one row of headers, row by row.
+struct NumbersFile {
+    Long columns = 1;
+    std::vector<double> numbers;
+
+    explicit NumbersFile(const char* path) {
+        std::ifstream file(path, std::ios::binary);
+        const std::string text((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+        const char* at = text.data();
+        const char* const end = at + text.size();
+        for (; at != end && *at != '\n'; ++at) {
+            columns += *at == ',' ? 1 : 0;
+        }
+        while (at != end && ++at != end) {
+            double number = 0;
+            at = std::from_chars(at, end, number).ptr;
+            numbers.push_back(number);
+        }
+    }
+
+    [[nodiscard]] Long rows() const { return Long(numbers.size()).value() / columns.value(); }
+
+    /// Columns first..last as the values of a range.
+    [[nodiscard]] ValueGrid grid(Long first, Long last) const {
+        ValueGrid cells(rows(), last - first + 1);
+        for (Long i = 1; i <= rows(); ++i) {
+            for (Long c = first; c <= last; ++c) {
+                cells(i, c - first + 1) =
+                    numbers[static_cast<std::size_t>((toIndex(i) - 1) * toIndex(columns) + toIndex(c) - 1)];
+            }
+        }
+        return cells;
+    }
+};
+
+}  // namespace TBVNonPara::Bench

@@ -1,0 +1,77 @@
+// time_engine FILE.csv TEST DESCRIPTIVES
+// Prints the least seconds of processor time that the engine takes for a test of the file's columns, and
+// those of std::sort of the same numbers, all groups pooled.
+
+#include <algorithm>
+#include <cstdio>
+#include <ctime>
+
+#include "adapters/workbook/embedded_application.hpp"
+#include "bench/methods.hpp"
+#include "bench/numbers_file.hpp"
+#include "engine/clsNonParaBO.hpp"
+
+namespace TBVNonPara::Bench {
+
+namespace {
+
+double now() {
+    timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+}
+
+/// The least of several measurements, each of so many calls that it takes a while.
+template <typename Action>
+double leastSeconds(Action action) {
+    constexpr double longEnough = 0.02;
+    constexpr double inAll = 1;
+    double least = 1e9;
+    double spent = 0;
+    int calls = 1;
+    for (int round = 0; round < 5 || (spent < inAll && round < 50); ++round) {
+        const double start = now();
+        for (int call = 0; call < calls; ++call) {
+            action();
+        }
+        const double seconds = now() - start;
+        spent += seconds;
+        least = std::min(least, seconds / calls);
+        calls = seconds < longEnough ? calls * 4 : calls;
+    }
+    return least;
+}
+
+double secondsOfSort(const std::vector<double>& numbers) {
+    std::vector<double> sorted(numbers.size());
+    const auto copy = [&] { std::ranges::copy(numbers, sorted.begin()); };
+    const double seconds = leastSeconds([&] {
+        copy();
+        std::ranges::sort(sorted);
+    });
+    return seconds - leastSeconds(copy);
+}
+
+void timeEngine(const char* path, const Method& test, bool descriptives) {
+    const NumbersFile file(path);
+    clsNonParaBO engine(ownCompanions(workbook::makeApplication()));
+    engine.LetMethod(test.method);
+    engine.LetDescriptives(descriptives);
+    engine.LetYs(file.grid(1, test.columns));
+    if (test.takesPairs) {
+        engine.Letxs(file.grid(2, 2));
+    }
+    const double seconds = leastSeconds([&] { engine.Analyse(); });
+    std::printf("%.9g %.9g\n", seconds, secondsOfSort(file.numbers));
+}
+
+}  // namespace
+
+}  // namespace TBVNonPara::Bench
+
+int main(int count, char** words) {
+    if (count != 4) {
+        return 2;
+    }
+    TBVNonPara::Bench::timeEngine(words[1], TBVNonPara::Bench::methodNamed(words[2]), *words[3] == '1');
+}
