@@ -65,12 +65,23 @@ std::vector<XlsxRelationship> Package::linksOf(const std::string& part) const tr
 
 void Package::put(const std::string& part, std::string content) {
     m_Contents.push_back(std::make_unique<std::string>(std::move(content)));
-    put(part, zip_source_buffer(m_Zip, m_Contents.back()->data(), m_Contents.back()->size(), 0));
+    const std::string& kept = *m_Contents.back();
+    put(part, zip_source_buffer(m_Zip, kept.data(), kept.size(), 0));
+    packQuickly(part, kept.size());
 }
 
 void Package::put(const std::string& part, std::unique_ptr<PartMaker> content) {
+    const std::size_t size = content->size();
     m_Made.push_back(std::make_unique<PartSource>(std::move(content)));
     put(part, m_Made.back()->open());
+    packQuickly(part, size);
+}
+
+void Package::packQuickly(const std::string& part, std::size_t size) {
+    constexpr std::size_t large = std::size_t(1) << 20U;
+    if (size < large) {
+        return;
+    }
     // The best packing, which is the library's own choice, saves a sixth and takes ten times as long. A level
     // is taken only together with another method than the part had before; the default one is to deflate as
     // well.

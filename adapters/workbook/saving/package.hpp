@@ -45,6 +45,7 @@ class Package {
  private:
     void open();
     void put(const std::string& part, zip_source* source);
+    void packQuickly(const std::string& part, std::size_t size);
     [[noreturn]] void refuseDamaged(std::string_view why) const;
 
     MemorySource m_Bytes;
