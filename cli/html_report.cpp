@@ -55,7 +55,7 @@ class HtmlTable {
 
     /// The name is the caption without markup.
     void write(std::string_view caption, std::string_view name, Output& output) const {
-        output.write("<div class=\"scroll\" tabindex=\"0\" role=\"region\" aria-label=\"" + inHtml(name) +
+        output.write(R"(<div class="scroll" tabindex="0" role="region" aria-label=")" + inHtml(name) +
                      "\">\n<table>\n");
         if (!caption.empty()) {
             output.write("<caption>" + std::string(caption) + "</caption>\n");
