@@ -41,7 +41,7 @@ class InsideTheOffice(TestCase):
     def test_documents_without_views_take_reports(self):
         self.run_inside("WithoutViews.*", 2)
 
-    def test_large_data_take_at_most_twice_calcs_own_time(self):
+    def test_large_data_take_about_twice_calcs_own_time_at_most(self):
         self.run_inside("Timing.*", 2)
 
 
