@@ -1,4 +1,4 @@
-"""What is tested inside the office's own process: the scenarios, documents without views, the time taken."""
+"""What is tested inside the office's own process: the scenarios, documents without views, large sheets."""
 
 import os
 import re
@@ -41,8 +41,8 @@ class InsideTheOffice(TestCase):
     def test_documents_without_views_take_reports(self):
         self.run_inside("WithoutViews.*", 2)
 
-    def test_large_data_take_about_twice_calcs_own_time_at_most(self):
-        self.run_inside("Timing.*", 2)
+    def test_large_sheets_become_reports(self):
+        self.run_inside("LargeSheet.*", 2)
 
 
 if __name__ == "__main__":
