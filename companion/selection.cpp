@@ -17,7 +17,7 @@ struct KeyCounts {
 
     KeySpan keys;
     int shift = std::max(keys.bits.high - leadingBits, 0);
-    std::vector<std::size_t> counts = std::vector<std::size_t>(std::size_t(1) << leadingBits);
+    std::vector<std::uint32_t> counts = std::vector<std::uint32_t>(std::size_t(1) << leadingBits);
 
     explicit KeyCounts(std::span<const double> values) : keys(values) {
         for (const double value : values) {

@@ -1,26 +1,20 @@
 #include "engine/ranking.hpp"
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace TBVNonPara {
 
 namespace {
 
-void writeRanks(const AscendingOrder& order, std::span<double> ranks) {
-    std::size_t place = 0;
-    const auto writeDistinct = [&](std::size_t end) {
-        for (; place < end; ++place) {
-            ranks[order.positions[place]] = static_cast<double>(place) + 1;
-        }
-    };
-    for (const Tie& tie : order.ties) {
-        writeDistinct(tie.first);
-        const double rank = static_cast<double>(tie.first) + (static_cast<double>(tie.size) + 1) * 0.5;
-        for (; place < tie.first + tie.size; ++place) {
-            ranks[order.positions[place]] = rank;
-        }
+/// The sizes of the ties, one 0 without any.
+TieCounts sizesOf(std::span<const Tie> ties) {
+    TieCounts tieCounts;
+    for (const Tie& tie : ties) {
+        tieCounts.append(tie.size);
     }
-    writeDistinct(order.positions.size());
+    return tieCounts.allocated() ? tieCounts : TieCounts{0};
 }
 
 /// Takes the zeros out of ranks in which they were counted.
@@ -33,20 +27,23 @@ void leaveOutZeros(std::span<const double> values, std::span<double> ranks) {
 
 }  // namespace
 
+RankedValues RankValues(std::span<const double> values, const ArrayUtility& utility) {
+    RankedValues ranked{utility.OrderOf(values), {}};
+    ranked.tieCounts = sizesOf(ranked.order.ties);
+    return ranked;
+}
+
 TieCounts RankValues(std::span<const double> values, std::span<double> ranks, const ArrayUtility& utility,
                      bool excludeZeros) {
-    const AscendingOrder order = utility.OrderOf(values);
-    writeRanks(order, ranks);
+    RankedValues ranked = RankValues(values, utility);
+    ranked.visit([ranks](std::uint32_t position, double rank) { ranks[position] = rank; });
     if (excludeZeros) {
         leaveOutZeros(values, ranks);
+        std::erase_if(ranked.order.ties,
+                      [&](const Tie& tie) { return values[ranked.order.positions[tie.first]] == 0; });
+        return sizesOf(ranked.order.ties);
     }
-    TieCounts tieCounts;
-    for (const Tie& tie : order.ties) {
-        if (!excludeZeros || values[order.positions[tie.first]] != 0) {
-            tieCounts.append(tie.size);
-        }
-    }
-    return tieCounts.allocated() ? tieCounts : TieCounts{0};
+    return std::move(ranked.tieCounts);
 }
 
 double tieSum(const TieCounts& tieCounts) noexcept {

@@ -21,9 +21,9 @@ struct Ranked {
     Numbers ties;
 };
 
-class RankedValues : public testing::TestWithParam<Ranked> {};
+class RankingOf : public testing::TestWithParam<Ranked> {};
 
-TEST_P(RankedValues, StayInTheirPlaces) {
+TEST_P(RankingOf, StayInTheirPlaces) {
     const auto& [name, values, excludeZeros, expected, ties] = GetParam();
     Numbers ranks(values.size());
     EXPECT_EQ(numbers(RankValues(values, ranks, *utility, excludeZeros)), ties);
@@ -51,8 +51,27 @@ const Ranked ranked[] = {
 };
 // clang-format on
 
-INSTANTIATE_TEST_SUITE_P(Of, RankedValues, testing::ValuesIn(ranked),
+INSTANTIATE_TEST_SUITE_P(Values, RankingOf, testing::ValuesIn(ranked),
                          [](const auto& test) { return test.param.name; });
+
+TEST(RankedValues, AreVisitedInAscendingOrder) {
+    const RankedValues values = RankValues(Numbers{7, 3, 9, 3}, *utility);
+    std::vector<std::pair<Index, double>> visited;
+    values.visit([&](Index position, double rank) { visited.emplace_back(position, rank); });
+    EXPECT_EQ(visited, (std::vector<std::pair<Index, double>>{{1, 1.5}, {3, 1.5}, {0, 3}, {2, 4}}));
+    EXPECT_EQ(numbers(values.tieCounts), Numbers{2});
+}
+
+TEST(SumRanksByGroup, TakesValuesWhoseRanksWereNotWritten) {
+    RankSums sums;
+    const int groups[] = {1, 2, 2, 3};
+    SumRanksByGroup(
+        RankValues(Numbers{7, 3, 9, 3}, *utility), [&](Index i) { return groups[i - 1]; }, sums);
+    EXPECT_EQ(sums.first, 3);
+    EXPECT_EQ(sums.firstCount, Long(1));
+    EXPECT_EQ(sums.second, 5.5);
+    EXPECT_EQ(sums.secondCount, Long(2));
+}
 
 TEST(SumRanksByGroup, SkipsGroupsBeyondTheSecond) {
     const int groups[] = {1, 2, 3, 2, 1, 2};
