@@ -1,42 +1,12 @@
 #include "companion/selection.hpp"
 
 #include <algorithm>
-#include <iterator>
 #include <utility>
 #include <vector>
-
-#include "companion/sort_keys.hpp"
 
 namespace TBVNonPara {
 
 namespace {
-
-/// The values counted by the leading bits of their keys.
-struct KeyCounts {
-    static constexpr int leadingBits = 12;
-
-    KeySpan keys;
-    int shift = std::max(keys.bits.high - leadingBits, 0);
-    std::vector<std::uint32_t> counts = std::vector<std::uint32_t>(std::size_t(1) << leadingBits);
-
-    explicit KeyCounts(std::span<const double> values) : keys(values) {
-        for (const double value : values) {
-            counts[bucketOf(value)] += 1;
-        }
-    }
-
-    [[nodiscard]] std::size_t bucketOf(double value) const noexcept { return keys.excess(value) >> shift; }
-
-    /// The bucket of the value at a place; `place` becomes its place in the bucket.
-    [[nodiscard]] std::size_t bucketAt(std::size_t& place) const noexcept {
-        std::size_t bucket = 0;
-        while (place >= counts[bucket]) {
-            place -= counts[bucket];
-            bucket += 1;
-        }
-        return bucket;
-    }
-};
 
 std::array<double, 2> selectFrom(std::vector<double> values, std::size_t first, std::size_t second) {
     const auto at = [&values](std::size_t place) {
@@ -48,23 +18,39 @@ std::array<double, 2> selectFrom(std::vector<double> values, std::size_t first, 
     return {atFirst, first == second ? atFirst : at(second)};
 }
 
-/// Selects among those values alone that may stand at the two places.
+/// Two values between which that at a place is found, unless the sample that they are taken from misleads.
+std::array<double, 2> boundsOf(std::span<const double> values, std::size_t place) {
+    constexpr std::size_t size = 4096;
+    constexpr std::size_t margin = 128;  // four standard deviations of the place in a random sample
+    const std::size_t step = values.size() / size;
+    std::vector<double> sample(size);
+    std::ranges::generate(sample, [at = values.begin(), step]() mutable {
+        return *std::exchange(at, at + static_cast<std::ptrdiff_t>(step));
+    });
+    std::ranges::sort(sample);
+    const std::size_t middle = std::min(place / step, size - 1);
+    return {sample[std::max(middle, margin) - margin], sample[std::min(middle + margin, size - 1)]};
+}
+
+/// Selects among those values alone that stand near the two places (after Floyd and Rivest).
 std::array<double, 2> selected(std::span<const double> values, std::size_t first, std::size_t second) {
-    constexpr std::size_t worthCounting = 1000;
-    if (values.size() < worthCounting) {
+    constexpr std::size_t worthSampling = 20000;
+    if (values.size() < worthSampling) {
         return selectFrom({values.begin(), values.end()}, first, second);
     }
-    const KeyCounts counted(values);
-    std::size_t place = first;
-    const std::size_t firstBucket = counted.bucketAt(place);
-    std::size_t placeOfSecond = second;
-    const std::size_t lastBucket = counted.bucketAt(placeOfSecond);
+    const auto [low, high] = boundsOf(values, first);
+    std::size_t below = 0;
     std::vector<double> between;
-    std::ranges::copy_if(values, std::back_inserter(between), [&](double value) {
-        const std::size_t bucket = counted.bucketOf(value);
-        return bucket >= firstBucket && bucket <= lastBucket;
-    });
-    return selectFrom(std::move(between), place, place + second - first);
+    for (const double value : values) {
+        below += value < low ? 1 : 0;
+        if (value >= low && value <= high) {
+            between.push_back(value);
+        }
+    }
+    if (first < below || second >= below + between.size()) {
+        return selectFrom({values.begin(), values.end()}, first, second);
+    }
+    return selectFrom(std::move(between), first - below, second - below);
 }
 
 /// The zero at a place, 0 and -0 in their order: selection alone would give one or the other.

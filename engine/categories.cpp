@@ -1,5 +1,6 @@
 #include "engine/categories.hpp"
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 #include <functional>
@@ -34,26 +35,33 @@ std::size_t hashOf(const CellValue& cell) noexcept {
 }
 
 /// Counts cells by category: a hash table whose slots name the category by its position, searched from one
-/// slot to the next and at most half full.
+/// slot to the next and at most half full. A category is held as the place where it appears first.
 class CategoryCounter {
  public:
-    void count(const CellValue& cell) {
-        const auto hash = static_cast<std::uint32_t>(hashOf(cell));
-        Slot& slot = slotOf(cell, hash);
+    explicit CategoryCounter(std::span<const CellValue> cells) : m_Cells(cells) {}
+
+    void count(std::uint32_t cell) {
+        const auto hash = static_cast<std::uint32_t>(hashOf(m_Cells[cell]));
+        Slot& slot = slotOf(m_Cells[cell], hash);
         if (slot.position != 0) {
-            m_Categories.counts(slot.position) += 1;
+            m_Counts(slot.position) += 1;
             return;
         }
-        m_Categories.values.append(cell);
-        m_Categories.counts.append(1);
-        m_Used += 1;
-        slot = {hash, m_Used};
-        if (m_Used > m_Slots.size() / 2) {
+        m_First.push_back(cell);
+        m_Counts.append(1);
+        slot = {hash, static_cast<std::uint32_t>(m_First.size())};
+        if (m_First.size() > m_Slots.size() / 2) {
             grow();
         }
     }
 
-    [[nodiscard]] Categories take() { return std::move(m_Categories); }
+    [[nodiscard]] Categories take() {
+        m_Slots = {};
+        Categories categories{Array<CellValue>(Long(m_First.size())), std::move(m_Counts)};
+        std::ranges::transform(m_First, categories.values.elements().begin(),
+                               [this](std::uint32_t cell) { return m_Cells[cell]; });
+        return categories;
+    }
 
  private:
     struct Slot {
@@ -66,8 +74,9 @@ class CategoryCounter {
     /// The slot of the cell's category, or the free one where it belongs.
     [[nodiscard]] Slot& slotOf(const CellValue& cell, std::uint32_t hash) {
         std::size_t at = hash & (m_Slots.size() - 1);
-        while (m_Slots[at].position != 0 &&
-               !(m_Slots[at].hash == hash && sameCategory(m_Categories.values(m_Slots[at].position), cell))) {
+        while (
+            m_Slots[at].position != 0 &&
+            !(m_Slots[at].hash == hash && sameCategory(m_Cells[m_First[m_Slots[at].position - 1]], cell))) {
             at = next(at);
         }
         return m_Slots[at];
@@ -86,16 +95,17 @@ class CategoryCounter {
         }
     }
 
-    Categories m_Categories;
+    std::span<const CellValue> m_Cells;
+    std::vector<std::uint32_t> m_First;
+    Array<Long> m_Counts;
     std::vector<Slot> m_Slots = std::vector<Slot>(16);
-    std::uint32_t m_Used = 0;
 };
 
 }  // namespace
 
 Categories findCategories(std::span<const CellValue> cells) {
-    CategoryCounter counter;
-    for (const CellValue& cell : cells) {
+    CategoryCounter counter(cells);
+    for (std::uint32_t cell = 0; cell < cells.size(); ++cell) {
         counter.count(cell);
     }
     return counter.take();

@@ -101,8 +101,8 @@ void clsNonParaBO::AnalyseWilcoxon() try {
     const double T = chooseT(sums, m_Tails);
 
     copyPairs(m_Ys, m_Xs, m_Data);
-    const auto bySign = ranksBySign(differences, ranks, n);
-    store({SummariseColumns(m_Data, *m_Utility), SummariseLists(bySign, *m_Utility)});
+    GroupSummary ofRanks = SummariseLists(ranksBySign(differences, ranks, n), *m_Utility);
+    store({SummariseColumns(m_Data, *m_Utility), std::move(ofRanks)});
     m_Ranks = signedRanks(differences, ranks, m_Data);
 
     const bool oneTailed = m_Tails != tbvNPTwoTailed;

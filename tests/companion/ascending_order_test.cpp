@@ -69,7 +69,7 @@ Values valuesOf(const Kind& kind, std::size_t size) {
     return values;
 }
 
-constexpr std::size_t sizes[] = {1, 2, 3, 20, 63, 64, 65, 999, 1000, 5000, 20000};
+constexpr std::size_t sizes[] = {1, 2, 3, 20, 63, 64, 65, 999, 1000, 5000, 20000, 30000};
 
 TEST_P(AnyValues, StandInTheOrderOfAStableSort) {
     for (const std::size_t size : sizes) {
@@ -107,6 +107,18 @@ TEST_P(AnyValues, AreFoundAtTheirPlacesWithoutASort) {
             ASSERT_PRED2(same, valuesAtPlaces(values, place, place)[0], sorted[place]) << size << " values";
             ASSERT_PRED2(same, valuesAtPlaces(values, place, next)[1], sorted[next]) << size << " values";
         }
+    }
+}
+
+TEST(ValuesAtPlaces, AreFoundWhereASampleMisleads) {
+    Values values(40000);
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        values[i] = i % 9 == 0 ? -static_cast<double>(i) : static_cast<double>(i);
+    }
+    Values sorted = values;
+    std::ranges::sort(sorted);
+    for (const std::size_t place : {0, 1, 4000, 20000, 39998}) {
+        EXPECT_EQ(valuesAtPlaces(values, place, place + 1), (std::array{sorted[place], sorted[place + 1]}));
     }
 }
 
