@@ -109,12 +109,17 @@ bool hasFewKeys(const KeySpan& keys, std::size_t values) noexcept {
     return keys.width() <= widest && std::size_t(1) << keys.width() <= values;
 }
 
-AscendingOrder orderByCounting(std::span<const double> values, const KeySpan& keys) {
-    const auto keyAt = [&](double value) { return keys.excess(value) >> keys.bits.low; };
-    std::vector<std::uint32_t> places(std::size_t(1) << keys.width());
+/// How often each key occurs.
+std::vector<std::uint32_t> countKeys(std::span<const double> values, const KeySpan& keys) {
+    std::vector<std::uint32_t> counts(std::size_t(1) << keys.width());
     for (const double value : values) {
-        places[keyAt(value)] += 1;
+        counts[keys.excess(value) >> keys.bits.low] += 1;
     }
+    return counts;
+}
+
+AscendingOrder orderByCounting(std::span<const double> values, const KeySpan& keys) {
+    std::vector<std::uint32_t> places = countKeys(values, keys);
     AscendingOrder order;
     std::uint32_t before = 0;
     for (std::uint32_t& place : places) {
@@ -127,9 +132,17 @@ AscendingOrder orderByCounting(std::span<const double> values, const KeySpan& ke
     order.positions.resize(values.size());
     std::uint32_t position = 0;
     for (const double value : values) {
-        order.positions[places[keyAt(value)]++] = position++;
+        order.positions[places[keys.excess(value) >> keys.bits.low]++] = position++;
     }
     return order;
+}
+
+void sortByCounting(std::span<double> values, const KeySpan& keys) {
+    std::uint64_t key = 0;
+    auto next = values.begin();
+    for (const std::uint32_t count : countKeys(values, keys)) {
+        next = std::fill_n(next, count, valueOf((key++ << keys.bits.low) + keys.smallest));
+    }
 }
 
 bool isNegativeZero(double value) noexcept {
@@ -177,6 +190,9 @@ void sortAscending(std::span<double> values) {
         return;
     }
     const KeySpan keys(values);
+    if (hasFewKeys(keys, values.size())) {
+        return sortByCounting(values, keys);
+    }
     Words words;
     words.reserve(values.size());
     std::ranges::transform(values, std::back_inserter(words),

@@ -34,29 +34,28 @@ std::size_t hashOf(const CellValue& cell) noexcept {
     return 0;
 }
 
-/// Counts cells by category: a hash table whose slots name the category by its position, searched from one
-/// slot to the next and at most half full. A category is held as the place where it appears first.
+/// Counts cells by category: a hash table whose slots name the category by its number, searched from one slot
+/// to the next and at most half full. A category is held as the place where it appears first.
 class CategoryCounter {
  public:
     explicit CategoryCounter(std::span<const CellValue> cells) : m_Cells(cells) {}
 
     void count(std::uint32_t cell) {
-        const auto hash = static_cast<std::uint32_t>(hashOf(m_Cells[cell]));
-        Slot& slot = slotOf(m_Cells[cell], hash);
-        if (slot.position != 0) {
-            m_Counts(slot.position) += 1;
+        std::uint32_t& slot = slotOf(m_Cells[cell]);
+        if (slot != 0) {
+            m_Counts(slot) += 1;
             return;
         }
         m_First.push_back(cell);
         m_Counts.append(1);
-        slot = {hash, static_cast<std::uint32_t>(m_First.size())};
+        slot = static_cast<std::uint32_t>(m_First.size());
         if (m_First.size() > m_Slots.size() / 2) {
             grow();
         }
     }
 
     [[nodiscard]] Categories take() {
-        m_Slots = {};
+        m_Slots = std::vector<std::uint32_t>();  // ahead of the values, which need the room
         Categories categories{Array<CellValue>(Long(m_First.size())), std::move(m_Counts)};
         std::ranges::transform(m_First, categories.values.elements().begin(),
                                [this](std::uint32_t cell) { return m_Cells[cell]; });
@@ -64,41 +63,27 @@ class CategoryCounter {
     }
 
  private:
-    struct Slot {
-        std::uint32_t hash = 0;
-        std::uint32_t position = 0;
-    };
-
-    [[nodiscard]] std::size_t next(std::size_t at) const noexcept { return (at + 1) & (m_Slots.size() - 1); }
-
     /// The slot of the cell's category, or the free one where it belongs.
-    [[nodiscard]] Slot& slotOf(const CellValue& cell, std::uint32_t hash) {
-        std::size_t at = hash & (m_Slots.size() - 1);
-        while (
-            m_Slots[at].position != 0 &&
-            !(m_Slots[at].hash == hash && sameCategory(m_Cells[m_First[m_Slots[at].position - 1]], cell))) {
-            at = next(at);
+    [[nodiscard]] std::uint32_t& slotOf(const CellValue& cell) {
+        std::size_t at = hashOf(cell) & (m_Slots.size() - 1);
+        while (m_Slots[at] != 0 && !sameCategory(m_Cells[m_First[m_Slots[at] - 1]], cell)) {
+            at = (at + 1) & (m_Slots.size() - 1);
         }
         return m_Slots[at];
     }
 
     void grow() {
-        const std::vector<Slot> old = std::exchange(m_Slots, std::vector<Slot>(2 * m_Slots.size()));
-        for (const Slot& slot : old) {
-            if (slot.position != 0) {
-                std::size_t at = slot.hash & (m_Slots.size() - 1);
-                while (m_Slots[at].position != 0) {
-                    at = next(at);
-                }
-                m_Slots[at] = slot;
-            }
+        m_Slots = std::vector<std::uint32_t>(2 * m_Slots.size());
+        std::uint32_t category = 0;
+        for (const std::uint32_t cell : m_First) {
+            slotOf(m_Cells[cell]) = ++category;
         }
     }
 
     std::span<const CellValue> m_Cells;
     std::vector<std::uint32_t> m_First;
     Array<Long> m_Counts;
-    std::vector<Slot> m_Slots = std::vector<Slot>(16);
+    std::vector<std::uint32_t> m_Slots = std::vector<std::uint32_t>(16);
 };
 
 }  // namespace

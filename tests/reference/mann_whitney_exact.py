@@ -41,12 +41,13 @@ SIZES = [(1, 4), (3, 3), (4, 7), (10, 10), (12, 9), (20, 30), (50, 50), (1, 4999
          (7, 7142), (20, 2499), (49, 1020), (100, 499), (150, 333), (200, 249), (222, 225), (223, 223),
          (223, 224), (224, 223)]
 
-with open(pathlib.Path(__file__).with_suffix(".csv"), "w", newline="") as file:
-    writer = csv.writer(file, lineterminator="\n")
-    writer.writerow(["n1", "n2", "U", "P"])
-    for n1, n2 in SIZES:
-        frequencies = counts(n1, n2)
-        total = sum(frequencies)
-        for u in looked_at(n1, n2):
-            tail = sum(frequencies[u:])
-            writer.writerow([n1, n2, u, f"{Decimal(tail) / Decimal(total):.19e}"])
+if __name__ == "__main__":
+    with open(pathlib.Path(__file__).with_suffix(".csv"), "w", newline="") as file:
+        writer = csv.writer(file, lineterminator="\n")
+        writer.writerow(["n1", "n2", "U", "P"])
+        for n1, n2 in SIZES:
+            frequencies = counts(n1, n2)
+            total = sum(frequencies)
+            for u in looked_at(n1, n2):
+                tail = sum(frequencies[u:])
+                writer.writerow([n1, n2, u, f"{Decimal(tail) / Decimal(total):.19e}"])

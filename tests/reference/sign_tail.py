@@ -27,8 +27,9 @@ CASES = [(1, 1), (3, 2), (4, 3), (10, 8), (50, 31), (101, 51), (1000, 540), (100
          (65536, 33000), (99999, 50001), (250000, 126000), (999999, 500000), (1000000, 500000),
          (1000000, 500500), (1000000, 510000), (1000000, 517000)]
 
-with open(pathlib.Path(__file__).with_suffix(".csv"), "w", newline="") as file:
-    writer = csv.writer(file, lineterminator="\n")
-    writer.writerow(["N", "positive", "P"])
-    for n, positive in CASES:
-        writer.writerow([n, positive, mp.nstr(upper_tail(n, positive), 20)])
+if __name__ == "__main__":
+    with open(pathlib.Path(__file__).with_suffix(".csv"), "w", newline="") as file:
+        writer = csv.writer(file, lineterminator="\n")
+        writer.writerow(["N", "positive", "P"])
+        for n, positive in CASES:
+            writer.writerow([n, positive, mp.nstr(upper_tail(n, positive), 20)])
