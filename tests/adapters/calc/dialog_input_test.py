@@ -74,11 +74,8 @@ class Input(DialogCase):
         self.field("First range:").type("")
         self.field("Second range:").type("Data!B1:B7")
         self.tick("Labels in the first row")
-        self.pickers()[0].click()
-        self.picture("picking")
-        self.drag("A1", "A7")
-        self.assertTrue(wait_for(lambda: self.field("First range:").text != ""))
-        self.assertEqual(self.field("First range:").text.replace("$", "").split(".")[-1], "A1:A7")
+        picked = self.pick("First range:", "A1", "A7")
+        self.assertEqual(picked.replace("$", "").split(".")[-1], "A1:A7")
         self.run_and_wait()
         self.assertEqual(self.last_cells()[1][0], "Set 1 Range = Data!$A$1:$A$7")
 
@@ -87,10 +84,7 @@ class Input(DialogCase):
         self.choose("Test:", "Kruskal-Wallis test")
         self.assertTrue(wait_for(lambda: "Data ranges:" in self.texts()))
         self.field("Data ranges:").type("Data!A1:A7")
-        self.pickers()[0].click()
-        self.drag("C1", "C7")
-        ranges = "Data!A1:A7;$Data.$C$1:$C$7"
-        self.assertTrue(wait_for(lambda: self.field("Data ranges:").text == ranges))
+        self.assertEqual(self.pick("Data ranges:", "C1", "C7"), "Data!A1:A7;$Data.$C$1:$C$7")
         self.choose("Test:", "Mann-Whitney U test")
 
     def test_the_same_command_brings_the_open_dialog_to_the_front(self):
