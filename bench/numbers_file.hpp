@@ -1,9 +1,8 @@
 #pragma once
 
 #include <charconv>
-#include <cstdio>
+#include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
@@ -17,8 +16,8 @@ struct NumbersFile {
     std::vector<double> numbers;
 
     explicit NumbersFile(const char* path) {
-        std::ifstream file(path, std::ios::binary);
-        const std::string text((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+        std::string text(std::filesystem::file_size(path), '\0');
+        std::ifstream(path, std::ios::binary).read(text.data(), static_cast<std::streamsize>(text.size()));
         const char* at = text.data();
         const char* const end = at + text.size();
         for (; at != end && *at != '\n'; ++at) {

@@ -17,7 +17,7 @@ def least(action):
     best, spent, calls, rounds = time.thread_time() - start, 0, 1, 0
     if best > 4:
         return best
-    while rounds < 3 or (spent < 0.5 and rounds < 30):
+    while rounds < 3 or (spent < 0.2 and rounds < 30):
         start = time.thread_time()
         for _ in range(calls):
             action()
@@ -43,7 +43,7 @@ start <- now()
 invisible(action())
 first <- now() - start
 best <- if (first > 4) first else Inf; spent <- 0; calls <- 1; rounds <- if (first > 4) Inf else 0
-while (rounds < 3 || (spent < 0.5 && rounds < 30)) {{
+while (rounds < 3 || (spent < 0.2 && rounds < 30)) {{
   start <- now()
   for (i in seq_len(calls)) action()
   seconds <- now() - start
