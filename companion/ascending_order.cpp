@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
+#include <iterator>
 #include <numeric>
 #include <utility>
 
@@ -145,8 +146,34 @@ void sortByCounting(std::span<double> values, const KeySpan& keys) {
     }
 }
 
-bool isNegativeZero(double value) noexcept {
-    return value == 0 && std::signbit(value);
+void sortByInsertion(std::span<double> values) {
+    for (auto next = values.begin(); next != values.end(); ++next) {
+        std::rotate(std::upper_bound(values.begin(), next, *next), next, next + 1);
+    }
+}
+
+void sortByKeys(std::span<double> values) {
+    const KeySpan keys(values);
+    if (hasFewKeys(keys, values.size())) {
+        return sortByCounting(values, keys);
+    }
+    Words words;
+    words.reserve(values.size());
+    std::ranges::transform(values, std::back_inserter(words),
+                           [&](double value) { return keys.excess(value); });
+    radixSort(words, keys.bits);
+    std::ranges::transform(words, values.begin(),
+                           [&](std::uint64_t word) { return valueOf(word + keys.smallest); });
+}
+
+/// The zeros of both signs in their order; none where all are positive.
+std::vector<double> mixedZeros(std::span<const double> values) {
+    const auto isNegativeZero = [](double value) { return value == 0 && std::signbit(value); };
+    std::vector<double> zeros;
+    if (std::ranges::any_of(values, isNegativeZero)) {
+        std::ranges::copy_if(values, std::back_inserter(zeros), [](double value) { return value == 0; });
+    }
+    return zeros;
 }
 
 }  // namespace
@@ -184,22 +211,13 @@ std::vector<Tie> tiesOf(std::span<const double> values, std::span<const std::uin
 
 void sortAscending(std::span<double> values) {
     constexpr std::size_t worthKeys = 64;
-    // -0 and 0 have one key, from which the sign could not be restored.
-    if (values.size() < worthKeys || std::ranges::any_of(values, isNegativeZero)) {
-        std::ranges::stable_sort(values);
-        return;
+    if (values.size() < worthKeys) {
+        return sortByInsertion(values);
     }
-    const KeySpan keys(values);
-    if (hasFewKeys(keys, values.size())) {
-        return sortByCounting(values, keys);
-    }
-    Words words;
-    words.reserve(values.size());
-    std::ranges::transform(values, std::back_inserter(words),
-                           [&](double value) { return keys.excess(value); });
-    radixSort(words, keys.bits);
-    std::ranges::transform(words, values.begin(),
-                           [&](std::uint64_t word) { return valueOf(word + keys.smallest); });
+    // -0 and 0 have one key, from which the sign cannot be restored.
+    const std::vector<double> zeros = mixedZeros(values);
+    sortByKeys(values);
+    std::ranges::copy(zeros, std::ranges::lower_bound(values, 0.0));
 }
 
 }  // namespace TBVNonPara
