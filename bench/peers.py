@@ -112,7 +112,7 @@ def scipy(test, file, ending):
     return [PYTHON, "-c", text]
 
 
-def in_process(test, file, rows):
+def in_process(test, file):
     commands = {}
     if has_scipy():
         commands["SciPy"] = scipy(test, file, SCIPY_TIMED)

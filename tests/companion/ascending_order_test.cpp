@@ -117,7 +117,7 @@ TEST(ValuesAtPlaces, AreFoundWhereASampleMisleads) {
     }
     Values sorted = values;
     std::ranges::sort(sorted);
-    for (const std::size_t place : std::vector<std::size_t>{0, 1, 4000, 20000, 39998}) {
+    for (const std::size_t place : {0U, 1U, 4000U, 20000U, 39998U}) {
         EXPECT_EQ(valuesAtPlaces(values, place, place + 1), (std::array{sorted[place], sorted[place + 1]}));
     }
 }
