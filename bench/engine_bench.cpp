@@ -1,11 +1,10 @@
 // The parts of the engine, each beside what bounds it from below.
 
-#include <algorithm>
 #include <benchmark/benchmark.h>
 #include <numeric>
 #include <vector>
 
-#include "bench/samples.hpp"
+#include "bench/floor.hpp"
 #include "companion/array_utility.hpp"
 #include "engine/categories.hpp"
 #include "engine/distributions.hpp"
@@ -15,23 +14,8 @@ namespace TBVNonPara::Bench {
 
 namespace {
 
-std::vector<double> numbers(std::int64_t count, int distinct = 0) {
-    Samples samples(distinct);
-    std::vector<double> values(static_cast<std::size_t>(count));
-    std::ranges::generate(values, [&] { return samples.next(); });
-    return values;
-}
-
-/// The floor under every ranking: the values alone, sorted.
 void StdSort(benchmark::State& state) {
-    const std::vector<double> values = numbers(state.range(0), static_cast<int>(state.range(1)));
-    for (auto _ : state) {
-        state.PauseTiming();
-        std::vector<double> copy = values;
-        state.ResumeTiming();
-        std::ranges::sort(copy);
-        benchmark::DoNotOptimize(copy.data());
-    }
+    timeSort(state, numbers(state.range(0), static_cast<int>(state.range(1))));
 }
 
 void Ranking(benchmark::State& state) {

@@ -1,11 +1,10 @@
 // Each test in the engine beside what bounds it from below: std::sort of the same numbers, all groups pooled.
 
-#include <algorithm>
 #include <benchmark/benchmark.h>
 #include <vector>
 
 #include "adapters/workbook/embedded_application.hpp"
-#include "bench/samples.hpp"
+#include "bench/floor.hpp"
 #include "companion/ascending_order.hpp"
 #include "engine/clsNonParaBO.hpp"
 
@@ -13,26 +12,12 @@ namespace TBVNonPara::Bench {
 
 namespace {
 
-std::vector<double> numbers(Long rows, Long groups) {
-    Samples samples;
-    std::vector<double> values(static_cast<std::size_t>((rows * groups).value()));
-    std::ranges::generate(values, [&] { return samples.next(); });
-    return values;
-}
-
 void SortOfPooledGroups(benchmark::State& state) {
-    const std::vector<double> values = numbers(state.range(0), state.range(1));
-    for (auto _ : state) {
-        state.PauseTiming();
-        std::vector<double> copy = values;
-        state.ResumeTiming();
-        std::ranges::sort(copy);
-        benchmark::DoNotOptimize(copy.data());
-    }
+    timeSort(state, numbers(state.range(0) * state.range(1)));
 }
 
 void OrderOfPooledGroups(benchmark::State& state) {
-    const std::vector<double> values = numbers(state.range(0), state.range(1));
+    const std::vector<double> values = numbers(state.range(0) * state.range(1));
     for (auto _ : state) {
         benchmark::DoNotOptimize(ascendingOrder(values));
     }
