@@ -5,10 +5,10 @@
 #include <vector>
 
 #include "bench/floor.hpp"
-#include "companion/array_utility.hpp"
-#include "engine/categories.hpp"
-#include "engine/distributions.hpp"
-#include "engine/ranking.hpp"
+#include "tbvnonpara/companion/own/array_utility.hpp"
+#include "tbvnonpara/engine/categories.hpp"
+#include "tbvnonpara/engine/distributions.hpp"
+#include "tbvnonpara/engine/ranking.hpp"
 
 namespace TBVNonPara::Bench {
 

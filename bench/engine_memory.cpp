@@ -8,11 +8,11 @@
 #include <malloc.h>
 #include <new>
 
-#include "adapters/workbook/embedded_application.hpp"
 #include "bench/methods.hpp"
 #include "bench/samples.hpp"
-#include "engine/clsNonParaBO.hpp"
-#include "engine/distributions.hpp"
+#include "tbvnonpara/engine/clsNonParaBO.hpp"
+#include "tbvnonpara/engine/distributions.hpp"
+#include "tbvnonpara/workbook/embedded_application.hpp"
 
 namespace {
 

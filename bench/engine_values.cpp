@@ -14,9 +14,9 @@
 #include <string>
 #include <vector>
 
-#include "adapters/workbook/embedded_application.hpp"
-#include "engine/clsNonParaBO.hpp"
-#include "engine/distributions.hpp"
+#include "tbvnonpara/engine/clsNonParaBO.hpp"
+#include "tbvnonpara/engine/distributions.hpp"
+#include "tbvnonpara/workbook/embedded_application.hpp"
 
 namespace TBVNonPara::Bench {
 

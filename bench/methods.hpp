@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "core/enumerations.hpp"
+#include "tbvnonpara/core/enumerations.hpp"
 
 namespace TBVNonPara::Bench {
 

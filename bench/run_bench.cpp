@@ -2,9 +2,9 @@
 
 #include <benchmark/benchmark.h>
 
-#include "adapters/workbook/embedded_application.hpp"
 #include "bench/samples.hpp"
-#include "request/clsNonPara.hpp"
+#include "tbvnonpara/request/clsNonPara.hpp"
+#include "tbvnonpara/workbook/embedded_application.hpp"
 
 namespace TBVNonPara::Bench {
 

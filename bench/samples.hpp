@@ -3,7 +3,7 @@
 #include <random>
 #include <string>
 
-#include "core/cell_value.hpp"
+#include "tbvnonpara/core/cell_value.hpp"
 
 namespace TBVNonPara::Bench {
 

@@ -6,10 +6,10 @@
 #include <cstdio>
 #include <ctime>
 
-#include "adapters/workbook/embedded_application.hpp"
 #include "bench/methods.hpp"
 #include "bench/numbers_file.hpp"
-#include "engine/clsNonParaBO.hpp"
+#include "tbvnonpara/engine/clsNonParaBO.hpp"
+#include "tbvnonpara/workbook/embedded_application.hpp"
 
 namespace TBVNonPara::Bench {
 

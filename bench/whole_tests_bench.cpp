@@ -3,10 +3,10 @@
 #include <benchmark/benchmark.h>
 #include <vector>
 
-#include "adapters/workbook/embedded_application.hpp"
 #include "bench/floor.hpp"
-#include "companion/ascending_order.hpp"
-#include "engine/clsNonParaBO.hpp"
+#include "tbvnonpara/engine/clsNonParaBO.hpp"
+#include "tbvnonpara/ordering/ascending_order.hpp"
+#include "tbvnonpara/workbook/embedded_application.hpp"
 
 namespace TBVNonPara::Bench {
 

@@ -17,7 +17,7 @@
 #include <vector>
 #include <zip.h>
 
-#include "adapters/workbook/spreadsheet_file.hpp"
+#include "tbvnonpara/files/reading/spreadsheet_file.hpp"
 
 namespace {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "adapters/workbook/address.hpp"
-#include "core/enumerations.hpp"
+#include "tbvnonpara/core/enumerations.hpp"
+#include "tbvnonpara/workbook/address.hpp"
 
 namespace TBVNonPara::cli {
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "adapters/workbook/embedded_application.hpp"
+#include "tbvnonpara/workbook/embedded_application.hpp"
 
 namespace TBVNonPara::cli {
 

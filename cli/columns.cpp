@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <utility>
 
-#include "adapters/workbook/address.hpp"
 #include "cli/column_address.hpp"
-#include "core/conversions.hpp"
-#include "core/enumerations.hpp"
+#include "tbvnonpara/core/conversions.hpp"
+#include "tbvnonpara/core/enumerations.hpp"
+#include "tbvnonpara/workbook/address.hpp"
 
 namespace TBVNonPara::cli {
 

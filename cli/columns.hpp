@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "adapters/workbook/embedded_application.hpp"
 #include "cli/arguments.hpp"
+#include "tbvnonpara/workbook/embedded_application.hpp"
 
 namespace TBVNonPara::cli {
 

@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "adapters/workbook/embedded_application.hpp"
 #include "cli/columns.hpp"
 #include "cli/tests_offered.hpp"
+#include "tbvnonpara/workbook/embedded_application.hpp"
 
 namespace TBVNonPara::cli {
 

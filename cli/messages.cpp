@@ -3,7 +3,7 @@
 #include <array>
 #include <fmt/format.h>
 
-#include "adapters/workbook/host_error.hpp"
+#include "tbvnonpara/workbook/host_error.hpp"
 
 namespace TBVNonPara::cli {
 

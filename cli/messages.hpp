@@ -6,7 +6,7 @@
 
 #include "cli/columns.hpp"
 #include "cli/tests_offered.hpp"
-#include "core/error.hpp"
+#include "tbvnonpara/core/error.hpp"
 
 namespace TBVNonPara::cli {
 

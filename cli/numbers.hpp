@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "core/cell_value.hpp"
+#include "tbvnonpara/core/cell_value.hpp"
 
 namespace TBVNonPara::cli {
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <numeric>
 
-#include "adapters/workbook/address.hpp"
-#include "adapters/workbook/sheet_range.hpp"
-#include "core/conversions.hpp"
+#include "tbvnonpara/core/conversions.hpp"
+#include "tbvnonpara/workbook/address.hpp"
+#include "tbvnonpara/workbook/sheet_range.hpp"
 
 namespace TBVNonPara::cli {
 

@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
-#include "adapters/workbook/embedded_application.hpp"
-#include "core/cell_value.hpp"
+#include "tbvnonpara/core/cell_value.hpp"
+#include "tbvnonpara/workbook/embedded_application.hpp"
 
 namespace TBVNonPara::cli {
 

@@ -1,8 +1,8 @@
 #include "cli/report_block.hpp"
 
-#include "adapters/workbook/number_format.hpp"
-#include "adapters/workbook/unicode.hpp"
 #include "cli/display_width.hpp"
+#include "tbvnonpara/core/unicode.hpp"
+#include "tbvnonpara/workbook/number_format.hpp"
 
 namespace TBVNonPara::cli {
 

@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "adapters/workbook/cell_store.hpp"
-#include "adapters/workbook/format_store.hpp"
-#include "adapters/workbook/rectangle.hpp"
+#include "tbvnonpara/core/rectangle.hpp"
+#include "tbvnonpara/workbook/cell_store.hpp"
+#include "tbvnonpara/workbook/format_store.hpp"
 
 namespace TBVNonPara::cli {
 

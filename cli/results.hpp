@@ -2,8 +2,8 @@
 
 #include <nlohmann/json.hpp>
 
-#include "core/enumerations.hpp"
-#include "engine/clsNonParaBO.hpp"
+#include "tbvnonpara/core/enumerations.hpp"
+#include "tbvnonpara/engine/clsNonParaBO.hpp"
 
 namespace TBVNonPara::cli {
 

@@ -3,10 +3,10 @@
 #include <cstdio>
 #include <utility>
 
-#include "adapters/workbook/address.hpp"
-#include "adapters/workbook/host_error.hpp"
-#include "adapters/workbook/sheet_range.hpp"
-#include "adapters/workbook/spreadsheet_file.hpp"
+#include "tbvnonpara/files/reading/spreadsheet_file.hpp"
+#include "tbvnonpara/workbook/address.hpp"
+#include "tbvnonpara/workbook/host_error.hpp"
+#include "tbvnonpara/workbook/sheet_range.hpp"
 
 namespace TBVNonPara::cli {
 

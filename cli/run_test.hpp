@@ -3,11 +3,11 @@
 #include <memory>
 #include <string>
 
-#include "adapters/workbook/embedded_application.hpp"
 #include "cli/arguments.hpp"
 #include "cli/columns.hpp"
 #include "cli/report_block.hpp"
-#include "request/clsNonPara.hpp"
+#include "tbvnonpara/request/clsNonPara.hpp"
+#include "tbvnonpara/workbook/embedded_application.hpp"
 
 namespace TBVNonPara::cli {
 

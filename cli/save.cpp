@@ -4,13 +4,13 @@
 #include <fstream>
 #include <system_error>
 
-#include "adapters/workbook/address.hpp"
-#include "adapters/workbook/csv_file.hpp"
-#include "adapters/workbook/host_error.hpp"
-#include "adapters/workbook/saving/placing.hpp"
-#include "adapters/workbook/saving/saved_file.hpp"
-#include "adapters/workbook/saving/xlsx_writer.hpp"
-#include "adapters/workbook/unicode.hpp"
+#include "tbvnonpara/core/unicode.hpp"
+#include "tbvnonpara/files/csv/file.hpp"
+#include "tbvnonpara/files/saving/placing.hpp"
+#include "tbvnonpara/files/saving/saved_file.hpp"
+#include "tbvnonpara/files/saving/xlsx_writer.hpp"
+#include "tbvnonpara/workbook/address.hpp"
+#include "tbvnonpara/workbook/host_error.hpp"
 
 namespace TBVNonPara::cli {
 

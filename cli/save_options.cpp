@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <fmt/format.h>
 
-#include "adapters/workbook/unicode.hpp"
+#include "tbvnonpara/core/unicode.hpp"
 
 namespace TBVNonPara::cli {
 

@@ -4,9 +4,9 @@
 #include <cmath>
 #include <fmt/format.h>
 
-#include "adapters/workbook/unicode.hpp"
 #include "cli/display_width.hpp"
 #include "cli/html_report.hpp"
+#include "tbvnonpara/core/unicode.hpp"
 
 namespace TBVNonPara::cli {
 

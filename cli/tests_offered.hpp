@@ -3,7 +3,7 @@
 #include <span>
 #include <string_view>
 
-#include "core/enumerations.hpp"
+#include "tbvnonpara/core/enumerations.hpp"
 
 namespace TBVNonPara::cli {
 

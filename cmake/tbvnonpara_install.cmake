@@ -3,8 +3,8 @@ include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 install(TARGETS tbvnonpara EXPORT TBVNonParaTargets)
-foreach(folder core host companion engine report request)
-    install(DIRECTORY ${PROJECT_SOURCE_DIR}/${folder} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/TBVNonPara
+foreach(folder core ordering distributions host companion engine report request)
+    install(DIRECTORY ${PROJECT_SOURCE_DIR}/tbvnonpara/${folder} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tbvnonpara
             FILES_MATCHING PATTERN *.hpp)
 endforeach()
 

@@ -8,7 +8,7 @@
 #include <memory>
 
 #include "adapters/calc/session.hpp"
-#include "request/clsNonPara.hpp"
+#include "tbvnonpara/request/clsNonPara.hpp"
 
 namespace TBVNonPara::calc {
 

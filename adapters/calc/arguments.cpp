@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "core/conversions.hpp"
+#include "tbvnonpara/core/conversions.hpp"
 
 namespace TBVNonPara::calc {
 

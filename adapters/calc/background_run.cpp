@@ -2,7 +2,7 @@
 
 #include "adapters/calc/calc_application.hpp"
 #include "adapters/calc/main_thread.hpp"
-#include "request/clsNonPara.hpp"
+#include "tbvnonpara/request/clsNonPara.hpp"
 
 namespace TBVNonPara::calc {
 

@@ -8,7 +8,7 @@
 #include <thread>
 
 #include "adapters/calc/documents.hpp"
-#include "core/enumerations.hpp"
+#include "tbvnonpara/core/enumerations.hpp"
 
 namespace TBVNonPara::calc {
 

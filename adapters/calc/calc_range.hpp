@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "adapters/calc/session.hpp"
-#include "host/Range.hpp"
+#include "tbvnonpara/host/Range.hpp"
 
 namespace TBVNonPara::calc {
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "adapters/calc/session.hpp"
-#include "host/Workbook.hpp"
-#include "host/Worksheet.hpp"
+#include "tbvnonpara/host/Workbook.hpp"
+#include "tbvnonpara/host/Worksheet.hpp"
 
 namespace TBVNonPara::calc {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/enumerations.hpp"
+#include "tbvnonpara/core/enumerations.hpp"
 
 namespace TBVNonPara::calc {
 

@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "adapters/calc/documents.hpp"
-#include "core/whole_numbers.hpp"
-#include "host/formatting.hpp"
+#include "tbvnonpara/core/whole_numbers.hpp"
+#include "tbvnonpara/host/formatting.hpp"
 
 namespace TBVNonPara::calc {
 

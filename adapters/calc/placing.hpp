@@ -1,7 +1,7 @@
 #pragma once
 
 #include "adapters/calc/session.hpp"
-#include "host/formatting.hpp"
+#include "tbvnonpara/host/formatting.hpp"
 
 namespace TBVNonPara::calc {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "adapters/calc/addresses.hpp"
-#include "core/cell_value.hpp"
+#include "tbvnonpara/core/cell_value.hpp"
 
 namespace TBVNonPara::calc {
 

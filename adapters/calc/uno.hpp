@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/error.hpp"
+#include "tbvnonpara/core/error.hpp"
 
 namespace TBVNonPara::calc {
 

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <com/sun/star/lang/XMultiComponentFactory.hpp>
 
-#include "core/conversions.hpp"
+#include "tbvnonpara/core/conversions.hpp"
 
 namespace TBVNonPara::calc {
 

@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "adapters/calc/session.hpp"
-#include "host/WorksheetFunction.hpp"
+#include "tbvnonpara/host/WorksheetFunction.hpp"
 
 namespace TBVNonPara::calc {
 

@@ -4,7 +4,7 @@
 
 #include "adapters/calc/cell_area.hpp"
 #include "adapters/calc/documents.hpp"
-#include "core/cell_value.hpp"
+#include "tbvnonpara/core/cell_value.hpp"
 
 namespace TBVNonPara::calc {
 

@@ -3,7 +3,7 @@
 #include <functional>
 
 #include "adapters/com/com_ptr.hpp"
-#include "host/WorksheetHost.hpp"
+#include "tbvnonpara/host/WorksheetHost.hpp"
 
 namespace TBVNonPara::com {
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "core/conversions.hpp"
+#include "tbvnonpara/core/conversions.hpp"
 
 namespace TBVNonPara::com {
 

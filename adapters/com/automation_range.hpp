@@ -1,9 +1,9 @@
 #pragma once
 
 #include "adapters/com/host_object.hpp"
-#include "host/Range.hpp"
-#include "host/Workbook.hpp"
-#include "host/Worksheet.hpp"
+#include "tbvnonpara/host/Range.hpp"
+#include "tbvnonpara/host/Workbook.hpp"
+#include "tbvnonpara/host/Worksheet.hpp"
 
 namespace TBVNonPara::com {
 

@@ -3,8 +3,8 @@
 #include <string_view>
 
 #include "adapters/com/windows.hpp"
-#include "core/enumerations.hpp"
-#include "core/error.hpp"
+#include "tbvnonpara/core/enumerations.hpp"
+#include "tbvnonpara/core/error.hpp"
 
 namespace TBVNonPara::com {
 

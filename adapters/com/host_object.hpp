@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "adapters/com/variant.hpp"
-#include "core/whole_numbers.hpp"
+#include "tbvnonpara/core/whole_numbers.hpp"
 
 namespace TBVNonPara::com {
 

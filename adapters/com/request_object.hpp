@@ -4,7 +4,7 @@
 
 #include "TBVNonPara_h.h"
 #include "adapters/com/module.hpp"
-#include "request/clsNonPara.hpp"
+#include "tbvnonpara/request/clsNonPara.hpp"
 
 namespace TBVNonPara::com {
 

@@ -1,6 +1,6 @@
 #include "adapters/com/text.hpp"
 
-#include "core/whole_numbers.hpp"
+#include "tbvnonpara/core/whole_numbers.hpp"
 
 namespace TBVNonPara::com {
 

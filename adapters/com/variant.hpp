@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "adapters/com/com_ptr.hpp"
-#include "core/cell_value.hpp"
+#include "tbvnonpara/core/cell_value.hpp"
 
 namespace TBVNonPara::com {
 

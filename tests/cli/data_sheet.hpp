@@ -4,10 +4,10 @@
 #include <cstdlib>
 #include <string>
 
-#include "adapters/workbook/csv_file.hpp"
-#include "adapters/workbook/embedded_application.hpp"
 #include "cli/arguments.hpp"
 #include "cli/output.hpp"
+#include "tbvnonpara/files/csv/file.hpp"
+#include "tbvnonpara/workbook/embedded_application.hpp"
 
 namespace TBVNonPara::cli {
 

@@ -1,9 +1,10 @@
-#include "companion/array_utility.hpp"
+#include "tbvnonpara/companion/own/array_utility.hpp"
 
 #include <gtest/gtest.h>
 #include <numeric>
 #include <random>
 
+#include "tests/support/kinds_of_values.hpp"
 #include "tests/support/raised.hpp"
 
 namespace TBVNonPara {
@@ -96,6 +97,16 @@ TEST(JoinColumns, PadsTheShorterGridWithEmptyCells) {
 TEST(JoinColumns, RefusesAnUnallocatedGrid) {
     EXPECT_EQ(Support::raisedBy([] { (void)utility->JoinColumns(ValueGrid(), ValueGrid{{1.0}}); }).number, 9);
 }
+
+class AnyValues : public testing::TestWithParam<Support::Kind> {};
+
+TEST_P(AnyValues, StandInTheSameOrderForAUtilityThatOnlySortsRows) {
+    const Support::Values values = Support::valuesOf(GetParam(), 5000);
+    EXPECT_TRUE(utility->ArrayUtility::OrderOf(values) == utility->OrderOf(values));
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, AnyValues, testing::ValuesIn(Support::kindsOfValues),
+                         [](const auto& test) { return test.param.name; });
 
 }  // namespace
 }  // namespace TBVNonPara

@@ -1,9 +1,9 @@
-#include "companion/contingency_analysis.hpp"
+#include "tbvnonpara/companion/own/contingency_analysis.hpp"
 
 #include <cmath>
 #include <gtest/gtest.h>
 
-#include "core/enumerations.hpp"
+#include "tbvnonpara/core/enumerations.hpp"
 #include "tests/support/raised.hpp"
 #include "tests/support/reference_rows.hpp"
 

@@ -1,4 +1,4 @@
-#include "companion/contingency_statistics.hpp"
+#include "tbvnonpara/companion/own/contingency_statistics.hpp"
 
 #include <gtest/gtest.h>
 

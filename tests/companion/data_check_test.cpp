@@ -1,8 +1,8 @@
-#include "companion/data_check.hpp"
+#include "tbvnonpara/companion/own/data_check.hpp"
 
 #include <gtest/gtest.h>
 
-#include "core/enumerations.hpp"
+#include "tbvnonpara/core/enumerations.hpp"
 #include "tests/support/raised.hpp"
 #include "tests/support/test_host.hpp"
 #include "tests/support/watched_host.hpp"

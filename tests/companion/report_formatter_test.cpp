@@ -1,10 +1,10 @@
-#include "companion/report_formatter.hpp"
+#include "tbvnonpara/companion/own/report_formatter.hpp"
 
 #include <functional>
 #include <gtest/gtest.h>
 #include <vector>
 
-#include "companion/CompanionLibrary.hpp"
+#include "tbvnonpara/companion/CompanionLibrary.hpp"
 #include "tests/support/test_host.hpp"
 #include "tests/support/watched_host.hpp"
 

@@ -1,11 +1,11 @@
-#include "core/error.hpp"
+#include "tbvnonpara/core/error.hpp"
 
 #include <functional>
 #include <gtest/gtest.h>
 #include <new>
 #include <stdexcept>
 
-#include "core/enumerations.hpp"
+#include "tbvnonpara/core/enumerations.hpp"
 
 namespace TBVNonPara {
 namespace {

@@ -6,12 +6,12 @@
 #include <limits>
 #include <random>
 
-#include "core/arithmetic.hpp"
-#include "core/array.hpp"
-#include "core/cell_value.hpp"
-#include "core/conversions.hpp"
-#include "core/grid.hpp"
-#include "core/object_ref.hpp"
+#include "tbvnonpara/core/arithmetic.hpp"
+#include "tbvnonpara/core/array.hpp"
+#include "tbvnonpara/core/cell_value.hpp"
+#include "tbvnonpara/core/conversions.hpp"
+#include "tbvnonpara/core/grid.hpp"
+#include "tbvnonpara/core/object_ref.hpp"
 
 namespace TBVNonPara {
 namespace {

@@ -1,4 +1,4 @@
-#include "engine/clsNonParaBO.hpp"
+#include "tbvnonpara/engine/clsNonParaBO.hpp"
 
 #include <gmock/gmock.h>
 

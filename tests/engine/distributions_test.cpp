@@ -1,10 +1,10 @@
-#include "engine/distributions.hpp"
+#include "tbvnonpara/engine/distributions.hpp"
 
 #include <cmath>
 #include <gtest/gtest.h>
 #include <random>
 
-#include "engine/ranking.hpp"
+#include "tbvnonpara/engine/ranking.hpp"
 #include "tests/support/engine_fixture.hpp"
 #include "tests/support/raised.hpp"
 #include "tests/support/reference_rows.hpp"

@@ -1,4 +1,4 @@
-#include "engine/group_summary.hpp"
+#include "tbvnonpara/engine/group_summary.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
-#include "companion/contingency_analysis.hpp"
+#include "tbvnonpara/companion/own/contingency_analysis.hpp"
 #include "tests/support/engine_fixture.hpp"
 #include "tests/support/reference_rows.hpp"
 

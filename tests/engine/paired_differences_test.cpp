@@ -1,4 +1,4 @@
-#include "engine/paired_differences.hpp"
+#include "tbvnonpara/engine/paired_differences.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "engine/pooled_groups.hpp"
+#include "tbvnonpara/engine/pooled_groups.hpp"
 
 #include <gtest/gtest.h>
 

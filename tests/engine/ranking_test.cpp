@@ -1,4 +1,4 @@
-#include "engine/ranking.hpp"
+#include "tbvnonpara/engine/ranking.hpp"
 
 #include <gtest/gtest.h>
 

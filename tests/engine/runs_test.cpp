@@ -1,7 +1,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
-#include "engine/categories.hpp"
+#include "tbvnonpara/engine/categories.hpp"
 #include "tests/support/engine_fixture.hpp"
 #include "tests/support/reference_rows.hpp"
 

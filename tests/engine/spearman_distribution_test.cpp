@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
-#include "engine/distributions.hpp"
+#include "tbvnonpara/engine/distributions.hpp"
 #include "tests/support/engine_fixture.hpp"
 #include "tests/support/raised.hpp"
 #include "tests/support/reference_rows.hpp"

@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-#include "adapters/workbook/csv_reader.hpp"
-#include "core/error.hpp"
+#include "tbvnonpara/core/error.hpp"
+#include "tbvnonpara/files/csv/reader.hpp"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace TBVNonPara;

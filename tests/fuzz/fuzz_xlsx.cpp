@@ -1,4 +1,4 @@
-#include "adapters/workbook/xlsx_reader.hpp"
+#include "tbvnonpara/files/xlsx/reader.hpp"
 #include "tests/fuzz/fuzzed_parts.hpp"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

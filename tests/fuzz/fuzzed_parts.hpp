@@ -2,9 +2,9 @@
 
 #include <cstdint>
 
-#include "adapters/workbook/spreadsheet_file.hpp"
-#include "core/error.hpp"
-#include "tests/adapters/workbook/files/text_parts.hpp"
+#include "tbvnonpara/core/error.hpp"
+#include "tbvnonpara/files/reading/spreadsheet_file.hpp"
+#include "tests/files/text_parts.hpp"
 
 namespace TBVNonPara::workbook {
 

@@ -2,8 +2,8 @@
 
 #include <iostream>
 
-#include "companion/CompanionLibrary.hpp"
-#include "engine/clsNonParaBO.hpp"
+#include "tbvnonpara/companion/CompanionLibrary.hpp"
+#include "tbvnonpara/engine/clsNonParaBO.hpp"
 
 int main() {
     using namespace TBVNonPara;

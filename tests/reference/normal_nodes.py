@@ -1,5 +1,5 @@
 """Tail and density of the standard normal distribution at 0, 1/8, ... 9 as sums of two doubles: writes
-adapters/workbook/normal_nodes.hpp.
+tbvnonpara/distributions/normal_nodes.hpp.
 
 Run with python3-mpmath.
 """

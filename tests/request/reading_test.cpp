@@ -1,7 +1,7 @@
-#include "request/reading.hpp"
+#include "tbvnonpara/request/reading.hpp"
 
-#include "companion/array_utility.hpp"
-#include "request/labels.hpp"
+#include "tbvnonpara/companion/own/array_utility.hpp"
+#include "tbvnonpara/request/labels.hpp"
 #include "tests/request/request_desk.hpp"
 
 namespace TBVNonPara {

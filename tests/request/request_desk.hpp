@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "request/clsNonPara.hpp"
+#include "tbvnonpara/request/clsNonPara.hpp"
 #include "tests/support/raised.hpp"
 #include "tests/support/recording_formatter.hpp"
 #include "tests/support/sheet_text.hpp"

@@ -10,8 +10,8 @@
 #include <utility>
 #include <vector>
 
-#include "companion/array_utility.hpp"
-#include "engine/clsNonParaBO.hpp"
+#include "tbvnonpara/companion/own/array_utility.hpp"
+#include "tbvnonpara/engine/clsNonParaBO.hpp"
 #include "tests/support/raised.hpp"
 
 /// What a test of the engine stands on: worksheet functions that can be told to fail, an application that has

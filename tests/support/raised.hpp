@@ -5,7 +5,7 @@
 #include <ostream>
 #include <string>
 
-#include "core/error.hpp"
+#include "tbvnonpara/core/error.hpp"
 
 namespace TBVNonPara::Support {
 

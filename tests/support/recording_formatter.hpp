@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "companion/CompanionLibrary.hpp"
-#include "core/grid.hpp"
+#include "tbvnonpara/companion/CompanionLibrary.hpp"
+#include "tbvnonpara/core/grid.hpp"
 #include "tests/support/watched_host.hpp"
 
 namespace TBVNonPara::Support {

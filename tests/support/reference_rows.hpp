@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "core/cell_value.hpp"
+#include "tbvnonpara/core/cell_value.hpp"
 
 namespace TBVNonPara::Support {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "host/Range.hpp"
+#include "tbvnonpara/host/Range.hpp"
 
 namespace TBVNonPara::Support {
 

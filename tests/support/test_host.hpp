@@ -1,7 +1,7 @@
 #pragma once
 
-#include "adapters/workbook/embedded_application.hpp"
-#include "host/WorksheetHost.hpp"
+#include "tbvnonpara/host/WorksheetHost.hpp"
+#include "tbvnonpara/workbook/embedded_application.hpp"
 
 namespace TBVNonPara::Support {
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <utility>
 
-#include "host/WorksheetHost.hpp"
+#include "tbvnonpara/host/WorksheetHost.hpp"
 
 namespace TBVNonPara::Support {
 

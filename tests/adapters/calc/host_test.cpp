@@ -6,7 +6,7 @@
 #include "adapters/calc/calc_application.hpp"
 #include "adapters/calc/reading.hpp"
 #include "adapters/calc/writing.hpp"
-#include "request/clsNonPara.hpp"
+#include "tbvnonpara/request/clsNonPara.hpp"
 #include "tests/adapters/calc/lost_formats.hpp"
 #include "tests/adapters/calc/office_document.hpp"
 #include "tests/support/raised.hpp"

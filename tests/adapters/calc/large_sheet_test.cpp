@@ -6,7 +6,7 @@
 #include <iostream>
 
 #include "adapters/calc/calc_application.hpp"
-#include "request/clsNonPara.hpp"
+#include "tbvnonpara/request/clsNonPara.hpp"
 #include "tests/adapters/calc/office_document.hpp"
 
 namespace TBVNonPara::Scenarios {

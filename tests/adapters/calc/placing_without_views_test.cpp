@@ -5,7 +5,7 @@
 
 #include "adapters/calc/calc_application.hpp"
 #include "adapters/calc/writing.hpp"
-#include "request/clsNonPara.hpp"
+#include "tbvnonpara/request/clsNonPara.hpp"
 #include "tests/adapters/calc/office_document.hpp"
 
 namespace TBVNonPara::Scenarios {

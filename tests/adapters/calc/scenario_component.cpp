@@ -10,7 +10,7 @@
 #include "adapters/calc/writing.hpp"
 #include "tests/adapters/calc/lost_formats.hpp"
 #include "tests/adapters/calc/office_document.hpp"
-#include "tests/scenarios/library_host.hpp"
+#include "tests/whole/scenarios/library_host.hpp"
 
 namespace TBVNonPara::Scenarios {
 

@@ -1,6 +1,6 @@
 #include "tests/adapters/com/client_cases.hpp"
 
-#include "core/enumerations.hpp"
+#include "tbvnonpara/core/enumerations.hpp"
 
 namespace TBVNonPara::com {
 

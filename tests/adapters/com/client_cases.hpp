@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "TBVNonPara_h.h"
-#include "core/cell_value.hpp"
+#include "tbvnonpara/core/cell_value.hpp"
 
 namespace TBVNonPara::com {
 

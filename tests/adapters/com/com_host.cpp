@@ -1,7 +1,7 @@
 #include "adapters/com/automation_application.hpp"
-#include "adapters/workbook/embedded_application.hpp"
+#include "tbvnonpara/workbook/embedded_application.hpp"
 #include "tests/adapters/com/peer_application.hpp"
-#include "tests/scenarios/library_host.hpp"
+#include "tests/whole/scenarios/library_host.hpp"
 
 namespace TBVNonPara::Scenarios {
 

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <bit>
 
-#include "core/enumerations.hpp"
+#include "tbvnonpara/core/enumerations.hpp"
 #include "tests/adapters/com/client_cases.hpp"
 #include "tests/adapters/com/desk.hpp"
 

@@ -1,7 +1,7 @@
 #include <array>
 #include <vector>
 
-#include "core/enumerations.hpp"
+#include "tbvnonpara/core/enumerations.hpp"
 #include "tests/adapters/com/desk.hpp"
 
 namespace TBVNonPara::com {

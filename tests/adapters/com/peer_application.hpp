@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adapters/workbook/embedded_application.hpp"
+#include "tbvnonpara/workbook/embedded_application.hpp"
 #include "tests/adapters/com/peer_object.hpp"
 
 namespace TBVNonPara::Peer {

@@ -9,8 +9,8 @@
 
 #include "adapters/com/com_ptr.hpp"
 #include "adapters/com/variant.hpp"
-#include "host/Range.hpp"
-#include "host/Worksheet.hpp"
+#include "tbvnonpara/host/Range.hpp"
+#include "tbvnonpara/host/Worksheet.hpp"
 
 namespace TBVNonPara::Peer {
 

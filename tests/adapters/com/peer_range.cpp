@@ -1,6 +1,6 @@
 #include "tests/adapters/com/peer_range.hpp"
 
-#include "core/conversions.hpp"
+#include "tbvnonpara/core/conversions.hpp"
 
 namespace TBVNonPara::Peer {
 

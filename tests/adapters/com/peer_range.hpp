@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/Workbook.hpp"
+#include "tbvnonpara/host/Workbook.hpp"
 #include "tests/adapters/com/peer_object.hpp"
 
 namespace TBVNonPara::Peer {

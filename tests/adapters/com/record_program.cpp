@@ -2,8 +2,8 @@
 #include <sstream>
 
 #include "adapters/com/automation_application.hpp"
-#include "companion/CompanionLibrary.hpp"
-#include "request/clsNonPara.hpp"
+#include "tbvnonpara/companion/CompanionLibrary.hpp"
+#include "tbvnonpara/request/clsNonPara.hpp"
 #include "tests/adapters/com/peer_application.hpp"
 #include "tests/adapters/com/recording.hpp"
 

@@ -4,7 +4,7 @@
 
 #include "adapters/com/text.hpp"
 #include "adapters/com/variant.hpp"
-#include "core/conversions.hpp"
+#include "tbvnonpara/core/conversions.hpp"
 #include "tests/adapters/com/peer_object.hpp"
 
 namespace TBVNonPara::Peer {

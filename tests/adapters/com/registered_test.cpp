@@ -2,7 +2,7 @@
 
 #include "adapters/com/errors.hpp"
 #include "adapters/com/host_object.hpp"
-#include "core/enumerations.hpp"
+#include "tbvnonpara/core/enumerations.hpp"
 #include "tests/adapters/com/client_cases.hpp"
 #include "tests/adapters/com/desk.hpp"
 #include "tests/adapters/com/peer_factory.hpp"

@@ -2,7 +2,7 @@
 // It needs what stands before it.
 #include <psapi.h>
 
-#include "core/enumerations.hpp"
+#include "tbvnonpara/core/enumerations.hpp"
 #include "tests/adapters/com/desk.hpp"
 
 namespace TBVNonPara::com {

@@ -1,0 +1,24 @@
+#include <utility>
+
+#include "tbvnonpara/companion/CompanionLibrary.hpp"
+#include "tbvnonpara/companion/own/array_utility.hpp"
+#include "tbvnonpara/companion/own/contingency_analysis.hpp"
+#include "tbvnonpara/companion/own/data_check.hpp"
+#include "tbvnonpara/companion/own/report_formatter.hpp"
+
+namespace TBVNonPara {
+
+CompanionLibrary ownCompanions(ObjectRef<WorksheetHost> application) {
+    CompanionLibrary companions;
+    companions.application = application;
+    companions.createArrayUtility = createArrayUtility;
+    companions.createDataCheck = createDataCheck;
+    companions.createReportFormatter = createReportFormatter;
+    companions.createReportStyle = createReportStyle;
+    companions.createContingencyAnalysis = [application = std::move(application)] {
+        return createContingencyAnalysis(application);
+    };
+    return companions;
+}
+
+}  // namespace TBVNonPara

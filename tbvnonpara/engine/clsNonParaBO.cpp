@@ -1,0 +1,161 @@
+#include "tbvnonpara/engine/clsNonParaBO.hpp"
+
+#include <utility>
+
+#include "tbvnonpara/engine/distributions.hpp"
+
+namespace TBVNonPara {
+
+namespace {
+
+template <typename Field>
+void change(Field& field, Field value, std::string_view procedure) try {
+    field = std::move(value);
+} catch (...) {
+    passOnAs(procedure);
+}
+
+template <typename Field>
+Field read(const Field& field, std::string_view procedure) try {
+    return field;
+} catch (...) {
+    passOnAs(procedure);
+}
+
+/// A grid as it is, a list as one column; anything that is not an array is a list of one element.
+ValueGrid asGrid(EngineInput values, const ObjectRef<ArrayUtility>& utility) {
+    if (auto* grid = std::get_if<ValueGrid>(&values); grid != nullptr && grid->allocated()) {
+        return std::move(*grid);
+    }
+    if (const auto* list = std::get_if<Array<CellValue>>(&values); list != nullptr && list->allocated()) {
+        return utility->MakeTwoDimensional(*list);
+    }
+    const auto* single = std::get_if<CellValue>(&values);
+    return utility->MakeTwoDimensional(Array<CellValue>(1, single != nullptr ? *single : CellValue()));
+}
+
+void changeInput(ValueGrid& field, EngineInput values, const ObjectRef<ArrayUtility>& utility,
+                 std::string_view procedure) try {
+    field = asGrid(std::move(values), utility);
+} catch (...) {
+    passOnAs(procedure);
+}
+
+}  // namespace
+
+clsNonParaBO::clsNonParaBO(CompanionLibrary companions) try : m_Companions(std::move(companions)) {
+    m_Utility = m_Companions.createArrayUtility();
+} catch (...) {
+    passOn("clsNonParaBO.Initialise");
+}
+
+clsNonParaBO::~clsNonParaBO() {
+    m_ContingencyResults.release();
+    m_Utility.release();
+}
+
+void clsNonParaBO::LetDescriptives(bool descriptives) {
+    change(m_Descriptives, descriptives, "clsNonParaBO.LetDescriptives");
+}
+
+void clsNonParaBO::LetIgnoreTies(bool ignoreTies) {
+    change(m_IgnoreTies, ignoreTies, "clsNonParaBO.LetIgnoreTies");
+}
+
+void clsNonParaBO::LetYs(EngineInput values) {
+    changeInput(m_Ys, std::move(values), m_Utility, "clsNonParaBO.LetYs");
+}
+
+void clsNonParaBO::Letxs(EngineInput values) {
+    changeInput(m_Xs, std::move(values), m_Utility, "clsNonParaBO.Letxs");
+}
+
+// clang-format off
+void clsNonParaBO::LetTails(TBVNPTails tails)    { change(m_Tails, tails, "clsNonParaBO.LetTails"); }
+void clsNonParaBO::LetMethod(TBVNPMethod method) { change(m_Method, method, "clsNonParaBO.LetMethod"); }
+
+double clsNonParaBO::GetU() const           { return read(m_Statistic, "clsNonParaBO.GetU"); }
+double clsNonParaBO::GetWilcoxonT() const   { return read(m_Statistic, "clsNonParaBO.GetWilcoxonT"); }
+double clsNonParaBO::GetZ() const           { return read(m_Statistic, "clsNonParaBO.GetZ"); }
+double clsNonParaBO::GetChiSq() const       { return read(m_Statistic, "clsNonParaBO.GetChiSq"); }
+double clsNonParaBO::GetP() const           { return read(m_P, "clsNonParaBO.GetP"); }
+double clsNonParaBO::GetAlternateP() const  { return read(m_AlternateP, "clsNonParaBO.GetAlternateP"); }
+double clsNonParaBO::GetGrandMedian() const { return read(m_GrandMedian, "clsNonParaBO.GetGrandMedian"); }
+Long   clsNonParaBO::GetNumRuns() const     { return read(m_NumRuns, "clsNonParaBO.GetNumRuns"); }
+double clsNonParaBO::ExpectedRuns() const   { return read(m_ExpectedRuns, "clsNonParaBO.ExpectedRuns"); }
+bool   clsNonParaBO::GetUseApprox() const   { return read(m_UseApprox, "clsNonParaBO.GetUseApprox"); }
+
+Array<Long>   clsNonParaBO::GetDF() const       { return read(m_DF, "clsNonParaBO.GetDF"); }
+Grid<double>  clsNonParaBO::GetData() const     { return read(m_Data, "clsNonParaBO.GetData"); }
+Grid<double>  clsNonParaBO::GetRanks() const    { return read(m_Ranks, "clsNonParaBO.GetRanks"); }
+Array<double> clsNonParaBO::GetSumsRaw() const  { return read(m_SumsRaw, "clsNonParaBO.GetSumsRaw"); }
+Array<Long>   clsNonParaBO::GetNsRaw() const    { return read(m_NsRaw, "clsNonParaBO.GetNsRaw"); }
+Array<double> clsNonParaBO::GetSumsRank() const { return read(m_SumsRank, "clsNonParaBO.GetSumsRank"); }
+Array<Long>   clsNonParaBO::GetNsRank() const   { return read(m_NsRank, "clsNonParaBO.GetNsRank"); }
+OtherResults  clsNonParaBO::GetOther() const    { return read(m_Other, "clsNonParaBO.GetOther"); }
+// clang-format on
+
+double clsNonParaBO::GetAlternateStat() const {
+    return read(m_AlternateStat, "clsNonParaBO.GetAlternateStat");
+}
+
+Array<Long> clsNonParaBO::GetAlternateDF() const {
+    return read(m_AlternateDF, "clsNonParaBO.GetAlternateDF");
+}
+
+Array<double> clsNonParaBO::GetMediansRaw() const {
+    return read(m_MediansRaw, "clsNonParaBO.GetMediansRaw");
+}
+
+Array<double> clsNonParaBO::GetMediansRank() const {
+    return read(m_MediansRank, "clsNonParaBO.GetMediansRank");
+}
+
+ObjectRef<ContingencyAnalysis> clsNonParaBO::GetContingencyResults() const {
+    return read(m_ContingencyResults, "clsNonParaBO.GetContingencyResults");
+}
+
+// An error leaves through the handler of the test it arose in.
+void clsNonParaBO::Analyse() {
+    switch (m_Method) {
+        case tbvNPMannU:
+            return AnalyseMannWhitney();
+        case tbvNPWilcoxon:
+            return AnalyseWilcoxon();
+        case tbvNPSpearman:
+            return AnalyseSpearman();
+        case tbvNPSign:
+            return AnalyseSign();
+        case tbvNPMedian:
+            return AnalyseMedian();
+        case tbvNPFriedman:
+            return AnalyseFriedman();
+        case tbvNPKWallis:
+            return AnalyseKWallis();
+        case tbvNPWWRuns:
+            return AnalyseWWRuns();
+    }
+}
+
+double clsNonParaBO::WilcoxonTDist(const DataTable& table, double T, bool oneTailed) const {
+    return TBVNonPara::WilcoxonTDist(table, T, oneTailed);
+}
+
+double clsNonParaBO::WilcoxonZApprox(const DataTable& table, double T, bool oneTailed, double& Z) const {
+    return TBVNonPara::WilcoxonZApprox(table, T, oneTailed, Z, m_Companions.application);
+}
+
+void clsNonParaBO::store(GroupSummaries summaries) {
+    m_MediansRaw = std::move(summaries.raw.medians);
+    m_SumsRaw = std::move(summaries.raw.sums);
+    m_NsRaw = std::move(summaries.raw.ns);
+    m_MediansRank = std::move(summaries.rank.medians);
+    m_SumsRank = std::move(summaries.rank.sums);
+    m_NsRank = std::move(summaries.rank.ns);
+}
+
+const WorksheetFunction& clsNonParaBO::functions() const {
+    return m_Companions.application->GetWorksheetFunction();
+}
+
+}  // namespace TBVNonPara

@@ -1,0 +1,66 @@
+#include <cmath>
+#include <utility>
+
+#include "tbvnonpara/core/arithmetic.hpp"
+#include "tbvnonpara/engine/clsNonParaBO.hpp"
+#include "tbvnonpara/engine/k_samples.hpp"
+#include "tbvnonpara/engine/pooled_groups.hpp"
+#include "tbvnonpara/engine/ranking.hpp"
+
+namespace TBVNonPara {
+
+namespace {
+
+/// The sum of R^2 / n over the groups. A group without observations faults.
+double sumOfRankSquares(const Array<double>& rankSums, const Array<Long>& counts) {
+    double S = 0;
+    for (Long g = 1; g <= counts.size(); ++g) {
+        S = checked(S + divide(std::pow(rankSums(g), 2), toDouble(counts(g))));
+    }
+    return S;
+}
+
+double kruskalWallisH(double S, Long N) {
+    return checked(divide(12.0 * S, toDouble(N) * toDouble(N + 1)) - toDouble(3 * (N + 1)));
+}
+
+/// 1 without ties, 0 when all values are equal.
+double tieCorrection(const TieCounts& tieCounts, Long N) {
+    double T = 0;
+    for (const Long t : tieCounts.elements()) {
+        T = (T + cubed(t)) - toDouble(t);
+    }
+    return checked(1 - divide(T, cubed(N) - toDouble(N)));
+}
+
+}  // namespace
+
+void clsNonParaBO::AnalyseKWallis() try {
+    const Long k = m_Ys.columns();
+
+    PooledGroups groups = poolGroups(m_Ys);
+    const Long N = groups.values.size();
+    Array<double> ranks(N);
+    const TieCounts tieCounts = RankValues(groups.values.elements(), ranks.elements(), *m_Utility, false);
+
+    m_Data = spreadOverGroups(std::exchange(groups.values, {}), groups.counts, m_Ys.rows());
+    m_Ranks = spreadOverGroups(std::exchange(ranks, {}), groups.counts, m_Ys.rows());
+    store(SummariseGroups(m_Data, m_Ranks, *m_Utility, groups.counts));
+
+    const double S = sumOfRankSquares(m_SumsRank, groups.counts);
+    const double H = kruskalWallisH(S, N);
+    m_Statistic = divide(H, tieCorrection(tieCounts, N));
+    m_DF = {k - 1};
+    m_P = functions().ChiDist(m_Statistic, m_DF(1));
+
+    // F of the statistic that is corrected for ties; Friedman's F takes the uncorrected one. Its second
+    // degrees of freedom are one below the usual N - k. Clients know both.
+    const double ChiSq = m_Statistic;
+    m_AlternateStat = divide(toDouble(N - k) * ChiSq, (toDouble(N) - ChiSq - 1) * toDouble(k - 1));
+    m_AlternateDF = {k - 1, N - k - 1};
+    m_AlternateP = functions().FDist(m_AlternateStat, m_AlternateDF(1), m_AlternateDF(2));
+} catch (...) {
+    passOn("clsNonParaBO.AnalyseKWallis");
+}
+
+}  // namespace TBVNonPara

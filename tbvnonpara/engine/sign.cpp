@@ -1,0 +1,112 @@
+#include <cmath>
+
+#include "tbvnonpara/engine/clsNonParaBO.hpp"
+#include "tbvnonpara/engine/distributions.hpp"
+
+namespace TBVNonPara {
+
+namespace {
+
+struct SignCounts {
+    Long positive;
+    Long negative;
+
+    void count(bool isPositive, bool isNegative) {
+        positive += isPositive ? 1 : 0;
+        negative += isNegative ? 1 : 0;
+    }
+};
+
+/// Whether the text of a number begins like that of a sign: it is within 15 digits of 1 or -1.
+bool mayReadAsSign(double number) noexcept {
+    return std::abs(std::abs(number) - 1) <= 1e-6;
+}
+
+/// The signs 1 and -1 of one variable, by the text of the cell: a number within 15 digits of 1 is 1.
+SignCounts countCodes(const ValueGrid& codes) {
+    SignCounts signs;
+    for (Long i = 1; i <= codes.rows(); ++i) {
+        const CellValue& code = codes(i, 1);
+        const auto* number = std::get_if<double>(&code);
+        if (number == nullptr || (std::abs(*number) != 1 && mayReadAsSign(*number))) {
+            const std::string text = toText(code);
+            signs.count(text == "1", text == "-1");
+        } else {
+            signs.count(*number == 1, *number == -1);
+        }
+    }
+    return signs;
+}
+
+/// The signs of the differences of two variables.
+SignCounts countDifferences(const ValueGrid& first, const ValueGrid& second) {
+    SignCounts signs;
+    for (Long i = 1; i <= first.rows(); ++i) {
+        const double a = toDouble(first(i, 1));
+        const double b = toDouble(second(i, 1));
+        signs.count(a > b, a < b);
+    }
+    return signs;
+}
+
+/// The probability of at least `first` of N signs, for `first` of at least N / 2.
+DoubleDouble upperTail(Long N, Long first) {
+    constexpr double negligible = 0x1p-60;
+    DoubleDouble power =
+        FactorialLog(N) - FactorialLog(first) - FactorialLog(N - first) - logarithm(2) * toDouble(N);
+    DoubleDouble sum;
+    for (Long k = first; k <= N; ++k) {
+        const double term = exponential(power);
+        sum += term;
+        // The terms descend: all that follow are less than this one.
+        if (term * toDouble(N - k) <= sum.high * negligible) {
+            break;
+        }
+        power = power + logarithm(N - k) - logarithm(k + 1);
+    }
+    return sum;
+}
+
+/// S and 1 - S. Neither is computed from the rounded other, which would lose the digits of a small one.
+struct BinomialTail {
+    double S = 0;
+    double complement = 0;
+};
+
+/// S is the probability of at least as many positive signs, or, when the negative ones prevail, of at least
+/// one more. Both branches are one term apart; the two-tailed value depends on it.
+BinomialTail binomialTail(const SignCounts& signs) {
+    const Long N = signs.positive + signs.negative;
+    const DoubleDouble tail = upperTail(N, std::max(signs.positive, signs.negative));
+    const double rest = toDouble(DoubleDouble(1) - tail);
+    if (signs.negative <= signs.positive) {
+        return {toDouble(tail), rest};
+    }
+    return {rest, toDouble(tail)};
+}
+
+double probability(const BinomialTail& tail, TBVNPTails tails) noexcept {
+    switch (tails) {
+        case tbvNPVar1GTVar2:
+            return tail.S;
+        case tbvNPVar1LTVar2:
+            return tail.complement;
+        case tbvNPTwoTailed:
+            return tail.S <= 0.5 ? 2 * tail.S : 2 * tail.complement;
+    }
+    return 0;
+}
+
+}  // namespace
+
+void clsNonParaBO::AnalyseSign() try {
+    const Long n = m_Ys.rows();
+    const SignCounts signs = isEmpty(m_Xs(1, 1)) ? countCodes(m_Ys) : countDifferences(m_Ys, m_Xs);
+    const Long neither = n - signs.positive - signs.negative;
+    m_Other = Array<Long>{signs.positive, neither, signs.negative};
+    m_P = probability(binomialTail(signs), m_Tails);
+} catch (...) {
+    passOn("clsNonParaBO.AnalyseSign");
+}
+
+}  // namespace TBVNonPara

@@ -1,0 +1,128 @@
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <utility>
+
+#include "tbvnonpara/engine/clsNonParaBO.hpp"
+#include "tbvnonpara/engine/distributions.hpp"
+#include "tbvnonpara/engine/paired_differences.hpp"
+#include "tbvnonpara/engine/ranking.hpp"
+
+namespace TBVNonPara {
+
+namespace {
+
+constexpr Long lastExact = 50;
+
+/// The group of a difference by its sign.
+int signCode(double difference) noexcept {
+    if (difference > 0) {
+        return Positive;
+    }
+    return difference < 0 ? Negative : Zero;
+}
+
+/// The ranks of the differences in entry order, 0 for one that is left out, and their ties.
+struct RankedPairs {
+    Array<double> ranks;
+    TieCounts tieCounts;
+};
+
+RankedPairs rankPairs(const Array<double>& differences, bool ignoreZeros, const ArrayUtility& utility) {
+    Array<double> sizes = differences;
+    std::ranges::transform(sizes.elements(), sizes.elements().begin(), [](double d) { return std::abs(d); });
+    Array<double> ranks(sizes.size());
+    TieCounts tieCounts = RankValues(sizes.elements(), ranks.elements(), utility, ignoreZeros);
+    return {std::move(ranks), std::move(tieCounts)};
+}
+
+/// The rank sum whose small values speak for the alternative.
+double chooseT(const RankSums& T, TBVNPTails tails) noexcept {
+    switch (tails) {
+        case tbvNPVar1GTVar2:
+            return T.second;
+        case tbvNPVar1LTVar2:
+            return T.first;
+        default:
+            return std::min(T.first, T.second);
+    }
+}
+
+void copyPairs(const ValueGrid& first, const ValueGrid& second, Grid<double>& data) {
+    const Long n = first.rows();
+    data = Grid<double>(n, 2);
+    for (Long i = 1; i <= n; ++i) {
+        data(i, 1) = toDouble(first(i, 1));
+        data(i, 2) = toDouble(second(i, 1));
+    }
+}
+
+/// The ranks of the positive, the negative and the zero differences of n pairs.
+std::array<Array<double>, 3> ranksBySign(const Array<double>& differences, const Array<double>& ranks,
+                                         Long n) {
+    const auto signOf = [&](Long i) { return static_cast<std::size_t>(signCode(differences(i)) - 1); };
+    std::array<Long, 3> counts;
+    // A pair with a blank makes the lists shorter than n, and reading them fails: pairs must be complete.
+    for (Long i = 1; i <= n; ++i) {
+        ++counts[signOf(i)];
+    }
+    std::array<Array<double>, 3> bySign{Array<double>(counts[0]), Array<double>(counts[1]),
+                                        Array<double>(counts[2])};
+    counts = {};
+    for (Long i = 1; i <= n; ++i) {
+        const std::size_t sign = signOf(i);
+        bySign[sign](++counts[sign]) = ranks(i);
+    }
+    return bySign;
+}
+
+/// Difference, rank and signed rank of each pair. Unlike the ranks, the differences shown are not rounded.
+Grid<double> signedRanks(const Array<double>& differences, const Array<double>& ranks,
+                         const Grid<double>& data) {
+    const Long n = data.rows();
+    Grid<double> shown(n, 3);
+    for (Long i = 1; i <= n; ++i) {
+        shown(i, 1) = data(i, 1) - data(i, 2);
+        shown(i, 2) = ranks(i);
+        shown(i, 3) = differences(i) < 0 ? -ranks(i) : ranks(i);
+    }
+    return shown;
+}
+
+}  // namespace
+
+void clsNonParaBO::AnalyseWilcoxon() try {
+    const Long n = m_Ys.rows();
+    const Array<double> differences = PairedDifferences(m_Ys, m_Xs);
+    const auto [ranks, tieCounts] = rankPairs(differences, m_IgnoreTies, *m_Utility);
+    RankSums sums;
+    SumRanksByGroup(
+        ranks, [&](Index i) { return signCode(differences(i)); }, sums);
+    const double T = chooseT(sums, m_Tails);
+
+    copyPairs(m_Ys, m_Xs, m_Data);
+    GroupSummary ofRanks = SummariseLists(ranksBySign(differences, ranks, n), *m_Utility);
+    store({SummariseColumns(m_Data, *m_Utility), std::move(ofRanks)});
+    m_Ranks = signedRanks(differences, ranks, m_Data);
+
+    const bool oneTailed = m_Tails != tbvNPTwoTailed;
+    if (differences.size() <= lastExact) {
+        m_P = TBVNonPara::WilcoxonTDist(ranks.elements(), T, oneTailed);
+        m_Statistic = T;
+    } else {
+        m_UseApprox = true;
+        const Long signs = sums.firstCount + sums.secondCount;
+        const Long rankedZeros = m_IgnoreTies ? Long(0) : differences.size() - signs;
+        const RankedDifferences ranked{toDouble(signs + rankedZeros), toDouble(rankedZeros),
+                                       tieSum(tieCounts)};
+        m_P = TBVNonPara::WilcoxonZApprox(ranked, T, oneTailed, m_Statistic, m_Companions.application);
+        m_AlternateStat = m_Statistic;
+        m_AlternateP = m_P;
+    }
+    m_DF = {m_IgnoreTies ? sums.firstCount + sums.secondCount : n};
+    m_AlternateDF = m_DF;
+} catch (...) {
+    passOn("clsNonParaBO.AnalyseWilcoxon");
+}
+
+}  // namespace TBVNonPara

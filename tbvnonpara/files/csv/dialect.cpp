@@ -1,0 +1,120 @@
+#include "tbvnonpara/files/csv/dialect.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <map>
+#include <vector>
+
+namespace TBVNonPara::workbook {
+
+namespace {
+
+constexpr std::string_view candidates = "\t;|,";
+constexpr std::size_t comma = 3;
+constexpr std::size_t longestSample = 65'536;
+constexpr std::size_t mostRecords = 500;
+
+/// How often each candidate stands outside quotes in one record.
+using Counts = std::array<int, candidates.size()>;
+
+constexpr bool isDigit(char c) noexcept {
+    return c >= '0' && c <= '9';
+}
+
+/// Walks the sample once.
+class Sample {
+ public:
+    explicit Sample(std::string_view text) : m_Text(text.substr(0, longestSample)) {
+        for (std::size_t i = 0; i < m_Text.size() && m_Records.size() < mostRecords; ++i) {
+            look(i);
+        }
+        // A record that the sample's end cuts is no evidence, unless it is all there is.
+        if (text.size() <= longestSample || m_Records.empty()) {
+            endRecord();
+        }
+    }
+
+    /// The share of records that have the most frequent number of this delimiter, if they have any.
+    [[nodiscard]] double share(std::size_t candidate) const {
+        std::map<int, int> frequencies;
+        for (const Counts& counts : m_Records) {
+            if (counts[candidate] > 0) {
+                frequencies[counts[candidate]] += 1;
+            }
+        }
+        int most = 0;
+        for (const auto& [count, records] : frequencies) {
+            most = std::max(most, records);
+        }
+        return m_Records.empty() ? 0 : static_cast<double>(most) / static_cast<double>(m_Records.size());
+    }
+
+    /// One column of numbers with decimal commas under a heading without one.
+    [[nodiscard]] bool commasAreDecimal() const {
+        return m_CommasBetweenDigits && !m_Records.empty() && m_Records.front()[comma] == 0 &&
+               std::ranges::all_of(m_Records, [](const Counts& counts) { return counts[comma] <= 1; });
+    }
+
+ private:
+    void look(std::size_t i) {
+        const char c = m_Text[i];
+        if (m_Quoted) {
+            m_Quoted = c != '"';
+            return;
+        }
+        if (c == '\n' || c == '\r') {
+            endRecord();
+            return;
+        }
+        const std::size_t candidate = candidates.find(c);
+        if (candidate != std::string_view::npos) {
+            m_Counts[candidate] += 1;
+            m_CommasBetweenDigits = m_CommasBetweenDigits && (candidate != comma || betweenDigits(i));
+        }
+        // A doubled quote inside a quoted field closes and opens it again, which changes nothing here.
+        m_Quoted = c == '"' && (m_Blank || m_MayOpen);
+        m_MayOpen = candidate != std::string_view::npos || c == '"';
+        m_Blank = false;
+    }
+
+    [[nodiscard]] bool betweenDigits(std::size_t i) const {
+        return i > 0 && isDigit(m_Text[i - 1]) && i + 1 < m_Text.size() && isDigit(m_Text[i + 1]);
+    }
+
+    void endRecord() {
+        if (!m_Blank) {
+            m_Records.push_back(m_Counts);
+        }
+        m_Counts = {};
+        m_Blank = true;
+        m_MayOpen = false;
+    }
+
+    std::string_view m_Text;
+    std::vector<Counts> m_Records;
+    Counts m_Counts{};
+    bool m_Blank = true;
+    bool m_MayOpen = false;
+    bool m_Quoted = false;
+    bool m_CommasBetweenDigits = true;
+};
+
+}  // namespace
+
+char sniffDelimiter(std::string_view text) {
+    const Sample sample(text);
+    const bool decimalCommas = sample.commasAreDecimal();
+    char best = ';';
+    double bestShare = 0;
+    for (std::size_t candidate = 0; candidate < candidates.size(); ++candidate) {
+        const double share = candidate == comma && decimalCommas ? 0 : sample.share(candidate);
+        if (share > bestShare) {
+            best = candidates[candidate];
+            bestShare = share;
+        }
+    }
+    return best;
+}
+
+}  // namespace TBVNonPara::workbook

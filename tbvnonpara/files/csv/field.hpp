@@ -1,0 +1,34 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "tbvnonpara/core/cell_value.hpp"
+
+namespace TBVNonPara::workbook {
+
+/// Turns the fields of a file into values. It remembers the decimal mark once a field has settled it, and
+/// shares equal texts.
+class CsvFieldReader {
+ public:
+    explicit CsvFieldReader(std::optional<char> decimalMark) : m_DecimalMark(decimalMark) {}
+
+    [[nodiscard]] CellValue plain(std::string_view field);
+    [[nodiscard]] CellValue quoted(std::string_view field);
+
+    [[nodiscard]] char decimalMark() const noexcept { return m_DecimalMark.value_or('.'); }
+
+ private:
+    std::optional<double> number(std::string_view field);
+    std::optional<double> numberWithComma(std::string_view field);
+    Text text(std::string_view field);
+
+    std::optional<char> m_DecimalMark;
+    /// The keys are the texts' own characters.
+    std::unordered_map<std::string_view, Text> m_Texts;
+    std::string m_Digits;
+};
+
+}  // namespace TBVNonPara::workbook

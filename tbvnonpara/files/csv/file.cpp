@@ -1,0 +1,89 @@
+#include "tbvnonpara/files/csv/file.hpp"
+
+#include <cerrno>
+#include <fstream>
+#include <system_error>
+#include <utility>
+
+#include "tbvnonpara/core/unicode.hpp"
+#include "tbvnonpara/workbook/host_error.hpp"
+
+namespace TBVNonPara::workbook {
+
+namespace {
+
+/// A path as text for messages and names, whatever its bytes are.
+std::string shown(const std::filesystem::path& path) {
+    const std::u8string text = path.u8string();
+    std::string bytes(text.begin(), text.end());
+    while (const auto invalid = firstInvalidUtf8(bytes)) {
+        bytes[*invalid] = '_';
+    }
+    return bytes;
+}
+
+[[noreturn]] void cannotRead(const std::filesystem::path& path, const std::string& reason) {
+    refuse("The file \"" + shown(path) + "\" cannot be read: " + reason + '.');
+}
+
+}  // namespace
+
+std::string readStream(std::istream& stream) {
+    constexpr std::size_t pieceSize = 1U << 20U;
+    std::string all;
+    while (stream) {
+        const std::size_t before = all.size();
+        all.resize(before + pieceSize);
+        stream.read(all.data() + before, static_cast<std::streamsize>(pieceSize));
+        all.resize(before + static_cast<std::size_t>(stream.gcount()));
+    }
+    if (stream.bad()) {
+        refuse("The data could not be read to its end.");
+    }
+    return all;
+}
+
+std::string readFile(const std::filesystem::path& path) {
+    std::error_code failure;
+    if (std::filesystem::is_directory(path, failure)) {
+        cannotRead(path, "it is a folder");
+    }
+    errno = 0;
+    std::ifstream file(path, std::ios::binary);
+    if (!file) {
+        cannotRead(path, std::generic_category().message(errno));
+    }
+    // Pipes and devices have no size; what a file grows by meanwhile is read as well.
+    std::string all;
+    if (const auto size = std::filesystem::file_size(path, failure); !failure) {
+        all.resize(size);
+        file.read(all.data(), static_cast<std::streamsize>(size));
+        all.resize(static_cast<std::size_t>(file.gcount()));
+    }
+    if (file) {
+        all += readStream(file);
+    }
+    if (file.bad()) {
+        cannotRead(path, "it could not be read to its end");
+    }
+    return all;
+}
+
+std::shared_ptr<Sheet> openCsv(EmbeddedApplication& application, const std::filesystem::path& path,
+                               CsvOptions options) {
+    const std::string ending = foldCase(shown(path.extension()));
+    if (!options.delimiter && (ending == ".tsv" || ending == ".tab")) {
+        options.delimiter = '\t';
+    }
+    CsvData data = readCsv(readFile(path), options, shown(path.filename()));
+    return application.addSheet(application.activeBook()->freeSheetName(shown(path.stem())),
+                                std::move(data.cells));
+}
+
+std::shared_ptr<Sheet> openCsvText(EmbeddedApplication& application, std::string_view name,
+                                   std::string_view text, const CsvOptions& options) {
+    CsvData data = readCsv(text, options, name);
+    return application.addSheet(application.activeBook()->freeSheetName(name), std::move(data.cells));
+}
+
+}  // namespace TBVNonPara::workbook

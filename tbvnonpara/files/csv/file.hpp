@@ -1,0 +1,28 @@
+#pragma once
+
+#include <filesystem>
+#include <istream>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "tbvnonpara/files/csv/reader.hpp"
+#include "tbvnonpara/workbook/embedded_application.hpp"
+
+namespace TBVNonPara::workbook {
+
+/// Everything that a file or a stream holds. Raises the host's error, which says why, when it cannot be read.
+[[nodiscard]] std::string readFile(const std::filesystem::path& path);
+[[nodiscard]] std::string readStream(std::istream& stream);
+
+/// Reads a .csv or .tsv file into a new sheet of the active workbook. The sheet bears the file's name without
+/// its ending, as far as a sheet may have it; where the name is taken a number follows. The delimiter of a
+/// file ending in .tsv or .tab is the tab unless the options name another.
+std::shared_ptr<Sheet> openCsv(EmbeddedApplication& application, const std::filesystem::path& path,
+                               CsvOptions options = {});
+
+/// The same for text that is at hand, such as standard input, under a name of its own.
+std::shared_ptr<Sheet> openCsvText(EmbeddedApplication& application, std::string_view name,
+                                   std::string_view text, const CsvOptions& options = {});
+
+}  // namespace TBVNonPara::workbook

@@ -1,0 +1,210 @@
+#include "tbvnonpara/files/csv/reader.hpp"
+
+#include <algorithm>
+#include <utility>
+
+#include "tbvnonpara/core/unicode.hpp"
+#include "tbvnonpara/files/csv/dialect.hpp"
+#include "tbvnonpara/files/csv/field.hpp"
+#include "tbvnonpara/workbook/host_error.hpp"
+
+namespace TBVNonPara::workbook {
+
+namespace {
+
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
+/// The line that a position stands on, and the byte in that line, both from 1.
+struct TextPosition {
+    TextPosition(std::string_view text, std::size_t position) {
+        for (std::size_t i = 0; i < position; ++i) {
+            const bool lineEnd = text[i] == '\n' || (text[i] == '\r' && text.substr(i + 1, 1) != "\n");
+            line += lineEnd ? 1 : 0;
+            byte = lineEnd ? 1 : byte + 1;
+        }
+    }
+
+    std::size_t line = 1;
+    std::size_t byte = 1;
+};
+
+[[noreturn]] void complain(std::string_view source, std::size_t line, const std::string& problem) {
+    refuse(std::string(source) + ", line " + std::to_string(line) + ": " + problem);
+}
+
+[[noreturn]] void complainAt(std::string_view source, std::string_view text, std::size_t position,
+                             const std::string& problem) {
+    const TextPosition at(text, position);
+    refuse(std::string(source) + ", line " + std::to_string(at.line) + ", byte " + std::to_string(at.byte) +
+           ": " + problem);
+}
+
+void requireText(std::string_view text, std::string_view source) {
+    if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF")) {
+        refuse(std::string(source) + " is UTF-16 text; save it as UTF-8.");
+    }
+    if (const std::size_t nul = text.find('\0'); nul != std::string_view::npos) {
+        complainAt(source, text, nul, "a NUL byte; this is no text file.");
+    }
+    if (const auto invalid = firstInvalidUtf8(text)) {
+        complainAt(source, text, *invalid, "not valid UTF-8; save the file as UTF-8.");
+    }
+}
+
+bool isDelimiter(char c) noexcept {
+    return static_cast<unsigned char>(c) < 0x80U && c != '\0' && c != '"' && c != '\r' && c != '\n';
+}
+
+void requireDialect(const CsvOptions& options) {
+    if (options.delimiter && !isDelimiter(*options.delimiter)) {
+        refuse("Quotes, line ends and characters beyond ASCII cannot stand between fields.");
+    }
+    if (options.decimalMark && *options.decimalMark != '.' && *options.decimalMark != ',') {
+        refuse("The decimal mark must be a point or a comma.");
+    }
+    if (options.decimalMark && options.delimiter == options.decimalMark) {
+        refuse("The same character cannot stand between fields and mark decimals.");
+    }
+}
+
+/// Which character stands between fields when it was not said: with decimal commas it is no comma.
+char delimiterFor(std::string_view text, const CsvOptions& options) {
+    const char delimiter = options.delimiter.value_or(sniffDelimiter(text));
+    return delimiter == ',' && options.decimalMark == ',' ? ';' : delimiter;
+}
+
+std::optional<char> decimalMarkFor(char delimiter, const CsvOptions& options) {
+    return options.decimalMark || delimiter != ',' ? options.decimalMark : '.';
+}
+
+/// Walks through the text, field by field.
+class CsvParser {
+ public:
+    CsvParser(std::string_view text, char delimiter, std::optional<char> decimalMark, std::string_view source)
+        : m_Text(text), m_Delimiter(delimiter), m_Fields(decimalMark), m_Source(source) {}
+
+    [[nodiscard]] CsvData read() {
+        while (m_At < m_Text.size()) {
+            readRecord();
+        }
+        return {std::move(m_Cells), m_Delimiter, m_Fields.decimalMark()};
+    }
+
+ private:
+    void readRecord() {
+        m_Row += 1;
+        m_Column = 0;
+        do {
+            m_Column += 1;
+            if (m_At < m_Text.size() && m_Text[m_At] == '"') {
+                store(quotedField());
+            } else {
+                store(m_Fields.plain(takePlain()));
+            }
+        } while (takeDelimiter());
+        takeLineEnd();
+    }
+
+    [[nodiscard]] bool endsField(char c) const noexcept { return c == m_Delimiter || c == '\n' || c == '\r'; }
+
+    std::string_view takePlain() {
+        const std::size_t start = m_At;
+        while (m_At < m_Text.size() && !endsField(m_Text[m_At])) {
+            m_At += 1;
+        }
+        return m_Text.substr(start, m_At - start);
+    }
+
+    CellValue quotedField() {
+        const std::size_t opening = m_At;
+        m_At += 1;
+        const std::size_t close = m_Text.find('"', m_At);
+        if (close != std::string_view::npos && (close + 1 == m_Text.size() || endsField(m_Text[close + 1]))) {
+            const std::string_view field = m_Text.substr(m_At, close - m_At);
+            countLines(field);
+            m_At = close + 1;
+            return m_Fields.quoted(field);
+        }
+        return m_Fields.quoted(unescaped(opening));
+    }
+
+    /// The slow way: doubled quotes, and characters behind the closing quote, which belong to the text.
+    std::string unescaped(std::size_t opening) {
+        std::string field;
+        while (true) {
+            const std::size_t quote = m_Text.find('"', m_At);
+            if (quote == std::string_view::npos) {
+                complainAt(m_Source, m_Text, opening,
+                           "the quote that opens here is never closed; close it or double it.");
+            }
+            field += m_Text.substr(m_At, quote - m_At);
+            m_At = quote + 1;
+            if (m_At >= m_Text.size() || m_Text[m_At] != '"') {
+                break;
+            }
+            field += '"';
+            m_At += 1;
+        }
+        countLines(field);
+        field += takePlain();
+        return field;
+    }
+
+    void countLines(std::string_view field) {
+        for (std::size_t i = 0; i < field.size(); ++i) {
+            m_Line += field[i] == '\n' || (field[i] == '\r' && field.substr(i + 1, 1) != "\n") ? 1 : 0;
+        }
+    }
+
+    bool takeDelimiter() {
+        const bool there = m_At < m_Text.size() && m_Text[m_At] == m_Delimiter;
+        m_At += there ? 1 : 0;
+        return there;
+    }
+
+    void takeLineEnd() {
+        if (m_At < m_Text.size()) {
+            const bool both = m_Text[m_At] == '\r' && m_Text.substr(m_At + 1, 1) == "\n";
+            m_At += both ? 2 : 1;
+            m_Line += 1;
+        }
+    }
+
+    void store(CellValue value) {
+        if (isEmpty(value)) {
+            return;
+        }
+        if (m_Row > sheetRows) {
+            complain(m_Source, m_Line, "more rows than the 1048576 of a sheet; split the file.");
+        }
+        if (m_Column > sheetColumns) {
+            complain(m_Source, m_Line,
+                     "more columns than the 16384 of a sheet; is another character between the fields?");
+        }
+        m_Cells.set(m_Row, m_Column, std::move(value));
+    }
+
+    std::string_view m_Text;
+    char m_Delimiter;
+    CsvFieldReader m_Fields;
+    std::string_view m_Source;
+    std::size_t m_At = 0;
+    std::size_t m_Line = 1;
+    Index m_Row = 0;
+    Index m_Column = 0;
+    CellStore m_Cells;
+};
+
+}  // namespace
+
+CsvData readCsv(std::string_view text, const CsvOptions& options, std::string_view source) {
+    requireDialect(options);
+    requireText(text, source);
+    if (text.starts_with(byteOrderMark)) {
+        text.remove_prefix(byteOrderMark.size());
+    }
+    const char delimiter = delimiterFor(text, options);
+    return CsvParser(text, delimiter, decimalMarkFor(delimiter, options), source).read();
+}
+
+}  // namespace TBVNonPara::workbook

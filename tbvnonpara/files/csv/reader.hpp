@@ -1,0 +1,39 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "tbvnonpara/workbook/cell_store.hpp"
+
+namespace TBVNonPara::workbook {
+
+/// What is left out is found out from the text.
+struct CsvOptions {
+    std::optional<char> delimiter = std::nullopt;
+    std::optional<char> decimalMark = std::nullopt;  ///< '.' or ','
+};
+
+struct CsvData {
+    CellStore cells;
+    char delimiter = ',';
+    char decimalMark = '.';
+};
+
+/// Reads delimited text (UTF-8, with or without a byte order mark; lines end with LF, CRLF or CR) into cells,
+/// every line a row, blank ones too.
+///
+/// A field is a number when all of it reads as one (exactly rounded; blanks around it allowed), TRUE or FALSE
+/// in any case a Boolean, "#N/A" and its like an error value, nothing an empty cell, anything else a text as
+/// it stands. A field in quotes may hold delimiters, line ends and doubled quotes; it is a number as well,
+/// because many programs quote everything, unless it has leading zeros, and otherwise always a text.
+///
+/// The decimal mark is a point where the delimiter is a comma; elsewhere the first number that has a mark
+/// decides, and a number with the other mark stays a text.
+///
+/// Raises the host's error, which names `source` and the line, for text that is not UTF-8, a quote that is
+/// not closed, and values beyond the size of a sheet.
+[[nodiscard]] CsvData readCsv(std::string_view text, const CsvOptions& options = {},
+                              std::string_view source = "the data");
+
+}  // namespace TBVNonPara::workbook

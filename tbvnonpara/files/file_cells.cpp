@@ -1,0 +1,121 @@
+#include "tbvnonpara/files/file_cells.hpp"
+
+#include <utility>
+
+#include "tbvnonpara/workbook/host_error.hpp"
+
+namespace TBVNonPara::workbook {
+
+namespace {
+
+constexpr std::size_t mostCells = std::size_t(1) << 27U;
+constexpr std::size_t mostRepeatedCells = std::size_t(1) << 24U;
+constexpr std::size_t mostWaste = std::size_t(512) << 20U;
+
+/// A single cell can make a block of a column grow by this much, so memory is looked at once in so many
+/// cells.
+constexpr std::size_t largestGrowth = std::size_t(40) << 10U;
+constexpr std::size_t cellsBetweenChecks = (std::size_t(64) << 20U) / largestGrowth;
+
+constexpr std::size_t longestText = std::size_t(16) << 20U;
+constexpr std::size_t mostTextsShared = 1U << 16U;
+constexpr std::size_t longestTextShared = 64;
+
+void requireOnSheet(Index row, Index column) {
+    if (row < 1 || row > sheetRows) {
+        refuse("row " + std::to_string(row) + " lies outside a sheet, whose last row is 1048576");
+    }
+    if (column < 1 || column > sheetColumns) {
+        refuse("column " + std::to_string(column) +
+               " lies outside a sheet, whose last column is 16384 (XFD)");
+    }
+}
+
+}  // namespace
+
+void showVisibleSheet(FileContents& contents) noexcept {
+    const auto& sheets = contents.sheets;
+    if (contents.active < sheets.size() && !sheets[contents.active].hidden) {
+        return;
+    }
+    const auto visible = std::ranges::find(sheets, false, &FileSheet::hidden);
+    contents.active = visible == sheets.end() ? 0 : static_cast<std::size_t>(visible - sheets.begin());
+}
+
+void FileCells::begin(CellStore& cells) {
+    m_MemoryBefore += m_Cells == nullptr ? 0 : m_Cells->memory();
+    m_Cells = &cells;
+}
+
+void FileCells::set(Index row, Index column, CellValue value) {
+    if (isEmpty(value)) {
+        return;
+    }
+    if (row < 1 || row > sheetRows || column < 1 || column > sheetColumns) {
+        requireOnSheet(row, column);
+    }
+    count(1);
+    m_Cells->set(row, column, std::move(value));
+}
+
+void FileCells::fill(const Rectangle& area, const CellValue& value) {
+    if (isEmpty(value)) {
+        return;
+    }
+    requireOnSheet(area.top, area.left);
+    requireOnSheet(area.bottom, area.right);
+    const auto cells = static_cast<std::size_t>(area.cells());
+    m_Repeated += cells - 1;
+    if (m_Repeated > mostRepeatedCells) {
+        refuse("cells that stand for more than " + std::to_string(mostRepeatedCells) +
+               " filled cells; fill no more cells than there are data");
+    }
+    for (Index column = area.left; column <= area.right; ++column) {
+        count(static_cast<std::size_t>(area.rows()));
+        m_Cells->fill({area.top, column, area.bottom, column}, value);
+    }
+}
+
+void FileCells::count(std::size_t cells) {
+    m_Held += cells;
+    if (m_Held > mostCells) {
+        refuse("more than " + std::to_string(mostCells) + " cells with a value; split the file");
+    }
+    if (m_Held >= m_NextCheck) {
+        requireDensity();
+    }
+}
+
+void FileCells::requireDensity() {
+    const std::size_t memory = m_MemoryBefore + m_Cells->memory();
+    if (memory > mostWaste + 4 * sizeof(CellValue) * m_Held) {
+        refuse("cells scattered so widely that " + std::to_string(m_Held) + " of them would take " +
+               std::to_string(memory >> 20U) + " MiB; move the data together");
+    }
+    // Looking takes time in proportion to the memory.
+    m_NextCheck = m_Held + cellsBetweenChecks + memory / (std::size_t(16) << 10U);
+}
+
+void appendToText(std::string& text, std::string_view piece) {
+    if (text.size() + piece.size() > longestText) {
+        refuse("a text of more than 16 MiB in one cell");
+    }
+    text += piece;
+}
+
+Text SharedTexts::share(std::string_view text) {
+    if (text.size() > longestTextShared) {
+        return text;
+    }
+    const auto found = m_Texts.find(text);
+    if (found != m_Texts.end()) {
+        return found->second;
+    }
+    Text shared(text);
+    if (m_Texts.size() < mostTextsShared) {
+        m_Texts.emplace(shared.string(), shared);
+    }
+    return shared;
+}
+
+}  // namespace TBVNonPara::workbook

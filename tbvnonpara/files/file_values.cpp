@@ -1,0 +1,125 @@
+#include "tbvnonpara/files/file_values.hpp"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+
+namespace TBVNonPara::workbook {
+
+namespace {
+
+constexpr std::string_view xmlBlanks = " \t\r\n";
+
+struct ErrorName {
+    std::string_view text;
+    CellError error;
+};
+
+constexpr auto errorNames = std::to_array<ErrorName>({
+    {"#NULL!", CellError::Null},
+    {"#DIV/0!", CellError::DivisionByZero},
+    {"#VALUE!", CellError::Value},
+    {"#REF!", CellError::Reference},
+    {"#NAME?", CellError::Name},
+    {"#NUM!", CellError::Number},
+    {"#N/A", CellError::NotAvailable},
+    {"#GETTING_DATA", CellError::NotAvailable},
+    {"Err:503", CellError::Number},
+    {"Err:521", CellError::Null},
+    {"Err:524", CellError::Reference},
+    {"Err:525", CellError::Name},
+    {"Err:532", CellError::DivisionByZero},
+});
+
+/// A number out of the range of doubles: does its exponent lead down to nothing?
+bool isTiny(std::string_view digits) noexcept {
+    const std::size_t exponent = digits.find_first_of("eE");
+    if (exponent != std::string_view::npos) {
+        return digits.substr(exponent + 1, 1) == "-";
+    }
+    const std::size_t first = digits.find_first_of("123456789");
+    return digits.find('.') < first;
+}
+
+/// A number of a few digits, which every double holds exactly and which needs no rounding.
+std::optional<double> shortWhole(std::string_view text) noexcept {
+    constexpr std::size_t mostDigits = 15;
+    if (text.empty() || text.size() > mostDigits) {
+        return std::nullopt;
+    }
+    std::int64_t number = 0;
+    for (const char digit : text) {
+        if (digit < '0' || digit > '9') {
+            return std::nullopt;
+        }
+        number = number * 10 + (digit - '0');
+    }
+    return static_cast<double>(number);
+}
+
+}  // namespace
+
+std::string_view withoutXmlBlanks(std::string_view text) noexcept {
+    const std::size_t first = text.find_first_not_of(xmlBlanks);
+    if (first == std::string_view::npos) {
+        return {};
+    }
+    return text.substr(first, text.find_last_not_of(xmlBlanks) - first + 1);
+}
+
+std::optional<CellValue> numberInFile(std::string_view text) noexcept {
+    if (const auto whole = shortWhole(text)) {
+        return *whole;
+    }
+    std::string_view digits = withoutXmlBlanks(text);
+    if (digits.starts_with('+')) {
+        digits.remove_prefix(1);
+    }
+    const std::size_t sign = digits.starts_with('-') ? 1 : 0;
+    // Only digits: the words for infinity and for what is no number stand for no cell.
+    if (digits.substr(sign).find_first_of("0123456789.") != 0 || (sign == 1 && text.find('+') == 0)) {
+        return std::nullopt;
+    }
+    const char* const end = digits.data() + digits.size();
+    double number = 0;
+    const auto [stop, error] = std::from_chars(digits.data(), end, number);
+    if (stop != end || error == std::errc::invalid_argument) {
+        return std::nullopt;
+    }
+    if (error == std::errc::result_out_of_range || !std::isfinite(number)) {
+        return isTiny(digits) ? CellValue(0.0) : CellValue(CellError::Number);
+    }
+    return number;
+}
+
+std::optional<std::size_t> countInFile(std::string_view text) noexcept {
+    const std::string_view digits = withoutXmlBlanks(text);
+    std::size_t count = 0;
+    const auto [stop, error] = std::from_chars(digits.data(), digits.data() + digits.size(), count);
+    if (error != std::errc() || stop != digits.data() + digits.size()) {
+        return std::nullopt;
+    }
+    return count;
+}
+
+std::optional<CellError> errorInFile(std::string_view text) noexcept {
+    const auto* const found = std::ranges::find(errorNames, text, &ErrorName::text);
+    if (found != std::end(errorNames)) {
+        return found->error;
+    }
+    return text.starts_with("Err:") ? std::optional(CellError::Value) : std::nullopt;
+}
+
+std::optional<bool> truthInFile(std::string_view text) noexcept {
+    if (text == "1" || text == "true") {
+        return true;
+    }
+    if (text == "0" || text == "false") {
+        return false;
+    }
+    return std::nullopt;
+}
+
+}  // namespace TBVNonPara::workbook

@@ -1,0 +1,164 @@
+#include "tbvnonpara/files/reading/spreadsheet_file.hpp"
+
+#include <algorithm>
+#include <array>
+#include <fstream>
+#include <set>
+#include <utility>
+
+#include "tbvnonpara/core/error.hpp"
+#include "tbvnonpara/core/unicode.hpp"
+#include "tbvnonpara/files/container_kind.hpp"
+#include "tbvnonpara/files/csv/file.hpp"
+#include "tbvnonpara/files/ods/reader.hpp"
+#include "tbvnonpara/files/xlsx/reader.hpp"
+#include "tbvnonpara/workbook/host_error.hpp"
+
+namespace TBVNonPara::workbook {
+
+namespace {
+
+constexpr std::array<std::string_view, 9> workbookEndings = {".xlsx", ".xlsm", ".xltx", ".xltm",    ".xlsb",
+                                                             ".xls",  ".ods",  ".ots",  ".gnumeric"};
+
+std::string beginningOfFile(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::string beginning(enoughToTell, '\0');
+    file.read(beginning.data(), static_cast<std::streamsize>(beginning.size()));
+    beginning.resize(static_cast<std::size_t>(file.gcount()));
+    return beginning;
+}
+
+bool isReadAsContainer(std::string_view beginning) noexcept {
+    return isZip(beginning) || isCompoundDocument(beginning);
+}
+
+/// A character may be cut in two at the end of the beginning.
+bool looksLikeText(std::string_view beginning) noexcept {
+    constexpr std::size_t longestCharacter = 4;
+    const auto invalid = firstInvalidUtf8(beginning);
+    return beginning.find('\0') == std::string_view::npos &&
+           (!invalid || (beginning.size() == enoughToTell && *invalid + longestCharacter > beginning.size()));
+}
+
+[[noreturn]] void refuseBeginning(std::string_view beginning) {
+    if (beginning.empty()) {
+        refuse("it is empty");
+    }
+    if (const auto kind = foreignKind(beginning)) {
+        refuse(*kind);
+    }
+    refuse(looksLikeText(beginning) ? "it is text, no workbook; give it the ending .csv or .tsv"
+                                    : "it is no workbook and nothing else that is known");
+}
+
+FileContents readContainer(const Container& container) {
+    if (isXlsx(container)) {
+        return readXlsx(container);
+    }
+    if (isOds(container)) {
+        return readOds(container);
+    }
+    refuse(kindOfContainer(container));
+}
+
+void requireDifferentNames(const FileContents& contents) {
+    std::set<std::string> names;
+    for (const FileSheet& sheet : contents.sheets) {
+        if (!names.insert(foldCase(sheet.name)).second) {
+            refuse("two sheets have the name \"" + sheet.name + '"');
+        }
+    }
+}
+
+/// The file's name in front of what was wrong with it.
+template <typename Action>
+auto namingFile(std::string_view name, Action action) try {
+    return action();
+} catch (const Error& error) {
+    if (error.number() != hostErrorNumber) {
+        throw;
+    }
+    refuse("The file \"" + std::string(name) + "\" cannot be read: " + error.description() + '.');
+}
+
+std::string shown(const std::filesystem::path& path) {
+    std::string bytes = path.string();
+    while (const auto invalid = firstInvalidUtf8(bytes)) {
+        bytes[*invalid] = '_';
+    }
+    return bytes;
+}
+
+std::shared_ptr<Sheet> addSheets(EmbeddedApplication& application, FileContents contents) {
+    Book& book = *application.activeBook();
+    std::shared_ptr<Sheet> onTop;
+    for (std::size_t i = 0; i < contents.sheets.size(); ++i) {
+        FileSheet& read = contents.sheets[i];
+        const std::shared_ptr<Sheet> sheet = book.adoptSheet(read.name);
+        sheet->values() = std::move(read.cells);
+        if (i == contents.active) {
+            onTop = sheet;
+        }
+    }
+    onTop->Activate();
+    return onTop;
+}
+
+bool hasWorkbookEnding(const std::filesystem::path& path) {
+    return std::ranges::find(workbookEndings, foldCase(path.extension().string())) != workbookEndings.end();
+}
+
+FileContents checked(FileContents contents) {
+    if (contents.sheets.empty()) {
+        refuse("it holds no sheet with cells");
+    }
+    requireDifferentNames(contents);
+    return contents;
+}
+
+}  // namespace
+
+FileContents readSpreadsheetBytes(std::string_view bytes) {
+    if (isZip(bytes)) {
+        return checked(readContainer(Container(bytes)));
+    }
+    if (isCompoundDocument(bytes)) {
+        refuse(kindOfCompoundDocument(bytes));
+    }
+    refuseBeginning(bytes.substr(0, enoughToTell));
+}
+
+FileContents readSpreadsheet(const std::filesystem::path& path) {
+    const std::string beginning = beginningOfFile(path);
+    if (isZip(beginning)) {
+        return checked(readContainer(Container(path)));
+    }
+    return readSpreadsheetBytes(readFile(path));
+}
+
+std::shared_ptr<Sheet> openSpreadsheet(EmbeddedApplication& application, const std::filesystem::path& path) {
+    return addSheets(application, namingFile(shown(path), [&] { return readSpreadsheet(path); }));
+}
+
+std::shared_ptr<Sheet> openDataFile(EmbeddedApplication& application, const std::filesystem::path& path,
+                                    const CsvOptions& options) {
+    std::error_code failure;
+    if (!std::filesystem::is_regular_file(path, failure)) {
+        return openCsv(application, path, options);
+    }
+    const std::string beginning = beginningOfFile(path);
+    const bool workbook = isReadAsContainer(beginning) || hasWorkbookEnding(path) ||
+                          (!looksLikeText(beginning) && foreignKind(beginning));
+    return workbook ? openSpreadsheet(application, path) : openCsv(application, path, options);
+}
+
+std::shared_ptr<Sheet> openData(EmbeddedApplication& application, std::string_view name,
+                                std::string_view bytes, const CsvOptions& options) {
+    if (!isReadAsContainer(bytes)) {
+        return openCsvText(application, name, bytes, options);
+    }
+    return addSheets(application, namingFile(name, [&] { return readSpreadsheetBytes(bytes); }));
+}
+
+}  // namespace TBVNonPara::workbook

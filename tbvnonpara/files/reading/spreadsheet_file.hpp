@@ -1,0 +1,30 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string_view>
+
+#include "tbvnonpara/files/csv/reader.hpp"
+#include "tbvnonpara/files/file_cells.hpp"
+#include "tbvnonpara/workbook/embedded_application.hpp"
+
+namespace TBVNonPara::workbook {
+
+/// Reads the parts of an .xlsx or .ods file.
+[[nodiscard]] FileContents readSpreadsheet(const std::filesystem::path& path);
+[[nodiscard]] FileContents readSpreadsheetBytes(std::string_view bytes);
+
+/// Reads an .xlsx or .ods file into new sheets of the active workbook, with the names that the file gives
+/// them, and activates the sheet that was on top when it was saved. Raises the host's error, which names the
+/// file, for one that is damaged, encrypted or something else (and then says what it is); no sheet has been
+/// added then.
+std::shared_ptr<Sheet> openSpreadsheet(EmbeddedApplication& application, const std::filesystem::path& path);
+
+/// Opens a file of any kind that is read: what it is decides, not its ending. Returns the sheet on top.
+std::shared_ptr<Sheet> openDataFile(EmbeddedApplication& application, const std::filesystem::path& path,
+                                    const CsvOptions& options = {});
+/// The same for what is at hand, such as standard input, under a name of its own.
+std::shared_ptr<Sheet> openData(EmbeddedApplication& application, std::string_view name,
+                                std::string_view bytes, const CsvOptions& options = {});
+
+}  // namespace TBVNonPara::workbook

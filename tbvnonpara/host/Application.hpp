@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string_view>
+
+#include "tbvnonpara/host/Workbook.hpp"
+#include "tbvnonpara/host/WorksheetFunction.hpp"
+
+namespace TBVNonPara {
+
+/// The spreadsheet application: where everything that is asked of the sheet begins.
+class Application {
+ public:
+    virtual ~Application() = default;
+
+    /// The range of an address such as "Data!$A$1:$A$9" or "A1:A9,C1:C9"; without a sheet's name it lies on
+    /// the active sheet.
+    [[nodiscard]] virtual RangeRef GetRange(std::string_view address) const = 0;
+    /// The rectangle between two cells of one sheet.
+    [[nodiscard]] virtual RangeRef GetRange(const RangeRef& first, const RangeRef& last) const = 0;
+    /// An open workbook by its file name.
+    [[nodiscard]] virtual WorkbookRef GetWorkbooks(std::string_view name) const = 0;
+    /// Adds a worksheet to the active workbook and makes it the active sheet.
+    [[nodiscard]] virtual WorksheetRef AddWorksheets() = 0;
+    virtual void LetScreenUpdating(bool updating) = 0;
+    [[nodiscard]] virtual const WorksheetFunction& GetWorksheetFunction() const = 0;
+};
+
+}  // namespace TBVNonPara

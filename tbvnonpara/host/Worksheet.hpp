@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "tbvnonpara/host/Range.hpp"
+
+namespace TBVNonPara {
+
+class Worksheet {
+ public:
+    virtual ~Worksheet() = default;
+
+    [[nodiscard]] virtual std::string GetName() const = 0;
+    [[nodiscard]] virtual WorkbookRef GetParent() const = 0;
+
+    /// All cells of the sheet; its rows and columns are the size of the sheet.
+    [[nodiscard]] virtual RangeRef GetCells() const = 0;
+    [[nodiscard]] virtual RangeRef GetCells(Long row, Long column) const = 0;
+    [[nodiscard]] virtual RangeRef GetRange(std::string_view address) const = 0;
+    /// The rectangle between two cells.
+    [[nodiscard]] virtual RangeRef GetRange(const RangeRef& first, const RangeRef& last) const = 0;
+
+    /// Moves the sheet behind another one.
+    virtual void Move(const WorksheetRef& after) = 0;
+    virtual void Activate() = 0;
+};
+
+}  // namespace TBVNonPara

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "tbvnonpara/companion/CompanionLibrary.hpp"
+#include "tbvnonpara/core/enumerations.hpp"
+#include "tbvnonpara/engine/clsNonParaBO.hpp"
+
+namespace TBVNonPara {
+
+/// One analysis request: choose the test and its options, name the ranges, call Results. Set Method before
+/// YRange: the shape of the data range is checked against the method in force. Settings take effect at the
+/// next Results. Every member raises Error. Use an object on one thread only, and a fresh one for a fresh
+/// analysis: results that a test does not fill keep what an earlier run left.
+class clsNonPara {
+ public:
+    /// The defaults: a two-tailed Mann-Whitney test, no headers, no descriptives, no ranges.
+    explicit clsNonPara(CompanionLibrary companions);
+    ~clsNonPara();
+    clsNonPara(const clsNonPara&) = delete;
+    clsNonPara& operator=(const clsNonPara&) = delete;
+
+    void LetMethod(TBVNPMethod method);
+    void LetHeaders(bool headers);
+    void LetOutputDescriptives(bool outputDescriptives);
+    void LetIgnoreTies(bool ignoreTies);
+    void LetTails(TBVNPTails tails);
+    void LetYRange(std::string_view address);
+    void LetXRange(std::string_view address);
+    void LetOutputRange(std::string_view address);
+
+    /// Checks the ranges, computes, builds the report on the scratch sheet and copies it to the output
+    /// location, or to a new worksheet when none is set. Cells that hold something are replaced only when
+    /// OverWrite is True.
+    void Results(bool OverWrite = false);
+
+    /// The engine of this request, to read the numbers of the last run from.
+    [[nodiscard]] const clsNonParaBO& engine() const { return *m_Engine; }
+
+ private:
+    void CheckRanges(const DataCheck& check) const;
+    void LoadEngine();
+    RangeRef GetResults();
+    RangeRef FormatMannUResults();
+    RangeRef FormatWilcoxonResults();
+    RangeRef FormatSpearmanResults();
+    RangeRef FormatSignResults();
+    RangeRef FormatMedianResults();
+    RangeRef FormatKWallisResults();
+    RangeRef FormatWWRunsResults();
+
+    CompanionLibrary m_Companions;
+    // Members are destroyed from the last to the first: the ranges go before the engine.
+    ObjectRef<clsNonParaBO> m_Engine;
+    RangeRef m_Results;
+    RangeRef m_OutputRange;
+    RangeRef m_XRange;
+    RangeRef m_YRange;
+    bool m_Headers = false;
+    bool m_OutputDescriptives = false;
+    bool m_IgnoreTies = false;
+    TBVNPTails m_Tails = tbvNPTwoTailed;
+    TBVNPMethod m_Method = tbvNPMannU;
+    std::string m_XRangeText;
+};
+
+}  // namespace TBVNonPara

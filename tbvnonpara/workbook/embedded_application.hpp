@@ -1,0 +1,77 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tbvnonpara/host/Application.hpp"
+#include "tbvnonpara/workbook/book.hpp"
+#include "tbvnonpara/workbook/clipboard.hpp"
+#include "tbvnonpara/workbook/sheet_functions.hpp"
+
+namespace TBVNonPara::workbook {
+
+constexpr std::string_view scratchWorkbookName = "tbv2007.xlam";
+constexpr std::string_view scratchSheetName = "Results";
+
+/// The spreadsheet in memory. It begins with the user's workbook "Book1", which has no sheets yet, and the
+/// hidden scratch workbook with its sheet for reports. Everything is used by one thread.
+///
+///     auto application = workbook::makeApplication();
+///     application->addSheet("Data", ValueGrid{{"Before", "After"}, {1.0, 4.0}, {2.0, 5.0}});
+///     CompanionLibrary companions = ownCompanions(application);
+///
+/// Errors have the number 1004 and a description.
+class EmbeddedApplication final : public Application,
+                                  public std::enable_shared_from_this<EmbeddedApplication> {
+ public:
+    [[nodiscard]] RangeRef GetRange(std::string_view address) const override;
+    [[nodiscard]] RangeRef GetRange(const RangeRef& first, const RangeRef& last) const override;
+    [[nodiscard]] WorkbookRef GetWorkbooks(std::string_view name) const override;
+    [[nodiscard]] WorksheetRef AddWorksheets() override;
+    void LetScreenUpdating(bool updating) override { m_ScreenUpdating = updating; }
+    [[nodiscard]] const WorksheetFunction& GetWorksheetFunction() const override { return m_Functions; }
+
+    /// The user's workbooks, without hidden ones.
+    [[nodiscard]] std::vector<std::shared_ptr<Book>> books() const;
+    [[nodiscard]] std::shared_ptr<Book> book(std::string_view name) const;
+    /// Opens an empty workbook; a visible one becomes the active one.
+    std::shared_ptr<Book> addBook(std::string_view name, Visibility visibility = Visibility::Visible);
+    /// Closes a workbook: ranges and sheets of it that are still held raise errors from then on.
+    void closeBook(std::string_view name);
+
+    /// Adds a sheet behind the others of the active workbook; the values stand from A1 on.
+    std::shared_ptr<Sheet> addSheet(std::string_view name);
+    std::shared_ptr<Sheet> addSheet(std::string_view name, const ValueGrid& values);
+    std::shared_ptr<Sheet> addSheet(std::string_view name, CellStore values);
+
+    [[nodiscard]] std::shared_ptr<Book> activeBook() const;
+    /// None while the active workbook has no sheet.
+    [[nodiscard]] std::shared_ptr<Sheet> activeSheet() const;
+    [[nodiscard]] std::shared_ptr<Sheet> scratchSheet() const;
+    /// What was selected last; none before.
+    [[nodiscard]] const RangeRef& selection() const noexcept { return m_Selection; }
+    [[nodiscard]] bool screenUpdating() const noexcept { return m_ScreenUpdating; }
+
+    // For the workbooks, sheets and ranges of this application.
+    [[nodiscard]] bool holds(const Book& book) const noexcept;
+    void activateBook(const Book& book);
+    [[nodiscard]] const std::shared_ptr<const Clipping>& clipboard() const noexcept { return m_Clipboard; }
+    void setClipboard(std::shared_ptr<const Clipping> clipping) { m_Clipboard = std::move(clipping); }
+    void setSelection(RangeRef selection) { m_Selection = std::move(selection); }
+
+ private:
+    [[nodiscard]] std::shared_ptr<Book> find(std::string_view name) const;
+
+    std::vector<std::shared_ptr<Book>> m_Books;
+    std::shared_ptr<Book> m_ActiveBook;
+    std::shared_ptr<const Clipping> m_Clipboard;
+    RangeRef m_Selection;
+    bool m_ScreenUpdating = true;
+    SheetFunctions m_Functions;
+};
+
+[[nodiscard]] ObjectRef<EmbeddedApplication> makeApplication();
+
+}  // namespace TBVNonPara::workbook

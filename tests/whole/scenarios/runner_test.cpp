@@ -1,0 +1,152 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <stdexcept>
+
+#include "tests/whole/scenarios/cells.hpp"
+#include "tests/whole/scenarios/scenario.hpp"
+#include "tests/whole/scenarios/settings.hpp"
+
+namespace TBVNonPara::Scenarios {
+
+namespace {
+
+using testing::ElementsAre;
+
+struct CellCase {
+    const char* name;
+    const char* written;
+    CellValue value;
+};
+
+// clang-format off
+const CellCase cellCases[] = {
+    // name                        written             value
+    {"Number",                     "-2.5",             -2.5},
+    {"SmallNumber",                "1E-20",            1e-20},
+    {"Text",                       "Set 1 Range = x",  "Set 1 Range = x"},
+    {"NothingAtAll",               "-",                Empty()},
+    {"DashAsText",                 "\"-\"",            "-"},
+    {"NumberAsText",               "\"5\"",            "5"},
+    {"NoText",                     "\"\"",             ""},
+    {"TextWithBlankAtItsEnd",      "\"P = \"",         "P = "},
+    {"TextWithTwoBlanks",          "\"after 1.  As\"", "after 1.  As"},
+    {"TextWithMarks",              "\"\"\"a\"\" b\"",  "\"a\" b"},
+    {"Truth",                      "TRUE",             true},
+    {"TruthAsText",                "\"TRUE\"",         "TRUE"},
+    {"TruthInSmallLettersIsText",  "True",             "True"},
+    {"Error",                      "#N/A",             CellError::NotAvailable},
+    {"ErrorAsText",                "\"#N/A\"",         "#N/A"},
+};
+// clang-format on
+
+class ScenarioCell : public testing::TestWithParam<CellCase> {};
+
+TEST_P(ScenarioCell, IsReadAsItLooks) {
+    const auto cells = readCells(std::string("  ") + GetParam().written);
+    ASSERT_EQ(cells.size(), 1U);
+    EXPECT_EQ(cells[0].value, GetParam().value);
+    EXPECT_EQ(cells[0].position, 2U);
+}
+
+TEST_P(ScenarioCell, IsWrittenAsItIsRead) {
+    EXPECT_EQ(writeCell(GetParam().value), GetParam().written);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cells, ScenarioCell, testing::ValuesIn(cellCases),
+                         [](const auto& cell) { return std::string(cell.param.name); });
+
+TEST(ScenarioCells, AreSeparatedByTabsOrTwoBlanks) {
+    EXPECT_EQ(readData({"  a b\tc   d", "  1  -  \"x  y\""}),
+              (ValueGrid{{"a b", "c", "d"}, {1.0, Empty(), "x  y"}}));
+}
+
+TEST(ScenarioCells, AnOpenQuotationMarkIsAnError) {
+    EXPECT_THROW((void)readCells("  \"a"), std::runtime_error);
+}
+
+TEST(ScenarioCells, AgreeToTwelveDigits) {
+    EXPECT_TRUE(sameCell(0.05, 0.05 * (1 + 9e-13)));
+    EXPECT_FALSE(sameCell(0.05, 0.05 * (1 + 2e-12)));
+    EXPECT_FALSE(sameCell(0.0, 1e-300));
+    EXPECT_FALSE(sameCell(5.0, "5"));
+    EXPECT_FALSE(sameCell(Empty(), ""));
+    EXPECT_FALSE(sameCells(ValueGrid{{1.0}}, ValueGrid{{1.0, 2.0}}));
+}
+
+const ValueGrid report = {{"A long title", Empty(), Empty()}, {"U", "DF 1", "-"}, {0.05, Empty(), 3.0}};
+const std::vector<std::string> reportLines = {
+    "       D       E       F",
+    "  9    A long title",
+    "  10   U       DF 1    \"-\"",
+    "  11   0.05            3",
+};
+
+TEST(ScenarioReport, IsWrittenUnderItsColumnLetters) {
+    const std::vector<std::string> lines = writeReport(report, 9, 4);
+    EXPECT_THAT(lines, ElementsAre("      D       E       F", "  9   A long title",
+                                   "  10  U       DF 1    \"-\"", "  11  0.05            3"));
+    EXPECT_EQ(readReport(lines), report);
+}
+
+TEST(ScenarioReport, EmptyCellsAreFoundByWhereTheOthersStand) {
+    EXPECT_EQ(readReport(reportLines), report);
+}
+
+TEST(ScenarioReport, ACellBesideItsColumnIsAnError) {
+    EXPECT_THROW((void)readReport({"       A       B", "  1    U        P"}), std::runtime_error);
+}
+
+TEST(ScenarioSettings, AreSeparatedByCommaAndBlank) {
+    EXPECT_THAT(splitList({"  Method Median, YRange A1:A4,C1:C4", "  Headers True"}),
+                ElementsAre("Method Median", "YRange A1:A4,C1:C4", "Headers True"));
+}
+
+/// A host whose every request raises what it is told, or is content.
+class StubHost : public ScenarioHost {
+ public:
+    void addSheet(std::string_view, const ValueGrid&) override {}
+    std::unique_ptr<Request> createRequest() override { return std::make_unique<StubRequest>(); }
+    const WorksheetHost& application() const override { throw std::logic_error("no sheets here"); }
+    std::string reportAddress() const override { return {}; }
+    std::vector<std::string> formatting() const override {
+        return {"FormatTitle A1 True", "FormatBody B2 False"};
+    }
+
+ private:
+    class StubRequest : public Request {
+        void LetMethod(TBVNPMethod) override {}
+        void LetHeaders(bool) override {}
+        void LetOutputDescriptives(bool) override {}
+        void LetIgnoreTies(bool) override {}
+        void LetTails(TBVNPTails) override {}
+        void LetYRange(std::string_view) override {}
+        void LetXRange(std::string_view) override {}
+        void LetOutputRange(std::string_view) override {}
+        void Results(bool) override {}
+    };
+};
+
+TEST(ScenarioPlay, FormattingThatDiffersIsWrittenAsReceived) {
+    StubHost host;
+    const Scenario scenario = readScenario("About.\n\nformatting\n  FormatTitle A1 True\n");
+    EXPECT_EQ(writeScenario(play(scenario, host)),
+              "About.\n\nformatting\n  FormatTitle A1 True, FormatBody B2 False\n");
+}
+
+TEST(ScenarioPlay, FormattingThatAgreesStaysAsItIsWritten) {
+    StubHost host;
+    const std::string text = "About.\n\nformatting\n  FormatTitle A1 True\n  FormatBody B2 False\n";
+    EXPECT_EQ(writeScenario(play(readScenario(text), host)), text);
+}
+
+TEST(ScenarioPlay, AnUnknownBlockOrSettingIsAnError) {
+    StubHost host;
+    EXPECT_THROW((void)play(readScenario("About.\n\nrepport A1:B2\n"), host), std::runtime_error);
+    const std::unique_ptr<Request> request = host.createRequest();
+    EXPECT_THROW(carryOut(*request, {"  Tales TwoTailed"}), std::runtime_error);
+    EXPECT_THROW(carryOut(*request, {"  Headers Yes"}), std::runtime_error);
+}
+
+}  // namespace
+
+}  // namespace TBVNonPara::Scenarios
