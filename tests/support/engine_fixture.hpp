@@ -1,8 +1,5 @@
 #pragma once
 
-#include <boost/math/distributions/chi_squared.hpp>
-#include <boost/math/distributions/fisher_f.hpp>
-#include <cmath>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -12,42 +9,12 @@
 
 #include "tbvnonpara/companion/own/array_utility.hpp"
 #include "tbvnonpara/engine/clsNonParaBO.hpp"
+#include "tests/support/fake_functions.hpp"
 #include "tests/support/raised.hpp"
 
 /// What a test of the engine stands on: worksheet functions that can be told to fail, an application that has
 /// nothing else, and cells written as they look.
 namespace TBVNonPara::Support {
-
-/// The worksheet functions. `calls` names those called; `failure`, when set, is what each call raises.
-class FakeFunctions : public WorksheetFunction {
- public:
-    [[nodiscard]] double NORMSDIST(double z) const override {
-        enter("NORMSDIST");
-        return 0.5 * std::erfc(-z / std::sqrt(2.0));
-    }
-    [[nodiscard]] double ChiDist(double x, Long df) const override {
-        enter("ChiDist");
-        return cdf(complement(boost::math::chi_squared(toDouble(df)), x));
-    }
-    [[nodiscard]] double FDist(double x, Long df1, Long df2) const override {
-        enter("FDist");
-        return cdf(complement(boost::math::fisher_f(toDouble(df1), toDouble(df2)), x));
-    }
-    [[nodiscard]] double CountIf(const RangeRef&, std::string_view) const override {
-        raise(RuntimeError::InternalError);
-    }
-
-    mutable std::vector<std::string> calls;
-    std::optional<Error> failure;
-
- private:
-    void enter(const char* name) const {
-        calls.emplace_back(name);
-        if (failure) {
-            throw *failure;
-        }
-    }
-};
 
 /// An application without a sheet: the engine asks for nothing but the worksheet functions.
 class FakeApplication : public Application {

@@ -1,0 +1,32 @@
+# How the tests are compiled, on every host.
+find_package(GTest REQUIRED)
+
+# What is compiled once and run once is not worth optimizing. Programs are compiled as libraries are (not -fPIE), so
+# that both take the same precompiled headers.
+function(tbvnonpara_compile_as_test target)
+    tbvnonpara_compile_as_project(${target})
+    target_compile_options(${target} PRIVATE -O0)
+    if(NOT WIN32)
+        target_compile_options(${target} PRIVATE -fPIC)
+    endif()
+    if(target STREQUAL "tbvnonpara_test_support")
+        return()
+    endif()
+    target_link_libraries(${target} PRIVATE tbvnonpara_test_support)
+    target_precompile_headers(${target} REUSE_FROM tbvnonpara_test_support)
+endfunction()
+
+# A program of tests, which ctest runs as a whole under the name NAME.
+function(tbvnonpara_test_program name)
+    cmake_parse_arguments(PARSE_ARGV 1 program "" "PROGRAM" "SOURCES;LINKS")
+    add_executable(${program_PROGRAM} ${program_SOURCES})
+    tbvnonpara_compile_as_test(${program_PROGRAM})
+    target_link_libraries(${program_PROGRAM} PRIVATE ${program_LINKS} GTest::gtest_main)
+    add_test(NAME ${name} COMMAND ${program_PROGRAM} --gtest_brief=1)
+endfunction()
+
+# The tests of one folder: every .cpp beside this call in one program, <folder>_tests.
+function(tbvnonpara_tests folder)
+    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+    tbvnonpara_test_program(${folder} PROGRAM ${folder}_tests SOURCES ${sources} LINKS ${ARGN})
+endfunction()
