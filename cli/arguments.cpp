@@ -6,11 +6,15 @@
 #include <map>
 
 #include "cli/save_options.hpp"
+#include "cli/test_words.hpp"
 #include "cli/version.hpp"
 
 namespace TBVNonPara::cli {
 
 namespace {
+
+using analysis::OfferedTest;
+using analysis::offeredTests;
 
 const std::map<std::string, OutputFormat> formats = {{"text", OutputFormat::Text},
                                                      {"json", OutputFormat::Json},
@@ -32,7 +36,7 @@ struct Words {
 std::string examples() {
     std::string text = "Examples:\n";
     for (const OfferedTest& test : offeredTests()) {
-        text += fmt::format("  tbvnonpara {}\n", test.example);
+        text += fmt::format("  tbvnonpara {}\n", wordsOf(test).example);
     }
     return text + "\nEvery test explains its options: tbvnonpara wilcoxon --help";
 }
@@ -43,12 +47,12 @@ CLI::Validator filled() {
 }
 
 void offerRanges(CLI::App& command, const OfferedTest& test, Words& words) {
-    const char* const y = takesManyColumns(test.shape)
+    const char* const y = analysis::takesManyColumns(test.shape)
                               ? "the groups: an address, column letters or headers, joined by commas"
                               : "the first variable: an address, column letters or a header";
     CLI::Option* const first =
         command.add_option("--y", words.arguments.y, y)->type_name("ADDRESS")->check(filled());
-    if (takesSecondRange(test.shape)) {
+    if (analysis::takesSecondRange(test.shape)) {
         command.add_option("--x", words.arguments.x, "the second variable")
             ->type_name("ADDRESS")
             ->check(filled())
@@ -63,15 +67,16 @@ void offerRanges(CLI::App& command, const OfferedTest& test, Words& words) {
 }
 
 void offerTails(CLI::App& command, const OfferedTest& test, Words& words) {
+    const TestWords& own = wordsOf(test);
     std::vector<std::string> choices = {"two", "greater", "less"};
-    for (const std::string_view word : {test.greaterWord, test.lessWord}) {
+    for (const std::string_view word : {own.greaterWord, own.lessWord}) {
         if (!word.empty()) {
             choices.emplace_back(word);
         }
     }
     command
         .add_option("--tails", words.tails,
-                    "the alternative: two, for both directions;\n" + std::string(test.tailsHelp))
+                    "the alternative: two, for both directions;\n" + std::string(own.tailsHelp))
         ->type_name("WORD")
         ->check(CLI::IsMember(choices).description(""));
 }
@@ -92,6 +97,21 @@ void offerFileAndForm(CLI::App& command, Words& words) {
         ->check(CLI::IsMember({".", ","}).description(""));
 }
 
+/// The options that say where a report goes.
+void offerSaving(CLI::App& command, Arguments& arguments) {
+    CLI::Option* const save =
+        command.add_option("--save", arguments.save, "save the report: .xlsx, .csv, .json, .html or .txt")
+            ->type_name("FILE");
+    command
+        .add_option("--output", arguments.output,
+                    "where the report goes: a cell such as \"Sheet1!H1\";\nwithout it, a new sheet")
+        ->type_name("ADDRESS");
+    command.add_flag("--overwrite", arguments.overwrite,
+                     "replace a file that exists, and cells that are not empty");
+    command.add_flag("--with-data", arguments.withData, "put the data beside the report in a workbook")
+        ->needs(save);
+}
+
 void offer(CLI::App& program, const OfferedTest& test, Words& words) {
     CLI::App& command = *program.add_subcommand(std::string(test.name), std::string(test.summary));
     command.group("Tests");
@@ -109,12 +129,12 @@ void offer(CLI::App& program, const OfferedTest& test, Words& words) {
     if (test.tails) {
         offerTails(command, test, words);
     }
-    command.footer(fmt::format("Example: tbvnonpara {}", test.example));
+    command.footer(fmt::format("Example: tbvnonpara {}", wordsOf(test).example));
     command.callback([&words, &test] { words.arguments.test = &test; });
 }
 
 TBVNPTails tailsOf(const OfferedTest& test, const std::string& word) {
-    if (word == "greater" || (!word.empty() && word == test.greaterWord)) {
+    if (word == "greater" || (!word.empty() && word == wordsOf(test).greaterWord)) {
         return tbvNPVar1GTVar2;
     }
     return word == "two" ? tbvNPTwoTailed : tbvNPVar1LTVar2;

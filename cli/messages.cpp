@@ -3,6 +3,7 @@
 #include <array>
 #include <fmt/format.h>
 
+#include "tbvnonpara/rendering/json_values.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
 
 namespace TBVNonPara::cli {
@@ -121,7 +122,7 @@ const OwnError* find(std::int32_t number) noexcept {
     return nullptr;
 }
 
-std::string_view sentenceFor(const Error& error, const OfferedTest* test) noexcept {
+std::string_view sentenceFor(const Error& error, const analysis::OfferedTest* test) noexcept {
     for (const Fault& fault : faults) {
         if (test != nullptr && fault.method == test->method && fault.number == error.number()) {
             return fault.sentence;
@@ -135,7 +136,7 @@ bool isRuntimeError(std::int32_t number) noexcept {
     return number > 0 && number < workbook::hostErrorNumber;
 }
 
-std::string titleOf(const OfferedTest* test) {
+std::string titleOf(const analysis::OfferedTest* test) {
     return test == nullptr ? "the test" : "the " + std::string(test->title) + " test";
 }
 
@@ -157,7 +158,7 @@ std::string explain(const Error& error, const Circumstances& circumstances) {
     if (describesItself || sentence.empty()) {
         return error.description().empty() ? "The test failed without a description." : error.description();
     }
-    const ChosenRanges& ranges = circumstances.ranges;
+    const analysis::ChosenRanges& ranges = circumstances.ranges;
     const std::string title = titleOf(circumstances.test);
     return fmt::format(fmt::runtime(sentence), title, ranges.y, ranges.x, capitalised(title));
 }
@@ -166,6 +167,14 @@ std::string errorText(const Error& error, const Circumstances& circumstances) {
     const std::string source = error.source().empty() ? "" : ": " + error.source();
     return fmt::format("tbvnonpara: {}\n  error {} ({}){}\n", explain(error, circumstances), error.number(),
                        errorName(error.number()), source);
+}
+
+std::string errorInJson(const Error& error, const Circumstances& circumstances) {
+    using rendering::textInJson;
+    return fmt::format(R"({{"error": {{"number": {}, "name": {}, "source": {}, "description": {}}}}})",
+                       error.number(), textInJson(errorName(error.number())), textInJson(error.source()),
+                       textInJson(explain(error, circumstances))) +
+           '\n';
 }
 
 }  // namespace TBVNonPara::cli

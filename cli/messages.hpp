@@ -4,16 +4,16 @@
 #include <string>
 #include <string_view>
 
-#include "cli/columns.hpp"
-#include "cli/tests_offered.hpp"
+#include "tbvnonpara/analysis/ranges.hpp"
+#include "tbvnonpara/analysis/tests_offered.hpp"
 #include "tbvnonpara/core/error.hpp"
 
 namespace TBVNonPara::cli {
 
 /// What is known of a run when an error is explained. The ranges are empty until they are chosen.
 struct Circumstances {
-    const OfferedTest* test = nullptr;
-    ChosenRanges ranges;
+    const analysis::OfferedTest* test = nullptr;
+    analysis::ChosenRanges ranges;
 };
 
 /// The name of an error's number: "tbvNPNoYRange", "Overflow", "HostError" for 1004; "Error" for any other.
@@ -25,5 +25,8 @@ struct Circumstances {
 
 /// The explanation, and below it number, name and source, for standard error.
 [[nodiscard]] std::string errorText(const Error& error, const Circumstances& circumstances);
+
+/// The same as one JSON object on a line.
+[[nodiscard]] std::string errorInJson(const Error& error, const Circumstances& circumstances);
 
 }  // namespace TBVNonPara::cli

@@ -5,20 +5,24 @@
 #include <system_error>
 
 #include "cli/arguments.hpp"
-#include "cli/csv_report.hpp"
-#include "cli/data_picture.hpp"
-#include "cli/html_report.hpp"
-#include "cli/json_report.hpp"
 #include "cli/messages.hpp"
 #include "cli/progress.hpp"
-#include "cli/run_test.hpp"
 #include "cli/save.hpp"
+#include "cli/standard_input.hpp"
 #include "cli/terminal.hpp"
-#include "cli/text_report.hpp"
+#include "tbvnonpara/analysis/results.hpp"
+#include "tbvnonpara/analysis/run_test.hpp"
+#include "tbvnonpara/rendering/csv_report.hpp"
+#include "tbvnonpara/rendering/data_picture.hpp"
+#include "tbvnonpara/rendering/html_report.hpp"
+#include "tbvnonpara/rendering/json_report.hpp"
+#include "tbvnonpara/rendering/text_report.hpp"
 
 namespace TBVNonPara::cli {
 
 namespace {
+
+using rendering::Output;
 
 constexpr int failureStatus = 1;
 
@@ -37,42 +41,51 @@ int answer(const Answer& answer) {
     return 0;
 }
 
-void write(const FinishedTest& finished, const Arguments& arguments, const std::string& picture,
+void write(const analysis::FinishedTest& finished, const Arguments& arguments, const std::string& picture,
            Output& output) {
-    const ReportBlock report = finished.report();
+    const rendering::ReportBlock report(finished.sheet(), finished.block());
     switch (arguments.format) {
         case OutputFormat::Text:
-            writeText(report, arguments.save.empty() && wantsColour(), output);
+            rendering::writeText(report, arguments.save.empty() && wantsColour(), output);
             break;
         case OutputFormat::Json:
-            writeJson(*arguments.test, finished.address(), report,
-                      namedResults(arguments.test->method, finished.engine()), output);
+            rendering::writeJson(arguments.test->name, finished.address(), report,
+                                 analysis::namedResults(arguments.test->method, finished.engine()), output);
             break;
         case OutputFormat::Csv:
-            writeCsv(report, output);
+            rendering::writeCsv(report, output);
             break;
         case OutputFormat::Html:
-            writeHtml(report, arguments.test->title, picture, output);
+            rendering::writeHtml(report, arguments.test->title, picture, output);
             break;
         case OutputFormat::Xlsx:
             break;  // only ever saved
     }
 }
 
+ObjectRef<workbook::EmbeddedApplication> open(const Arguments& arguments) {
+    return arguments.file == "-" ? analysis::openContents("stdin", readStandardInput(), arguments)
+                                 : analysis::openFile(arguments);
+}
+
+std::string drawn(const workbook::EmbeddedApplication& application, const Arguments& arguments,
+                  const analysis::ChosenRanges& ranges) {
+    return rendering::dataPicture(application, arguments.test->method, ranges.y, ranges.x, ranges.headers);
+}
+
 void analyse(const Arguments& arguments, Circumstances& circumstances) {
     checkSaving(arguments);
     Progress progress("Reading " + arguments.file);
-    const ObjectRef<workbook::EmbeddedApplication> application = openFile(arguments);
-    circumstances.ranges = chooseRanges(*application, arguments);
+    const ObjectRef<workbook::EmbeddedApplication> application = open(arguments);
+    circumstances.ranges = analysis::chooseRanges(*application, arguments);
     if (!circumstances.ranges.note.empty()) {
         tell(circumstances.ranges.note + '\n');
     }
     progress.next("Analysing");
     // The picture shows the data as they are before a report is put over them.
-    const std::string picture = arguments.format == OutputFormat::Html
-                                    ? dataPicture(*application, *arguments.test, circumstances.ranges)
-                                    : "";
-    const FinishedTest finished = runTest(application, arguments, circumstances.ranges);
+    const std::string picture =
+        arguments.format == OutputFormat::Html ? drawn(*application, arguments, circumstances.ranges) : "";
+    const analysis::FinishedTest finished = analysis::runTest(application, arguments, circumstances.ranges);
     const auto writeTo = [&](Output& output) { write(finished, arguments, picture, output); };
     if (!arguments.save.empty()) {
         progress.next("Saving " + arguments.save);
@@ -93,7 +106,7 @@ int report(const Error& error, const Circumstances& circumstances, OutputFormat 
         return failureStatus;
     }
     Output output(stdout);
-    writeJsonError(error, circumstances, output);
+    output.write(errorInJson(error, circumstances));
     output.finish();
     return failureStatus;
 }

@@ -58,7 +58,7 @@ void requireSameKind(const Arguments& arguments) {
     }
 }
 
-std::string copyOfWorkbook(const FinishedTest& finished, const Arguments& arguments) {
+std::string copyOfWorkbook(const analysis::FinishedTest& finished, const Arguments& arguments) {
     const auto target =
         arguments.output.empty() ? workbook::TargetSheet::Added : workbook::TargetSheet::Named;
     return workbook::placeIntoCopy(workbook::readFile(arguments.file), arguments.file,
@@ -66,7 +66,7 @@ std::string copyOfWorkbook(const FinishedTest& finished, const Arguments& argume
 }
 
 /// The report's sheet, as far as it is the report's, in front of the data.
-std::string workbookOfItsOwn(const FinishedTest& finished, const Arguments& arguments) {
+std::string workbookOfItsOwn(const analysis::FinishedTest& finished, const Arguments& arguments) {
     std::vector<workbook::WrittenSheet> sheets = {{&finished.sheet(), finished.block()}};
     const auto used = finished.sheet().usedArea();
     if (!arguments.output.empty() && used) {
@@ -81,7 +81,7 @@ std::string workbookOfItsOwn(const FinishedTest& finished, const Arguments& argu
     return workbook::newWorkbook(sheets);
 }
 
-std::string savedWorkbook(const FinishedTest& finished, const Arguments& arguments) {
+std::string savedWorkbook(const analysis::FinishedTest& finished, const Arguments& arguments) {
     if (savesCopy(arguments)) {
         return copyOfWorkbook(finished, arguments);
     }
@@ -125,8 +125,8 @@ void checkSaving(const Arguments& arguments) {
     });
 }
 
-std::string saveReport(const FinishedTest& finished, const Arguments& arguments,
-                       const std::function<void(Output&)>& write) {
+std::string saveReport(const analysis::FinishedTest& finished, const Arguments& arguments,
+                       const std::function<void(rendering::Output&)>& write) {
     return asProgram([&] {
         const std::string bytes =
             arguments.format == OutputFormat::Xlsx ? savedWorkbook(finished, arguments) : "";
@@ -134,7 +134,7 @@ std::string saveReport(const FinishedTest& finished, const Arguments& arguments,
         if (arguments.format == OutputFormat::Xlsx) {
             file.write(bytes);
         } else {
-            Output output(file.file());
+            rendering::Output output(file.file());
             write(output);
             output.finish();
         }

@@ -4,8 +4,8 @@
 #include <string>
 
 #include "cli/arguments.hpp"
-#include "cli/output.hpp"
-#include "cli/run_test.hpp"
+#include "tbvnonpara/analysis/run_test.hpp"
+#include "tbvnonpara/rendering/output.hpp"
 
 namespace TBVNonPara::cli {
 
@@ -14,7 +14,7 @@ void checkSaving(const Arguments& arguments);
 
 /// Saves a finished report as the options say; forms other than a workbook are written by `write`. Returns
 /// what was saved and where, for the user.
-std::string saveReport(const FinishedTest& finished, const Arguments& arguments,
-                       const std::function<void(Output&)>& write);
+std::string saveReport(const analysis::FinishedTest& finished, const Arguments& arguments,
+                       const std::function<void(rendering::Output&)>& write);
 
 }  // namespace TBVNonPara::cli

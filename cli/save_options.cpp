@@ -37,20 +37,6 @@ std::optional<OutputFormat> formatOf(const std::string& file) {
 
 }  // namespace
 
-void offerSaving(CLI::App& command, Arguments& arguments) {
-    CLI::Option* const save =
-        command.add_option("--save", arguments.save, "save the report: .xlsx, .csv, .json, .html or .txt")
-            ->type_name("FILE");
-    command
-        .add_option("--output", arguments.output,
-                    "where the report goes: a cell such as \"Sheet1!H1\";\nwithout it, a new sheet")
-        ->type_name("ADDRESS");
-    command.add_flag("--overwrite", arguments.overwrite,
-                     "replace a file that exists, and cells that are not empty");
-    command.add_flag("--with-data", arguments.withData, "put the data beside the report in a workbook")
-        ->needs(save);
-}
-
 std::optional<std::string> settleSaving(Arguments& arguments, bool formatGiven) {
     if (arguments.save.empty()) {
         return arguments.format == OutputFormat::Xlsx

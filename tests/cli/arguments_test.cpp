@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 #include <vector>
 
-#include "data_sheet.hpp"
+#include "cli/test_words.hpp"
 
 namespace TBVNonPara::cli {
 
@@ -116,18 +116,18 @@ INSTANTIATE_TEST_SUITE_P(Cases, UsageErrors, testing::ValuesIn(usageErrors),
 TEST(Arguments, HelpShowsAnExampleForEachTest) {
     const Answer answer = answered({"--help"});
     EXPECT_EQ(answer.status, 0);
-    for (const OfferedTest& test : offeredTests()) {
-        EXPECT_THAT(answer.text, HasSubstr("  tbvnonpara " + std::string(test.example) + '\n'));
-        EXPECT_EQ(test.example.substr(0, test.name.size()), test.name);
+    for (const analysis::OfferedTest& test : analysis::offeredTests()) {
+        EXPECT_THAT(answer.text, HasSubstr("  tbvnonpara " + std::string(wordsOf(test).example) + '\n'));
+        EXPECT_EQ(wordsOf(test).example.substr(0, test.name.size()), test.name);
     }
 }
 
 TEST(Arguments, EveryTestHasAHelpOfItsOwn) {
-    for (const OfferedTest& test : offeredTests()) {
+    for (const analysis::OfferedTest& test : analysis::offeredTests()) {
         const Answer answer = answered({std::string(test.name).c_str(), "--help"});
         EXPECT_EQ(answer.status, 0);
         EXPECT_THAT(answer.text, HasSubstr(std::string(test.summary)));
-        EXPECT_THAT(answer.text, HasSubstr("Example: tbvnonpara " + std::string(test.example)));
+        EXPECT_THAT(answer.text, HasSubstr("Example: tbvnonpara " + std::string(wordsOf(test).example)));
     }
 }
 

@@ -3,12 +3,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "data_sheet.hpp"
+#include "tests/analysis/data_sheet.hpp"
 
 namespace TBVNonPara::cli {
 
 namespace {
 
+using analysis::offeredTests;
+using analysis::testNamed;
 using testing::HasSubstr;
 using testing::Not;
 
@@ -38,7 +40,7 @@ TEST(Messages, EveryNumberHasItsName) {
 }
 
 TEST(Messages, EveryBareNumberOfTheLibraryIsExplainedForEveryTest) {
-    for (const OfferedTest& test : offeredTests()) {
+    for (const analysis::OfferedTest& test : offeredTests()) {
         for (const auto& [number, name] : names) {
             if (number < 0) {
                 const std::string sentence = explain(Error(number), of(test.name));
@@ -89,6 +91,15 @@ TEST(Messages, BracesInARangesNameDoNoHarm) {
 TEST(Messages, AnErrorWithoutASourceEndsWithItsName) {
     EXPECT_TRUE(errorText(Error(tbvNPTooFewGroups), of("median"))
                     .ends_with("\n  error -2147216456 (tbvNPTooFewGroups)\n"));
+}
+
+TEST(Messages, InJsonAnErrorHasNumberNameSourceAndDescription) {
+    const Error error(tbvNPNoYRange, "", "Line 0 in TBVNonPara.clsNonPara.Results");
+    EXPECT_EQ(errorInJson(error, of("runs")),
+              "{\"error\": {\"number\": -2147216493, \"name\": \"tbvNPNoYRange\", "
+              "\"source\": \"Line 0 in TBVNonPara.clsNonPara.Results\", "
+              "\"description\": \"There is no data range. Name one with --y.\"}}\n");
+    EXPECT_THAT(errorInJson(Error(1004, "\"a\\b\"\n"), {}), HasSubstr(R"("description": "\"a\\b\"\n")"));
 }
 
 TEST(Messages, TheTextForPeopleEndsWithNumberNameAndSource) {

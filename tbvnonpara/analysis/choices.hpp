@@ -1,0 +1,28 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "tbvnonpara/analysis/tests_offered.hpp"
+
+namespace TBVNonPara::analysis {
+
+/// What a user chooses before an analysis: the table, its columns, the test and its options, and the place of
+/// the report. Empty addresses leave the choice to the analysis.
+struct Choices {
+    const OfferedTest* test = nullptr;
+    std::string file;
+    std::string sheet;              ///< the sheet to read; empty for the file's active one
+    std::optional<char> delimiter;  ///< of a text file, where it shall not be guessed
+    std::optional<char> decimal;    ///< its decimal mark
+    std::string y;                  ///< headers, letters or addresses of columns
+    std::string x;
+    std::optional<bool> headers;  ///< whether the first row of each range holds labels
+    bool descriptives = false;
+    bool ignoreTies = false;
+    TBVNPTails tails = tbvNPTwoTailed;
+    std::string output;      ///< the cell that the report begins at; empty for a new sheet
+    bool overwrite = false;  ///< whether the report may replace cells
+};
+
+}  // namespace TBVNonPara::analysis

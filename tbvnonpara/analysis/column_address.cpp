@@ -1,0 +1,189 @@
+#include "tbvnonpara/analysis/column_address.hpp"
+
+#include <algorithm>
+#include <utility>
+
+#include "tbvnonpara/analysis/refusal.hpp"
+#include "tbvnonpara/core/enumerations.hpp"
+#include "tbvnonpara/workbook/address.hpp"
+
+namespace TBVNonPara::analysis {
+
+namespace {
+
+using workbook::Sheet;
+
+Piece column(Index number) {
+    return {{1, number, 1, number}, true};
+}
+
+std::string quoted(std::string_view text) {
+    return '"' + std::string(text) + '"';
+}
+
+/// A user's text and where it is looked up.
+class Lookup {
+ public:
+    Lookup(const workbook::EmbeddedApplication& application, HeaderLookup lookup, std::int32_t badRange)
+        : m_Application(application),
+          m_Sheet(application.activeSheet()),
+          m_Lookup(lookup),
+          m_BadRange(badRange) {}
+
+    [[nodiscard]] NamedCells find(std::string_view text) const {
+        if (const std::optional<Index> single = columnNamed(text)) {
+            return {m_Sheet, {column(*single)}, isHeaded(*single, text)};
+        }
+        NamedCells found{m_Sheet, {}, false};
+        bool cells = false;
+        for (const std::string_view part : parts(text)) {
+            if (const std::optional<Index> number = columnNamed(part)) {
+                found.pieces.push_back(column(*number));
+                found.byHeader = found.byHeader || isHeaded(*number, part);
+            } else {
+                cells = true;
+            }
+        }
+        return cells ? cellsAt(text, found) : found;
+    }
+
+ private:
+    /// The column with this header or these letters.
+    [[nodiscard]] std::optional<Index> columnNamed(std::string_view text) const {
+        const std::vector<Index> headed = columnsHeaded(text);
+        if (headed.size() > 1) {
+            refuse("Two columns are headed " + quoted(text) + ": " + letters(headed[0]) + " and " +
+                   letters(headed[1]) + "; name one of them by its letters.");
+        }
+        const std::optional<Index> lettered = columnLettered(text);
+        if (headed.empty()) {
+            return lettered;
+        }
+        if (lettered && *lettered != headed.front()) {
+            refuse(quoted(text) + " is the header of column " + letters(headed.front()) +
+                   " and the letters of column " + letters(*lettered) + "; write " +
+                   wholeColumn(headed.front()) + " or " + wholeColumn(*lettered) + '.');
+        }
+        return headed.front();
+    }
+
+    [[nodiscard]] std::vector<Index> columnsHeaded(std::string_view text) const {
+        std::vector<Index> found;
+        const auto used = m_Sheet->usedArea();
+        for (Index number = used ? used->left : 1; used && number <= used->right; ++number) {
+            if (isHeaded(number, text)) {
+                found.push_back(number);
+            }
+        }
+        return found;
+    }
+
+    [[nodiscard]] bool isHeaded(Index number, std::string_view text) const {
+        const CellValue& header = m_Sheet->value(m_Sheet->usedArea()->top, number);
+        const bool readable = m_Lookup == HeaderLookup::All ||
+                              (m_Lookup == HeaderLookup::Texts && std::holds_alternative<Text>(header));
+        return readable && !isEmpty(header) && toText(header) == text;
+    }
+
+    /// A column that holds data, by its letters in either case.
+    [[nodiscard]] std::optional<Index> columnLettered(std::string_view text) const {
+        constexpr std::size_t longest = 3;
+        if (text.empty() || text.size() > longest) {
+            return std::nullopt;
+        }
+        Index number = 0;
+        for (const char letter : text) {
+            const bool lower = letter >= 'a' && letter <= 'z';
+            if (!lower && !(letter >= 'A' && letter <= 'Z')) {
+                return std::nullopt;
+            }
+            number = number * 26 + (letter - (lower ? 'a' : 'A')) + 1;
+        }
+        const bool holdsData =
+            number <= workbook::sheetColumns && m_Sheet->values().lastUsedRow(number, number) > 0;
+        return holdsData ? std::optional(number) : std::nullopt;
+    }
+
+    /// The parts between commas; commas inside a quoted sheet name do not count.
+    static std::vector<std::string_view> parts(std::string_view text) {
+        std::vector<std::string_view> found;
+        bool inQuotes = false;
+        std::size_t start = 0;
+        for (std::size_t i = 0; i <= text.size(); ++i) {
+            if (i == text.size() || (text[i] == ',' && !inQuotes)) {
+                found.push_back(text.substr(start, i - start));
+                start = i + 1;
+            } else if (text[i] == '\'') {
+                inQuotes = !inQuotes;
+            }
+        }
+        return found;
+    }
+
+    [[nodiscard]] NamedCells cellsAt(std::string_view text, const NamedCells& columns) const {
+        if (!columns.pieces.empty()) {
+            refuse(quoted(text) + " mixes columns and cells, or names a column that is not there. " +
+                   known());
+        }
+        NamedCells found{m_Sheet, {}, false};
+        try {
+            for (const workbook::AddressArea& area : workbook::parseAddress(text)) {
+                found.pieces.push_back({area.cells, area.wholeColumns});
+            }
+            // Finds the sheet and refuses areas on different ones.
+            const std::string name = m_Application.GetRange(text)->GetWorksheet()->GetName();
+            found.sheet = m_Application.activeBook()->sheet(name);
+        } catch (const Error& error) {
+            const bool isWord = text.find_first_of(":!$0123456789") == std::string_view::npos;
+            refuse("There is no column " + quoted(text) + ". " + known() + ' ' +
+                   (isWord ? "Name one by its header or letters, or give an address such as A1:A9."
+                           : error.description()));
+        }
+        return found;
+    }
+
+    [[nodiscard]] std::string known() const {
+        constexpr Index most = 12;
+        const auto used = m_Sheet->usedArea();
+        std::string names;
+        for (Index number = used ? used->left : 1; used && number <= std::min(used->right, most); ++number) {
+            const CellValue& header = m_Sheet->value(used->top, number);
+            const bool headed = m_Lookup != HeaderLookup::None && std::holds_alternative<Text>(header);
+            names +=
+                (names.empty() ? "" : ", ") + letters(number) + (headed ? " (" + toText(header) + ')' : "");
+        }
+        return names.empty() ? "The sheet is empty." : "The columns are " + names + '.';
+    }
+
+    static std::string letters(Index number) { return workbook::columnLetters(number); }
+    static std::string wholeColumn(Index number) { return letters(number) + ':' + letters(number); }
+
+    [[noreturn]] void refuse(std::string description) const {
+        analysis::refuse(m_BadRange, std::move(description));
+    }
+
+    const workbook::EmbeddedApplication& m_Application;
+    std::shared_ptr<Sheet> m_Sheet;
+    HeaderLookup m_Lookup;
+    std::int32_t m_BadRange;
+};
+
+}  // namespace
+
+NamedCells findCells(const workbook::EmbeddedApplication& application, std::string_view text,
+                     HeaderLookup lookup, std::int32_t badRange) {
+    return Lookup(application, lookup, badRange).find(text);
+}
+
+std::vector<Piece> columnsWithData(const workbook::Sheet& sheet) {
+    std::vector<Piece> found;
+    const auto used = sheet.usedArea();
+    for (Index number = used ? used->left : 1; used && number <= used->right; ++number) {
+        if (sheet.values().lastUsedRow(number, number) > 0) {
+            found.push_back(column(number));
+        }
+    }
+    return found;
+}
+
+}  // namespace TBVNonPara::analysis

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+
+#include "tbvnonpara/analysis/choices.hpp"
+#include "tbvnonpara/workbook/embedded_application.hpp"
+
+namespace TBVNonPara::analysis {
+
+/// The ranges of a run, as addresses with the sheet's name.
+struct ChosenRanges {
+    std::string y;
+    std::string x;  ///< empty for none
+    bool headers = false;
+    /// What was chosen without the user; empty when the choices left nothing open.
+    std::string note;
+};
+
+/// Turns what the user says about columns into addresses on the active sheet:
+///
+/// - an address is, in this order: the header of a column, the letters of a column, an address of cells;
+///   for several groups a list of these, joined by commas. A header that is also the letters of another
+///   column with data is refused;
+/// - without addresses the columns that hold data are taken in order;
+/// - whole columns begin with the sheet's first row of data. Independent samples and sequences end with their
+///   own last value, pairs too (so that unequal ones show); blocks, groups and signs end together;
+/// - a first row of texts counts as headers; in a sequence not when the text occurs again below.
+///
+/// Raises an error whose description says what to write instead.
+[[nodiscard]] ChosenRanges chooseRanges(const workbook::EmbeddedApplication& application,
+                                        const Choices& choices);
+
+}  // namespace TBVNonPara::analysis

@@ -1,0 +1,99 @@
+#include "tbvnonpara/analysis/run_test.hpp"
+
+#include <utility>
+
+#include "tbvnonpara/analysis/refusal.hpp"
+#include "tbvnonpara/files/reading/spreadsheet_file.hpp"
+#include "tbvnonpara/workbook/address.hpp"
+#include "tbvnonpara/workbook/sheet_range.hpp"
+
+namespace TBVNonPara::analysis {
+
+namespace {
+
+constexpr std::string_view reportSheet = "Results";
+
+/// The range properties replace an error of the host by one of their own, which would not name the cell.
+void requireResultsOfFormulas(const workbook::EmbeddedApplication& application,
+                              const ChosenRanges& ranges) try {
+    for (const std::string& address : {ranges.y, ranges.x}) {
+        if (!address.empty()) {
+            const RangeRef range = application.GetRange(address);
+            const workbook::SheetRange& cells = workbook::ownRange(range);
+            workbook::requireCalculated(*cells.sheet(), cells.areas());
+        }
+    }
+} catch (const Error&) {
+    refuseAsOwn();
+}
+
+workbook::CsvOptions textOptions(const Choices& choices) {
+    return {choices.delimiter, choices.decimal};
+}
+
+void activateSheet(const workbook::EmbeddedApplication& application, const std::string& name) {
+    if (!name.empty()) {
+        application.activeBook()->sheet(name)->Activate();
+    }
+}
+
+}  // namespace
+
+ObjectRef<workbook::EmbeddedApplication> openFile(const Choices& choices) try {
+    ObjectRef<workbook::EmbeddedApplication> application = workbook::makeApplication();
+    workbook::openDataFile(*application, choices.file, textOptions(choices));
+    activateSheet(*application, choices.sheet);
+    return application;
+} catch (...) {
+    refuseAsOwn();
+}
+
+ObjectRef<workbook::EmbeddedApplication> openContents(std::string_view name, std::string_view bytes,
+                                                      const Choices& choices) try {
+    ObjectRef<workbook::EmbeddedApplication> application = workbook::makeApplication();
+    workbook::openData(*application, name, bytes, textOptions(choices));
+    activateSheet(*application, choices.sheet);
+    return application;
+} catch (...) {
+    refuseAsOwn();
+}
+
+FinishedTest::FinishedTest(ObjectRef<workbook::EmbeddedApplication> application,
+                           std::unique_ptr<clsNonPara> request)
+    : m_Application(std::move(application)), m_Request(std::move(request)) {
+    // The report is what was copied last, and its first cell was selected.
+    const workbook::Clipping& copied = *m_Application->clipboard();
+    const workbook::SheetRange& selected = workbook::ownRange(m_Application->selection());
+    const workbook::Rectangle first = selected.areas().front();
+    m_Sheet = selected.sheet();
+    m_Block = {first.top, first.left, first.top + copied.rows - 1, first.left + copied.columns - 1};
+}
+
+std::string FinishedTest::address() const {
+    return workbook::quotedSheetName(m_Sheet->name()) + '!' + workbook::absoluteAddress(m_Block);
+}
+
+FinishedTest runTest(const ObjectRef<workbook::EmbeddedApplication>& application, const Choices& choices,
+                     const ChosenRanges& ranges) {
+    requireResultsOfFormulas(*application, ranges);
+    auto request = std::make_unique<clsNonPara>(ownCompanions(application));
+    request->LetMethod(choices.test->method);
+    request->LetTails(choices.tails);
+    request->LetHeaders(ranges.headers);
+    request->LetOutputDescriptives(choices.descriptives);
+    request->LetIgnoreTies(choices.ignoreTies);
+    request->LetYRange(ranges.y);
+    request->LetXRange(ranges.x);
+
+    if (choices.output.empty()) {
+        const std::shared_ptr<workbook::Sheet> sheet =
+            application->addSheet(application->activeBook()->freeSheetName(reportSheet));
+        request->LetOutputRange(workbook::quotedSheetName(sheet->name()) + "!A1");
+    } else {
+        request->LetOutputRange(choices.output);
+    }
+    request->Results(choices.overwrite);
+    return {application, std::move(request)};
+}
+
+}  // namespace TBVNonPara::analysis

@@ -1,0 +1,39 @@
+#include "tbvnonpara/rendering/csv_report.hpp"
+
+#include "tbvnonpara/rendering/numbers.hpp"
+
+namespace TBVNonPara::rendering {
+
+namespace {
+
+std::string quoted(const std::string& text) {
+    if (text.find_first_of(",\"\r\n") == std::string::npos) {
+        return text;
+    }
+    std::string field = "\"";
+    for (const char character : text) {
+        field.append(character == '"' ? 2 : 1, character);
+    }
+    return field + '"';
+}
+
+std::string field(const CellValue& value) {
+    if (const auto* number = std::get_if<double>(&value)) {
+        return shortest(*number);
+    }
+    return isEmpty(value) ? "" : quoted(toText(value));
+}
+
+}  // namespace
+
+void writeCsv(const ReportBlock& report, Output& output) {
+    for (Index row = 1; row <= report.rows(); ++row) {
+        for (Index column = 1; column <= report.columns(); ++column) {
+            output.write(column == 1 ? "" : ",");
+            output.write(field(report.value(row, column)));
+        }
+        output.write("\r\n");
+    }
+}
+
+}  // namespace TBVNonPara::rendering

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "tbvnonpara/rendering/output.hpp"
+#include "tbvnonpara/rendering/report_block.hpp"
+
+namespace TBVNonPara::rendering {
+
+/// Writes every cell of a report as comma-separated values after RFC 4180: lines end in CR LF, numbers are
+/// the shortest that read back as the same.
+void writeCsv(const ReportBlock& report, Output& output);
+
+}  // namespace TBVNonPara::rendering

@@ -1,0 +1,156 @@
+#include "tbvnonpara/rendering/data_picture.hpp"
+
+#include <algorithm>
+#include <array>
+#include <fmt/format.h>
+#include <unordered_map>
+
+#include "tbvnonpara/rendering/picture_data.hpp"
+#include "tbvnonpara/rendering/point_pictures.hpp"
+#include "tbvnonpara/rendering/svg.hpp"
+
+namespace TBVNonPara::rendering {
+
+namespace {
+
+constexpr double belowAxis = 28;
+
+struct SignCounts {
+    std::size_t positive = 0;
+    std::size_t neither = 0;
+    std::size_t negative = 0;
+};
+
+void countSign(double y, double x, SignCounts& counts) {
+    counts.positive += y > x ? 1 : 0;
+    counts.negative += y < x ? 1 : 0;
+    counts.neither += y == x ? 1 : 0;
+}
+
+std::string signsPicture(const std::vector<PictureColumn>& y, const std::vector<PictureColumn>& x) {
+    SignCounts counts;
+    if (x.empty()) {
+        for (const double code : numbersOf(y.front())) {
+            countSign(code, 0, counts);
+        }
+    } else {
+        for (const Pair& pair : pairsOf(y.front(), x.front())) {
+            countSign(pair.y, pair.x, counts);
+        }
+    }
+    struct Bar {
+        std::string_view label;
+        std::size_t count;
+        std::string_view cssClass;
+    };
+    const std::array<Bar, 3> bars = {{{"positive", counts.positive, "first"},
+                                      {"neither", counts.neither, "none"},
+                                      {"negative", counts.negative, "second"}}};
+    const double most =
+        static_cast<double>(std::max({counts.positive, counts.neither, counts.negative, std::size_t(1)}));
+    Svg svg;
+    double top = 8;
+    for (const Bar& bar : bars) {
+        constexpr double longest = 400;
+        const double length = longest * static_cast<double>(bar.count) / most;
+        svg.text(labelsEnd, top + 20, bar.label, "end");
+        svg.rectangle(plotLeft, top, length, 30, bar.cssClass);
+        svg.text(plotLeft + length + 8, top + 20, std::to_string(bar.count), "start");
+        top += 40;
+    }
+    svg.line(plotLeft, 2, plotLeft, top - 4, "axis");
+    return svg.finish(top, "The signs",
+                      fmt::format("{} positive, {} neither, {} negative.", counts.positive, counts.neither,
+                                  counts.negative));
+}
+
+/// The parts of the drawing that a category takes, by columns one unit wide.
+struct Category {
+    std::string label;
+    std::vector<bool> covered;
+};
+
+std::string nameOf(const CellValue& value) {
+    const std::string text = toText(value);
+    return isEmpty(value) ? "(blank)" : text.empty() ? "(empty text)" : text;
+}
+
+std::string sequencePicture(const PictureColumn& column) {
+    constexpr std::size_t mostCategories = 12;
+    constexpr auto units = static_cast<std::size_t>(plotRight - plotLeft);
+    const std::size_t n = column.cells.size();
+    std::unordered_map<std::string, std::size_t> known;
+    std::vector<Category> categories;
+    for (std::size_t i = 0; i < n; ++i) {
+        const std::string key = std::to_string(column.cells[i].index()) + toText(column.cells[i]);
+        const auto [entry, isNew] = known.try_emplace(key, known.size());
+        if (isNew && categories.size() < mostCategories) {
+            categories.push_back({nameOf(column.cells[i]), std::vector<bool>(units)});
+        }
+        if (entry->second < categories.size()) {
+            const std::size_t first = i * units / n;
+            const std::size_t end = std::max(first + 1, (i + 1) * units / n);
+            std::fill(categories[entry->second].covered.begin() + static_cast<Index>(first),
+                      categories[entry->second].covered.begin() + static_cast<Index>(std::min(end, units)),
+                      true);
+        }
+    }
+    constexpr double rowHeight = 30;
+    Svg svg;
+    double top = 8;
+    for (std::size_t i = 0; i < categories.size(); ++i) {
+        const std::vector<bool>& covered = categories[i].covered;
+        svg.text(labelsEnd, top + 18, shortened(categories[i].label, labelLength), "end");
+        for (std::size_t first = 0; first < units; ++first) {
+            std::size_t end = first;
+            while (end < units && covered[end]) {
+                end += 1;
+            }
+            if (end > first) {
+                svg.rectangle(plotLeft + static_cast<double>(first), top, static_cast<double>(end - first),
+                              rowHeight - 6, i % 2 == 0 ? "first" : "second");
+                first = end;
+            }
+        }
+        top += rowHeight;
+    }
+    const Scale scale(1, std::max(static_cast<double>(n), 2.0), plotLeft, plotRight);
+    scale.drawAxis(svg, top, top);
+    return svg.finish(
+        top + belowAxis, "The sequence",
+        fmt::format("{} values in their order, a row for each of {} {}.", n, known.size(),
+                    known.size() > categories.size()
+                        ? fmt::format("categories, of which the first {} are drawn", categories.size())
+                        : "categories"));
+}
+
+bool needsTwoColumns(TBVNPMethod method) {
+    return method == tbvNPMannU || method == tbvNPWilcoxon || method == tbvNPSpearman;
+}
+
+}  // namespace
+
+std::string dataPicture(const workbook::EmbeddedApplication& application, TBVNPMethod method,
+                        std::string_view y, std::string_view x, bool headers) {
+    std::vector<PictureColumn> first = columnsAt(application, y, headers);
+    const std::vector<PictureColumn> second =
+        x.empty() ? std::vector<PictureColumn>() : columnsAt(application, x, headers);
+    if (first.empty() || (second.empty() && needsTwoColumns(method))) {
+        return "";
+    }
+    switch (method) {
+        case tbvNPWilcoxon:
+            return differencesPicture(first.front(), second.front());
+        case tbvNPSpearman:
+            return ranksPicture(first.front(), second.front());
+        case tbvNPSign:
+            return signsPicture(first, second);
+        case tbvNPWWRuns:
+            return sequencePicture(first.front());
+        default:
+            first.insert(first.end(), second.begin(), second.end());
+            return groupsPicture(first);
+    }
+}
+
+}  // namespace TBVNonPara::rendering

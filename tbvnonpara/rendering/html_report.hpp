@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "tbvnonpara/rendering/output.hpp"
+#include "tbvnonpara/rendering/report_block.hpp"
+
+namespace TBVNonPara::rendering {
+
+/// Writes a report as one page that needs nothing else: its tables look as on the sheet, numbers carry their
+/// exact value, a picture (SVG, may be empty) stands below. Light or dark as the reader prefers, fit for a
+/// phone and for paper.
+void writeHtml(const ReportBlock& report, std::string_view title, std::string_view picture, Output& output);
+
+/// A text as it stands in a page, in an attribute too.
+[[nodiscard]] std::string inHtml(std::string_view text);
+
+}  // namespace TBVNonPara::rendering

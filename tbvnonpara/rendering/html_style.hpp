@@ -1,0 +1,56 @@
+#pragma once
+
+#include <string_view>
+
+namespace TBVNonPara::rendering {
+
+/// The style sheet of a page. The picture's classes stand here as well, so that it follows the page's
+/// colours.
+constexpr std::string_view htmlStyle = R"(
+:root { color-scheme: light dark; --paper: #ffffff; --ink: #1c2024; --quiet: #5b636b; --line: #8b939b;
+  --faint: #dfe3e7; --first: #0b63b0; --second: #b4540a; --wash: #dbe9f6; }
+@media (prefers-color-scheme: dark) {
+  :root { --paper: #14171a; --ink: #e8eaed; --quiet: #a6adb5; --line: #7d868f; --faint: #343a40;
+    --first: #7ab8f0; --second: #f2a35e; --wash: #20364a; }
+}
+* { box-sizing: border-box; }
+body { margin: 0; background: var(--paper); color: var(--ink);
+  font: 1rem/1.45 system-ui, -apple-system, "Segoe UI", "Liberation Sans", Arial, sans-serif; }
+main { max-width: 60rem; margin: 0 auto; padding: 1.25rem 1rem 2.5rem; }
+h1 { font-size: 1.35rem; margin: 0 0 .5rem; }
+h1, p { overflow-wrap: anywhere; }
+p { margin: .15rem 0; }
+p.quiet { color: var(--quiet); }
+.b { font-weight: 600; }
+section, figure { margin: 1.5rem 0 0; }
+.scroll { overflow-x: auto; }
+table { border-collapse: collapse; font-variant-numeric: tabular-nums; }
+caption { text-align: left; font-weight: 600; padding: 0 0 .3rem; white-space: nowrap; }
+th, td { padding: .2rem .75rem; font-weight: 400; white-space: nowrap; border: 0 solid var(--line); }
+th.b, td.b { font-weight: 600; }
+.l { text-align: left; } .c { text-align: center; } .r { text-align: right; }
+.bt { border-top-width: 1px; } .bb { border-bottom-width: 1px; }
+.bl { border-left-width: 1px; } .br { border-right-width: 1px; }
+figcaption { color: var(--quiet); font-size: .9rem; }
+svg { display: block; width: 100%; max-width: 44rem; height: auto; overflow: visible; }
+svg text { fill: var(--ink); font-size: 13px; font-family: inherit; }
+svg .quiet { fill: var(--quiet); }
+svg .axis { stroke: var(--line); fill: none; }
+svg .grid { stroke: var(--faint); fill: none; }
+svg .box { stroke: var(--first); fill: var(--wash); }
+svg .median { stroke: var(--second); stroke-width: 3; fill: none; }
+svg .first { fill: var(--first); } svg .second { fill: var(--second); } svg .none { fill: var(--line); }
+svg circle { fill-opacity: .7; }
+@media (max-width: 34rem) { table { font-size: .9rem; } th, td { padding: .2rem .35rem; }
+  svg text { font-size: 17px; } }
+@media print {
+  :root { --paper: #ffffff; --ink: #000000; --quiet: #444444; --line: #666666; --faint: #dddddd;
+    --first: #0b63b0; --second: #b4540a; --wash: #dbe9f6; }
+  main { max-width: none; padding: 0; }
+  .scroll { overflow: visible; }
+  table { font-size: 8.5pt; }
+  thead { display: table-header-group; } tr, figure { break-inside: avoid; }
+}
+)";
+
+}  // namespace TBVNonPara::rendering

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tbvnonpara/core/cell_value.hpp"
+#include "tbvnonpara/workbook/embedded_application.hpp"
+
+namespace TBVNonPara::rendering {
+
+/// A column of a range: its label and the cells below.
+struct PictureColumn {
+    std::string label;
+    std::vector<CellValue> cells;
+};
+
+/// The columns of an address, area by area.
+[[nodiscard]] std::vector<PictureColumn> columnsAt(const workbook::EmbeddedApplication& application,
+                                                   std::string_view address, bool headers);
+
+/// The numbers of a column in its order; what is no number is left out.
+[[nodiscard]] std::vector<double> numbersOf(const PictureColumn& column);
+
+struct Pair {
+    double y = 0;
+    double x = 0;
+};
+
+/// The rows of two columns that are numbers in both.
+[[nodiscard]] std::vector<Pair> pairsOf(const PictureColumn& y, const PictureColumn& x);
+
+/// The value below which a part of sorted numbers lies, between two of them where need be.
+[[nodiscard]] double quantile(const std::vector<double>& sorted, double part);
+
+/// Each number's place in order; equal ones share the mean of theirs.
+[[nodiscard]] std::vector<double> averageRanks(const std::vector<double>& numbers);
+
+}  // namespace TBVNonPara::rendering

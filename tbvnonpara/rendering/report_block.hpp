@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+
+#include "tbvnonpara/core/rectangle.hpp"
+#include "tbvnonpara/workbook/cell_store.hpp"
+#include "tbvnonpara/workbook/format_store.hpp"
+#include "tbvnonpara/workbook/sheet.hpp"
+
+namespace TBVNonPara::rendering {
+
+/// A finished report: a block of cells on a sheet. Rows and columns count from 1 at the block's top left.
+class ReportBlock {
+ public:
+    /// The stores, or the sheet, must outlive the block.
+    ReportBlock(const workbook::CellStore& cells, const workbook::FormatStore& formats,
+                const workbook::Rectangle& area)
+        : m_Cells(&cells), m_Formats(&formats), m_Area(area) {}
+    ReportBlock(const workbook::Sheet& sheet, const workbook::Rectangle& area)
+        : ReportBlock(sheet.values(), sheet.formats(), area) {}
+
+    [[nodiscard]] Index rows() const noexcept { return m_Area.rows(); }
+    [[nodiscard]] Index columns() const noexcept { return m_Area.columns(); }
+
+    [[nodiscard]] const CellValue& value(Index row, Index column) const {
+        return m_Cells->at(m_Area.top + row - 1, m_Area.left + column - 1);
+    }
+    [[nodiscard]] const workbook::CellFormat& format(Index row, Index column) const {
+        return m_Formats->at(m_Area.top + row - 1, m_Area.left + column - 1);
+    }
+
+    /// The cell as the sheet shows it, on one line; a subscript s is the character for it.
+    [[nodiscard]] std::string shown(Index row, Index column) const;
+
+ private:
+    const workbook::CellStore* m_Cells;
+    const workbook::FormatStore* m_Formats;
+    workbook::Rectangle m_Area;
+};
+
+}  // namespace TBVNonPara::rendering

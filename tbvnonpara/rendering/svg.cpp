@@ -1,0 +1,161 @@
+#include "tbvnonpara/rendering/svg.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <fmt/format.h>
+
+#include "tbvnonpara/core/unicode.hpp"
+#include "tbvnonpara/rendering/display_width.hpp"
+#include "tbvnonpara/rendering/html_report.hpp"
+
+namespace TBVNonPara::rendering {
+
+namespace {
+
+/// Two decimals are finer than a screen; no zeros behind them.
+std::string length(double value) {
+    std::string text = fmt::format("{:.2f}", value);
+    text.erase(text.find_last_not_of('0') + 1);
+    if (text.ends_with('.')) {
+        text.pop_back();
+    }
+    return text == "-0" ? "0" : text;
+}
+
+/// 1, 2 or 5 times a power of ten, so that about so many steps fill a span.
+double roundStep(double span, double steps) {
+    const double rough = span / steps;
+    const double power = std::pow(10.0, std::floor(std::log10(rough)));
+    for (const double factor : {1.0, 2.0, 5.0}) {
+        if (rough <= factor * power) {
+            return factor * power;
+        }
+    }
+    return 10 * power;
+}
+
+/// Ticks that lie close together far from zero differ late.
+std::string tickText(double value) {
+    return fmt::format("{:.12g}", value);
+}
+
+/// How wide a text is at most, as it is drawn for a phone.
+double textWidth(std::size_t characters) {
+    constexpr double widest = 10.5;
+    return widest * static_cast<double>(characters);
+}
+
+}  // namespace
+
+void Svg::line(double x1, double y1, double x2, double y2, std::string_view cssClass) {
+    m_Elements += fmt::format("<path class=\"{}\" d=\"M{} {}L{} {}\"/>\n", cssClass, length(x1), length(y1),
+                              length(x2), length(y2));
+}
+
+void Svg::rectangle(double x, double y, double w, double h, std::string_view cssClass) {
+    m_Elements += fmt::format("<rect class=\"{}\" x=\"{}\" y=\"{}\" width=\"{}\" height=\"{}\"/>\n", cssClass,
+                              length(x), length(y), length(w), length(h));
+}
+
+void Svg::circle(double x, double y, double radius, std::string_view cssClass) {
+    m_Elements += fmt::format("<circle class=\"{}\" cx=\"{}\" cy=\"{}\" r=\"{}\"/>\n", cssClass, length(x),
+                              length(y), length(radius));
+}
+
+void Svg::text(double x, double y, std::string_view text, std::string_view anchor,
+               std::string_view cssClass) {
+    m_Elements += fmt::format("<text class=\"{}\" x=\"{}\" y=\"{}\" text-anchor=\"{}\">{}</text>\n", cssClass,
+                              length(x), length(y), anchor, inHtml(onOneLine(text)));
+}
+
+std::string Svg::finish(double height, std::string_view name, std::string_view description) const {
+    return fmt::format(
+        "<figure>\n<svg viewBox=\"0 0 {} {}\" role=\"img\" aria-labelledby=\"picture-name "
+        "picture-description\">\n<title id=\"picture-name\">{}</title>\n<desc "
+        "id=\"picture-description\">{}</desc>\n{}</svg>\n<figcaption>{}</figcaption>\n</figure>\n",
+        length(width), length(height), inHtml(onOneLine(name)), inHtml(onOneLine(description)), m_Elements,
+        inHtml(onOneLine(description)));
+}
+
+Scale::Scale(double lowest, double highest, double from, double to)
+    : m_Lowest(lowest), m_Highest(highest), m_From(from), m_To(to) {
+    if (!(m_Lowest < m_Highest)) {
+        const double margin = std::max(std::abs(m_Lowest) * 0.1, 0.5);
+        m_Lowest = lowest - margin;
+        m_Highest = lowest + margin;
+    }
+}
+
+double Scale::at(double value) const {
+    // Halves, so that the span of the largest numbers is one too.
+    const double part = (value / 2 - m_Lowest / 2) / (m_Highest / 2 - m_Lowest / 2);
+    return m_From + part * (m_To - m_From);
+}
+
+std::vector<double> Scale::ticks() const {
+    constexpr double steps = 5;
+    constexpr int mostTicks = 12;
+    const double span = m_Highest - m_Lowest;
+    const double step = std::isfinite(span) ? roundStep(span, steps) : 0;
+    std::vector<double> found;
+    if (step > 0 && std::isfinite(step)) {
+        const double first = std::ceil(m_Lowest / step);
+        for (int i = 0; i < mostTicks && (first + i) * step <= m_Highest; ++i) {
+            found.push_back((first + i) * step + 0.0);
+        }
+    }
+    return found;
+}
+
+void Scale::drawAxis(Svg& svg, double top, double bottom) const {
+    constexpr double below = 18;
+    svg.line(m_From, bottom, m_To, bottom, "axis");
+    const std::vector<double> values = ticks();
+    if (values.empty()) {
+        svg.text(m_From, bottom + below, fmt::format("{:.6g}", m_Lowest), "start", "quiet");
+        svg.text(m_To, bottom + below, fmt::format("{:.6g}", m_Highest), "end", "quiet");
+    }
+    const std::size_t every = ticksALabel(values);
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        const double x = at(values[i]);
+        svg.line(x, top, x, bottom, "grid");
+        if (i % every == 0) {
+            const std::string digits = tickText(values[i]);
+            const double half = textWidth(digits.size()) / 2;
+            svg.text(std::min(x, Svg::width - half), bottom + below, digits, "middle", "quiet");
+        }
+    }
+}
+
+std::size_t Scale::ticksALabel(const std::vector<double>& values) const {
+    if (values.size() < 2) {
+        return 1;
+    }
+    std::size_t longest = 0;
+    for (const double value : values) {
+        longest = std::max(longest, tickText(value).size());
+    }
+    const double apart = at(values[1]) - at(values[0]);
+    return static_cast<std::size_t>(std::ceil(textWidth(longest + 1) / apart));
+}
+
+void Scale::drawUprightAxis(Svg& svg, double left, double right) const {
+    svg.line(left, m_To, left, m_From, "axis");
+    for (const double tick : ticks()) {
+        svg.line(left, at(tick), right, at(tick), "grid");
+        svg.text(left - 8, at(tick) + 4, tickText(tick), "end", "quiet");
+    }
+}
+
+std::string shortened(std::string_view text, std::size_t columns) {
+    if (displayWidth(text) <= columns) {
+        return std::string(text);
+    }
+    std::size_t characters = columns;
+    while (displayWidth(workbook::firstCharacters(text, characters)) + 1 > columns) {
+        characters -= 1;
+    }
+    return std::string(workbook::firstCharacters(text, characters)) + "…";
+}
+
+}  // namespace TBVNonPara::rendering

@@ -1,0 +1,51 @@
+#include "tbvnonpara/rendering/display_width.hpp"
+
+#include <gtest/gtest.h>
+
+namespace TBVNonPara::rendering {
+
+namespace {
+
+TEST(DisplayWidth, CountsTheColumnsOfATerminal) {
+    EXPECT_EQ(displayWidth(""), 0U);
+    EXPECT_EQ(displayWidth("Before"), 6U);
+    EXPECT_EQ(displayWidth("Größe"), 5U);
+    EXPECT_EQ(displayWidth("rₛ"), 2U);
+    EXPECT_EQ(displayWidth("─"), 1U);
+}
+
+TEST(DisplayWidth, WideCharactersTakeTwoColumns) {
+    EXPECT_EQ(displayWidth("前"), 2U);
+    EXPECT_EQ(displayWidth("試験1"), 5U);
+    EXPECT_EQ(displayWidth("한국"), 4U);
+    EXPECT_EQ(displayWidth("Ａ"), 2U);
+    EXPECT_EQ(displayWidth("😀"), 2U);
+    EXPECT_EQ(displayWidth("\U00020000"), 2U);
+}
+
+TEST(DisplayWidth, CombiningAndInvisibleCharactersTakeNone) {
+    EXPECT_EQ(displayWidth("e\u0301"), 1U);
+    EXPECT_EQ(displayWidth("a\u200Bb"), 2U);
+    EXPECT_EQ(displayWidth("\u1112\u1161\u11AB"), 2U);
+    EXPECT_EQ(displayWidth("\uFEFF"), 0U);
+}
+
+TEST(OnOneLine, LineBreaksAndTabsBecomeBlanks) {
+    EXPECT_EQ(onOneLine("a\nb\tc"), "a b c");
+    EXPECT_EQ(onOneLine("Größe 前"), "Größe 前");
+}
+
+TEST(OnOneLine, OtherControlCharactersCannotReachATerminal) {
+    EXPECT_EQ(onOneLine("\033[31mred"), "\uFFFD[31mred");
+    EXPECT_EQ(onOneLine("a\u009Bb\x7F"), "a\uFFFDb\uFFFD");
+}
+
+TEST(WithoutBlankEnd, KeepsEverythingElse) {
+    EXPECT_EQ(withoutBlankEnd("P = "), "P =");
+    EXPECT_EQ(withoutBlankEnd("  x"), "  x");
+    EXPECT_EQ(withoutBlankEnd("   "), "");
+}
+
+}  // namespace
+
+}  // namespace TBVNonPara::rendering
