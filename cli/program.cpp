@@ -41,8 +41,8 @@ int answer(const Answer& answer) {
     return 0;
 }
 
-void write(const analysis::FinishedTest& finished, const Arguments& arguments, const std::string& picture,
-           Output& output) {
+void write(const analysis::FinishedTest& finished, const Arguments& arguments,
+           const rendering::PictureData& data, Output& output) {
     const rendering::ReportBlock report(finished.sheet(), finished.block());
     switch (arguments.format) {
         case OutputFormat::Text:
@@ -56,7 +56,9 @@ void write(const analysis::FinishedTest& finished, const Arguments& arguments, c
             rendering::writeCsv(report, output);
             break;
         case OutputFormat::Html:
-            rendering::writeHtml(report, arguments.test->title, picture, output);
+            rendering::writeHtml(report, arguments.test->title,
+                                 rendering::dataPicture(arguments.test->method, data, finished.engine()),
+                                 output);
             break;
         case OutputFormat::Xlsx:
             break;  // only ever saved
@@ -68,9 +70,13 @@ ObjectRef<workbook::EmbeddedApplication> open(const Arguments& arguments) {
                                  : analysis::openFile(arguments);
 }
 
-std::string drawn(const workbook::EmbeddedApplication& application, const Arguments& arguments,
-                  const analysis::ChosenRanges& ranges) {
-    return rendering::dataPicture(application, arguments.test->method, ranges.y, ranges.x, ranges.headers);
+/// What a page draws; nothing for other forms.
+rendering::PictureData dataToDraw(const workbook::EmbeddedApplication& application,
+                                  const Arguments& arguments, const analysis::ChosenRanges& ranges) {
+    if (arguments.format != OutputFormat::Html) {
+        return {};
+    }
+    return rendering::pictureData(application, ranges.y, ranges.x, ranges.headers);
 }
 
 void analyse(const Arguments& arguments, Circumstances& circumstances) {
@@ -83,10 +89,9 @@ void analyse(const Arguments& arguments, Circumstances& circumstances) {
     }
     progress.next("Analysing");
     // The picture shows the data as they are before a report is put over them.
-    const std::string picture =
-        arguments.format == OutputFormat::Html ? drawn(*application, arguments, circumstances.ranges) : "";
+    const rendering::PictureData data = dataToDraw(*application, arguments, circumstances.ranges);
     const analysis::FinishedTest finished = analysis::runTest(application, arguments, circumstances.ranges);
-    const auto writeTo = [&](Output& output) { write(finished, arguments, picture, output); };
+    const auto writeTo = [&](Output& output) { write(finished, arguments, data, output); };
     if (!arguments.save.empty()) {
         progress.next("Saving " + arguments.save);
         const std::string saved = saveReport(finished, arguments, writeTo);

@@ -5,7 +5,6 @@
 #include <fmt/format.h>
 #include <unordered_map>
 
-#include "tbvnonpara/rendering/picture_data.hpp"
 #include "tbvnonpara/rendering/point_pictures.hpp"
 #include "tbvnonpara/rendering/svg.hpp"
 
@@ -13,55 +12,31 @@ namespace TBVNonPara::rendering {
 
 namespace {
 
-constexpr double belowAxis = 28;
-
-struct SignCounts {
-    std::size_t positive = 0;
-    std::size_t neither = 0;
-    std::size_t negative = 0;
-};
-
-void countSign(double y, double x, SignCounts& counts) {
-    counts.positive += y > x ? 1 : 0;
-    counts.negative += y < x ? 1 : 0;
-    counts.neither += y == x ? 1 : 0;
-}
-
-std::string signsPicture(const std::vector<PictureColumn>& y, const std::vector<PictureColumn>& x) {
-    SignCounts counts;
-    if (x.empty()) {
-        for (const double code : numbersOf(y.front())) {
-            countSign(code, 0, counts);
-        }
-    } else {
-        for (const Pair& pair : pairsOf(y.front(), x.front())) {
-            countSign(pair.y, pair.x, counts);
-        }
-    }
+std::string signsPicture(const clsNonParaBO& engine) {
+    const auto counts = std::get<Array<Long>>(engine.GetOther());
     struct Bar {
         std::string_view label;
-        std::size_t count;
+        Long count;
         std::string_view cssClass;
     };
-    const std::array<Bar, 3> bars = {{{"positive", counts.positive, "first"},
-                                      {"neither", counts.neither, "none"},
-                                      {"negative", counts.negative, "second"}}};
-    const double most =
-        static_cast<double>(std::max({counts.positive, counts.neither, counts.negative, std::size_t(1)}));
+    const std::array<Bar, 3> bars = {{{"positive", counts(1), "first"},
+                                      {"neither", counts(2), "none"},
+                                      {"negative", counts(3), "second"}}};
+    const double most = toDouble(std::max({counts(1), counts(2), counts(3), Long(1)}));
     Svg svg;
     double top = 8;
     for (const Bar& bar : bars) {
         constexpr double longest = 400;
-        const double length = longest * static_cast<double>(bar.count) / most;
+        const double length = longest * toDouble(bar.count) / most;
         svg.text(labelsEnd, top + 20, bar.label, "end");
         svg.rectangle(plotLeft, top, length, 30, bar.cssClass);
-        svg.text(plotLeft + length + 8, top + 20, std::to_string(bar.count), "start");
+        svg.text(plotLeft + length + 8, top + 20, std::to_string(bar.count.value()), "start");
         top += 40;
     }
     svg.line(plotLeft, 2, plotLeft, top - 4, "axis");
     return svg.finish(top, "The signs",
-                      fmt::format("{} positive, {} neither, {} negative.", counts.positive, counts.neither,
-                                  counts.negative));
+                      fmt::format("{} positive, {} neither, {} negative.", counts(1).value(),
+                                  counts(2).value(), counts(3).value()));
 }
 
 /// The parts of the drawing that a category takes, by columns one unit wide.
@@ -130,26 +105,27 @@ bool needsTwoColumns(TBVNPMethod method) {
 
 }  // namespace
 
-std::string dataPicture(const workbook::EmbeddedApplication& application, TBVNPMethod method,
-                        std::string_view y, std::string_view x, bool headers) {
-    std::vector<PictureColumn> first = columnsAt(application, y, headers);
-    const std::vector<PictureColumn> second =
-        x.empty() ? std::vector<PictureColumn>() : columnsAt(application, x, headers);
-    if (first.empty() || (second.empty() && needsTwoColumns(method))) {
+PictureData pictureData(const workbook::EmbeddedApplication& application, std::string_view y,
+                        std::string_view x, bool headers) {
+    return {columnsAt(application, y, headers),
+            x.empty() ? std::vector<PictureColumn>() : columnsAt(application, x, headers)};
+}
+
+std::string dataPicture(TBVNPMethod method, const PictureData& data, const clsNonParaBO& engine) {
+    if (data.y.empty() || (data.x.empty() && needsTwoColumns(method))) {
         return "";
     }
     switch (method) {
         case tbvNPWilcoxon:
-            return differencesPicture(first.front(), second.front());
+            return differencesPicture(data.y.front().label, data.x.front().label, engine);
         case tbvNPSpearman:
-            return ranksPicture(first.front(), second.front());
+            return ranksPicture(data.y.front().label, data.x.front().label, engine);
         case tbvNPSign:
-            return signsPicture(first, second);
+            return signsPicture(engine);
         case tbvNPWWRuns:
-            return sequencePicture(first.front());
+            return sequencePicture(data.y.front());
         default:
-            first.insert(first.end(), second.begin(), second.end());
-            return groupsPicture(first);
+            return groupsPicture(data.y, data.x, engine);
     }
 }
 

@@ -2,17 +2,30 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "tbvnonpara/core/enumerations.hpp"
+#include "tbvnonpara/engine/clsNonParaBO.hpp"
+#include "tbvnonpara/rendering/picture_data.hpp"
 #include "tbvnonpara/workbook/embedded_application.hpp"
 
 namespace TBVNonPara::rendering {
 
+/// The data of a test as they stand before a report may be put over them.
+struct PictureData {
+    std::vector<PictureColumn> y;
+    std::vector<PictureColumn> x;
+};
+
+/// The columns at the addresses y and x; x may be empty.
+[[nodiscard]] PictureData pictureData(const workbook::EmbeddedApplication& application, std::string_view y,
+                                      std::string_view x, bool headers);
+
 /// The data of a test as a figure of a page, drawn in SVG: groups as points with box and median, pairs as
 /// their differences, a correlation as a scatter of ranks, signs as counted bars, a sequence as it runs.
-/// Large data are thinned: the figure stays below half a megabyte whatever the data.
-/// y and x are addresses; x may be empty.
-[[nodiscard]] std::string dataPicture(const workbook::EmbeddedApplication& application, TBVNPMethod method,
-                                      std::string_view y, std::string_view x, bool headers);
+/// Ranks, signs and medians are those of the engine that has run the test. Large data are thinned: the figure
+/// stays below half a megabyte whatever the data.
+[[nodiscard]] std::string dataPicture(TBVNPMethod method, const PictureData& data,
+                                      const clsNonParaBO& engine);
 
 }  // namespace TBVNonPara::rendering

@@ -1,7 +1,6 @@
 #include "tbvnonpara/rendering/picture_data.hpp"
 
 #include <algorithm>
-#include <numeric>
 
 #include "tbvnonpara/core/conversions.hpp"
 #include "tbvnonpara/workbook/address.hpp"
@@ -52,42 +51,12 @@ std::vector<double> numbersOf(const PictureColumn& column) {
     return numbers;
 }
 
-std::vector<Pair> pairsOf(const PictureColumn& y, const PictureColumn& x) {
-    std::vector<Pair> pairs;
-    for (std::size_t i = 0; i < std::min(y.cells.size(), x.cells.size()); ++i) {
-        const std::optional<double> first = numberOf(y.cells[i]);
-        const std::optional<double> second = numberOf(x.cells[i]);
-        if (first && second) {
-            pairs.push_back({*first, *second});
-        }
-    }
-    return pairs;
-}
-
 double quantile(const std::vector<double>& sorted, double part) {
     const double place = part * static_cast<double>(sorted.size() - 1);
     const auto below = static_cast<std::size_t>(place);
     const double above = sorted[std::min(below + 1, sorted.size() - 1)];
     const double weight = place - static_cast<double>(below);
     return sorted[below] * (1 - weight) + above * weight;
-}
-
-std::vector<double> averageRanks(const std::vector<double>& numbers) {
-    std::vector<std::size_t> order(numbers.size());
-    std::iota(order.begin(), order.end(), std::size_t(0));
-    std::ranges::sort(order, {}, [&](std::size_t i) { return numbers[i]; });
-    std::vector<double> ranks(numbers.size());
-    for (std::size_t first = 0; first < order.size();) {
-        std::size_t end = first + 1;
-        while (end < order.size() && numbers[order[end]] == numbers[order[first]]) {
-            end += 1;
-        }
-        for (std::size_t i = first; i < end; ++i) {
-            ranks[order[i]] = static_cast<double>(first + 1 + end) / 2;
-        }
-        first = end;
-    }
-    return ranks;
 }
 
 }  // namespace TBVNonPara::rendering

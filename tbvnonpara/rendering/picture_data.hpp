@@ -22,18 +22,7 @@ struct PictureColumn {
 /// The numbers of a column in its order; what is no number is left out.
 [[nodiscard]] std::vector<double> numbersOf(const PictureColumn& column);
 
-struct Pair {
-    double y = 0;
-    double x = 0;
-};
-
-/// The rows of two columns that are numbers in both.
-[[nodiscard]] std::vector<Pair> pairsOf(const PictureColumn& y, const PictureColumn& x);
-
 /// The value below which a part of sorted numbers lies, between two of them where need be.
 [[nodiscard]] double quantile(const std::vector<double>& sorted, double part);
-
-/// Each number's place in order; equal ones share the mean of theirs.
-[[nodiscard]] std::vector<double> averageRanks(const std::vector<double>& numbers);
 
 }  // namespace TBVNonPara::rendering

@@ -5,14 +5,13 @@
 #include <fmt/format.h>
 #include <limits>
 #include <map>
+#include <span>
 
 #include "tbvnonpara/rendering/svg.hpp"
 
 namespace TBVNonPara::rendering {
 
 namespace {
-
-constexpr double belowAxis = 28;
 
 std::string rounded(double value) {
     return fmt::format("{:.6g}", value + 0.0);
@@ -49,7 +48,41 @@ class PointRow {
 struct Group {
     std::string label;
     std::vector<double> sorted;
+    double median = 0;
 };
+
+/// The groups that there is room for, those of y first.
+std::vector<Group> groupsOf(const std::vector<PictureColumn>& y, const std::vector<PictureColumn>& x,
+                            const clsNonParaBO& engine) {
+    constexpr std::size_t mostGroups = 30;
+    // Without descriptives the engine holds no medians of samples.
+    const Array<double> medians = engine.GetMediansRaw();
+    const bool known = medians.allocated() && toIndex(medians.size()) == std::ssize(y) + std::ssize(x);
+    std::vector<Group> groups;
+    for (const auto* const columns : {&y, &x}) {
+        for (std::size_t i = 0; i < columns->size() && groups.size() < mostGroups; ++i) {
+            Group group{(*columns)[i].label, numbersOf((*columns)[i])};
+            std::ranges::sort(group.sorted);
+            if (!group.sorted.empty()) {
+                group.median = known ? medians.elements()[groups.size()] : quantile(group.sorted, 0.5);
+            }
+            groups.push_back(std::move(group));
+        }
+    }
+    return groups;
+}
+
+/// The medians of the first groups in words.
+std::string mediansOf(const std::vector<Group>& groups, std::size_t most) {
+    std::string medians;
+    for (std::size_t i = 0; i < std::min(groups.size(), most); ++i) {
+        if (!groups[i].sorted.empty()) {
+            medians += (medians.empty() ? "" : ", ") + shortened(groups[i].label, labelLength) + ' ' +
+                       rounded(groups[i].median);
+        }
+    }
+    return medians;
+}
 
 void drawGroup(Svg& svg, const Scale& scale, const Group& group, double y, double halfHeight) {
     svg.text(labelsEnd, y + 4, shortened(group.label, labelLength), "end");
@@ -67,62 +100,47 @@ void drawGroup(Svg& svg, const Scale& scale, const Group& group, double y, doubl
     for (const double value : group.sorted) {
         points.draw(value, "first");
     }
-    const double median = scale.at(quantile(group.sorted, 0.5));
+    const double median = scale.at(group.median);
     svg.line(median, y - halfHeight - 2, median, y + halfHeight + 2, "median");
 }
 
 }  // namespace
 
-std::string groupsPicture(const std::vector<PictureColumn>& columns) {
-    constexpr std::size_t mostGroups = 30;
+std::string groupsPicture(const std::vector<PictureColumn>& y, const std::vector<PictureColumn>& x,
+                          const clsNonParaBO& engine) {
     constexpr std::size_t mostMedians = 8;
-    const std::size_t count = std::min(columns.size(), mostGroups);
-    std::vector<Group> groups;
+    const std::vector<Group> groups = groupsOf(y, x, engine);
     double lowest = std::numeric_limits<double>::infinity();
     double highest = -lowest;
-    for (std::size_t i = 0; i < count; ++i) {
-        Group group{columns[i].label, numbersOf(columns[i])};
-        std::ranges::sort(group.sorted);
+    for (const Group& group : groups) {
         lowest = group.sorted.empty() ? lowest : std::min(lowest, group.sorted.front());
         highest = group.sorted.empty() ? highest : std::max(highest, group.sorted.back());
-        groups.push_back(std::move(group));
     }
     if (!(lowest <= highest)) {
         return "";
     }
-    const double rowHeight = count <= 8 ? 44 : 24;
-    const double bottom = 10 + rowHeight * static_cast<double>(count);
+    const double rowHeight = groups.size() <= 8 ? 44 : 24;
+    const double bottom = 10 + rowHeight * static_cast<double>(groups.size());
     Svg svg;
     const Scale scale(lowest, highest, plotLeft, plotRight);
     scale.drawAxis(svg, 6, bottom);
-    std::string medians;
     for (std::size_t i = 0; i < groups.size(); ++i) {
         drawGroup(svg, scale, groups[i], 10 + rowHeight * (static_cast<double>(i) + 0.5), rowHeight * 0.3);
-        if (i < mostMedians && !groups[i].sorted.empty()) {
-            medians += (medians.empty() ? "" : ", ") + shortened(groups[i].label, labelLength) + ' ' +
-                       rounded(quantile(groups[i].sorted, 0.5));
-        }
     }
     std::string description =
-        "Points, quartiles as a box and the median as a line. Medians: " + medians + '.';
-    if (groups.size() > mostMedians || columns.size() > groups.size()) {
-        description += fmt::format(" {} of {} groups are drawn.", groups.size(), columns.size());
+        "Points, quartiles as a box and the median as a line. Medians: " + mediansOf(groups, mostMedians) +
+        '.';
+    const std::size_t columns = y.size() + x.size();
+    if (groups.size() > mostMedians || columns > groups.size()) {
+        description += fmt::format(" {} of {} groups are drawn.", groups.size(), columns);
     }
     return svg.finish(bottom + belowAxis, "The groups", description);
 }
 
-std::string differencesPicture(const PictureColumn& y, const PictureColumn& x) {
-    std::vector<double> differences;
-    std::size_t above = 0;
-    std::size_t below = 0;
-    for (const Pair& pair : pairsOf(y, x)) {
-        const double difference = pair.y - pair.x;
-        if (std::isfinite(difference)) {
-            differences.push_back(difference);
-        }
-        above += pair.y > pair.x ? 1 : 0;
-        below += pair.y < pair.x ? 1 : 0;
-    }
+std::string differencesPicture(const std::string& y, const std::string& x, const clsNonParaBO& engine) {
+    const Grid<double> pairs = engine.GetRanks();  // difference, rank and signed rank of each
+    const std::span<const double> inOrder = pairs.column(1);
+    std::vector<double> differences(inOrder.begin(), inOrder.end());
     if (differences.empty()) {
         return "";
     }
@@ -139,54 +157,48 @@ std::string differencesPicture(const PictureColumn& y, const PictureColumn& x) {
         points.draw(difference, difference > 0 ? "first" : difference < 0 ? "second" : "none");
     }
     const double median = quantile(differences, 0.5);
+    const Array<Long> ns = engine.GetNsRank();  // positive, negative, zero
     svg.line(scale.at(median), 22, scale.at(median), bottom - 8, "median");
     return svg.finish(
         bottom + belowAxis, "The differences of the pairs",
         fmt::format(
             "{} minus {}, pair by pair: {} above zero, {} below, {} equal. The line is their median, {}.",
-            shortened(y.label, 40), shortened(x.label, 40), above, below,
-            differences.size() - std::min(differences.size(), above + below), rounded(median)));
+            shortened(y, 40), shortened(x, 40), ns(1).value(), ns(2).value(), ns(3).value(),
+            rounded(median)));
 }
 
-std::string ranksPicture(const PictureColumn& y, const PictureColumn& x) {
-    std::vector<double> ys;
-    std::vector<double> xs;
-    for (const Pair& pair : pairsOf(y, x)) {
-        ys.push_back(pair.y);
-        xs.push_back(pair.x);
-    }
-    if (ys.empty()) {
-        return "";
-    }
-    const std::vector<double> yRanks = averageRanks(ys);
-    const std::vector<double> xRanks = averageRanks(xs);
+std::string ranksPicture(const std::string& y, const std::string& x, const clsNonParaBO& engine) {
+    const Grid<double> ranks = engine.GetRanks();
+    const auto count = static_cast<std::size_t>(toIndex(ranks.rows()));
     constexpr double top = 26;
     constexpr double bottom = 300;
     constexpr double left = 60;
     constexpr double right = 460;
     constexpr double cell = 7;
     constexpr std::size_t drawnSingly = 1000;
-    const auto n = static_cast<double>(ys.size());
+    const auto n = static_cast<double>(count);
     Svg svg;
     const Scale across(0, n + 1, left, right);
     const Scale upwards(0, n + 1, bottom, top);
     across.drawAxis(svg, top, bottom);
     upwards.drawUprightAxis(svg, left, right);
+    const std::span<const double> yRanks = ranks.column(1);
+    const std::span<const double> xRanks = ranks.column(2);
     std::map<std::pair<int, int>, int> cells;
-    for (std::size_t i = 0; i < ys.size(); ++i) {
+    for (std::size_t i = 0; i < count; ++i) {
         const double px = across.at(xRanks[i]);
         const double py = upwards.at(yRanks[i]);
         int& there = cells[{static_cast<int>(px / cell), static_cast<int>(py / cell)}];
-        if (there == 0 || ys.size() <= drawnSingly) {
+        if (there == 0 || count <= drawnSingly) {
             svg.circle(px, py, 3.5, "first");
         }
         there += 1;
     }
-    svg.text(left, 16, "rank of " + shortened(y.label, 30), "start");
-    svg.text(right, bottom + 40, "rank of " + shortened(x.label, 30), "end");
-    std::string description = fmt::format("The ranks of {} against those of {}, {} pairs.",
-                                          shortened(y.label, 40), shortened(x.label, 40), ys.size());
-    description += ys.size() > drawnSingly ? " Points that lie close together are drawn as one." : "";
+    svg.text(left, 16, "rank of " + shortened(y, 30), "start");
+    svg.text(right, bottom + 40, "rank of " + shortened(x, 30), "end");
+    std::string description = fmt::format("The ranks of {} against those of {}, {} pairs.", shortened(y, 40),
+                                          shortened(x, 40), count);
+    description += count > drawnSingly ? " Points that lie close together are drawn as one." : "";
     return svg.finish(bottom + 50, "Scatter of the ranks", description);
 }
 

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "tbvnonpara/engine/clsNonParaBO.hpp"
 #include "tbvnonpara/rendering/picture_data.hpp"
 
 namespace TBVNonPara::rendering {
@@ -11,11 +12,15 @@ namespace TBVNonPara::rendering {
 constexpr double plotLeft = 150;
 constexpr double plotRight = 615;
 constexpr double labelsEnd = plotLeft - 14;
+constexpr double belowAxis = 28;
 constexpr std::size_t labelLength = 14;
 
-/// Figures of a page; empty texts when there is no number to draw.
-[[nodiscard]] std::string groupsPicture(const std::vector<PictureColumn>& columns);
-[[nodiscard]] std::string differencesPicture(const PictureColumn& y, const PictureColumn& x);
-[[nodiscard]] std::string ranksPicture(const PictureColumn& y, const PictureColumn& x);
+/// Figures of a page; empty texts when there is no number to draw. The engine has run the test.
+[[nodiscard]] std::string groupsPicture(const std::vector<PictureColumn>& y,
+                                        const std::vector<PictureColumn>& x, const clsNonParaBO& engine);
+[[nodiscard]] std::string differencesPicture(const std::string& y, const std::string& x,
+                                             const clsNonParaBO& engine);
+[[nodiscard]] std::string ranksPicture(const std::string& y, const std::string& x,
+                                       const clsNonParaBO& engine);
 
 }  // namespace TBVNonPara::rendering
