@@ -1,8 +1,6 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
-#include <string_view>
 
 #include "tbvnonpara/analysis/ranges.hpp"
 #include "tbvnonpara/analysis/tests_offered.hpp"
@@ -15,9 +13,6 @@ struct Circumstances {
     const analysis::OfferedTest* test = nullptr;
     analysis::ChosenRanges ranges;
 };
-
-/// The name of an error's number: "tbvNPNoYRange", "Overflow", "HostError" for 1004; "Error" for any other.
-[[nodiscard]] std::string_view errorName(std::int32_t number) noexcept;
 
 /// One or two sentences: what happened, to which range or option, and what to do. An error that brings its
 /// own description says that.

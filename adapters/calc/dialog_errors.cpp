@@ -7,7 +7,10 @@ namespace TBVNonPara::calc {
 
 void AnalysisDialog::showError(const Error& error) {
     const Field field = fieldOf(error);
-    m_View.setMessage(field, plainWords(error.number(), error.description(), m_Language));
+    RequestNames names;
+    names.y = m_View.text(Field::First);
+    names.x = m_View.text(Field::Second);
+    m_View.setMessage(field, plainWords(error, method(), names, m_Language));
     arrange();
     m_View.focus(field);
 }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <span>
 
 namespace TBVNonPara::calc {
 
@@ -92,47 +91,44 @@ constexpr AlternativeTexts germanAlternatives{
     .runs = {"die Reihenfolge ist nicht zufällig", "weniger Iterationen als erwartet", "mehr Iterationen als erwartet"},
 };
 
-struct ErrorText {
-    std::int32_t number;
-    std::string_view english;
-    std::string_view german;
+/// A cause of an error in German; the English words are the library's.
+struct GermanCause {
+    Cause cause;
+    std::string_view text;
 };
 
 /// A percent sign stands for the cell that the error names.
-constexpr auto errorTexts = std::to_array<ErrorText>({
-    {tbvNPBadOutputRange, "This is no cell of the document.", "Das ist keine Zelle des Dokuments."},
-    {tbvNPBadYRange, "This is no range of the document.", "Das ist kein Bereich des Dokuments."},
-    {tbvNPBadXRange, "This is no range of the document.", "Das ist kein Bereich des Dokuments."},
-    {tbvNPNoYRange, "Name the range that holds the data.", "Bitte den Bereich mit den Daten angeben."},
-    {tbvNPNoXRange, "This test needs a second range.", "Dieser Test braucht einen zweiten Bereich."},
-    {tbvNPUnequalPairs, "The two ranges must have the same number of rows.",
-     "Beide Bereiche müssen gleich viele Zeilen haben."},
-    {tbvNPTooFewGroups, "This test needs two columns or more, or several ranges.",
-     "Dieser Test braucht mindestens zwei Spalten oder mehrere Bereiche."},
-    {tbvNPTooFewRows, "There must be at least two rows of data.", "Es müssen mindestens zwei Zeilen Daten sein."},
-    {tbvNPYRangeColumns, "This test takes one column here.", "Dieser Test nimmt hier nur eine Spalte."},
-    {tbvNPXRangeColumns, "The second range must be one column.", "Der zweite Bereich muss eine Spalte sein."},
-    {tbvNPInvalidSignSymbols, "Every cell must hold 1, -1 or 0.", "Jede Zelle muss 1, -1 oder 0 enthalten."},
-    {tbvNPTextInData, "% holds a text; every cell of the data must be a number.",
-     "% enthält einen Text; jede Zelle der Daten muss eine Zahl sein."},
-    {tbvNPBooleanInData, "% holds TRUE or FALSE; every cell of the data must be a number.",
-     "% enthält WAHR oder FALSCH; jede Zelle der Daten muss eine Zahl sein."},
-    {tbvNPErrorInData, "% holds an error; correct it or leave the cell out.",
-     "% enthält einen Fehler; bitte korrigieren oder die Zelle auslassen."},
-    {tbvNPBlankInData, "% is blank; every cell of the data must be a number.",
-     "% ist leer; jede Zelle der Daten muss eine Zahl sein."},
-    {tbvNPNoData, "% holds no data.", "% enthält keine Daten."},
-    {tbvNPOutputOffSheet, "The report does not fit there; choose a cell further up or to the left.",
-     "Der Bericht passt dort nicht; bitte eine Zelle weiter oben oder links wählen."},
-    {tbvNPOutputOccupied, "% already holds a value; choose another place or let it be replaced.",
-     "% enthält schon einen Wert; bitte eine andere Stelle wählen oder ersetzen lassen."},
-    {tbvNPNoContingencyTable, "The groups do not differ in how their values lie about the common median.",
-     "Die Werte der Gruppen liegen nicht verschieden um den gemeinsamen Median."},
-    {6, "The values leave nothing to compute, for example because they are all equal.",
-     "Mit diesen Werten lässt sich nichts berechnen, zum Beispiel weil alle gleich sind."},
-    {11, "The values leave nothing to compute, for example because they are all equal.",
-     "Mit diesen Werten lässt sich nichts berechnen, zum Beispiel weil alle gleich sind."},
-    {7, "There is not enough memory for this many cells.", "Der Speicher reicht für so viele Zellen nicht."},
+constexpr auto germanCauses = std::to_array<GermanCause>({
+    {Cause::BadOutputRange, "Das ist keine Zelle des Dokuments."},
+    {Cause::BadYRange, "Das ist kein Bereich des Dokuments."},
+    {Cause::BadXRange, "Das ist kein Bereich des Dokuments."},
+    {Cause::NoYRange, "Bitte den Bereich mit den Daten angeben."},
+    {Cause::NoXRange, "Dieser Test braucht einen zweiten Bereich."},
+    {Cause::UnequalPairs, "Beide Bereiche müssen gleich viele Zeilen haben."},
+    {Cause::TooFewGroups, "Dieser Test braucht mindestens zwei Spalten oder mehrere Bereiche."},
+    {Cause::TooFewRows, "Es müssen mindestens zwei Zeilen Daten sein."},
+    {Cause::SeveralYColumns, "Dieser Test nimmt hier nur eine Spalte."},
+    {Cause::SeveralXColumns, "Der zweite Bereich muss eine Spalte sein."},
+    {Cause::NoSignCodes, "Jede Zelle muss 1, -1 oder 0 enthalten."},
+    {Cause::TextInData, "% enthält einen Text; jede Zelle der Daten muss eine Zahl sein."},
+    {Cause::BooleanInData, "% enthält WAHR oder FALSCH; jede Zelle der Daten muss eine Zahl sein."},
+    {Cause::ErrorInData, "% enthält einen Fehler; bitte korrigieren oder die Zelle auslassen."},
+    {Cause::BlankInData, "% ist leer; jede Zelle der Daten muss eine Zahl sein."},
+    {Cause::NoData, "% enthält keine Daten."},
+    {Cause::OutputOffSheet, "Der Bericht passt dort nicht; bitte eine Zelle weiter oben oder links wählen."},
+    {Cause::OutputOccupied, "% enthält schon einen Wert; bitte eine andere Stelle wählen oder ersetzen lassen."},
+    {Cause::NoContingencyTable, "Es sind weniger als zwei Gruppen, oder keine enthält einen Wert; bitte mindestens zwei Gruppen mit Werten angeben."},
+    {Cause::OutOfMemory, "Der Speicher reicht für so viele Zellen nicht."},
+    {Cause::NoNumber, "Eine Zelle der Daten ist keine Zahl."},
+    {Cause::AllValuesEqual, "Alle Werte sind gleich; es gibt nichts in eine Rangfolge zu bringen."},
+    {Cause::NoDifference, "Alle Differenzen sind null; es gibt nichts in eine Rangfolge zu bringen."},
+    {Cause::NoDifferenceOrTooLarge, "Alle Differenzen sind null, oder eine ist zu groß (über etwa 3,4e38)."},
+    {Cause::NoCorrelation, "Die Werte eines Bereichs sind alle oder fast alle gleich; es gibt keine Rangkorrelation."},
+    {Cause::BlocksAllTied, "In jedem Block sind alle Werte gleich; die Behandlungen lassen sich nicht ordnen."},
+    {Cause::BlocksAgreeWholly, "Jeder Block ordnet die Behandlungen gleich; der Nenner der F-Statistik ist null. Deutlicher können sich die Behandlungen nicht unterscheiden; ein Bericht braucht Daten, die irgendwo abweichen."},
+    {Cause::GroupEmptyOrAllEqual, "Eine Spalte enthält keinen Wert, oder alle Werte sind gleich; die Gruppen lassen sich nicht ordnen."},
+    {Cause::TooFewValuesForF, "Für die F-Statistik sind es zu wenige Werte: Ihr Nenner ist null."},
+    {Cause::RunsAreCertain, "Alle Zellen sind gleich, oder alle verschieden; die Zahl der Iterationen steht damit fest. Der Test braucht Kategorien, die sich wiederholen."},
 });
 // clang-format on
 
@@ -143,6 +139,18 @@ std::string withCell(std::string_view text, const std::string& description) {
         result.replace(place, 1, description.substr(0, description.find(' ')));
     }
     return result;
+}
+
+std::string inGerman(Cause cause, const Error& error) {
+    return cause == Cause::Unknown ? error.description() : withCell(germanWords(cause), error.description());
+}
+
+std::string inEnglish(Cause cause, const Error& error, const RequestNames& names) {
+    if (describesItself(error) || cause == Cause::Unknown) {
+        return error.description();
+    }
+    const std::string_view advice = adviceOn(cause);
+    return explanationOf(cause, names) + (advice.empty() ? "" : " ") + std::string(advice);
 }
 
 }  // namespace
@@ -167,15 +175,17 @@ const Alternatives& alternativesOf(TBVNPMethod method, bool secondRange, std::st
     }
 }
 
-std::string plainWords(std::int32_t number, const std::string& description, std::string_view language) {
-    const auto* found = std::ranges::find(errorTexts, number, &ErrorText::number);
-    if (found != std::ranges::end(errorTexts)) {
-        return withCell(isGerman(language) ? found->german : found->english, description);
-    }
-    if (!description.empty()) {
-        return description;
-    }
-    return (isGerman(language) ? "Fehler " : "Error ") + std::to_string(number);
+std::string_view germanWords(Cause cause) noexcept {
+    const auto* const known = std::ranges::find(germanCauses, cause, &GermanCause::cause);
+    return known == germanCauses.end() ? std::string_view() : known->text;
+}
+
+std::string plainWords(const Error& error, TBVNPMethod method, const RequestNames& names,
+                       std::string_view language) {
+    const Cause cause = causeOf(error.number(), method);
+    const std::string words = isGerman(language) ? inGerman(cause, error) : inEnglish(cause, error, names);
+    return words.empty() ? (isGerman(language) ? "Fehler " : "Error ") + std::to_string(error.number())
+                         : words;
 }
 
 }  // namespace TBVNonPara::calc

@@ -1,11 +1,11 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
 #include <string>
 #include <string_view>
 
 #include "tbvnonpara/core/enumerations.hpp"
+#include "tbvnonpara/request/error_causes.hpp"
 
 namespace TBVNonPara::calc {
 
@@ -46,8 +46,12 @@ using Alternatives = std::array<std::string_view, 3>;
 [[nodiscard]] const Alternatives& alternativesOf(TBVNPMethod method, bool secondRange,
                                                  std::string_view language);
 
-/// An error in plain words: what is wrong and what to do. `description` is what the error says itself.
-[[nodiscard]] std::string plainWords(std::int32_t number, const std::string& description,
+/// What a cause is called in German, a percent sign for the cell that the error names; empty for an unknown
+/// one.
+[[nodiscard]] std::string_view germanWords(Cause cause) noexcept;
+
+/// An error in plain words: what is wrong and what to do. A number that nothing is known of is named alone.
+[[nodiscard]] std::string plainWords(const Error& error, TBVNPMethod method, const RequestNames& names,
                                      std::string_view language);
 
 }  // namespace TBVNonPara::calc

@@ -9,46 +9,30 @@ namespace TBVNonPara::cli {
 
 namespace {
 
-using analysis::offeredTests;
 using analysis::testNamed;
 using testing::HasSubstr;
-using testing::Not;
 
 Circumstances of(std::string_view test) {
     return {&testNamed(test), {"Data!A1:A9", "Data!B1:B8", true, ""}};
 }
 
-// clang-format off
-constexpr std::pair<std::int32_t, std::string_view> names[] = {
-    {-2147216503, "tbvNPBadOutputRange"},   {-2147216495, "tbvNPBadYRange"},      {-2147216494, "tbvNPBadXRange"},
-    {-2147216493, "tbvNPNoYRange"},         {-2147216492, "tbvNPNoXRange"},       {-2147216486, "tbvNPUnequalPairs"},
-    {-2147216456, "tbvNPTooFewGroups"},     {-2147216454, "tbvNPTooFewRows"},     {-2147216452, "tbvNPYRangeColumns"},
-    {-2147216451, "tbvNPXRangeColumns"},    {-2147215504, "tbvNPInvalidSignSymbols"},
-    {-2147216484, "tbvNPTextInData"},       {-2147216483, "tbvNPBooleanInData"},  {-2147216482, "tbvNPErrorInData"},
-    {-2147216481, "tbvNPBlankInData"},      {-2147216480, "tbvNPNoData"},         {-2147216474, "tbvNPOutputOffSheet"},
-    {-2147216473, "tbvNPOutputOccupied"},   {-2147216464, "tbvNPNoContingencyTable"},
-    {5, "InvalidProcedureCall"}, {6, "Overflow"}, {7, "OutOfMemory"}, {9, "SubscriptOutOfRange"},
-    {11, "DivisionByZero"}, {13, "TypeMismatch"}, {51, "InternalError"}, {91, "ObjectNotSet"}, {1004, "HostError"},
-    {12345, "Error"},
-};
-// clang-format on
-
-TEST(Messages, EveryNumberHasItsName) {
-    for (const auto& [number, name] : names) {
-        EXPECT_EQ(errorName(number), name) << number;
-    }
+TEST(Messages, ANumberIsCalledByItsName) {
+    EXPECT_THAT(errorText(Error(tbvNPNoYRange), {}), HasSubstr("(tbvNPNoYRange)"));
+    EXPECT_THAT(errorText(Error(1004, "No such file."), {}), HasSubstr("error 1004 (HostError)"));
+    EXPECT_THAT(errorText(Error(12345, "?"), {}), HasSubstr("error 12345 (Error)"));
 }
 
-TEST(Messages, EveryBareNumberOfTheLibraryIsExplainedForEveryTest) {
-    for (const analysis::OfferedTest& test : offeredTests()) {
-        for (const auto& [number, name] : names) {
-            if (number < 0) {
-                const std::string sentence = explain(Error(number), of(test.name));
-                EXPECT_THAT(sentence, Not(HasSubstr("{"))) << name;
-                EXPECT_THAT(sentence, Not(HasSubstr("without a description"))) << name;
-                EXPECT_TRUE(sentence.ends_with('.')) << name << ": " << sentence;
-            }
-        }
+TEST(Messages, AdviceNamesTheOptions) {
+    const std::pair<std::int32_t, std::string_view> advice[] = {
+        {tbvNPBadOutputRange, "--output"}, {tbvNPBadYRange, "--y"},
+        {tbvNPBadXRange, "--x"},           {tbvNPNoYRange, "--y"},
+        {tbvNPNoXRange, "--x B"},          {tbvNPTooFewGroups, "--y A:C"},
+        {tbvNPTooFewRows, "--no-headers"}, {tbvNPYRangeColumns, "--y"},
+        {tbvNPXRangeColumns, "--x"},       {tbvNPInvalidSignSymbols, "--x"},
+        {tbvNPOutputOffSheet, "--output"}, {tbvNPOutputOccupied, "--overwrite"},
+    };
+    for (const auto& [number, option] : advice) {
+        EXPECT_THAT(explain(Error(number), of("sign")), HasSubstr(option)) << number;
     }
 }
 

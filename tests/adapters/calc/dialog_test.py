@@ -45,9 +45,11 @@ class Dialog(DialogCase):
         self.field("First range:").type("Data!A1:A7")
         self.field("Second range:").type("")
         self.press("OK")
-        self.assertTrue(wait_for(lambda: "This test needs a second range." in self.texts()))
+        text = ("The second range is missing: the test compares two columns, and only Data!A1:A7 was given. "
+                "Name the other.")
+        self.assertTrue(wait_for(lambda: text in self.texts()))
         self.assertEqual(self.field("First range:").text, "Data!A1:A7")
-        message = self.control("This test needs a second range.", LABEL).box
+        message = self.control(text, LABEL).box
         second = self.field("Second range:").box
         self.assertGreaterEqual(message[1], second[1] + second[3])
         self.assertLess(message[1] - second[1] - second[3], 15)
@@ -60,7 +62,7 @@ class Dialog(DialogCase):
         self.sheet.getCellRangeByName("B4").String = "n/a"
         self.open_dialog("A1:B7")
         self.press("OK")
-        text = "Data!B4 holds a text; every cell of the data must be a number."
+        text = 'Data!B4 holds the text "n/a"; every cell below the header must be a number.'
         self.assertTrue(wait_for(lambda: text in self.texts()))
         self.assertGreater(self.control(text, LABEL).box[1], self.field("Second range:").box[1])
 
@@ -87,7 +89,8 @@ class Dialog(DialogCase):
         self.control("a cell:", RADIO_BUTTON).click()
         self.field("a cell:").type("Data!A3")
         self.press("OK")
-        text = "Data!A3 already holds a value; choose another place or let it be replaced."
+        text = ("Data!A3 holds a value and the report needs Data!A3:D11; clear these cells, choose another place "
+                "or allow overwriting.")
         self.assertTrue(wait_for(lambda: text in self.texts()))
         self.picture("occupied")
         self.field("a cell:").type("Data!E2")

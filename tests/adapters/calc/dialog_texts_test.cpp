@@ -53,17 +53,55 @@ TEST(Dialog, SaysMoreRunsWhereTheReportDoes) {
     EXPECT_EQ(alternativesOf(tbvNPWWRuns, false, "en")[tbvNPVar1GTVar2], "fewer runs than expected");
 }
 
+std::string words(const Error& error, TBVNPMethod method, std::string_view language) {
+    return plainWords(error, method, {"this test", "Data!A1:A9", "Data!B1:B9"}, language);
+}
+
 TEST(Dialog, NamesTheCellThatAnErrorIsAbout) {
-    EXPECT_EQ(
-        plainWords(tbvNPTextInData, "Data!B7 holds the text \"n/a\"; every cell must be a number.", "en"),
-        "Data!B7 holds a text; every cell of the data must be a number.");
-    EXPECT_EQ(plainWords(tbvNPBlankInData, "Data!A3 is blank; ...", "de"),
+    const std::string text = "Data!B7 holds the text \"n/a\"; every cell must be a number.";
+    EXPECT_EQ(words(Error(tbvNPTextInData, text), tbvNPMannU, "en"), text);
+    EXPECT_EQ(words(Error(tbvNPBlankInData, "Data!A3 is blank; ..."), tbvNPMannU, "de"),
               "Data!A3 ist leer; jede Zelle der Daten muss eine Zahl sein.");
 }
 
+TEST(Dialog, ExplainsABareNumberInTheWordsOfTheLibrary) {
+    EXPECT_EQ(
+        words(Error(tbvNPUnequalPairs), tbvNPWilcoxon, "en"),
+        "The two ranges differ in their number of rows: Data!A1:A9 and Data!B1:B9. This test takes pairs "
+        "row by row; complete or remove the rows without a partner.");
+}
+
+TEST(Dialog, SaysThatGroupsAreMissingWhereThereIsNoContingencyTable) {
+    EXPECT_EQ(
+        words(Error(tbvNPNoContingencyTable, "The contingency table holds no observation: every count is 0."),
+              tbvNPMedian, "de"),
+        "Es sind weniger als zwei Gruppen, oder keine enthält einen Wert; bitte mindestens zwei Gruppen mit "
+        "Werten angeben.");
+    EXPECT_EQ(
+        words(Error(tbvNPNoContingencyTable, "The contingency table holds no observation: every count is 0."),
+              tbvNPMedian, "en"),
+        "The contingency table holds no observation: every count is 0.");
+}
+
+TEST(Dialog, TellsTheCauseOfARuntimeErrorByTheTest) {
+    EXPECT_EQ(
+        words(Error(11, "Division by zero"), tbvNPWWRuns, "en"),
+        "The cells of Data!A1:A9 are all equal, or all different, so the number of runs is certain. The test "
+        "needs categories that repeat.");
+    EXPECT_EQ(words(Error(11, "Division by zero"), tbvNPMannU, "de"),
+              "Alle Werte sind gleich; es gibt nichts in eine Rangfolge zu bringen.");
+}
+
+TEST(Dialog, HasGermanWordsForEveryCause) {
+    for (int cause = static_cast<int>(Cause::Unknown) + 1; cause <= static_cast<int>(Cause::RunsAreCertain);
+         ++cause) {
+        EXPECT_FALSE(germanWords(static_cast<Cause>(cause)).empty()) << cause;
+    }
+}
+
 TEST(Dialog, ShowsAnUnknownErrorByItsOwnWordsOrItsNumber) {
-    EXPECT_EQ(plainWords(1004, "The sheet is protected.", "en"), "The sheet is protected.");
-    EXPECT_EQ(plainWords(4711, "", "de"), "Fehler 4711");
+    EXPECT_EQ(words(Error(1004, "The sheet is protected."), tbvNPMannU, "en"), "The sheet is protected.");
+    EXPECT_EQ(words(Error(4711), tbvNPMannU, "de"), "Fehler 4711");
 }
 
 }  // namespace
