@@ -1,22 +1,19 @@
 #include "adapters/calc/analysis_dialog.hpp"
 
 #include <algorithm>
+#include <array>
 #include <com/sun/star/awt/XWindowPeer.hpp>
 #include <com/sun/star/frame/Desktop.hpp>
 #include <com/sun/star/frame/TerminationVetoException.hpp>
 #include <com/sun/star/frame/XModel.hpp>
-#include <com/sun/star/sheet/XRangeSelection.hpp>
 #include <com/sun/star/task/XStatusIndicatorFactory.hpp>
 #include <optional>
 
 #include "adapters/calc/office_language.hpp"
-#include "adapters/calc/selection.hpp"
 
 namespace TBVNonPara::calc {
 
 namespace {
-
-using css::uno::Any;
 
 /// What the last dialog was left with; it lasts as long as the office runs.
 std::optional<AnalysisSettings>& lastSettings() {
@@ -36,10 +33,6 @@ bool takesGroups(TBVNPMethod method) {
 
 bool takesTwoRanges(TBVNPMethod method) {
     return method == tbvNPMannU || method == tbvNPWilcoxon || method == tbvNPSpearman || method == tbvNPSign;
-}
-
-css::beans::PropertyValue named(const char* name, const Any& value) {
-    return {OUString::createFromAscii(name), 0, value, css::beans::PropertyState_DIRECT_VALUE};
 }
 
 }  // namespace
@@ -75,9 +68,10 @@ void AnalysisDialog::open() {
     m_View.fill(controls::test, m_Texts.tests);
     showSettings();
     prefill();
+    countHidden();
     arrange();
     m_View.open(query<css::awt::XWindowPeer>(m_Frame->getContainerWindow()));
-    m_View.listen(this, this, this);
+    m_View.listen(this, this, this, this);
     m_Frame->addEventListener(static_cast<css::awt::XActionListener*>(this));
     openDialogs().push_back(this);
     m_Open = true;
@@ -133,6 +127,18 @@ void AnalysisDialog::prefill() {
     }
 }
 
+bool AnalysisDialog::countHidden() {
+    const std::string second = takesTwoRanges(method()) ? m_View.text(Field::Second) : std::string();
+    const HiddenCount count = countHiddenRows(document(), std::array{m_View.text(Field::First), second});
+    if (count == m_Hidden) {
+        return false;
+    }
+    m_Hidden = count;
+    m_View.check(controls::visibleRows, count.filtered);
+    m_View.setBoxLabel(controls::visibleRows, visibleRowsLabel(m_Texts, count.hidden, count.all));
+    return true;
+}
+
 void AnalysisDialog::arrange() {
     const TBVNPMethod test = method();
     const bool groups = takesGroups(test);
@@ -147,6 +153,7 @@ void AnalysisDialog::arrange() {
     m_View.setLabel(Field::Second, test == tbvNPSign ? m_Texts.groupingRange : m_Texts.secondRange, {});
     m_State.alternatives = !groups;
     m_State.secondRange = takesTwoRanges(test);
+    m_State.hiddenRows = m_Hidden.hidden > 0;
     m_State.ignoreTies = test == tbvNPWilcoxon;
     m_State.outputCell = m_View.checked(controls::cell);
     m_View.setCloseLabel(m_State.running ? m_Texts.cancel : m_Texts.close);
@@ -167,7 +174,21 @@ void AnalysisDialog::actionPerformed(const css::awt::ActionEvent& event) {
 void AnalysisDialog::itemStateChanged(const css::awt::ItemEvent&) {
     m_View.clearMessages();
     prefill();
+    countHidden();
     arrange();
+}
+
+void AnalysisDialog::textChanged(const css::awt::TextEvent&) {
+    if (countHidden()) {
+        arrange();
+    }
+}
+
+/// Rows may have been filtered on the sheet while the dialog stood beside it.
+void AnalysisDialog::windowActivated(const css::lang::EventObject&) {
+    if (m_Open && !m_Run && countHidden()) {
+        arrange();
+    }
 }
 
 void AnalysisDialog::windowClosing(const css::lang::EventObject&) {
@@ -176,43 +197,6 @@ void AnalysisDialog::windowClosing(const css::lang::EventObject&) {
     } else {
         close();
     }
-}
-
-/// The dialog hides while a range is dragged on the sheet.
-void AnalysisDialog::pick(Field field) {
-    const auto selection = query<css::sheet::XRangeSelection>(m_Frame->getController());
-    m_Picking = field;
-    m_View.show(false);
-    selection->addRangeSelectionListener(this);
-    selection->startRangeSelection(sequenceOf(
-        named("InitialValue", Any(OUString())), named("Title", Any(fromUtf8(m_Texts.pickTitle))),
-        named("CloseOnMouseRelease", Any(true)), named("SingleCellMode", Any(field == Field::Output))));
-}
-
-void AnalysisDialog::endPicking(const OUString& range) {
-    const Field field = std::exchange(m_Picking, Field::None);
-    const rtl::Reference<AnalysisDialog> whileWorking(this);
-    query<css::sheet::XRangeSelection>(m_Frame->getController())->removeRangeSelectionListener(this);
-    if (!m_Open) {
-        return;
-    }
-    std::string text = toUtf8(range);
-    if (!text.empty()) {
-        // The picker gives one range at a time: another one is added to those that the field holds.
-        const std::string held = m_View.text(field);
-        const bool adds = field == Field::First && takesGroups(method()) && !held.empty();
-        m_View.setText(field, adds ? held + ';' + text : text);
-    }
-    m_View.show(true);
-    m_View.focus(field);
-}
-
-void AnalysisDialog::done(const css::sheet::RangeSelectionEvent& event) {
-    endPicking(event.RangeDescriptor);
-}
-
-void AnalysisDialog::aborted(const css::sheet::RangeSelectionEvent&) {
-    endPicking({});
 }
 
 AnalysisSettings AnalysisDialog::settings() const {
@@ -226,6 +210,7 @@ AnalysisSettings AnalysisDialog::settings() const {
     settings.secondRange = m_State.secondRange ? m_View.text(Field::Second) : std::string();
     settings.outputCell = m_View.checked(controls::cell) ? m_View.text(Field::Output) : std::string();
     settings.overWrite = m_View.checked(controls::overwrite);
+    settings.visibleRowsOnly = m_State.hiddenRows && m_View.checked(controls::visibleRows);
     return settings;
 }
 
@@ -233,6 +218,11 @@ void AnalysisDialog::run() {
     m_View.clearMessages();
     if (m_View.checked(controls::cell) && m_View.text(Field::Output).empty()) {
         showError(Error(tbvNPBadOutputRange));
+        return;
+    }
+    if (countHidden()) {
+        m_View.setMessage(Field::None, m_Texts.rowsChanged);
+        arrange();
         return;
     }
     m_State.running = true;

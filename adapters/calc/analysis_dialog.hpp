@@ -3,21 +3,22 @@
 #include <com/sun/star/frame/XFrame.hpp>
 #include <com/sun/star/frame/XTerminateListener.hpp>
 #include <com/sun/star/sheet/XRangeSelectionListener.hpp>
-#include <cppuhelper/implbase5.hxx>
+#include <cppuhelper/implbase6.hxx>
 #include <memory>
 #include <rtl/ref.hxx>
 #include <vector>
 
 #include "adapters/calc/background_run.hpp"
 #include "adapters/calc/dialog_view.hpp"
+#include "adapters/calc/selection.hpp"
 
 namespace TBVNonPara::calc {
 
 /// The dialog of one spreadsheet window. It stays open beside the sheet until a test has run or it is closed.
 class AnalysisDialog
-    : public cppu::WeakImplHelper5<css::awt::XActionListener, css::awt::XItemListener,
-                                   css::awt::XTopWindowListener, css::sheet::XRangeSelectionListener,
-                                   css::frame::XTerminateListener> {
+    : public cppu::WeakImplHelper6<css::awt::XActionListener, css::awt::XItemListener,
+                                   css::awt::XTextListener, css::awt::XTopWindowListener,
+                                   css::sheet::XRangeSelectionListener, css::frame::XTerminateListener> {
  public:
     /// Opens the dialog of a window, or brings the one that is open to the front.
     static void openFor(const Context& context, const Reference<css::frame::XFrame>& frame);
@@ -27,12 +28,14 @@ class AnalysisDialog
     void SAL_CALL actionPerformed(const css::awt::ActionEvent& event) override;
     void SAL_CALL itemStateChanged(const css::awt::ItemEvent& event) override;
 
+    void SAL_CALL textChanged(const css::awt::TextEvent& event) override;
+
     void SAL_CALL windowOpened(const css::lang::EventObject&) override {}
     void SAL_CALL windowClosing(const css::lang::EventObject&) override;
     void SAL_CALL windowClosed(const css::lang::EventObject&) override {}
     void SAL_CALL windowMinimized(const css::lang::EventObject&) override {}
     void SAL_CALL windowNormalized(const css::lang::EventObject&) override {}
-    void SAL_CALL windowActivated(const css::lang::EventObject&) override {}
+    void SAL_CALL windowActivated(const css::lang::EventObject&) override;
     void SAL_CALL windowDeactivated(const css::lang::EventObject&) override {}
 
     void SAL_CALL done(const css::sheet::RangeSelectionEvent& event) override;
@@ -48,6 +51,8 @@ class AnalysisDialog
     void close();
     void showSettings();
     void prefill();
+    /// Counts the hidden rows of the ranges anew; whether they are others than before.
+    bool countHidden();
     void arrange();
     void pick(Field field);
     void endPicking(const OUString& range);
@@ -71,6 +76,7 @@ class AnalysisDialog
     std::string m_SecondPrefilled;
     std::unique_ptr<BackgroundRun> m_Run;
     Reference<css::task::XStatusIndicator> m_Progress;
+    HiddenCount m_Hidden;
     bool m_Open = false;
 };
 

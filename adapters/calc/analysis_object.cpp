@@ -103,9 +103,9 @@ std::string fullText(const Error& error) {
 
 }  // namespace
 
-AnalysisObject::AnalysisObject(const Context& context, const DocumentRef& document)
+AnalysisObject::AnalysisObject(const Context& context)
     : m_Context(context),
-      m_Session(std::make_shared<Session>(context, document)),
+      m_Session(std::make_shared<Session>(context)),
       m_Request(ownCompanions(makeObject<CalcApplication>(m_Session))) {
 }
 
@@ -131,10 +131,12 @@ void AnalysisObject::guarded(const auto& work) {
 
 void AnalysisObject::setMethod(sal_Int32 Method) {
     guarded([&] { m_Request.LetMethod(static_cast<TBVNPMethod>(Method)); });
+    m_Method = static_cast<TBVNPMethod>(Method);
 }
 
 void AnalysisObject::setHeaders(sal_Bool Headers) {
     guarded([&] { m_Request.LetHeaders(Headers); });
+    m_Headers = Headers;
 }
 
 void AnalysisObject::setOutputDescriptives(sal_Bool OutputDescriptives) {
@@ -150,11 +152,19 @@ void AnalysisObject::setTails(sal_Int32 Tails) {
 }
 
 void AnalysisObject::setYRange(const OUString& Address) {
-    guarded([&] { m_Request.LetYRange(toUtf8(Address)); });
+    guarded([&] {
+        const std::string address = toUtf8(Address);
+        const DataRangeScope scope(*m_Session, DataRange::First, address);
+        m_Request.LetYRange(address);
+    });
 }
 
 void AnalysisObject::setXRange(const OUString& Address) {
-    guarded([&] { m_Request.LetXRange(toUtf8(Address)); });
+    guarded([&] {
+        const std::string address = toUtf8(Address);
+        const DataRangeScope scope(*m_Session, DataRange::Second, address);
+        m_Request.LetXRange(address);
+    });
 }
 
 void AnalysisObject::setOutputRange(const OUString& Address) {
@@ -163,7 +173,7 @@ void AnalysisObject::setOutputRange(const OUString& Address) {
 
 void AnalysisObject::Results(sal_Bool OverWrite) {
     guarded([&] {
-        const Run run(*m_Session);
+        const Run run(*m_Session, rowRules(m_Method, m_Headers));
         m_Request.Results(OverWrite);
     });
 }
@@ -265,6 +275,14 @@ sal_Bool AnalysisObject::supportsService(const OUString& service) {
 }
 
 Sequence<OUString> AnalysisObject::getSupportedServiceNames() {
+    return sequenceOf(OUString::createFromAscii(serviceName));
+}
+
+OUString VisibleRowsObject::getImplementationName() {
+    return OUString::createFromAscii(implementationName);
+}
+
+Sequence<OUString> VisibleRowsObject::getSupportedServiceNames() {
     return sequenceOf(OUString::createFromAscii(serviceName));
 }
 

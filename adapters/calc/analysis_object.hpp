@@ -17,7 +17,7 @@ namespace TBVNonPara::calc {
 class AnalysisObject
     : public cppu::WeakImplHelper3<XclsNonPara, css::script::XInvocation2, css::lang::XServiceInfo> {
  public:
-    explicit AnalysisObject(const Context& context, const DocumentRef& document = {});
+    explicit AnalysisObject(const Context& context);
 
     static constexpr auto implementationName = "TBVNonPara.clsNonPara.Implementation";
     static constexpr auto serviceName = "TBVNonPara.clsNonPara";
@@ -50,6 +50,9 @@ class AnalysisObject
 
     css::uno::Sequence<css::uno::Type> SAL_CALL getTypes() override;
 
+ protected:
+    [[nodiscard]] Session& session() noexcept { return *m_Session; }
+
  private:
     [[nodiscard]] AnalysisException exceptionOf(const Error& error);
     void guarded(const auto& work);
@@ -57,6 +60,22 @@ class AnalysisObject
     Context m_Context;
     std::shared_ptr<Session> m_Session;
     TBVNonPara::clsNonPara m_Request;
+    TBVNPMethod m_Method = tbvNPMannU;
+    bool m_Headers = false;
+};
+
+/// The service TBVNonPara.clsNonParaVisibleRows: the same members, for the rows that are shown.
+class VisibleRowsObject : public AnalysisObject {
+ public:
+    explicit VisibleRowsObject(const Context& context) : AnalysisObject(context) {
+        session().leaveOutHiddenRows();
+    }
+
+    static constexpr auto implementationName = "TBVNonPara.clsNonParaVisibleRows.Implementation";
+    static constexpr auto serviceName = "TBVNonPara.clsNonParaVisibleRows";
+
+    OUString SAL_CALL getImplementationName() override;
+    css::uno::Sequence<OUString> SAL_CALL getSupportedServiceNames() override;
 };
 
 }  // namespace TBVNonPara::calc

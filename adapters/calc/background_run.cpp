@@ -44,16 +44,25 @@ void BackgroundRun::step() {
 void BackgroundRun::analyse() {
     const auto session = std::make_shared<Session>(m_Context, m_Document);
     session->onStep([this] { step(); });
+    if (m_Settings.visibleRowsOnly) {
+        session->leaveOutHiddenRows();
+    }
     clsNonPara request(ownCompanions(makeObject<CalcApplication>(session)));
     request.LetMethod(m_Settings.method);
     request.LetTails(m_Settings.tails);
     request.LetHeaders(m_Settings.headers);
     request.LetOutputDescriptives(m_Settings.descriptives);
     request.LetIgnoreTies(m_Settings.ignoreTies);
-    request.LetYRange(m_Settings.firstRange);
-    request.LetXRange(m_Settings.secondRange);
+    {
+        const DataRangeScope scope(*session, DataRange::First, m_Settings.firstRange);
+        request.LetYRange(m_Settings.firstRange);
+    }
+    {
+        const DataRangeScope scope(*session, DataRange::Second, m_Settings.secondRange);
+        request.LetXRange(m_Settings.secondRange);
+    }
     request.LetOutputRange(m_Settings.outputCell);
-    const Run run(*session);
+    const Run run(*session, rowRules(m_Settings.method, m_Settings.headers));
     request.Results(m_Settings.overWrite);
 }
 

@@ -23,6 +23,7 @@ struct AnalysisSettings {
     std::string secondRange;
     std::string outputCell;  ///< empty: a new sheet
     bool overWrite = false;
+    bool visibleRowsOnly = false;
 };
 
 /// How a run ended: well, by an error, or because the user wanted it to.

@@ -32,7 +32,9 @@ CalcApplication::CalcApplication(std::shared_ptr<Session> session)
 RangeRef CalcApplication::GetRange(std::string_view address) const {
     return hosted([&]() -> RangeRef {
         const DocumentRef document = m_Session->document();
-        return makeObject<CalcRange>(m_Session, resolve(document, activeSheet(document), address));
+        SheetAreas cells = resolve(document, activeSheet(document), address);
+        std::vector<KeptRowsRef> rows = m_Session->rowsOf(cells);
+        return makeObject<CalcRange>(m_Session, std::move(cells), std::move(rows));
     });
 }
 

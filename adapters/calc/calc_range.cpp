@@ -1,5 +1,6 @@
 #include "adapters/calc/calc_range.hpp"
 
+#include <algorithm>
 #include <com/sun/star/sheet/CellFlags.hpp>
 #include <com/sun/star/sheet/XSheetOperation.hpp>
 #include <com/sun/star/table/XColumnRowRange.hpp>
@@ -19,18 +20,33 @@ constexpr sal_Int32 everything =
     css::sheet::CellFlags::ANNOTATION | css::sheet::CellFlags::FORMULA | css::sheet::CellFlags::HARDATTR |
     css::sheet::CellFlags::STYLES | css::sheet::CellFlags::EDITATTR | css::sheet::CellFlags::FORMATTED;
 
-}  // namespace
-
-CalcRange::CalcRange(std::shared_ptr<Session> session, SheetAreas cells)
-    : m_Session(std::move(session)), m_Cells(std::move(cells)) {
-}
-
-const SheetAreas& cellsOf(const RangeRef& range) {
+const CalcRange& ownRange(const RangeRef& range) {
     const auto* calcRange = dynamic_cast<const CalcRange*>(&*range);
     if (calcRange == nullptr) {
         raise(RuntimeError::TypeMismatch);
     }
-    return calcRange->cells();
+    return *calcRange;
+}
+
+/// The rows of an area's values that take part.
+ValueGrid pickRows(const ValueGrid& values, std::int32_t top, std::span<const std::int32_t> rows) {
+    ValueGrid kept(Long(rows.size()), values.columns());
+    for (Index column = 1; column <= toIndex(values.columns()); ++column) {
+        const auto source = values.column(column);
+        std::ranges::transform(rows, kept.column(column).begin(),
+                               [&](std::int32_t row) { return source[static_cast<std::size_t>(row - top)]; });
+    }
+    return kept;
+}
+
+}  // namespace
+
+CalcRange::CalcRange(std::shared_ptr<Session> session, SheetAreas cells, std::vector<KeptRowsRef> rows)
+    : m_Session(std::move(session)), m_Cells(std::move(cells)), m_Rows(std::move(rows)) {
+}
+
+const SheetAreas& cellsOf(const RangeRef& range) {
+    return ownRange(range).cells();
 }
 
 RangeRef rangeBetween(const std::shared_ptr<Session>& session, const RangeRef& first, const RangeRef& last) {
@@ -40,16 +56,31 @@ RangeRef rangeBetween(const std::shared_ptr<Session>& session, const RangeRef& f
         raiseHostError("A range runs between two cells of one sheet.");
     }
     const CellArea area = around(from.areas.front(), to.areas.front());
-    return makeObject<CalcRange>(session, SheetAreas{from.document, from.sheet, {area}});
+    return makeObject<CalcRange>(session, SheetAreas{from.document, from.sheet, {area}},
+                                 ownRange(first).rows());
+}
+
+std::span<const std::int32_t> CalcRange::keptRows() const {
+    return rowsWithin(*m_Rows.front(), first());
 }
 
 RangeRef CalcRange::GetCells(Long row, Long column) const {
-    return cellOf(m_Session, m_Cells.document, m_Cells.sheet, Long(first().top) + row,
-                  Long(first().left) + column);
+    if (m_Rows.empty()) {
+        return cellOf(m_Session, m_Cells.document, m_Cells.sheet, Long(first().top) + row,
+                      Long(first().left) + column);
+    }
+    const std::span<const std::int32_t> kept = keptRows();
+    if (row < 1 || row > Long(kept.size())) {
+        raise(RuntimeError::SubscriptOutOfRange);
+    }
+    const std::int32_t top = kept[static_cast<std::size_t>(row.value() - 1)];
+    const RangeRef cell =
+        cellOf(m_Session, m_Cells.document, m_Cells.sheet, Long(top) + 1, Long(first().left) + column);
+    return makeObject<CalcRange>(m_Session, cellsOf(cell), std::vector{m_Rows.front()});
 }
 
 Long CalcRange::GetRowsCount() const {
-    return first().rows();
+    return m_Rows.empty() ? Long(first().rows()) : Long(keptRows().size());
 }
 
 Long CalcRange::GetColumnsCount() const {
@@ -64,8 +95,13 @@ RangeRef CalcRange::GetAreas(Long area) const {
     if (area < 1 || area > GetAreasCount()) {
         raise(RuntimeError::SubscriptOutOfRange);
     }
-    const CellArea cells = m_Cells.areas[static_cast<std::size_t>(area.value() - 1)];
-    return makeObject<CalcRange>(m_Session, SheetAreas{m_Cells.document, m_Cells.sheet, {cells}});
+    const auto position = static_cast<std::size_t>(area.value() - 1);
+    std::vector<KeptRowsRef> rows;
+    if (!m_Rows.empty()) {
+        rows.push_back(m_Rows[position]);
+    }
+    return makeObject<CalcRange>(
+        m_Session, SheetAreas{m_Cells.document, m_Cells.sheet, {m_Cells.areas[position]}}, std::move(rows));
 }
 
 WorksheetRef CalcRange::GetWorksheet() const {
@@ -82,6 +118,10 @@ std::string CalcRange::GetAddressLocal() const {
 }
 
 ValueGrid CalcRange::GetValue() const {
+    return m_Rows.empty() ? readAll() : pickRows(readAll(), first().top, keptRows());
+}
+
+ValueGrid CalcRange::readAll() const {
     m_Session->step();
     if (std::optional<ValueGrid> values = m_Session->remembered(m_Cells.sheet, first())) {
         return std::move(*values);

@@ -9,9 +9,12 @@ namespace TBVNonPara::calc {
 
 class CalcRange : public Range {
  public:
-    CalcRange(std::shared_ptr<Session> session, SheetAreas cells);
+    /// `rows` are those that take part, area by area; with none at all, every row does. They alone are
+    /// counted and read, and the cells below one another are theirs; the address is that of the whole range.
+    CalcRange(std::shared_ptr<Session> session, SheetAreas cells, std::vector<KeptRowsRef> rows = {});
 
     [[nodiscard]] const SheetAreas& cells() const noexcept { return m_Cells; }
+    [[nodiscard]] const std::vector<KeptRowsRef>& rows() const noexcept { return m_Rows; }
 
     [[nodiscard]] RangeRef GetCells(Long row, Long column) const override;
     [[nodiscard]] Long GetRowsCount() const override;
@@ -44,6 +47,8 @@ class CalcRange : public Range {
     using Block = Reference<css::table::XCellRange>;
 
     [[nodiscard]] const CellArea& first() const noexcept { return m_Cells.areas.front(); }
+    [[nodiscard]] std::span<const std::int32_t> keptRows() const;
+    [[nodiscard]] ValueGrid readAll() const;
     [[nodiscard]] Block block(const CellArea& area) const;
     void noteBooleans(const ValueGrid& values, const CellArea& area) const;
     /// Changes each area, after the session was told.
@@ -51,6 +56,7 @@ class CalcRange : public Range {
 
     std::shared_ptr<Session> m_Session;
     SheetAreas m_Cells;
+    std::vector<KeptRowsRef> m_Rows;
 };
 
 /// The cells behind a range of this host.

@@ -27,6 +27,9 @@ Factory factoryOf(std::string_view implementation) {
     if (implementation == AnalysisObject::implementationName) {
         return factoryOf<AnalysisObject>();
     }
+    if (implementation == VisibleRowsObject::implementationName) {
+        return factoryOf<VisibleRowsObject>();
+    }
     if (implementation == CommandHandler::implementationName) {
         return factoryOf<CommandHandler>();
     }

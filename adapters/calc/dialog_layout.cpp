@@ -103,6 +103,11 @@ void DialogView::arrange(const DialogState& state) {
             hide(name);
         }
     }
+    if (state.hiddenRows) {
+        top = arrangeBox(controls::visibleRows, top, idle);
+    } else {
+        hide(ascii(controls::visibleRows));
+    }
     top = arrangeReport(top + measures::gap, state);
     top = arrangeBox(controls::labels, top, idle);
     top = arrangeBox(controls::descriptives, top, idle);

@@ -23,6 +23,7 @@ constexpr DialogTexts english{
     .dataRange = "~Data range:",
     .groupRanges = "~Data ranges:",
     .groupingRange = "~Second range (optional):",
+    .visibleRows = "~Visible rows only (% of % are filtered out or hidden)",
     .report = "Report to",
     .newSheet = "a new s~heet",
     .cell = "a ~cell:",
@@ -37,6 +38,7 @@ constexpr DialogTexts english{
     .cancel = "Cancel",
     .running = "Computing the test",
     .cancelled = "The test was cancelled; nothing was placed.",
+    .rowsChanged = "Other rows are hidden now than before; check the choice of rows and press OK again.",
     .severalAreas = "One block of columns, or several ranges separated by semicolons",
     .restart = "Start the office again to finish installing the nonparametric tests.",
 };
@@ -53,6 +55,7 @@ constexpr DialogTexts german{
     .dataRange = "~Datenbereich:",
     .groupRanges = "~Datenbereiche:",
     .groupingRange = "~Zweiter Bereich (freigestellt):",
+    .visibleRows = "Nur ~sichtbare Zeilen (% von % sind gefiltert oder ausgeblendet)",
     .report = "Bericht auf",
     .newSheet = "ein neues ~Blatt",
     .cell = "eine Ze~lle:",
@@ -67,6 +70,8 @@ constexpr DialogTexts german{
     .cancel = "Abbrechen",
     .running = "Der Test wird berechnet",
     .cancelled = "Der Test wurde abgebrochen; es wurde nichts eingefügt.",
+    .rowsChanged = "Jetzt sind andere Zeilen ausgeblendet als vorher; bitte die Zeilenauswahl prüfen und noch "
+                   "einmal auf OK drücken.",
     .severalAreas = "Ein Block von Spalten oder mehrere Bereiche, durch Semikolon getrennt",
     .restart = "Bitte das Office neu starten, um die Installation der nichtparametrischen Tests abzuschließen.",
 };
@@ -157,6 +162,14 @@ std::string inEnglish(Cause cause, const Error& error, const RequestNames& names
 
 const DialogTexts& dialogTexts(std::string_view language) {
     return isGerman(language) ? german : english;
+}
+
+std::string visibleRowsLabel(const DialogTexts& texts, std::int32_t hidden, std::int32_t all) {
+    std::string label(texts.visibleRows);
+    for (const std::int32_t number : {hidden, all}) {
+        label.replace(label.find('%'), 1, std::to_string(number));
+    }
+    return label;
 }
 
 const Alternatives& alternativesOf(TBVNPMethod method, bool secondRange, std::string_view language) {

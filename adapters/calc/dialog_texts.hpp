@@ -20,6 +20,7 @@ struct DialogTexts {
     std::string_view dataRange;
     std::string_view groupRanges;
     std::string_view groupingRange;
+    std::string_view visibleRows;  ///< with the rows that are hidden and all rows in place of % and %
     std::string_view report;
     std::string_view newSheet;
     std::string_view cell;
@@ -34,12 +35,16 @@ struct DialogTexts {
     std::string_view cancel;
     std::string_view running;
     std::string_view cancelled;
+    std::string_view rowsChanged;
     std::string_view severalAreas;
     std::string_view restart;
 };
 
 /// The texts of a language ("de", "en-US"); English where there are none.
 [[nodiscard]] const DialogTexts& dialogTexts(std::string_view language);
+
+/// The text of the box about hidden rows.
+[[nodiscard]] std::string visibleRowsLabel(const DialogTexts& texts, std::int32_t hidden, std::int32_t all);
 
 /// The three alternatives in the words of a test: both ways, first greater, first less.
 using Alternatives = std::array<std::string_view, 3>;

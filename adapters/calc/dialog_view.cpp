@@ -80,6 +80,7 @@ void DialogView::addControls() {
     }
     addField(Field::First, m_Texts.firstRange);
     addField(Field::Second, m_Texts.secondRange);
+    addBox("CheckBox", controls::visibleRows, m_Texts.visibleRows);
     add("FixedLine", "Report")->setPropertyValue("Label", Any(fromUtf8(m_Texts.report)));
     addBox("RadioButton", controls::newSheet, m_Texts.newSheet);
     addBox("RadioButton", controls::cell, m_Texts.cell);
@@ -186,6 +187,7 @@ Reference<css::awt::XControl> DialogView::control(const OUString& name) const {
 
 void DialogView::listen(const Reference<css::awt::XActionListener>& actions,
                         const Reference<css::awt::XItemListener>& items,
+                        const Reference<css::awt::XTextListener>& texts,
                         const Reference<css::awt::XTopWindowListener>& window) {
     for (const OUString& name :
          {ascii(controls::run), ascii(controls::close), pickerOf(ascii(nameOf(Field::First))),
@@ -197,6 +199,9 @@ void DialogView::listen(const Reference<css::awt::XActionListener>& actions,
     query<css::awt::XListBox>(control(ascii(controls::test)))->addItemListener(items);
     for (const char* name : {controls::newSheet, controls::cell}) {
         query<css::awt::XRadioButton>(control(ascii(name)))->addItemListener(items);
+    }
+    for (const Field field : {Field::First, Field::Second}) {
+        query<css::awt::XTextComponent>(control(ascii(nameOf(field))))->addTextListener(texts);
     }
     query<css::awt::XTopWindow>(m_Dialog)->addTopWindowListener(window);
 }
@@ -251,6 +256,10 @@ void DialogView::clearMessages() {
     for (const Field field : {Field::First, Field::Second, Field::Output, Field::None}) {
         setMessage(field, {});
     }
+}
+
+void DialogView::setBoxLabel(const char* box, std::string_view label) {
+    set(ascii(box), "Label", Any(fromUtf8(label)));
 }
 
 void DialogView::setCloseLabel(std::string_view label) {

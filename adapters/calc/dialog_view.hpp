@@ -4,6 +4,7 @@
 #include <com/sun/star/awt/XControl.hpp>
 #include <com/sun/star/awt/XControlContainer.hpp>
 #include <com/sun/star/awt/XItemListener.hpp>
+#include <com/sun/star/awt/XTextListener.hpp>
 #include <com/sun/star/awt/XTopWindowListener.hpp>
 #include <com/sun/star/awt/XWindow.hpp>
 #include <com/sun/star/awt/XWindowPeer.hpp>
@@ -24,6 +25,7 @@ enum class Field { First, Second, Output, None };
 namespace controls {
 constexpr auto test = "Test";
 constexpr auto alternative = "Alternative";
+constexpr auto visibleRows = "VisibleRows";
 constexpr auto newSheet = "NewSheet";
 constexpr auto cell = "Cell";
 constexpr auto overwrite = "OverWrite";
@@ -38,6 +40,7 @@ constexpr auto close = "Close";
 struct DialogState {
     bool alternatives = true;
     bool secondRange = true;
+    bool hiddenRows = false;
     bool ignoreTies = false;
     bool outputCell = false;
     bool running = false;
@@ -55,6 +58,7 @@ class DialogView {
 
     void listen(const Reference<css::awt::XActionListener>& actions,
                 const Reference<css::awt::XItemListener>& items,
+                const Reference<css::awt::XTextListener>& texts,
                 const Reference<css::awt::XTopWindowListener>& window);
 
     /// Shows and enables what belongs to a state, and places it.
@@ -72,6 +76,7 @@ class DialogView {
     /// The message below a field; without a field, above the buttons. An empty one takes the place away.
     void setMessage(Field field, std::string_view message);
     void clearMessages();
+    void setBoxLabel(const char* box, std::string_view label);
     void setCloseLabel(std::string_view label);
     void focus(Field field);
 

@@ -6,14 +6,16 @@
 #include <com/sun/star/frame/XFrame.hpp>
 #include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/sheet/CellFlags.hpp>
+#include <com/sun/star/sheet/XCellRangeData.hpp>
+#include <com/sun/star/sheet/XCellRangeFormula.hpp>
 #include <com/sun/star/sheet/XCellRangeMovement.hpp>
+#include <com/sun/star/sheet/XSheetAnnotationsSupplier.hpp>
 #include <com/sun/star/sheet/XSheetOperation.hpp>
 #include <com/sun/star/sheet/XSpreadsheets2.hpp>
-#include <com/sun/star/util/XMergeable.hpp>
-#include <com/sun/star/util/XProtectable.hpp>
 #include <com/sun/star/view/XSelectionSupplier.hpp>
 
 #include "adapters/calc/main_thread.hpp"
+#include "adapters/calc/obstacles.hpp"
 #include "adapters/calc/reading.hpp"
 #include "adapters/calc/writing.hpp"
 
@@ -29,20 +31,6 @@ Reference<css::table::XCellRange> cellsOf(const SheetRef& sheet, const CellArea&
 
 void selectIn(const Reference<XSpreadsheetView>& view, const SheetRef& sheet, const CellArea& area) {
     query<css::view::XSelectionSupplier>(view)->select(css::uno::Any(cellsOf(sheet, area)));
-}
-
-void refuseProtected(const SheetRef& sheet) {
-    if (query<css::util::XProtectable>(sheet)->isProtected()) {
-        raiseHostError("The sheet " + toUtf8(nameOf(sheet)) +
-                       " is protected; remove the protection or choose another place for the report.");
-    }
-}
-
-void refuseMerged(const SheetRef& sheet, const CellArea& area) {
-    if (query<css::util::XMergeable>(cellsOf(sheet, area))->getIsMerged()) {
-        raiseHostError("There are merged cells in " + absoluteAddress(area) + " of the sheet " +
-                       toUtf8(nameOf(sheet)) + "; split them or choose another place for the report.");
-    }
 }
 
 void clear(const SheetRef& sheet, const CellArea& area) {
@@ -94,8 +82,8 @@ void copyThroughImportedSheet(const SheetAreas& source, const SheetAreas& target
     sheets->removeByName(name);
 }
 
-void placeAll(const Session& session, const SheetAreas& source, const SheetAreas& target,
-              const CellArea& block) {
+void paste(const Session& session, const SheetAreas& source, const SheetAreas& target,
+           const CellArea& block) {
     clear(target.sheet, block);
     if (source.document == target.document) {
         copyWithin(source.sheet, source.areas.front(), target.sheet, block);
@@ -110,6 +98,64 @@ void placeAll(const Session& session, const SheetAreas& source, const SheetAreas
         });
     if (!transferred) {
         copyThroughImportedSheet(source, target, block);
+    }
+}
+
+using CellData = css::uno::Sequence<css::uno::Sequence<css::uno::Any>>;
+
+CellData dataOf(const SheetRef& sheet, const CellArea& area) {
+    return query<css::sheet::XCellRangeData>(cellsOf(sheet, area))->getDataArray();
+}
+
+/// What a block held, for a document that keeps no undo steps: its values and formulas.
+class HeldCells {
+ public:
+    HeldCells(const Session& session, const SheetRef& sheet, const CellArea& block)
+        : m_Cells(cellsOf(sheet, block), css::uno::UNO_QUERY_THROW) {
+        if (!session.canTakeBack()) {
+            m_Formulas = m_Cells->getFormulaArray();
+        }
+    }
+
+    void restore(Session& session) const {
+        if (m_Formulas.hasElements()) {
+            m_Cells->setFormulaArray(m_Formulas);
+        } else {
+            session.takeBack();
+        }
+    }
+
+ private:
+    Reference<css::sheet::XCellRangeFormula> m_Cells;
+    css::uno::Sequence<css::uno::Sequence<OUString>> m_Formulas;
+};
+
+/// A report that does not arrive whole is taken back, whatever kept it from arriving.
+void placeAll(Session& session, const SheetAreas& source, const SheetAreas& target, const CellArea& block) {
+    const CellData report = dataOf(source.sheet, source.areas.front());
+    const HeldCells before(session, target.sheet, block);
+    try {
+        paste(session, source, target, block);
+    } catch (...) {
+        before.restore(session);
+        throw;
+    }
+    if (dataOf(target.sheet, block) != report) {
+        before.restore(session);
+        raiseHostError("The report did not arrive whole in " + absoluteAddress(block) + " of the sheet " +
+                       toUtf8(nameOf(target.sheet)) +
+                       ", for example because a macro changes cells there; what stood there is back. Choose "
+                       "another place for the report.");
+    }
+}
+
+/// The addresses in a report are those of whole ranges: which of their rows took part stands beside it.
+void noteRowsLeftOut(const Session& session, const SheetRef& sheet, const CellArea& block) {
+    const DataRows* rows = session.dataRows();
+    if (rows != nullptr && !rows->leftOut().empty()) {
+        query<css::sheet::XSheetAnnotationsSupplier>(sheet)->getAnnotations()->insertNew(
+            cornerOf(sheet, block),
+            fromUtf8("Visible rows only. Left out as filtered or hidden:\n" + rows->leftOut()));
     }
 }
 
@@ -142,11 +188,11 @@ void place(Session& session, const SheetAreas& source, const SheetAreas& target,
     const CellArea block{corner.left, corner.top, corner.left + from.columns() - 1,
                          corner.top + from.rows() - 1};
     session.beforeChange(target.document);
-    refuseProtected(target.sheet);
-    refuseMerged(target.sheet, block);
+    refuseObstacles(target.sheet, block);
     switch (kind) {
         case PasteKind::All:
             placeAll(session, source, target, block);
+            noteRowsLeftOut(session, target.sheet, block);
             break;
         case PasteKind::Values:
             writeCells(target.document, target.sheet, block, readCells(source.document, source.sheet, from));

@@ -14,8 +14,9 @@ void activate(const Session& session, const DocumentRef& document, const SheetRe
 void select(const Session& session, const SheetAreas& cells);
 
 /// Puts a copy of `source`, with values, formats and characters' positions, where `target` begins. Whatever
-/// stood there is replaced. Refuses, before anything is changed, a read-only document, a protected sheet and
-/// merged cells in the way. Neither the clipboard nor another sheet is touched.
+/// stood there is replaced. Refuses, before anything is changed, a read-only document and all obstacles; what
+/// does not arrive whole nevertheless is taken back and raised as an error. Neither the clipboard nor another
+/// sheet is touched.
 void place(Session& session, const SheetAreas& source, const SheetAreas& target, PasteKind kind);
 
 }  // namespace TBVNonPara::calc

@@ -74,10 +74,26 @@ SheetAreas selectedCells(const DocumentRef& document) {
         return cells;
     }
     cells.sheet = sheetAt(document, selection.front().Sheet);
+    std::vector<CellArea> pieces;
     for (const CellRangeAddress& address : selection) {
-        cells.areas.push_back(endingWithTheUsedArea(normalised(address), cells.sheet));
+        pieces.push_back(normalised(address));
+    }
+    for (const CellArea& area : acrossHiddenRows(cells.sheet, pieces)) {
+        cells.areas.push_back(endingWithTheUsedArea(area, cells.sheet));
     }
     return cells;
+}
+
+HiddenCount countHiddenRows(const DocumentRef& document, std::span<const std::string> addresses) {
+    std::vector<SheetAreas> ranges;
+    for (const std::string& address : addresses) {
+        try {
+            ranges.push_back(resolve(document, activeSheet(document), address));
+        } catch (...) {
+            // What is no range yet, while it is typed for example, has no rows.
+        }
+    }
+    return countHiddenRows(ranges);
 }
 
 Suggestion suggest(const SheetAreas& selection, bool groups, bool twoRanges) {

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "adapters/calc/addresses.hpp"
+#include "adapters/calc/visible_rows.hpp"
 
 namespace TBVNonPara::calc {
 
@@ -14,8 +14,13 @@ struct Suggestion {
     bool labels = false;
 };
 
-/// The cells selected in a document's view, whole columns trimmed; no areas where less than two cells are.
+/// The cells selected in a document's view, over filtered rows as the whole ranges that they belong to, whole
+/// columns trimmed; no areas where less than two cells are.
 [[nodiscard]] SheetAreas selectedCells(const DocumentRef& document);
+
+/// How many rows of the ranges with these addresses are hidden; an address that is none counts nothing.
+[[nodiscard]] HiddenCount countHiddenRows(const DocumentRef& document,
+                                          std::span<const std::string> addresses);
 
 /// For two samples the first two columns or areas, for one sample the first, for groups everything.
 [[nodiscard]] Suggestion suggest(const SheetAreas& selection, bool groups, bool twoRanges);

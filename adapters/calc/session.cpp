@@ -1,7 +1,6 @@
 #include "adapters/calc/session.hpp"
 
 #include <algorithm>
-#include <com/sun/star/document/XUndoManagerSupplier.hpp>
 #include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/text/XTextRange.hpp>
 
@@ -54,7 +53,10 @@ void Session::remember(const SheetRef& sheet, const CellArea& area, Values value
     }
 }
 
-void Session::beginRun() {
+void Session::beginRun(const RowRules& rules) {
+    if (m_DataRows) {
+        hosted([&] { m_DataRows->count(rules); });
+    }
     m_Running = true;
     holdViews(document());
 }
@@ -62,7 +64,7 @@ void Session::beginRun() {
 void Session::endRun() noexcept {
     m_Running = false;
     m_Readings.clear();
-    leaveUndoContext();
+    m_Step.close();
     releaseViews();
 }
 
@@ -86,10 +88,8 @@ void Session::releaseViews() noexcept {
 void Session::beforeChange(const DocumentRef& document) {
     refuseReadOnly(document);
     m_Readings.clear();
-    if (m_Running && !m_Undoing.is() && !isScratch(document)) {
-        query<css::document::XUndoManagerSupplier>(document)->getUndoManager()->enterUndoContext(
-            reportTitle());
-        m_Undoing = document;
+    if (m_Running && !m_Step.isOpen() && !isScratch(document)) {
+        m_Step.open(document, reportTitle());
     }
 }
 
@@ -115,15 +115,9 @@ void Session::step() const {
     }
 }
 
-void Session::leaveUndoContext() noexcept {
-    const DocumentRef document = std::exchange(m_Undoing, {});
-    try {
-        if (document.is()) {
-            query<css::document::XUndoManagerSupplier>(document)->getUndoManager()->leaveUndoContext();
-        }
-    } catch (const css::uno::Exception&) {
-        // The document was closed in the meantime, and its undo steps with it.
-    }
+std::vector<KeptRowsRef> Session::rowsOf(const SheetAreas& cells) const {
+    return m_DataRows && m_ResolvingFor ? m_DataRows->name(*m_ResolvingFor, cells)
+                                        : std::vector<KeptRowsRef>();
 }
 
 OUString Session::reportTitle() const {

@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "adapters/calc/addresses.hpp"
+#include "adapters/calc/data_rows.hpp"
+#include "adapters/calc/undo_step.hpp"
 #include "tbvnonpara/core/cell_value.hpp"
 
 namespace TBVNonPara::calc {
@@ -29,7 +31,7 @@ class Session {
     [[nodiscard]] std::optional<ValueGrid> remembered(const SheetRef& sheet, const CellArea& area) const;
     void remember(const SheetRef& sheet, const CellArea& area, Values values);
 
-    void beginRun();
+    void beginRun(const RowRules& rules);
     void endRun() noexcept;
 
     /// Holds the document's views still until the run ends or updating is switched on.
@@ -39,6 +41,19 @@ class Session {
     /// Called before the user's document is changed: refuses a read-only one, and makes one undo step of all
     /// changes of a run, named after the report.
     void beforeChange(const DocumentRef& document);
+
+    /// Whether all changes of the run can be taken back, and does so.
+    [[nodiscard]] bool canTakeBack() const { return m_Step.canTakeBack(); }
+    void takeBack() { m_Step.takeBack(); }
+
+    /// Only visible rows of the data ranges take part from now on.
+    void leaveOutHiddenRows() { m_DataRows = std::make_unique<DataRows>(); }
+    /// Where only visible rows take part, and nothing otherwise.
+    [[nodiscard]] DataRows* dataRows() const noexcept { return m_DataRows.get(); }
+    /// The ranges resolved next are data of this range, or none's.
+    void resolveFor(std::optional<DataRange> range) { m_ResolvingFor = range; }
+    /// The rows by which a range that was just resolved is read; empty where all of them are.
+    [[nodiscard]] std::vector<KeptRowsRef> rowsOf(const SheetAreas& cells) const;
 
     /// Cells that a Boolean was written to: their format tells it from a number, and other formats must not
     /// take it away.
@@ -62,7 +77,6 @@ class Session {
         CellArea cell;
     };
 
-    void leaveUndoContext() noexcept;
     [[nodiscard]] OUString reportTitle() const;
 
     Context m_Context;
@@ -72,14 +86,35 @@ class Session {
     std::vector<Reading> m_Readings;
     std::vector<BooleanCell> m_Booleans;
     DocumentRef m_Held;
-    DocumentRef m_Undoing;
+    UndoStep m_Step;
+    std::unique_ptr<DataRows> m_DataRows;
+    std::optional<DataRange> m_ResolvingFor;
     std::function<void()> m_OnStep;
+};
+
+/// What is resolved while this lives is one of the data ranges.
+class DataRangeScope {
+ public:
+    DataRangeScope(Session& session, DataRange range, std::string_view address) : m_Session(session) {
+        if (address.empty() && session.dataRows() != nullptr) {
+            session.dataRows()->forget(range);
+        }
+        session.resolveFor(range);
+    }
+    ~DataRangeScope() { m_Session.resolveFor(std::nullopt); }
+    DataRangeScope(const DataRangeScope&) = delete;
+    DataRangeScope& operator=(const DataRangeScope&) = delete;
+
+ private:
+    Session& m_Session;
 };
 
 /// One run: whatever happens in it, the views are released and the undo step is closed at its end.
 class Run {
  public:
-    explicit Run(Session& session) : m_Session(session) { m_Session.beginRun(); }
+    explicit Run(Session& session, const RowRules& rules = {}) : m_Session(session) {
+        m_Session.beginRun(rules);
+    }
     ~Run() { m_Session.endRun(); }
     Run(const Run&) = delete;
     Run& operator=(const Run&) = delete;

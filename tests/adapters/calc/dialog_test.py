@@ -6,9 +6,10 @@ import unittest
 import uno  # noqa: F401
 from com.sun.star.accessibility.AccessibleRole import (CHECK_BOX, LABEL, LIST_ITEM, PUSH_BUTTON, RADIO_BUTTON,
                                                        TEXT)
+from com.sun.star.accessibility.AccessibleStateType import CHECKED
 
 from dialog_case import AFTER, BEFORE, COMMAND, DialogCase
-from office import Office, TestCase, property_value
+from office import Office, TestCase, filter_rows, property_value
 from screen import Screen, wait_for, window, window_now
 
 
@@ -26,6 +27,50 @@ class Dialog(DialogCase):
         self.assertIn(34.0, [cell for row in cells for cell in row])
         self.assertEqual(list(self.document.UndoManager.AllUndoActionTitles)[0], "Mann-Whitney Test Results")
         self.picture("report")
+
+    def test_a_selection_over_a_filter_names_the_whole_ranges_and_takes_the_visible_rows(self):
+        filter_rows(self.document, "A1:C7", 0, 13)
+        self.open_dialog("A1:B7")
+        self.assertEqual(self.field("First range:").text, "$Data.$A$1:$A$7")
+        self.assertEqual(self.field("Second range:").text, "$Data.$B$1:$B$7")
+        box = self.control("Visible rows only (2 of 7 are filtered out or hidden)", CHECK_BOX)
+        self.assertTrue(box.has(CHECKED))
+        self.tick("Descriptive tables")
+        self.check_layout()
+        self.picture("filtered")
+        self.addCleanup(self.restore_boxes)
+        self.run_and_wait()
+        cells = self.last_cells()
+        self.assertEqual(cells[1][0], "Set 1 Range = Data!$A$1:$A$7")
+        # 12 and 11 are hidden, and 17 and 16 with them.
+        self.assertEqual(next(row for row in cells if row[0] == "Sum")[1:3], (15 + 18 + 14 + 13, 21 + 23 + 19 + 24))
+
+    def test_rows_hidden_by_hand_are_told_of_and_taken_unless_the_user_says_otherwise(self):
+        self.open_dialog("A1:B7")
+        self.assertFalse([e.name for e in self.dialog.walk() if e.name.startswith("Visible rows")])
+        self.press("Close")
+        wait_for(lambda: self.find() is None)
+        self.sheet.getRows().getByIndex(3).IsVisible = False
+        self.open_dialog("A1:B7")
+        box = self.control("Visible rows only (1 of 7 are filtered out or hidden)", CHECK_BOX)
+        self.assertFalse(box.has(CHECKED))
+        self.field("First range:").type("Data!C1:C2")
+        self.field("Second range:").type("Data!C1:C3")
+        self.assertTrue(wait_for(lambda: not [e for e in self.dialog.walk() if e.name.startswith("Visible rows")]))
+
+    def test_rows_that_are_filtered_while_the_dialog_is_open_are_told_of_first(self):
+        self.open_dialog("A1:B7")
+        filter_rows(self.document, "A1:C7", 0, 13)
+        self.press("OK")
+        text = "Other rows are hidden now than before; check the choice of rows and press OK again."
+        box = "Visible rows only (2 of 7 are filtered out or hidden)"
+        self.assertTrue(wait_for(lambda: self.control(box, CHECK_BOX) is not None))
+        # Where the window was activated in between, the box was there already and the run has begun.
+        if self.find():
+            self.assertTrue(text in self.texts() or self.control(box, CHECK_BOX).has(CHECKED))
+            self.assertEqual(self.document.Sheets.Count, 1)
+            self.run_and_wait()
+        self.assertEqual(self.last_cells()[0][0], "Mann-Whitney Test Results for:")
 
     def test_several_selected_areas_fill_the_fields_as_the_test_takes_them(self):
         areas = self.document.createInstance("com.sun.star.sheet.SheetCellRanges")

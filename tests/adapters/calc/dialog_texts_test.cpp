@@ -24,8 +24,8 @@ TEST_P(EveryLanguage, GivesEachLetterToOneControlThatIsSeenAtTheSameTime) {
         for (const std::string_view second : {texts.secondRange, texts.groupingRange}) {
             std::set<char> letters;
             for (const std::string_view label :
-                 {texts.test, texts.alternative, first, second, texts.newSheet, texts.cell, texts.overwrite,
-                  texts.labels, texts.descriptives, texts.ignoreTies}) {
+                 {texts.test, texts.alternative, first, second, texts.visibleRows, texts.newSheet, texts.cell,
+                  texts.overwrite, texts.labels, texts.descriptives, texts.ignoreTies}) {
                 const std::size_t mark = label.find('~');
                 ASSERT_NE(mark, std::string_view::npos) << label;
                 EXPECT_TRUE(letters.insert(static_cast<char>(std::tolower(label[mark + 1]))).second) << label;
@@ -41,6 +41,13 @@ TEST_P(EveryLanguage, HasThreeDifferentAlternativesForEveryTestThatTakesThem) {
             EXPECT_EQ(std::set<std::string_view>(texts.begin(), texts.end()).size(), 3U);
         }
     }
+}
+
+TEST(Dialog, SaysHowManyRowsAreHidden) {
+    EXPECT_EQ(visibleRowsLabel(dialogTexts("en"), 3, 10),
+              "~Visible rows only (3 of 10 are filtered out or hidden)");
+    EXPECT_EQ(visibleRowsLabel(dialogTexts("de"), 3, 10),
+              "Nur ~sichtbare Zeilen (3 von 10 sind gefiltert oder ausgeblendet)");
 }
 
 TEST(Dialog, SpeaksEnglishWhereALanguageIsMissing) {

@@ -15,12 +15,14 @@ import uno
 import unohelper
 from com.sun.star.beans import NamedValue, PropertyValue
 from com.sun.star.connection import NoConnectException
+from com.sun.star.sheet import TableFilterField
+from com.sun.star.sheet.FilterOperator import GREATER_EQUAL
 from com.sun.star.task import XInteractionHandler
 from com.sun.star.ucb import XCommandEnvironment
 
 PROFILE_MADE = 81
 # Seconds to wait for what takes one at most on an idle machine.
-PATIENCE = 180
+PATIENCE = int(os.environ.get("TBVNONPARA_PATIENCE", "180"))
 
 
 def property_value(name, value):
@@ -187,6 +189,20 @@ def cells_of(sheet):
     cursor.gotoEndOfUsedArea(True)
     return cursor.getDataArray()
 
+
+def filter_rows(document, address, column, number):
+    """Sets the AutoFilter of these cells of the first sheet: only rows with a number of at least `number` in
+    this column are shown."""
+    cells = document.Sheets.getByIndex(0).getCellRangeByName(address)
+    if not document.DatabaseRanges.hasByName("Filtered"):
+        document.DatabaseRanges.addNewByName("Filtered", cells.RangeAddress)
+        document.DatabaseRanges.getByName("Filtered").AutoFilter = True
+    field = TableFilterField()
+    field.Field, field.IsNumeric, field.NumericValue, field.Operator = column, True, number, GREATER_EQUAL
+    descriptor = cells.createFilterDescriptor(True)
+    descriptor.ContainsHeader = True
+    descriptor.setFilterFields((field,))
+    cells.filter(descriptor)
 
 
 def prepare(folder, extension):

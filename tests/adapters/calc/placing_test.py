@@ -5,10 +5,12 @@ import tempfile
 import unittest
 
 import uno  # noqa: F401
+import unohelper
 from com.sun.star.uno import RuntimeException
+from com.sun.star.util import XModifyListener
 from TBVNonPara import AnalysisException
 
-from office import Office, TestCase, cells_of
+from office import Office, TestCase, cells_of, filter_rows
 
 OBJECT_ERROR = -2147221504
 CALC_ERROR = 1004
@@ -23,6 +25,22 @@ def setUpModule():
 
 def undo_titles(document):
     return list(document.UndoManager.AllUndoActionTitles)
+
+
+class Meddler(unohelper.Base, XModifyListener):
+    """Changes a cell whenever others change, as a macro of the user's may."""
+
+    def __init__(self, watched, cell):
+        self.watched, self.cell, self.busy = watched, cell, False
+        watched.addModifyListener(self)
+
+    def modified(self, event):
+        if not self.busy:
+            self.busy = True
+            self.cell.Value = 99
+
+    def disposing(self, event):
+        pass
 
 
 class Placing(TestCase):
@@ -125,6 +143,69 @@ class Placing(TestCase):
     def test_refuses_merged_cells_in_the_way(self):
         self.sheet.getCellRangeByName("E3:F4").merge(True)
         self.refused(CALC_ERROR, self.make_request("Data!D1"), "merged cells")
+
+    def test_refuses_rows_that_a_filter_hides_and_keeps_what_stands_there(self):
+        self.sheet.getCellRangeByName("D2").String = "mine"
+        self.sheet.getCellRangeByName("D4").Formula = "=1+1"
+        filter_rows(self.document, "A1:B4", 0, 2)
+        self.refused(CALC_ERROR, self.make_request("Data!D1"), "A filter hides rows of $D$1:")
+        self.make_request("Data!D5").Results()
+        self.assertEqual(self.sheet.getCellRangeByName("D5").String, "Mann-Whitney Test Results for:")
+
+    def test_rows_hidden_by_hand_take_their_part_of_a_report(self):
+        self.make_request("Data!D1").Results()
+        self.sheet.getRows().getByIndex(1).IsVisible = False
+        self.make_request("Data!M1").Results()
+        cells = self.sheet.getCellRangeByName
+        self.assertEqual(cells("M1:R20").getDataArray(), cells("D1:I20").getDataArray())
+
+    def test_refuses_to_cover_a_part_of_an_array_formula(self):
+        array = self.sheet.getCellRangeByName("C3:D4")
+        array.setArrayFormula("=A2:B3*10")
+        self.sheet.getCellRangeByName("E2").String = "mine"
+        self.refused(CALC_ERROR, self.make_request("Data!D1"), "a part of the array formula in $C$3:$D$4")
+        self.assertEqual(array.getDataArray(), ((10.0, 40.0), (20.0, 50.0)))
+
+    def test_an_array_formula_that_is_covered_whole_is_replaced_and_comes_back(self):
+        array = self.sheet.getCellRangeByName("D3:E4")
+        array.setArrayFormula("=A2:B3*10")
+        self.document.UndoManager.clear()
+        self.make_request("Data!D1").Results(True)
+        self.assertEqual(array.getArrayFormula(), "")
+        self.document.UndoManager.undo()
+        self.assertEqual(array.getArrayFormula(), "{=A2:B3*10}")
+
+    def meddled(self, undo):
+        """A report over cells of the user's, into which a macro writes while it is placed."""
+        request = self.make_request("Data!D1")
+        cell = self.sheet.getCellRangeByName
+        cell("D2").String, cell("E3").Formula = "mine", "=1+1"
+        cell("D9").String, cell("D10").Value = "2019", 42
+        self.document.UndoManager.clear()
+        self.document.IsUndoEnabled = undo
+        meddler = Meddler(cell("D1"), cell("E6"))
+        try:
+            with self.assertRaises(AnalysisException) as caught:
+                request.Results(True)
+        finally:
+            cell("D1").removeModifyListener(meddler)
+        self.assertTrue(meddler.busy)
+        self.assertEqual(caught.exception.Number, CALC_ERROR)
+        self.assertIn("did not arrive whole in $D$1:", caught.exception.Message)
+        self.assertEqual(cell("D1").String, "")
+        self.assertEqual(cell("D2").String, "mine")
+        self.assertEqual(cell("E3").Formula, "=1+1")
+        self.assertEqual(cell("D9").Formula, "'2019")
+        self.assertEqual(cell("D10").Value, 42)
+        self.assertEqual(cell("E6").String, "")
+        self.assertEqual(cell("D16").String, "")
+        self.assertEqual(undo_titles(self.document), [])
+
+    def test_a_report_that_does_not_arrive_whole_is_taken_back(self):
+        self.meddled(True)
+
+    def test_a_report_is_taken_back_from_a_document_without_undo_steps(self):
+        self.meddled(False)
 
     def test_refuses_a_read_only_document(self):
         with tempfile.TemporaryDirectory() as folder:

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "adapters/calc/addresses.hpp"
+
+namespace TBVNonPara::calc {
+
+/// Raises the host's error where a report cannot arrive whole in a block of cells: on a protected sheet, over
+/// merged cells, over a part of an array formula, in rows that a filter hides. Changes nothing.
+void refuseObstacles(const SheetRef& sheet, const CellArea& block);
+
+}  // namespace TBVNonPara::calc
