@@ -1,9 +1,11 @@
 #include "adapters/calc/addresses.hpp"
 
 #include <algorithm>
+#include <com/sun/star/container/XNameAccess.hpp>
 #include <com/sun/star/lang/XMultiServiceFactory.hpp>
 #include <com/sun/star/sheet/XCellRangeAddressable.hpp>
 #include <com/sun/star/sheet/XCellRangeReferrer.hpp>
+#include <com/sun/star/sheet/XDatabaseRange.hpp>
 #include <com/sun/star/sheet/XNamedRanges.hpp>
 #include <com/sun/star/sheet/XSheetCellCursor.hpp>
 #include <com/sun/star/sheet/XUsedAreaCursor.hpp>
@@ -43,6 +45,9 @@ class AddressReader {
         if (!address) {
             address = rangeNamed(area);
         }
+        if (!address) {
+            address = databaseRange(area);
+        }
         // An unknown sheet comes back as a sheet of its own, not as a failure.
         if (!address || address->Sheet < 0) {
             refuse(area);
@@ -66,9 +71,16 @@ class AddressReader {
         return address;
     }
 
+    /// The names of the sheet come before those of the document.
     [[nodiscard]] std::optional<CellRangeAddress> rangeNamed(const std::string& area) const {
+        const std::optional<CellRangeAddress> ofSheet = rangeNamed(sheetAt(m_Document, m_Sheet), area);
+        return ofSheet ? ofSheet : rangeNamed(m_Document, area);
+    }
+
+    [[nodiscard]] static std::optional<CellRangeAddress> rangeNamed(const auto& holder,
+                                                                    const std::string& area) {
         Reference<css::sheet::XNamedRanges> names;
-        property(m_Document, "NamedRanges") >>= names;
+        property(holder, "NamedRanges") >>= names;
         if (!names.is() || !names->hasByName(fromUtf8(area))) {
             return std::nullopt;
         }
@@ -76,6 +88,18 @@ class AddressReader {
                                                              css::uno::UNO_QUERY_THROW);
         const auto cells = queryIfAny<css::sheet::XCellRangeAddressable>(name->getReferredCells());
         return cells.is() ? std::optional(cells->getRangeAddress()) : std::nullopt;
+    }
+
+    /// What Data > Define Range gave a name.
+    [[nodiscard]] std::optional<CellRangeAddress> databaseRange(const std::string& area) const {
+        Reference<css::container::XNameAccess> ranges;
+        property(m_Document, "DatabaseRanges") >>= ranges;
+        if (!ranges.is() || !ranges->hasByName(fromUtf8(area))) {
+            return std::nullopt;
+        }
+        const Reference<css::sheet::XDatabaseRange> range(ranges->getByName(fromUtf8(area)),
+                                                          css::uno::UNO_QUERY_THROW);
+        return range->getDataArea();
     }
 
     DocumentRef m_Document;

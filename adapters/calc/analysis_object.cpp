@@ -129,6 +129,16 @@ void AnalysisObject::guarded(const auto& work) {
     }
 }
 
+void AnalysisObject::initialize(const Sequence<Any>& arguments) {
+    DocumentRef document;
+    if (arguments.getLength() != 1 || !(arguments[0] >>= document) || !document.is()) {
+        throw css::lang::IllegalArgumentException(
+            "The one argument is the spreadsheet document that addresses mean, for example ThisComponent",
+            static_cast<cppu::OWeakObject*>(this), 0);
+    }
+    m_Session->workOn(document);
+}
+
 void AnalysisObject::setMethod(sal_Int32 Method) {
     guarded([&] { m_Request.LetMethod(static_cast<TBVNPMethod>(Method)); });
     m_Method = static_cast<TBVNPMethod>(Method);

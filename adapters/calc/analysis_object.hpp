@@ -2,9 +2,10 @@
 
 #include <TBVNonPara/AnalysisException.hpp>
 #include <TBVNonPara/XclsNonPara.hpp>
+#include <com/sun/star/lang/XInitialization.hpp>
 #include <com/sun/star/lang/XServiceInfo.hpp>
 #include <com/sun/star/script/XInvocation2.hpp>
-#include <cppuhelper/implbase3.hxx>
+#include <cppuhelper/implbase4.hxx>
 #include <memory>
 
 #include "adapters/calc/session.hpp"
@@ -14,13 +15,16 @@ namespace TBVNonPara::calc {
 
 /// The service TBVNonPara.clsNonPara: one request, by the typed interface for C++ and by late binding for
 /// scripts. Properties are write-only; reading one gives nothing back.
-class AnalysisObject
-    : public cppu::WeakImplHelper3<XclsNonPara, css::script::XInvocation2, css::lang::XServiceInfo> {
+class AnalysisObject : public cppu::WeakImplHelper4<XclsNonPara, css::script::XInvocation2,
+                                                    css::lang::XInitialization, css::lang::XServiceInfo> {
  public:
     explicit AnalysisObject(const Context& context);
 
     static constexpr auto implementationName = "TBVNonPara.clsNonPara.Implementation";
     static constexpr auto serviceName = "TBVNonPara.clsNonPara";
+
+    /// The document that addresses mean, where it is not the active one: a hidden one for example.
+    void SAL_CALL initialize(const css::uno::Sequence<css::uno::Any>& arguments) override;
 
     void SAL_CALL setMethod(sal_Int32 Method) override;
     void SAL_CALL setHeaders(sal_Bool Headers) override;

@@ -1,5 +1,8 @@
 #include "adapters/calc/arguments.hpp"
 
+#include <com/sun/star/sheet/XCellAddressable.hpp>
+#include <com/sun/star/sheet/XCellRangeAddressable.hpp>
+#include <com/sun/star/sheet/XSheetCellRanges.hpp>
 #include <optional>
 
 #include "tbvnonpara/core/conversions.hpp"
@@ -35,6 +38,13 @@ double toNumber(const Any& value) {
     return *number;
 }
 
+bool isRange(const Any& value) {
+    const Reference<css::uno::XInterface> object(value, css::uno::UNO_QUERY);
+    return queryIfAny<css::sheet::XCellRangeAddressable>(object).is() ||
+           queryIfAny<css::sheet::XCellAddressable>(object).is() ||
+           queryIfAny<css::sheet::XSheetCellRanges>(object).is();
+}
+
 }  // namespace
 
 std::int32_t toWholeNumber(const Any& value) {
@@ -53,10 +63,15 @@ bool toBoolean(const Any& value) {
 
 OUString toAddress(const Any& value) {
     OUString text;
-    if (!(value >>= text)) {
-        raise(RuntimeError::TypeMismatch);
+    if (value >>= text) {
+        return text;
     }
-    return text;
+    if (isRange(value)) {
+        throw Error(static_cast<std::int32_t>(RuntimeError::TypeMismatch),
+                    "A range was given where its address is expected; pass its AbsoluteName, for example "
+                    "request.YRange = range.AbsoluteName.");
+    }
+    raise(RuntimeError::TypeMismatch);
 }
 
 }  // namespace TBVNonPara::calc

@@ -48,6 +48,10 @@ void refuseArraysAcross(const SheetRef& sheet, const CellArea& block, const Cell
     const auto formulas = query<css::sheet::XCellRangesQuery>(blockOf(sheet, edge))
                               ->queryContentCells(css::sheet::CellFlags::FORMULA);
     for (const css::table::CellRangeAddress& found : formulas->getRangeAddresses()) {
+        // Asked about columns that hold nothing yet, the spreadsheet answers with formulas left of them.
+        if (!edge.contains(normalised(found))) {
+            continue;
+        }
         for (sal_Int32 column = found.StartColumn; column <= found.EndColumn; ++column) {
             for (sal_Int32 row = found.StartRow; row <= found.EndRow; ++row) {
                 const CellArea array = arrayAround(sheet, column, row);

@@ -21,6 +21,7 @@ class Session {
 
     [[nodiscard]] const Context& context() const noexcept { return m_Context; }
     [[nodiscard]] DocumentRef document() const;
+    void workOn(const DocumentRef& document) { m_Document = document; }
 
     void copy(SheetAreas cells) { m_Copied = std::move(cells); }
     [[nodiscard]] const SheetAreas& copied() const;

@@ -4,6 +4,7 @@ import pathlib
 import unittest
 
 import uno
+from com.sun.star.lang import IllegalArgumentException
 from TBVNonPara import AnalysisException
 from TBVNonPara.TBVNPMethod import tbvNPKWallis
 from TBVNonPara.TBVNPTails import tbvNPVar1LTVar2
@@ -98,6 +99,47 @@ class Client(TestCase):
                 self.assertEqual(cells[1][0], "Set 1 Range = Data!$A$1:$A$7")
                 self.assertEqual(cells[2][0], "Set 2 Range = Data!$B$1:$B$7")
                 self.document.CurrentController.ActiveSheet = self.document.Sheets.getByIndex(0)
+
+    def test_takes_the_names_of_a_sheet_and_of_database_ranges(self):
+        address = uno.createUnoStruct("com.sun.star.table.CellAddress")
+        sheet = self.document.Sheets.getByName("Data")
+        sheet.NamedRanges.addNewByName("Local", "$Data.$A$1:$A$7", address, 0)
+        self.document.NamedRanges.addNewByName("Local", "$Data.$B$1:$B$7", address, 0)
+        self.document.DatabaseRanges.addNewByName("Table1",
+                                                  sheet.getCellRangeByName("C1:C7").RangeAddress)
+        self.request.YRange, self.request.XRange = "Local", "table1"
+        self.request.Results()
+        cells = cells_of(self.last_sheet())
+        self.assertEqual(cells[1][0], "Set 1 Range = Data!$A$1:$A$7")
+        self.assertEqual(cells[2][0], "Set 2 Range = Data!$C$1:$C$7")
+
+    def test_works_on_a_hidden_document_that_it_is_given(self):
+        hidden = office.open(Hidden=True)
+        try:
+            hidden.Sheets.getByIndex(0).getCellRangeByName("A1:B3").setDataArray(((1, 4), (2, 5), (3, 6)))
+            request = office.context.ServiceManager.createInstanceWithArgumentsAndContext(
+                "TBVNonPara.clsNonPara", (hidden,), office.context)
+            request.YRange, request.XRange, request.OutputRange = "A1:A3", "B1:B3", "D1"
+            request.Results()
+            self.assertEqual(cells_of(hidden.Sheets.getByIndex(0))[0][3], "Mann-Whitney Test Results for:")
+            # By hand: of the 20 ways to choose three ranks of six, one is as low.
+            self.assertEqual(cells_of(hidden.Sheets.getByIndex(0))[6][6], 0.1)
+            self.assertEqual(self.document.Sheets.Count, 1)
+            with self.assertRaises(IllegalArgumentException):
+                office.context.ServiceManager.createInstanceWithArgumentsAndContext(
+                    "TBVNonPara.clsNonPara", ("hidden",), office.context)
+        finally:
+            hidden.close(True)
+
+    def test_tells_who_gives_a_range_for_its_address_how_to_name_it(self):
+        cells = self.document.Sheets.getByName("Data").getCellRangeByName("A1:A7")
+        for what in (cells, cells.getCellByPosition(0, 0), cells.queryVisibleCells()):
+            def work():
+                self.request.YRange = what
+            self.raised(13, "", work)
+            with self.assertRaises(AnalysisException) as caught:
+                work()
+            self.assertIn("pass its AbsoluteName", caught.exception.Message)
 
     def test_keeps_areas_in_the_order_given_and_unmerged(self):
         self.request.Method = tbvNPKWallis
