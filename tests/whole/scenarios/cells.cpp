@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <stdexcept>
 
 #include "tbvnonpara/core/conversions.hpp"
+#include "tests/whole/scenarios/addresses.hpp"
 
 namespace TBVNonPara::Scenarios {
 
@@ -52,14 +52,6 @@ std::string readQuoted(std::string_view line, std::size_t& position) {
 std::size_t endOfUnquoted(std::string_view line, std::size_t position) {
     return std::min(
         {line.find("  ", position), line.find('\t', position), line.find_last_not_of(blanks) + 1});
-}
-
-std::string columnLetters(int column) {
-    std::string letters;
-    for (; column > 0; column = (column - 1) / 26) {
-        letters.insert(letters.begin(), static_cast<char>('A' + (column - 1) % 26));
-    }
-    return letters;
 }
 
 /// A text may run on over the empty cells to its right, as it does on a sheet; its own width then does not
@@ -179,7 +171,7 @@ ValueGrid readReport(const std::vector<std::string>& lines) {
     return cells;
 }
 
-std::vector<std::string> writeReport(const ValueGrid& cells, int row, int column) {
+std::vector<std::string> writeReport(const ValueGrid& cells, Index row, Index column) {
     const std::size_t numbers = std::to_string(row + cells.rows().value() - 1).size() + 4;
     std::vector<std::string> lines(static_cast<std::size_t>(cells.rows().value()) + 1);
     lines[0] = std::string(numbers, ' ');
@@ -198,29 +190,6 @@ std::vector<std::string> writeReport(const ValueGrid& cells, int row, int column
     }
     std::ranges::for_each(lines, trimEnd);
     return lines;
-}
-
-bool sameCell(const CellValue& a, const CellValue& b) {
-    const double* x = std::get_if<double>(&a);
-    const double* y = std::get_if<double>(&b);
-    if (x == nullptr || y == nullptr) {
-        return a == b;
-    }
-    return std::abs(*x - *y) <= 1e-12 * std::max(std::abs(*x), std::abs(*y));
-}
-
-bool sameCells(const ValueGrid& a, const ValueGrid& b) {
-    if (a.rows() != b.rows() || a.columns() != b.columns()) {
-        return false;
-    }
-    for (Long row = 1; row <= a.rows(); ++row) {
-        for (Long column = 1; column <= a.columns(); ++column) {
-            if (!sameCell(a(row, column), b(row, column))) {
-                return false;
-            }
-        }
-    }
-    return true;
 }
 
 }  // namespace TBVNonPara::Scenarios

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "tbvnonpara/core/cell_value.hpp"
+#include "tbvnonpara/core/whole_numbers.hpp"
 
 namespace TBVNonPara::Scenarios {
 
@@ -30,11 +31,6 @@ struct WrittenCell {
 [[nodiscard]] ValueGrid readReport(const std::vector<std::string>& lines);
 
 /// The same lines for a block of cells whose top left is at `row`, `column`.
-[[nodiscard]] std::vector<std::string> writeReport(const ValueGrid& cells, int row, int column);
-
-/// Equal cells; numbers within a relative 1e-12: fifteen digits are written, and the hosts' distribution
-/// functions differ from each other in the last two or three of them.
-[[nodiscard]] bool sameCell(const CellValue& a, const CellValue& b);
-[[nodiscard]] bool sameCells(const ValueGrid& a, const ValueGrid& b);
+[[nodiscard]] std::vector<std::string> writeReport(const ValueGrid& cells, Index row, Index column);
 
 }  // namespace TBVNonPara::Scenarios

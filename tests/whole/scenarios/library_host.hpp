@@ -3,6 +3,7 @@
 #include "tbvnonpara/companion/CompanionLibrary.hpp"
 #include "tbvnonpara/request/clsNonPara.hpp"
 #include "tests/support/recording_formatter.hpp"
+#include "tests/whole/scenarios/addresses.hpp"
 #include "tests/whole/scenarios/scenario_host.hpp"
 
 namespace TBVNonPara::Scenarios {
@@ -68,7 +69,7 @@ class LibraryHost : public ScenarioHost {
     static std::string blockAt(const RangeRef& topLeft, Long rows, Long columns) {
         const WorksheetRef sheet = topLeft->GetWorksheet();
         const RangeRef block = sheet->GetRange(topLeft->GetCells(1, 1), topLeft->GetCells(rows, columns));
-        std::string address = sheet->GetName() + '!' + block->GetAddress();
+        std::string address = quotedSheetName(sheet->GetName()) + '!' + block->GetAddress();
         std::erase(address, '$');
         return address;
     }

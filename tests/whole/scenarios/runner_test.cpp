@@ -64,15 +64,6 @@ TEST(ScenarioCells, AnOpenQuotationMarkIsAnError) {
     EXPECT_THROW((void)readCells("  \"a"), std::runtime_error);
 }
 
-TEST(ScenarioCells, AgreeToTwelveDigits) {
-    EXPECT_TRUE(sameCell(0.05, 0.05 * (1 + 9e-13)));
-    EXPECT_FALSE(sameCell(0.05, 0.05 * (1 + 2e-12)));
-    EXPECT_FALSE(sameCell(0.0, 1e-300));
-    EXPECT_FALSE(sameCell(5.0, "5"));
-    EXPECT_FALSE(sameCell(Empty(), ""));
-    EXPECT_FALSE(sameCells(ValueGrid{{1.0}}, ValueGrid{{1.0, 2.0}}));
-}
-
 const ValueGrid report = {{"A long title", Empty(), Empty()}, {"U", "DF 1", "-"}, {0.05, Empty(), 3.0}};
 const std::vector<std::string> reportLines = {
     "       D       E       F",
@@ -101,50 +92,15 @@ TEST(ScenarioSettings, AreSeparatedByCommaAndBlank) {
                 ElementsAre("Method Median", "YRange A1:A4,C1:C4", "Headers True"));
 }
 
-/// A host whose every request raises what it is told, or is content.
-class StubHost : public ScenarioHost {
- public:
-    void addSheet(std::string_view, const ValueGrid&) override {}
-    std::unique_ptr<Request> createRequest() override { return std::make_unique<StubRequest>(); }
-    const WorksheetHost& application() const override { throw std::logic_error("no sheets here"); }
-    std::string reportAddress() const override { return {}; }
-    std::vector<std::string> formatting() const override {
-        return {"FormatTitle A1 True", "FormatBody B2 False"};
-    }
-
- private:
-    class StubRequest : public Request {
-        void LetMethod(TBVNPMethod) override {}
-        void LetHeaders(bool) override {}
-        void LetOutputDescriptives(bool) override {}
-        void LetIgnoreTies(bool) override {}
-        void LetTails(TBVNPTails) override {}
-        void LetYRange(std::string_view) override {}
-        void LetXRange(std::string_view) override {}
-        void LetOutputRange(std::string_view) override {}
-        void Results(bool) override {}
-    };
-};
-
-TEST(ScenarioPlay, FormattingThatDiffersIsWrittenAsReceived) {
-    StubHost host;
-    const Scenario scenario = readScenario("About.\n\nformatting\n  FormatTitle A1 True\n");
-    EXPECT_EQ(writeScenario(play(scenario, host)),
-              "About.\n\nformatting\n  FormatTitle A1 True, FormatBody B2 False\n");
+TEST(ScenarioSettings, ASheetNameInQuotesMayHoldCommasAndBlanks) {
+    EXPECT_THAT(splitList({"  YRange 'a, b'!A1,'It''s, too'!B1, Headers True"}),
+                ElementsAre("YRange 'a, b'!A1,'It''s, too'!B1", "Headers True"));
+    EXPECT_THAT(splitList({"  YRange It's!A1, Headers True"}), ElementsAre("YRange It's!A1", "Headers True"));
 }
 
-TEST(ScenarioPlay, FormattingThatAgreesStaysAsItIsWritten) {
-    StubHost host;
-    const std::string text = "About.\n\nformatting\n  FormatTitle A1 True\n  FormatBody B2 False\n";
-    EXPECT_EQ(writeScenario(play(readScenario(text), host)), text);
-}
-
-TEST(ScenarioPlay, AnUnknownBlockOrSettingIsAnError) {
-    StubHost host;
-    EXPECT_THROW((void)play(readScenario("About.\n\nrepport A1:B2\n"), host), std::runtime_error);
-    const std::unique_ptr<Request> request = host.createRequest();
-    EXPECT_THROW(carryOut(*request, {"  Tales TwoTailed"}), std::runtime_error);
-    EXPECT_THROW(carryOut(*request, {"  Headers Yes"}), std::runtime_error);
+TEST(ScenarioText, MayHaveTheLineEndsOfAnyEditor) {
+    const std::string text = "About.\n\nsheet Data\n  1  2\n";
+    EXPECT_EQ(writeScenario(readScenario("About.\r\n\r\nsheet Data\r\n  1  2\r\n")), text);
 }
 
 }  // namespace

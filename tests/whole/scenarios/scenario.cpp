@@ -15,6 +15,10 @@ std::vector<std::string> linesOf(const std::string& text) {
     std::vector<std::string> lines;
     std::istringstream stream(text);
     for (std::string line; std::getline(stream, line);) {
+        // Anyone's editor may have written it.
+        if (line.ends_with('\r')) {
+            line.pop_back();
+        }
         lines.push_back(line);
     }
     return lines;

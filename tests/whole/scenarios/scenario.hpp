@@ -12,6 +12,8 @@ struct Block {
     std::string keyword;
     std::string argument;
     std::vector<std::string> lines;
+
+    friend bool operator==(const Block&, const Block&) = default;
 };
 
 /// A scenario: a paragraph that says what it is about and where its figures come from, then blocks. The
@@ -24,8 +26,14 @@ struct Scenario {
 [[nodiscard]] Scenario readScenario(const std::string& text);
 [[nodiscard]] std::string writeScenario(const Scenario& scenario);
 
-/// Plays a scenario on a host. The answer is the scenario as it would have to be written to hold: the same
-/// text when it holds.
-[[nodiscard]] Scenario play(const Scenario& scenario, ScenarioHost& host);
+/// What came of a scenario.
+struct Outcome {
+    Scenario received;  ///< the scenario as it would have to be written to hold
+    std::vector<std::string>
+        differences;  ///< where that departs from the one that was played; none when it holds
+};
+
+/// Plays a scenario on a host.
+[[nodiscard]] Outcome play(const Scenario& scenario, ScenarioHost& host);
 
 }  // namespace TBVNonPara::Scenarios

@@ -38,7 +38,8 @@ class ScenarioHost {
     [[nodiscard]] virtual std::unique_ptr<Request> createRequest() = 0;
     [[nodiscard]] virtual const WorksheetHost& application() const = 0;
 
-    /// Where the last report was pasted, for example "Results!A1:D9"; empty before the first.
+    /// Where the last report was pasted, for example "Results!A1:D9" or "'Data (2)'!A1:D9"; empty before the
+    /// first.
     [[nodiscard]] virtual std::string reportAddress() const = 0;
     /// The formatting that the last report asked for, one call a text: "FormatBody A7:D7 False".
     [[nodiscard]] virtual std::vector<std::string> formatting() const = 0;

@@ -45,13 +45,27 @@ std::string trimmed(const std::string& text) {
     return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(' ') + 1 - first);
 }
 
+/// A sheet's name in quotes may hold what separates settings; a quote inside a name opens none.
+std::size_t endOfSetting(std::string_view line, std::size_t begin) {
+    bool quoted = false;
+    for (std::size_t i = begin; i < line.size(); ++i) {
+        const char before = i == begin ? ' ' : line[i - 1];
+        if (line[i] == '\'') {
+            quoted = !quoted && (before == ' ' || before == ',' || before == '\'');
+        } else if (!quoted && line.substr(i).starts_with(", ")) {
+            return i;
+        }
+    }
+    return line.size();
+}
+
 }  // namespace
 
 std::vector<std::string> splitList(const std::vector<std::string>& lines) {
     std::vector<std::string> parts;
     for (const std::string& line : lines) {
         for (std::size_t begin = 0; begin < line.size();) {
-            const std::size_t end = std::min(line.find(", ", begin), line.size());
+            const std::size_t end = endOfSetting(line, begin);
             if (const std::string part = trimmed(line.substr(begin, end - begin)); !part.empty()) {
                 parts.push_back(part);
             }
