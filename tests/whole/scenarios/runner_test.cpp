@@ -1,9 +1,12 @@
+#include <filesystem>
+#include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <stdexcept>
 
 #include "tests/whole/scenarios/cells.hpp"
 #include "tests/whole/scenarios/scenario.hpp"
+#include "tests/whole/scenarios/scenario_files.hpp"
 #include "tests/whole/scenarios/settings.hpp"
 
 namespace TBVNonPara::Scenarios {
@@ -101,6 +104,28 @@ TEST(ScenarioSettings, ASheetNameInQuotesMayHoldCommasAndBlanks) {
 TEST(ScenarioText, MayHaveTheLineEndsOfAnyEditor) {
     const std::string text = "About.\n\nsheet Data\n  1  2\n";
     EXPECT_EQ(writeScenario(readScenario("About.\r\n\r\nsheet Data\r\n  1  2\r\n")), text);
+}
+
+TEST(ScenarioFiles, AreTheProjectsUnlessAFolderIsNamed) {
+    EXPECT_EQ(scenarioFolder("cases"), "cases");
+    EXPECT_EQ(scenarioFolder(""), scenarioFolder(nullptr));
+    EXPECT_FALSE(scenariosIn(scenarioFolder(nullptr)).empty());
+}
+
+TEST(ScenarioFiles, AreFoundInEveryFolderInOrder) {
+    const auto folder = std::filesystem::temp_directory_path() / "tbvnonpara-scenario-files";
+    std::filesystem::create_directories(folder / "b");
+    for (const char* name : {"b/two.txt", "one.txt", "one.received", "CMakeLists.txt"}) {
+        std::ofstream(folder / name) << "About.\n";
+    }
+    const std::vector<std::string> found = scenariosIn(folder);
+    std::filesystem::remove_all(folder);
+    EXPECT_THAT(found, ElementsAre("b/two", "one"));
+    EXPECT_TRUE(scenariosIn(folder).empty());
+}
+
+TEST(ScenarioFiles, NamesThatBecomeAlikeAreNumbered) {
+    EXPECT_THAT(testNames({"case 1", "case-1", "case_1"}), ElementsAre("case_1", "case_1_2", "case_1_3"));
 }
 
 }  // namespace

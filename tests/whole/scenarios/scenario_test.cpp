@@ -1,42 +1,20 @@
 #include "tests/whole/scenarios/scenario.hpp"
 
-#include <algorithm>
-#include <cctype>
-#include <filesystem>
+#include <cstdlib>
 #include <fstream>
 #include <gtest/gtest.h>
-#include <sstream>
+
+#include "tests/whole/scenarios/scenario_files.hpp"
 
 namespace TBVNonPara::Scenarios {
 
 namespace {
 
-const std::filesystem::path folder = std::filesystem::path(TBVNONPARA_TESTS) / "whole/scenarios";
-
-std::string textOf(const std::filesystem::path& file) {
-    std::ifstream stream(file);
-    std::ostringstream text;
-    text << stream.rdbuf();
-    return text.str();
-}
-
-/// mann_whitney/two_tailed, and so on.
-std::vector<std::string> allScenarios() {
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
-        if (entry.path().extension() == ".txt" && entry.path().filename() != "CMakeLists.txt") {
-            names.push_back(entry.path().lexically_relative(folder).replace_extension().generic_string());
-        }
-    }
-    std::ranges::sort(names);
-    return names;
-}
+const std::filesystem::path folder = scenarioFolder(std::getenv(scenarioFolderVariable));
+const std::vector<std::string> scenarios = scenariosIn(folder);
 
 std::string testName(const testing::TestParamInfo<std::string>& info) {
-    std::string name = info.param;
-    std::ranges::replace_if(
-        name, [](unsigned char c) { return std::isalnum(c) == 0; }, '_');
-    return name;
+    return testNames(scenarios)[info.index];
 }
 
 /// What a scenario that does not hold says, and where it lies as it was received.
@@ -50,20 +28,23 @@ std::string report(const Outcome& outcome, const std::filesystem::path& file) {
     return text + file.string() + (stream.flush() ? " is what was received" : " cannot be written");
 }
 
+TEST(ScenarioFolder, HoldsScenarios) {
+    EXPECT_FALSE(scenarios.empty()) << "no .txt file in " << folder;
+}
+
 class ScenarioTest : public testing::TestWithParam<std::string> {};
 
 TEST_P(ScenarioTest, GivesItsReport) {
-    const std::filesystem::path file = folder / (GetParam() + ".txt");
     const std::filesystem::path receivedFile = folder / (GetParam() + ".received");
     std::filesystem::remove(receivedFile);
 
-    const Scenario expected = readScenario(textOf(file));
+    const Scenario expected = readScenario(textOf(folder / (GetParam() + ".txt")));
     const std::unique_ptr<ScenarioHost> host = createScenarioHost();
     const Outcome outcome = play(expected, *host);
     EXPECT_TRUE(outcome.differences.empty()) << report(outcome, receivedFile);
 }
 
-INSTANTIATE_TEST_SUITE_P(Scenarios, ScenarioTest, testing::ValuesIn(allScenarios()), testName);
+INSTANTIATE_TEST_SUITE_P(Scenarios, ScenarioTest, testing::ValuesIn(scenarios), testName);
 
 }  // namespace
 
