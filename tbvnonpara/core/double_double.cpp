@@ -15,14 +15,6 @@ DoubleDouble halves(double number) noexcept {
     return {high, number - high};
 }
 
-/// a x b exactly (Dekker). Not by a fused multiply-add, which some runtimes only imitate.
-DoubleDouble exactProduct(double a, double b) noexcept {
-    const double product = a * b;
-    const DoubleDouble x = halves(a);
-    const DoubleDouble y = halves(b);
-    return {product, ((x.high * y.high - product) + x.high * y.low + x.low * y.high) + x.low * y.low};
-}
-
 /// ln((c + d) / (c - d)) for d / c below 1/100, by the series 2 (z + z^3/3 + z^5/5 + ...) of Gregory.
 /// All but the first term are small enough for doubles.
 DoubleDouble logarithmOfQuotient(double d, double c) noexcept {
@@ -47,6 +39,14 @@ std::array<DoubleDouble, steps + 1> logarithmsOfSteps() noexcept {
 
 }  // namespace
 
+// By Dekker's method, not by a fused multiply-add, which some runtimes only imitate.
+DoubleDouble exactProduct(double a, double b) noexcept {
+    const double product = a * b;
+    const DoubleDouble x = halves(a);
+    const DoubleDouble y = halves(b);
+    return {product, ((x.high * y.high - product) + x.high * y.low + x.low * y.high) + x.low * y.low};
+}
+
 DoubleDouble operator*(DoubleDouble a, double b) noexcept {
     const DoubleDouble product = exactProduct(a.high, b);
     return exactSumOfOrdered(product.high, product.low + a.low * b);
@@ -56,6 +56,19 @@ DoubleDouble operator/(DoubleDouble a, double b) noexcept {
     const double quotient = a.high / b;
     const DoubleDouble remainder = a - exactProduct(quotient, b);
     return exactSumOfOrdered(quotient, toDouble(remainder) / b);
+}
+
+DoubleDouble operator*(DoubleDouble a, DoubleDouble b) noexcept {
+    const DoubleDouble product = exactProduct(a.high, b.high);
+    return exactSumOfOrdered(product.high, product.low + (a.high * b.low + a.low * b.high));
+}
+
+DoubleDouble operator/(DoubleDouble a, DoubleDouble b) noexcept {
+    const double first = a.high / b.high;
+    const DoubleDouble rest = a - b * first;
+    const double second = rest.high / b.high;
+    const DoubleDouble more = rest - b * second;
+    return exactSumOfOrdered(first, second) + DoubleDouble(more.high / b.high);
 }
 
 DoubleDouble logarithm(Long number) {

@@ -49,8 +49,13 @@ constexpr DoubleDouble& operator+=(DoubleDouble& a, DoubleDouble b) noexcept {
     return number.high + number.low;
 }
 
+/// a x b exactly, where neither the product nor its last digits leave the range of doubles.
+[[nodiscard]] DoubleDouble exactProduct(double a, double b) noexcept;
+
 [[nodiscard]] DoubleDouble operator*(DoubleDouble a, double b) noexcept;
+[[nodiscard]] DoubleDouble operator*(DoubleDouble a, DoubleDouble b) noexcept;
 [[nodiscard]] DoubleDouble operator/(DoubleDouble a, double b) noexcept;
+[[nodiscard]] DoubleDouble operator/(DoubleDouble a, DoubleDouble b) noexcept;
 
 /// The natural logarithm of a whole number above 0, to 20 decimals.
 [[nodiscard]] DoubleDouble logarithm(Long number);

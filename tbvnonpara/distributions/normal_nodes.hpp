@@ -3,7 +3,7 @@
 #include <array>
 
 // Written by tests/reference/normal_nodes.py.
-namespace TBVNonPara::workbook {
+namespace TBVNonPara {
 
 /// Upper tail and density of the standard normal distribution at one point, each as the sum of two doubles.
 struct NormalNode {
@@ -92,4 +92,4 @@ constexpr std::array<NormalNode, 73> normalNodes = {{
 }};
 // clang-format on
 
-}  // namespace TBVNonPara::workbook
+}  // namespace TBVNonPara

@@ -15,7 +15,7 @@ HEADER = """#pragma once
 #include <array>
 
 // Written by tests/reference/normal_nodes.py.
-namespace TBVNonPara::workbook {
+namespace TBVNonPara {
 
 /// Upper tail and density of the standard normal distribution at one point, each as the sum of two doubles.
 struct NormalNode {
@@ -33,7 +33,7 @@ constexpr std::array<NormalNode, 73> normalNodes = {{
 FOOTER = """}};
 // clang-format on
 
-}  // namespace TBVNonPara::workbook
+}  // namespace TBVNonPara
 """
 
 
@@ -48,7 +48,7 @@ def main():
         z = mpf(i) / 8
         lines.append(f"    {{{pair(erfc(z / sqrt(mpf(2))) / 2)}, {pair(exp(-z * z / 2) / sqrt(2 * pi))}}},\n")
     root = pathlib.Path(__file__).resolve().parent.parent.parent
-    (root / "adapters" / "workbook" / "normal_nodes.hpp").write_text(HEADER + "".join(lines) + FOOTER)
+    (root / "tbvnonpara" / "distributions" / "normal_nodes.hpp").write_text(HEADER + "".join(lines) + FOOTER)
 
 
 if __name__ == "__main__":
