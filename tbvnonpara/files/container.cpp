@@ -17,7 +17,10 @@ constexpr std::uint64_t alwaysAllowed = std::uint64_t(64) << 20U;
 constexpr std::uint64_t largestRatio = 200;
 constexpr std::uint64_t mostOfAll = std::uint64_t(8) << 30U;
 
-/// What all parts of a file together may still unpack to.
+}  // namespace
+
+/// What all parts of a file together may still unpack to. (Not in the unnamed namespace: Container::Archive,
+/// which has one, is known outside of this file.)
 struct Budget {
     explicit Budget(std::uint64_t fileSize)
         : allowed(std::min(mostOfAll, alwaysAllowed + largestRatio * std::min(fileSize, mostOfAll))) {}
@@ -33,6 +36,8 @@ struct Budget {
     std::uint64_t allowed;
     std::uint64_t spent = 0;
 };
+
+namespace {
 
 struct FreeFile {
     void operator()(zip_file_t* file) const noexcept { zip_fclose(file); }

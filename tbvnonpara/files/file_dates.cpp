@@ -1,3 +1,5 @@
+#include "tbvnonpara/files/file_dates.hpp"
+
 #include <charconv>
 #include <chrono>
 

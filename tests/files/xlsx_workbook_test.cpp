@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tbvnonpara/files/xlsx/reader.hpp"
+#include "tbvnonpara/files/xlsx/relationships.hpp"
 #include "tbvnonpara/files/xlsx/workbook.hpp"
 #include "tests/files/text_parts.hpp"
 #include "tests/files/workbooks.hpp"

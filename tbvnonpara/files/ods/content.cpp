@@ -12,7 +12,7 @@ namespace TBVNonPara::workbook {
 
 namespace {
 
-constexpr std::size_t mostSheets = 10000;
+constexpr std::size_t mostOdsSheets = 10000;
 
 /// Copies of other files' cells are kept beside the sheets, under names of this form: 'file:///a.ods'#Sheet1.
 bool isCopyOfOtherFile(std::string_view name) noexcept {
@@ -145,8 +145,8 @@ class ContentReader final : public XmlHandler {
         if (name != XmlName{Vocabulary::Table, "table"} || isCopyOfOtherFile(title)) {
             return Place::Unwanted;
         }
-        if (contents.sheets.size() == mostSheets) {
-            refuse("more than " + std::to_string(mostSheets) + " sheets");
+        if (contents.sheets.size() == mostOdsSheets) {
+            refuse("more than " + std::to_string(mostOdsSheets) + " sheets");
         }
         FileSheet& sheet = contents.sheets.emplace_back();
         sheet.name = title;

@@ -1,8 +1,9 @@
+#include "tbvnonpara/files/saving/column_widths.hpp"
+
 #include <algorithm>
 #include <cmath>
 
 #include "tbvnonpara/core/unicode.hpp"
-#include "tbvnonpara/files/saving/sheet_rows.hpp"
 #include "tbvnonpara/workbook/number_format.hpp"
 
 namespace TBVNonPara::workbook {

@@ -8,7 +8,7 @@
 #include "tbvnonpara/files/container.hpp"
 #include "tbvnonpara/files/saving/memory_source.hpp"
 #include "tbvnonpara/files/saving/part_source.hpp"
-#include "tbvnonpara/files/xlsx/workbook.hpp"
+#include "tbvnonpara/files/xlsx/relationships.hpp"
 
 struct zip;
 struct zip_source;

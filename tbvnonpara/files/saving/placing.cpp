@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "tbvnonpara/files/saving/cell_text.hpp"
+#include "tbvnonpara/files/saving/column_widths.hpp"
 #include "tbvnonpara/files/saving/package.hpp"
 #include "tbvnonpara/files/saving/sheet_part.hpp"
 #include "tbvnonpara/files/saving/workbook_part.hpp"

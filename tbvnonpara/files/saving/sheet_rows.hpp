@@ -41,8 +41,4 @@ class SheetRows {
     std::unordered_map<const CellFormat*, std::size_t> m_KnownStyles;
 };
 
-/// How wide the columns of a block must be for its numbers and headings, in characters. Texts that run on
-/// over empty cells widen nothing; of long columns the beginning is measured.
-[[nodiscard]] std::vector<double> columnWidths(const Sheet& sheet, const Rectangle& area);
-
 }  // namespace TBVNonPara::workbook

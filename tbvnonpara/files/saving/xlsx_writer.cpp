@@ -9,6 +9,7 @@
 #include <xlsxwriter.h>
 
 #include "tbvnonpara/files/csv/file.hpp"
+#include "tbvnonpara/files/saving/column_widths.hpp"
 #include "tbvnonpara/files/saving/package.hpp"
 #include "tbvnonpara/files/saving/sheet_part.hpp"
 #include "tbvnonpara/files/saving/workbook_part.hpp"

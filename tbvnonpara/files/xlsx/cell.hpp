@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "tbvnonpara/core/whole_numbers.hpp"
+#include "tbvnonpara/files/file_dates.hpp"
 #include "tbvnonpara/files/file_values.hpp"
 
 namespace TBVNonPara::workbook {

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "tbvnonpara/files/xlsx/relationships.hpp"
+#include "tbvnonpara/files/xlsx/shared_strings.hpp"
 #include "tbvnonpara/files/xlsx/sheet.hpp"
 #include "tbvnonpara/files/xlsx/workbook.hpp"
 

@@ -1,7 +1,8 @@
+#include "tbvnonpara/files/xlsx/relationships.hpp"
+
 #include <algorithm>
 #include <charconv>
 
-#include "tbvnonpara/files/xlsx/workbook.hpp"
 #include "tbvnonpara/files/xml_reader.hpp"
 
 namespace TBVNonPara::workbook {

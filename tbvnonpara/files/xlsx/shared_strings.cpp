@@ -1,4 +1,5 @@
-#include "tbvnonpara/files/xlsx/sheet.hpp"
+#include "tbvnonpara/files/xlsx/shared_strings.hpp"
+
 #include "tbvnonpara/files/xlsx/text.hpp"
 #include "tbvnonpara/files/xml_reader.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"

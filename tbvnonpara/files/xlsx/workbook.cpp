@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "tbvnonpara/files/file_values.hpp"
+#include "tbvnonpara/files/xlsx/relationships.hpp"
 #include "tbvnonpara/files/xlsx/text.hpp"
 #include "tbvnonpara/files/xml_reader.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
@@ -11,7 +13,7 @@ namespace TBVNonPara::workbook {
 
 namespace {
 
-constexpr std::size_t mostSheets = 4096;
+constexpr std::size_t mostXlsxSheets = 4096;
 
 class WorkbookReader final : public XmlHandler {
  public:
@@ -46,8 +48,8 @@ class WorkbookReader final : public XmlHandler {
 
  private:
     void addSheet(const XmlAttributes& attributes) {
-        if (workbook.sheets.size() == mostSheets) {
-            refuse("more than " + std::to_string(mostSheets) + " sheets");
+        if (workbook.sheets.size() == mostXlsxSheets) {
+            refuse("more than " + std::to_string(mostXlsxSheets) + " sheets");
         }
         XlsxSheet sheet;
         sheet.name = unescapedXlsx(std::string(attributes.find("name").value_or("")));

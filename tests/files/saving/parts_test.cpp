@@ -3,6 +3,7 @@
 
 #include "tbvnonpara/core/error.hpp"
 #include "tbvnonpara/files/saving/cell_text.hpp"
+#include "tbvnonpara/files/saving/column_widths.hpp"
 #include "tbvnonpara/files/saving/sheet_part.hpp"
 #include "tbvnonpara/workbook/embedded_application.hpp"
 
