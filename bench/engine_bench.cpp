@@ -5,10 +5,12 @@
 #include <vector>
 
 #include "bench/floor.hpp"
-#include "tbvnonpara/companion/own/array_utility.hpp"
+#include "tbvnonpara/distributions/factorial_log.hpp"
+#include "tbvnonpara/distributions/mann_whitney.hpp"
+#include "tbvnonpara/distributions/spearman.hpp"
+#include "tbvnonpara/distributions/wilcoxon.hpp"
 #include "tbvnonpara/engine/categories.hpp"
-#include "tbvnonpara/engine/distributions.hpp"
-#include "tbvnonpara/engine/ranking.hpp"
+#include "tbvnonpara/ordering/ranking.hpp"
 
 namespace TBVNonPara::Bench {
 
@@ -21,9 +23,8 @@ void StdSort(benchmark::State& state) {
 void Ranking(benchmark::State& state) {
     const std::vector<double> values = numbers(state.range(0), static_cast<int>(state.range(1)));
     std::vector<double> ranks(values.size());
-    const ObjectRef<ArrayUtility> utility = createArrayUtility();
     for (auto _ : state) {
-        benchmark::DoNotOptimize(RankValues(values, ranks, *utility, false));
+        benchmark::DoNotOptimize(rankValues(ascendingOrder(values), ranks));
     }
 }
 
@@ -33,7 +34,7 @@ void ExactMannWhitney(benchmark::State& state) {
     const double U = toDouble(n1) * toDouble(n2) * 0.55;
     for (auto _ : state) {
         benchmark::DoNotOptimize(
-            MannWhitneyP(n1, n2, U, toDouble(n1) * toDouble(n2) - U, 0, tbvNPTwoTailed, nullptr));
+            mannWhitneyP(n1, n2, U, toDouble(n1) * toDouble(n2) - U, 0, tbvNPTwoTailed, nullptr));
     }
 }
 
@@ -42,13 +43,13 @@ void ExactWilcoxon(benchmark::State& state) {
     std::iota(ranks.begin(), ranks.end(), 1.0);
     const double n = static_cast<double>(state.range(0));
     for (auto _ : state) {
-        benchmark::DoNotOptimize(WilcoxonTDist(ranks, n * (n + 1) / 5, false));
+        benchmark::DoNotOptimize(wilcoxonTDist(ranks, n * (n + 1) / 5, false));
     }
 }
 
 void ExactSpearman(benchmark::State& state) {
     for (auto _ : state) {
-        benchmark::DoNotOptimize(SpearmanP(7, 0.5, tbvNPTwoTailed, nullptr));
+        benchmark::DoNotOptimize(spearmanP(7, 0.5, tbvNPTwoTailed, nullptr));
     }
 }
 

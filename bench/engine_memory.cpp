@@ -10,8 +10,8 @@
 
 #include "bench/methods.hpp"
 #include "bench/samples.hpp"
+#include "tbvnonpara/distributions/mann_whitney.hpp"
 #include "tbvnonpara/engine/clsNonParaBO.hpp"
-#include "tbvnonpara/engine/distributions.hpp"
 #include "tbvnonpara/workbook/embedded_application.hpp"
 
 namespace {
@@ -66,7 +66,7 @@ void measure(const Method& test, const char* data, int distinct, bool descriptiv
 void measureExactMannWhitney() {
     const std::size_t before = held;
     most = held;
-    (void)MannWhitneyP(223, 224, 30000, 19952, 0, tbvNPTwoTailed, nullptr);
+    (void)mannWhitneyP(223, 224, 30000, 19952, 0, tbvNPTwoTailed, nullptr);
     std::printf("exact Mann-Whitney at 223 x 224: %.2f MB\n", static_cast<double>(most - before) / 1e6);
 }
 

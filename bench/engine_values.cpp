@@ -14,8 +14,10 @@
 #include <string>
 #include <vector>
 
+#include "tbvnonpara/distributions/mann_whitney.hpp"
+#include "tbvnonpara/distributions/spearman.hpp"
+#include "tbvnonpara/distributions/wilcoxon.hpp"
 #include "tbvnonpara/engine/clsNonParaBO.hpp"
-#include "tbvnonpara/engine/distributions.hpp"
 #include "tbvnonpara/workbook/embedded_application.hpp"
 
 namespace TBVNonPara::Bench {
@@ -44,16 +46,16 @@ double valueOf(const std::string& name, const std::vector<double>& x,
                const ObjectRef<workbook::EmbeddedApplication>& host) {
     const WorksheetFunction& functions = host->GetWorksheetFunction();
     if (name == "mann-whitney") {
-        return MannWhitneyP(whole(x.at(0)), whole(x.at(1)), x.at(2), x.at(0) * x.at(1) - x.at(2), 0,
-                            tbvNPVar1LTVar2, host);
+        return mannWhitneyP(whole(x.at(0)), whole(x.at(1)), x.at(2), x.at(0) * x.at(1) - x.at(2), 0,
+                            tbvNPVar1LTVar2, normalLowerTail);
     }
     if (name == "wilcoxon") {
         std::vector<double> ranks(static_cast<std::size_t>(x.at(0)));
         std::iota(ranks.begin(), ranks.end(), 1.0);
-        return WilcoxonTDist(ranks, x.at(1), true);
+        return wilcoxonTDist(ranks, x.at(1), true);
     }
     if (name == "spearman") {
-        return SpearmanP(whole(x.at(0)), x.at(1), tbvNPVar1GTVar2, host);
+        return spearmanP(whole(x.at(0)), x.at(1), tbvNPVar1GTVar2, normalLowerTail);
     }
     if (name == "sign") {
         return signTail(host, x.at(0), x.at(1));

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tbvnonpara/core/whole_numbers.hpp"
+
 namespace TBVNonPara {
 
 /// A result that must be a number: raises Overflow when it is infinite or not a number.
@@ -10,5 +12,10 @@ namespace TBVNonPara {
 
 /// The square root; raises InvalidProcedureCall below zero.
 [[nodiscard]] double squareRoot(double radicand);
+
+/// n^3.
+[[nodiscard]] constexpr double cubed(Long n) noexcept {
+    return toDouble(n) * toDouble(n) * toDouble(n);
+}
 
 }  // namespace TBVNonPara

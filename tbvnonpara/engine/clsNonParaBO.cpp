@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "tbvnonpara/engine/distributions.hpp"
-
 namespace TBVNonPara {
 
 namespace {
@@ -47,11 +45,6 @@ clsNonParaBO::clsNonParaBO(CompanionLibrary companions) try : m_Companions(std::
     m_Utility = m_Companions.createArrayUtility();
 } catch (...) {
     passOn("clsNonParaBO.Initialise");
-}
-
-clsNonParaBO::~clsNonParaBO() {
-    m_ContingencyResults.release();
-    m_Utility.release();
 }
 
 void clsNonParaBO::LetDescriptives(bool descriptives) {
@@ -137,14 +130,6 @@ void clsNonParaBO::Analyse() {
     }
 }
 
-double clsNonParaBO::WilcoxonTDist(const DataTable& table, double T, bool oneTailed) const {
-    return TBVNonPara::WilcoxonTDist(table, T, oneTailed);
-}
-
-double clsNonParaBO::WilcoxonZApprox(const DataTable& table, double T, bool oneTailed, double& Z) const {
-    return TBVNonPara::WilcoxonZApprox(table, T, oneTailed, Z, m_Companions.application);
-}
-
 void clsNonParaBO::store(GroupSummaries summaries) {
     m_MediansRaw = std::move(summaries.raw.medians);
     m_SumsRaw = std::move(summaries.raw.sums);
@@ -156,6 +141,10 @@ void clsNonParaBO::store(GroupSummaries summaries) {
 
 const WorksheetFunction& clsNonParaBO::functions() const {
     return m_Companions.application->GetWorksheetFunction();
+}
+
+NormalTail clsNonParaBO::normal() const {
+    return [this](double z) { return functions().NORMSDIST(z); };
 }
 
 }  // namespace TBVNonPara

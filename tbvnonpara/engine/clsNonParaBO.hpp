@@ -4,7 +4,7 @@
 
 #include "tbvnonpara/companion/CompanionLibrary.hpp"
 #include "tbvnonpara/core/enumerations.hpp"
-#include "tbvnonpara/engine/data_table.hpp"
+#include "tbvnonpara/distributions/normal.hpp"
 #include "tbvnonpara/engine/group_summary.hpp"
 
 namespace TBVNonPara {
@@ -16,12 +16,47 @@ using EngineInput = std::variant<CellValue, Array<CellValue>, ValueGrid>;
 /// median test's table of counts.
 using OtherResults = std::variant<Empty, Array<Long>, Array<CellValue>, ValueGrid>;
 
-/// The statistics engine: load the inputs, Analyse, read the results. A test writes the fields it fills and
-/// leaves all others as they are; arrays that no test has filled are unallocated. Every member raises Error.
+/// A ranked table, n x 4: one row per observation, ascending by value.
+using DataTable = Grid<double>;
+
+/// The columns of a data table: the value that was ranked, a group code, the rank (0 for an unranked row) and
+/// the row's position before the values ascended.
+enum DataColumn : Index { Value = 1, Group, Rank, Sequence };
+
+/// The group codes of paired differences.
+constexpr int Positive = 1;
+constexpr int Negative = 2;
+constexpr int Zero = 3;
+
+/// The statistics engine: load the inputs, Analyse, read the results.
+///
+///     clsNonParaBO engine(ownCompanions(nullptr));
+///     engine.LetMethod(tbvNPMannU);
+///     engine.LetYs(ValueGrid{{1.0}, {2.0}, {3.0}});
+///     engine.Letxs(ValueGrid{{4.0}, {5.0}, {6.0}});
+///     engine.Analyse();
+///     std::cout << engine.GetU() << ' ' << engine.GetP();  // 9 0.1
+///
+/// Two samples, pairs and signs are one column in Ys and one in Xs, groups and blocks the columns of Ys (a
+/// row is a block), the cells of the runs test one column of Ys. A list is one column. Rows and columns count
+/// from 1.
+///
+/// The engine does not check its data. Mann-Whitney counts a blank cell as an observation and reads what
+/// follows at the wrong place (a U of 16 where 12 is the largest); NaN and infinity have no place in an
+/// order, and what comes of them is no result of any test. Leave such cells out, or drive clsNonPara, which
+/// checks every cell before anything is computed and names the first that it refuses.
+///
+/// A test writes the fields it fills and leaves all others as they are; arrays that no test has filled are
+/// unallocated. Every member raises Error: TypeMismatch for a cell that is no number, DivisionByZero or
+/// Overflow where a statistic does not exist (all values equal, a single pair), and what the host's worksheet
+/// functions raise. Without an application those raise ObjectNotSet: none is needed by Mann-Whitney
+/// below 50,000 pairs, Wilcoxon up to 50 and the sign test.
+///
+/// n values take O(n log n); an exact probability of n1 and n2 values n1 x n2 x min(n1, n2), of n signed
+/// ranks n^3. No more than six times the input is held at once. One object belongs to one thread at a time.
 class clsNonParaBO {
  public:
     explicit clsNonParaBO(CompanionLibrary companions);
-    ~clsNonParaBO();
     clsNonParaBO(const clsNonParaBO&) = delete;
     clsNonParaBO& operator=(const clsNonParaBO&) = delete;
 
@@ -84,7 +119,12 @@ class clsNonParaBO {
 
     void store(GroupSummaries summaries);
     [[nodiscard]] const WorksheetFunction& functions() const;
+    /// The host's normal distribution, asked for each time it is called.
+    [[nodiscard]] NormalTail normal() const;
 
+    // Members are destroyed from the last to the first: the contingency table goes before the array utility.
+    CompanionLibrary m_Companions;
+    ObjectRef<ArrayUtility> m_Utility;
     double m_Statistic = 0;
     double m_AlternateStat = 0;
     double m_P = 0;
@@ -111,8 +151,6 @@ class clsNonParaBO {
     TBVNPMethod m_Method = tbvNPMannU;
     bool m_Descriptives = false;
     bool m_IgnoreTies = false;
-    CompanionLibrary m_Companions;
-    ObjectRef<ArrayUtility> m_Utility;
 };
 
 }  // namespace TBVNonPara

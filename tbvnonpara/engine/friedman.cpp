@@ -4,8 +4,7 @@
 
 #include "tbvnonpara/core/arithmetic.hpp"
 #include "tbvnonpara/engine/clsNonParaBO.hpp"
-#include "tbvnonpara/engine/k_samples.hpp"
-#include "tbvnonpara/engine/ranking.hpp"
+#include "tbvnonpara/ordering/ranking.hpp"
 
 namespace TBVNonPara {
 
@@ -36,7 +35,7 @@ double rankNarrowBlock(std::span<const double> values, std::span<double> ranks) 
 }
 
 double rankWideBlock(std::span<const double> values, std::span<double> ranks, const ArrayUtility& utility) {
-    return tieSum(RankValues(values, ranks, utility, false));
+    return tieSum(rankValues(utility.OrderOf(values), ranks));
 }
 
 /// An empty cell is no gap: it takes part in its block as 0.
@@ -60,7 +59,7 @@ RankedBlocks rankWithinBlocks(const ValueGrid& values, const ArrayUtility& utili
     return ranked;
 }
 
-double sumOfRankSquares(const Array<double>& rankSums) {
+double sumOfSquaredRankSums(const Array<double>& rankSums) {
     double S = 0;
     for (const double R : rankSums.elements()) {
         S = checked(S + std::pow(R, 2));
@@ -73,7 +72,7 @@ double friedmanX(double S, Long k, Long b) {
 }
 
 /// 1 without ties, 0 when every block is wholly tied.
-double tieCorrection(double T, Long k, Long b) {
+double friedmanTieCorrection(double T, Long k, Long b) {
     return checked(1 - divide(T, (cubed(k) - toDouble(k)) * toDouble(b)));
 }
 
@@ -86,11 +85,11 @@ void clsNonParaBO::AnalyseFriedman() try {
     RankedBlocks blocks = rankWithinBlocks(m_Ys, *m_Utility);
     m_Data = std::move(blocks.data);
     m_Ranks = std::move(blocks.ranks);
-    store(SummariseGroups(m_Data, m_Ranks, *m_Utility));
+    store(summariseGroups(m_Data, m_Ranks, *m_Utility));
 
-    const double S = sumOfRankSquares(m_SumsRank);
+    const double S = sumOfSquaredRankSums(m_SumsRank);
     const double X = friedmanX(S, k, b);
-    m_Statistic = divide(X, tieCorrection(blocks.T, k, b));
+    m_Statistic = divide(X, friedmanTieCorrection(blocks.T, k, b));
     m_DF = {k - 1};
     m_P = functions().ChiDist(m_Statistic, m_DF(1));
 

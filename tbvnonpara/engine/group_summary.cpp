@@ -51,7 +51,7 @@ GroupSummary summaryOf(Long groups) {
 
 /// Summarises every column of a grid; countOf(c) says how many values column c has.
 template <typename CountOf>
-GroupSummary summariseColumns(const Grid<double>& values, const ArrayUtility& utility, CountOf countOf) {
+GroupSummary summariseEach(const Grid<double>& values, const ArrayUtility& utility, CountOf countOf) {
     GroupSummary summary = summaryOf(values.columns());
     for (Long c = 1; c <= values.columns(); ++c) {
         summarise(summary, c, values.column(c), countOf(c), utility);
@@ -61,7 +61,7 @@ GroupSummary summariseColumns(const Grid<double>& values, const ArrayUtility& ut
 
 }  // namespace
 
-GroupSummaries SummariseGroups(const Grid<double>& data, const Grid<double>& ranks,
+GroupSummaries summariseGroups(const Grid<double>& data, const Grid<double>& ranks,
                                const ArrayUtility& utility, const std::optional<Array<Long>>& counts) {
     // A list longer than the data has columns carries the counts of the rank columns behind those of the
     // data.
@@ -69,15 +69,15 @@ GroupSummaries SummariseGroups(const Grid<double>& data, const Grid<double>& ran
     const auto countIn = [&counts](const Grid<double>& values, Long entry) {
         return counts ? (*counts)(entry) : values.rows();
     };
-    return {summariseColumns(data, utility, [&](Long c) { return countIn(data, c); }),
-            summariseColumns(ranks, utility, [&](Long c) { return countIn(ranks, before + c); })};
+    return {summariseEach(data, utility, [&](Long c) { return countIn(data, c); }),
+            summariseEach(ranks, utility, [&](Long c) { return countIn(ranks, before + c); })};
 }
 
-GroupSummary SummariseColumns(const Grid<double>& values, const ArrayUtility& utility) {
-    return summariseColumns(values, utility, [&](Long) { return values.rows(); });
+GroupSummary summariseColumns(const Grid<double>& values, const ArrayUtility& utility) {
+    return summariseEach(values, utility, [&](Long) { return values.rows(); });
 }
 
-GroupSummary SummariseLists(std::span<const Array<double>> lists, const ArrayUtility& utility) {
+GroupSummary summariseLists(std::span<const Array<double>> lists, const ArrayUtility& utility) {
     GroupSummary summary = summaryOf(Long(lists.size()));
     Long g;
     for (const Array<double>& list : lists) {

@@ -26,14 +26,14 @@ struct GroupSummaries {
 /// With at most as many counts as the data has columns, counts(c) holds for column c of both; with more, the
 /// entries behind the data's columns are those of the rank columns. A column's values are its last n cells
 /// after an ascending sort (cells of a short group that were never filled hold 0 and sort first).
-[[nodiscard]] GroupSummaries SummariseGroups(const Grid<double>& data, const Grid<double>& ranks,
+[[nodiscard]] GroupSummaries summariseGroups(const Grid<double>& data, const Grid<double>& ranks,
                                              const ArrayUtility& utility,
                                              const std::optional<Array<Long>>& counts = std::nullopt);
 
 /// Summarises the columns of a grid, all rows of each.
-[[nodiscard]] GroupSummary SummariseColumns(const Grid<double>& values, const ArrayUtility& utility);
+[[nodiscard]] GroupSummary summariseColumns(const Grid<double>& values, const ArrayUtility& utility);
 
 /// Summarises lists as they are.
-[[nodiscard]] GroupSummary SummariseLists(std::span<const Array<double>> lists, const ArrayUtility& utility);
+[[nodiscard]] GroupSummary summariseLists(std::span<const Array<double>> lists, const ArrayUtility& utility);
 
 }  // namespace TBVNonPara

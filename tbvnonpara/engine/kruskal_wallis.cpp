@@ -3,16 +3,15 @@
 
 #include "tbvnonpara/core/arithmetic.hpp"
 #include "tbvnonpara/engine/clsNonParaBO.hpp"
-#include "tbvnonpara/engine/k_samples.hpp"
 #include "tbvnonpara/engine/pooled_groups.hpp"
-#include "tbvnonpara/engine/ranking.hpp"
+#include "tbvnonpara/ordering/ranking.hpp"
 
 namespace TBVNonPara {
 
 namespace {
 
 /// The sum of R^2 / n over the groups. A group without observations faults.
-double sumOfRankSquares(const Array<double>& rankSums, const Array<Long>& counts) {
+double sumOfRankSquaresByGroup(const Array<double>& rankSums, const Array<Long>& counts) {
     double S = 0;
     for (Long g = 1; g <= counts.size(); ++g) {
         S = checked(S + divide(std::pow(rankSums(g), 2), toDouble(counts(g))));
@@ -25,7 +24,7 @@ double kruskalWallisH(double S, Long N) {
 }
 
 /// 1 without ties, 0 when all values are equal.
-double tieCorrection(const TieCounts& tieCounts, Long N) {
+double kruskalWallisTieCorrection(const TieCounts& tieCounts, Long N) {
     double T = 0;
     for (const Long t : tieCounts.elements()) {
         T = (T + cubed(t)) - toDouble(t);
@@ -41,15 +40,15 @@ void clsNonParaBO::AnalyseKWallis() try {
     PooledGroups groups = poolGroups(m_Ys);
     const Long N = groups.values.size();
     Array<double> ranks(N);
-    const TieCounts tieCounts = RankValues(groups.values.elements(), ranks.elements(), *m_Utility, false);
+    const TieCounts tieCounts = rankValues(m_Utility->OrderOf(groups.values.elements()), ranks.elements());
 
     m_Data = spreadOverGroups(std::exchange(groups.values, {}), groups.counts, m_Ys.rows());
     m_Ranks = spreadOverGroups(std::exchange(ranks, {}), groups.counts, m_Ys.rows());
-    store(SummariseGroups(m_Data, m_Ranks, *m_Utility, groups.counts));
+    store(summariseGroups(m_Data, m_Ranks, *m_Utility, groups.counts));
 
-    const double S = sumOfRankSquares(m_SumsRank, groups.counts);
+    const double S = sumOfRankSquaresByGroup(m_SumsRank, groups.counts);
     const double H = kruskalWallisH(S, N);
-    m_Statistic = divide(H, tieCorrection(tieCounts, N));
+    m_Statistic = divide(H, kruskalWallisTieCorrection(tieCounts, N));
     m_DF = {k - 1};
     m_P = functions().ChiDist(m_Statistic, m_DF(1));
 

@@ -1,9 +1,10 @@
+#include "tbvnonpara/distributions/mann_whitney.hpp"
+
 #include <algorithm>
 
 #include "tbvnonpara/engine/clsNonParaBO.hpp"
-#include "tbvnonpara/engine/distributions.hpp"
 #include "tbvnonpara/engine/pooled_groups.hpp"
-#include "tbvnonpara/engine/ranking.hpp"
+#include "tbvnonpara/ordering/ranking.hpp"
 
 namespace TBVNonPara {
 
@@ -33,12 +34,11 @@ void clsNonParaBO::AnalyseMannWhitney() try {
     const Long n1 = m_Ys.rows();
     const Long n2 = m_Xs.rows();
 
-    auto [values, counts] = CombineSamples(m_Ys, m_Xs);
-    RankedValues ranked = RankValues(values.elements(), *m_Utility);
+    auto [values, counts] = combineSamples(m_Ys, m_Xs);
+    RankedValues ranked = rankValues(m_Utility->OrderOf(values.elements()));
     const double ties = tieSum(ranked.tieCounts);
-    RankSums R;
-    SumRanksByGroup(
-        ranked, [split = toIndex(counts(1))](Index i) { return i <= split ? 1 : 2; }, R);
+    const auto sampleOf = [split = toIndex(counts(1))](Index i) { return i <= split ? 1 : 2; };
+    const RankSums R = sumRanksByGroup(ranked, sampleOf);
 
     const double pairs = toDouble(n1) * toDouble(n2);  // 50,000 rows each must not overflow
     const double U1 = pairs + toDouble(n1) * toDouble(n1 + 1) / 2 - R.first;
@@ -47,9 +47,9 @@ void clsNonParaBO::AnalyseMannWhitney() try {
         splitIntoSamples(values, ranked, n1, n2, m_Data, m_Ranks);
         values = {};
         ranked = {};
-        store(SummariseGroups(m_Data, m_Ranks, *m_Utility, Array<Long>{n1, n2}));
+        store(summariseGroups(m_Data, m_Ranks, *m_Utility, Array<Long>{n1, n2}));
     }
-    m_P = MannWhitneyP(n1, n2, U1, U2, ties, m_Tails, m_Companions.application);
+    m_P = mannWhitneyP(n1, n2, U1, U2, ties, m_Tails, normal());
     m_Statistic = chooseU(U1, U2, m_Tails);
     m_DF = {n1, n2};
 } catch (...) {

@@ -6,7 +6,7 @@
 #include "tbvnonpara/core/conversions.hpp"
 #include "tbvnonpara/engine/clsNonParaBO.hpp"
 #include "tbvnonpara/engine/pooled_groups.hpp"
-#include "tbvnonpara/engine/ranking.hpp"
+#include "tbvnonpara/ordering/ranking.hpp"
 #include "tbvnonpara/ordering/selection.hpp"
 
 namespace TBVNonPara {
@@ -72,10 +72,10 @@ void clsNonParaBO::AnalyseMedian() try {
     }
 
     Array<double> ranks(groups.values.size());
-    RankValues(values, ranks.elements(), *m_Utility, false);
+    rankValues(m_Utility->OrderOf(values), ranks.elements());
     m_Data = spreadOverGroups(std::exchange(groups.values, {}), groups.counts, m_Ys.rows());
     m_Ranks = spreadOverGroups(std::exchange(ranks, {}), groups.counts, m_Ys.rows());
-    store(SummariseGroups(m_Data, m_Ranks, *m_Utility, groups.counts));
+    store(summariseGroups(m_Data, m_Ranks, *m_Utility, groups.counts));
 } catch (...) {
     passOn("clsNonParaBO.AnalyseMedian");
 }

@@ -22,7 +22,7 @@ Long countComplete(const ValueGrid& first, const ValueGrid& second) {
 
 }  // namespace
 
-Array<double> PairedDifferences(const ValueGrid& first, const ValueGrid& second) {
+Array<double> pairedDifferences(const ValueGrid& first, const ValueGrid& second) {
     Array<double> differences(countComplete(first, second));
     Long k = 0;
     for (Long i = 1; i <= first.rows(); ++i) {

@@ -7,6 +7,6 @@ namespace TBVNonPara {
 
 /// The differences first - second of the rows in which both cells hold something. A difference goes through
 /// single-precision text, so 5.1 - 5.0 is 0.1. Raises TypeMismatch for a cell that is no number.
-[[nodiscard]] Array<double> PairedDifferences(const ValueGrid& first, const ValueGrid& second);
+[[nodiscard]] Array<double> pairedDifferences(const ValueGrid& first, const ValueGrid& second);
 
 }  // namespace TBVNonPara

@@ -24,7 +24,7 @@ void readFirstCells(std::span<const CellValue> cells, std::span<double> observat
 
 }  // namespace
 
-PooledGroups CombineSamples(const ValueGrid& first, const ValueGrid& second) {
+PooledGroups combineSamples(const ValueGrid& first, const ValueGrid& second) {
     const Long n1 = countNonEmpty(cellsOf(first));
     const Long n2 = countNonEmpty(cellsOf(second));
     PooledGroups pooled{Array<double>(n1 + n2), {n1, n2}};

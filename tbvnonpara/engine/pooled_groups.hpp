@@ -15,7 +15,7 @@ struct PooledGroups {
 /// All non-empty values of column 1 of two samples.
 /// The value is read at the running count, not at the row being walked: a blank inside a sample shifts the
 /// reading and is itself read as 0. Clients rely on it. Raises TypeMismatch for a cell that is no number.
-[[nodiscard]] PooledGroups CombineSamples(const ValueGrid& first, const ValueGrid& second);
+[[nodiscard]] PooledGroups combineSamples(const ValueGrid& first, const ValueGrid& second);
 
 /// The non-empty cells of a grid, column by column and from top to bottom; each column is a group. Raises
 /// TypeMismatch for a cell that is no number.

@@ -45,7 +45,7 @@ RunsMoments momentsOfRuns(const Array<Long>& counts, Long cells) {
             divide(static_cast<double>(((N + 1) * N + S2) * S2 - 2 * N * S3 - N * N * N), pairs)};
 }
 
-double probability(double P2, double runs, double E, TBVNPTails tails) {
+double runsProbability(double P2, double runs, double E, TBVNPTails tails) {
     switch (tails) {
         case tbvNPVar1GTVar2:
             return runs <= E ? P2 / 2 : 1 - P2 / 2;
@@ -71,7 +71,7 @@ void clsNonParaBO::AnalyseWWRuns() try {
     m_NumRuns = runs;
     m_ExpectedRuns = E;
     m_Statistic = z;
-    m_P = probability(P2, toDouble(runs), E, m_Tails);
+    m_P = runsProbability(P2, toDouble(runs), E, m_Tails);
     m_NsRaw = std::move(categories.counts);
     m_Other = std::move(categories.values);
 } catch (...) {

@@ -1,7 +1,7 @@
 #include <cmath>
 
+#include "tbvnonpara/distributions/factorial_log.hpp"
 #include "tbvnonpara/engine/clsNonParaBO.hpp"
-#include "tbvnonpara/engine/distributions.hpp"
 
 namespace TBVNonPara {
 
@@ -85,7 +85,7 @@ BinomialTail binomialTail(const SignCounts& signs) {
     return {rest, toDouble(tail)};
 }
 
-double probability(const BinomialTail& tail, TBVNPTails tails) noexcept {
+double signProbability(const BinomialTail& tail, TBVNPTails tails) noexcept {
     switch (tails) {
         case tbvNPVar1GTVar2:
             return tail.S;
@@ -104,7 +104,7 @@ void clsNonParaBO::AnalyseSign() try {
     const SignCounts signs = isEmpty(m_Xs(1, 1)) ? countCodes(m_Ys) : countDifferences(m_Ys, m_Xs);
     const Long neither = n - signs.positive - signs.negative;
     m_Other = Array<Long>{signs.positive, neither, signs.negative};
-    m_P = probability(binomialTail(signs), m_Tails);
+    m_P = signProbability(binomialTail(signs), m_Tails);
 } catch (...) {
     passOn("clsNonParaBO.AnalyseSign");
 }

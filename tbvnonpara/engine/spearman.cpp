@@ -1,9 +1,10 @@
+#include "tbvnonpara/distributions/spearman.hpp"
+
 #include <utility>
 
 #include "tbvnonpara/core/arithmetic.hpp"
 #include "tbvnonpara/engine/clsNonParaBO.hpp"
-#include "tbvnonpara/engine/distributions.hpp"
-#include "tbvnonpara/engine/ranking.hpp"
+#include "tbvnonpara/ordering/ranking.hpp"
 
 namespace TBVNonPara {
 
@@ -17,7 +18,7 @@ double rankVariable(const ValueGrid& variable, Long column, Grid<double>& data, 
     for (Long i = 1; i <= n; ++i) {
         data(i, column) = toDouble(variable(i, 1));
     }
-    const TieCounts tieCounts = RankValues(data.column(column), ranks.column(column), utility, false);
+    const TieCounts tieCounts = rankValues(utility.OrderOf(data.column(column)), ranks.column(column));
     // Divided by the number of pairs, not by 12 as in textbooks: clients rely on the figures.
     return tieSum(tieCounts) / toDouble(n);
 }
@@ -49,9 +50,9 @@ void clsNonParaBO::AnalyseSpearman() try {
 
     m_Data = std::move(data);
     m_Ranks = std::move(ranks);
-    store(SummariseGroups(m_Data, m_Ranks, *m_Utility));
+    store(summariseGroups(m_Data, m_Ranks, *m_Utility));
     m_Statistic = rs;
-    m_P = SpearmanP(n, rs, m_Tails, m_Companions.application);
+    m_P = spearmanP(n, rs, m_Tails, normal());
     m_DF = {n};
 
     m_AlternateStat = divide(rs, standardError);

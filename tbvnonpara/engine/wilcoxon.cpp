@@ -1,12 +1,13 @@
+#include "tbvnonpara/distributions/wilcoxon.hpp"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <utility>
 
 #include "tbvnonpara/engine/clsNonParaBO.hpp"
-#include "tbvnonpara/engine/distributions.hpp"
 #include "tbvnonpara/engine/paired_differences.hpp"
-#include "tbvnonpara/engine/ranking.hpp"
+#include "tbvnonpara/ordering/ranking.hpp"
 
 namespace TBVNonPara {
 
@@ -32,7 +33,9 @@ RankedPairs rankPairs(const Array<double>& differences, bool ignoreZeros, const 
     Array<double> sizes = differences;
     std::ranges::transform(sizes.elements(), sizes.elements().begin(), [](double d) { return std::abs(d); });
     Array<double> ranks(sizes.size());
-    TieCounts tieCounts = RankValues(sizes.elements(), ranks.elements(), utility, ignoreZeros);
+    AscendingOrder order = utility.OrderOf(sizes.elements());
+    TieCounts tieCounts = ignoreZeros ? rankWithoutZeros(sizes.elements(), std::move(order), ranks.elements())
+                                      : rankValues(std::move(order), ranks.elements());
     return {std::move(ranks), std::move(tieCounts)};
 }
 
@@ -89,25 +92,49 @@ Grid<double> signedRanks(const Array<double>& differences, const Array<double>& 
     return shown;
 }
 
+RankedDifferences rankedRows(const DataTable& table) {
+    RankedDifferences rows;
+    double tied = 1;
+    const auto closeTie = [&] {
+        rows.tieSum += tied * tied * tied - tied;
+        tied = 1;
+    };
+    for (Long i = 1; i <= table.rows(); ++i) {
+        if (table(i, Rank) == 0) {
+            continue;
+        }
+        rows.n += 1;
+        if (table(i, Group) == Zero) {
+            rows.zeros += 1;
+        }
+        if (i > Long(1) && table(i - 1, Rank) == table(i, Rank)) {
+            tied += 1;
+        } else {
+            closeTie();
+        }
+    }
+    closeTie();
+    return rows;
+}
+
 }  // namespace
 
 void clsNonParaBO::AnalyseWilcoxon() try {
     const Long n = m_Ys.rows();
-    const Array<double> differences = PairedDifferences(m_Ys, m_Xs);
+    const Array<double> differences = pairedDifferences(m_Ys, m_Xs);
     const auto [ranks, tieCounts] = rankPairs(differences, m_IgnoreTies, *m_Utility);
-    RankSums sums;
-    SumRanksByGroup(
-        ranks, [&](Index i) { return signCode(differences(i)); }, sums);
+    const RankSums sums =
+        sumRanksByGroup(ranks.elements(), [&](Index i) { return signCode(differences(i)); });
     const double T = chooseT(sums, m_Tails);
 
     copyPairs(m_Ys, m_Xs, m_Data);
-    GroupSummary ofRanks = SummariseLists(ranksBySign(differences, ranks, n), *m_Utility);
-    store({SummariseColumns(m_Data, *m_Utility), std::move(ofRanks)});
+    GroupSummary ofRanks = summariseLists(ranksBySign(differences, ranks, n), *m_Utility);
+    store({summariseColumns(m_Data, *m_Utility), std::move(ofRanks)});
     m_Ranks = signedRanks(differences, ranks, m_Data);
 
     const bool oneTailed = m_Tails != tbvNPTwoTailed;
     if (differences.size() <= lastExact) {
-        m_P = TBVNonPara::WilcoxonTDist(ranks.elements(), T, oneTailed);
+        m_P = wilcoxonTDist(ranks.elements(), T, oneTailed);
         m_Statistic = T;
     } else {
         m_UseApprox = true;
@@ -115,7 +142,7 @@ void clsNonParaBO::AnalyseWilcoxon() try {
         const Long rankedZeros = m_IgnoreTies ? Long(0) : differences.size() - signs;
         const RankedDifferences ranked{toDouble(signs + rankedZeros), toDouble(rankedZeros),
                                        tieSum(tieCounts)};
-        m_P = TBVNonPara::WilcoxonZApprox(ranked, T, oneTailed, m_Statistic, m_Companions.application);
+        m_P = wilcoxonZApprox(ranked, T, oneTailed, m_Statistic, normal());
         m_AlternateStat = m_Statistic;
         m_AlternateP = m_P;
     }
@@ -123,6 +150,15 @@ void clsNonParaBO::AnalyseWilcoxon() try {
     m_AlternateDF = m_DF;
 } catch (...) {
     passOn("clsNonParaBO.AnalyseWilcoxon");
+}
+
+double clsNonParaBO::WilcoxonTDist(const DataTable& table, double T, bool oneTailed) const {
+    const std::span<const double> none;
+    return wilcoxonTDist(table.rows() == Long(0) ? none : table.column(Rank), T, oneTailed);
+}
+
+double clsNonParaBO::WilcoxonZApprox(const DataTable& table, double T, bool oneTailed, double& Z) const {
+    return wilcoxonZApprox(rankedRows(table), T, oneTailed, Z, normal());
 }
 
 }  // namespace TBVNonPara

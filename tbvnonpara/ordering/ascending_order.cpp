@@ -14,8 +14,6 @@ namespace TBVNonPara {
 
 namespace {
 
-using Words = std::vector<std::uint64_t>;
-
 /// Words that sort as the values: the leading bits of the key, below them the position.
 struct PositionedKeys {
     Words words;

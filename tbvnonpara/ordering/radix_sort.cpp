@@ -9,8 +9,6 @@ namespace TBVNonPara {
 
 namespace {
 
-using Words = std::vector<std::uint64_t>;
-
 constexpr int digitBits = 10;
 constexpr std::size_t digitValues = std::size_t(1) << digitBits;
 

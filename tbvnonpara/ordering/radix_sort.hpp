@@ -5,6 +5,9 @@
 
 namespace TBVNonPara {
 
+/// Words that are sorted as whole numbers.
+using Words = std::vector<std::uint64_t>;
+
 /// The bits of a word from `low` on up to, but not including, `high`.
 struct BitRange {
     int low = 0;
@@ -13,6 +16,6 @@ struct BitRange {
 
 /// Sorts words that are alike above `bits` and ascend already among words alike in `bits`. Needs as much
 /// memory again. The time grows with the number of words, in the worst case as that of std::sort.
-void radixSort(std::vector<std::uint64_t>& words, BitRange bits);
+void radixSort(Words& words, BitRange bits);
 
 }  // namespace TBVNonPara

@@ -2,8 +2,10 @@
 
 #include <gmock/gmock.h>
 
+#include "tbvnonpara/companion/own/contingency_analysis.hpp"
 #include "tests/support/engine_fixture.hpp"
 #include "tests/support/raised.hpp"
+#include "tests/support/release_order.hpp"
 
 namespace TBVNonPara {
 namespace {
@@ -117,13 +119,22 @@ TEST(EngineMethods, AnalysingTwiceGivesTheSame) {
     EXPECT_EQ(loaded.engine.GetRanks(), ranks);
 }
 
-TEST(EngineDistributions, ArePublicForWilcoxon) {
-    const clsNonParaBO engine(engineCompanions());
-    const DataTable table{{1, Positive, 1, 1}, {2, Positive, 2, 2}, {3, Positive, 3, 3}};
-    double Z = 0;
-    EXPECT_EQ(engine.WilcoxonTDist(table, 0, false), 0.25);
-    EXPECT_DOUBLE_EQ(engine.WilcoxonZApprox(table, 3, false, Z), 1);
-    EXPECT_EQ(Z, 0);
+TEST(Engine, ReleasesItsContingencyTableBeforeItsArrayUtility) {
+    std::vector<std::string> released;
+    CompanionLibrary companions = engineCompanions();
+    companions.createArrayUtility = [&] {
+        return Support::noticed(createArrayUtility(), "utility", released);
+    };
+    companions.createContingencyAnalysis = [&, application = companions.application] {
+        return Support::noticed(createContingencyAnalysis(application), "table", released);
+    };
+    {
+        clsNonParaBO engine(companions);
+        engine.LetMethod(tbvNPMedian);
+        engine.LetYs(ValueGrid{{1.0, 4.0}, {2.0, 5.0}, {3.0, 6.0}});
+        engine.Analyse();
+    }
+    EXPECT_EQ(released, (std::vector<std::string>{"table", "utility"}));
 }
 
 /// An array utility that fails with an error that already names a place.

@@ -25,7 +25,7 @@ class GroupSummaryTest : public testing::TestWithParam<Case> {};
 
 TEST_P(GroupSummaryTest, GivesMedianSumAndCountOfEachColumn) {
     const Case& test = GetParam();
-    const GroupSummaries all = SummariseGroups(test.data, test.ranks, *createArrayUtility(), test.counts);
+    const GroupSummaries all = summariseGroups(test.data, test.ranks, *createArrayUtility(), test.counts);
     EXPECT_EQ(numbers(all.raw.medians), test.mediansRaw);
     EXPECT_EQ(numbers(all.raw.sums), test.sumsRaw);
     EXPECT_EQ(numbers(all.raw.ns), test.nsRaw);
@@ -58,7 +58,7 @@ INSTANTIATE_TEST_SUITE_P(Of, GroupSummaryTest, testing::ValuesIn(cases),
 TEST(SummariseGroups, RaisesWhatItsSubscriptsAndSumsRaise) {
     const auto numberOf = [](const Grid<double>& values, const Counts& counts) {
         return Support::raisedBy(
-                   [&] { (void)SummariseGroups(values, values, *createArrayUtility(), counts); })
+                   [&] { (void)summariseGroups(values, values, *createArrayUtility(), counts); })
             .number;
     };
     EXPECT_EQ(numberOf(data, Array<Long>{4, 3}), 9) << "more values than rows";
@@ -96,7 +96,7 @@ TEST(SummariseGroups, OfManyColumnsSortsEachAlone) {
         wide(3, c) = toDouble(c) + 4;
     }
     const CountingUtility utility;
-    const GroupSummaries all = SummariseGroups(wide, wide, utility);
+    const GroupSummaries all = summariseGroups(wide, wide, utility);
     for (Long c = 1; c <= columns; ++c) {
         ASSERT_EQ(all.raw.medians(c), toDouble(c) + 2);
         ASSERT_EQ(all.rank.sums(c), 3 * toDouble(c) + 6);
@@ -106,14 +106,14 @@ TEST(SummariseGroups, OfManyColumnsSortsEachAlone) {
 
 TEST(SummariseLists, TakesEachListAsItIs) {
     const Array<double> lists[] = {{4, 1, 3}, Array<double>(0), {-1, -4}};
-    const GroupSummary summary = SummariseLists(lists, *createArrayUtility());
+    const GroupSummary summary = summariseLists(lists, *createArrayUtility());
     EXPECT_EQ(numbers(summary.medians), (Numbers{3, 0, -2.5}));
     EXPECT_EQ(numbers(summary.sums), (Numbers{8, 0, -5}));
     EXPECT_EQ(numbers(summary.ns), (Numbers{3, 0, 2}));
 }
 
 TEST(SummariseColumns, TakesAllRowsOfEachColumn) {
-    const GroupSummary summary = SummariseColumns(data, *createArrayUtility());
+    const GroupSummary summary = summariseColumns(data, *createArrayUtility());
     EXPECT_EQ(numbers(summary.medians), (Numbers{8, 30}));
     EXPECT_EQ(numbers(summary.sums), (Numbers{24, 80}));
     EXPECT_EQ(numbers(summary.ns), (Numbers{3, 3}));

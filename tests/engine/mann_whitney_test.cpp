@@ -46,6 +46,7 @@ const Case cases[] = {
     // With a blank the sizes are 3 x 3, but five values are ranked: 1, 0 (the blank), 2 against 4, 5: R1 = 3 of
     // two values, U1 = 9 + 6 - 3.
     {"ABlankCountsAsAnObservation",            {1, blank, 3},   {4, 5, 6},    tbvNPTwoTailed,      12,  0},
+    {"WithABlankUCanExceedTheLargestOfTwelve", {1, 2, 3, blank}, {4, 5, 6},   tbvNPTwoTailed,      16,  0},
     {"BlankCellsAtTheEndCountToo",             {1, blank, blank}, {2},        tbvNPTwoTailed,      8,   0},
 };
 // clang-format on

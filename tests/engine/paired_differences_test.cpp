@@ -23,7 +23,7 @@ class PairedSamples : public testing::TestWithParam<Paired> {};
 
 TEST_P(PairedSamples, GiveDifferences) {
     const auto& [name, first, second, differences] = GetParam();
-    EXPECT_EQ(Support::numbers(PairedDifferences(column(first), column(second))), differences);
+    EXPECT_EQ(Support::numbers(pairedDifferences(column(first), column(second))), differences);
 }
 
 // clang-format off
@@ -43,7 +43,7 @@ INSTANTIATE_TEST_SUITE_P(Of, PairedSamples, testing::ValuesIn(paired),
 
 TEST(PairedDifferences, RaiseWhatTheirCellsRaise) {
     const auto numberOf = [](const Cells& first, const Cells& second) {
-        return Support::raisedBy([&] { (void)PairedDifferences(column(first), column(second)); }).number;
+        return Support::raisedBy([&] { (void)pairedDifferences(column(first), column(second)); }).number;
     };
     EXPECT_EQ(numberOf({"a"}, {1}), 13);
     EXPECT_EQ(numberOf({1, 2}, {1}), 9) << "the second variable is shorter";

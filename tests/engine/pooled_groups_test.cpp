@@ -29,7 +29,7 @@ class CombinedSamples : public testing::TestWithParam<Combined> {};
 
 TEST_P(CombinedSamples, StandBehindEachOther) {
     const auto& [name, first, second, values, counts] = GetParam();
-    const PooledGroups pooled = CombineSamples(column(first), column(second));
+    const PooledGroups pooled = combineSamples(column(first), column(second));
     EXPECT_EQ(numbers(pooled.values), values);
     EXPECT_EQ(numbers(pooled.counts), counts);
 }
@@ -50,21 +50,21 @@ INSTANTIATE_TEST_SUITE_P(Of, CombinedSamples, testing::ValuesIn(combined),
                          [](const auto& test) { return test.param.name; });
 
 TEST(CombineSamples, ReadsNoColumnButTheFirst) {
-    EXPECT_EQ(numbers(CombineSamples(columns({{1, 2}, {30, 40}}), column({5})).values), (Numbers{1, 2, 5}));
+    EXPECT_EQ(numbers(combineSamples(columns({{1, 2}, {30, 40}}), column({5})).values), (Numbers{1, 2, 5}));
 }
 
 TEST(CombineSamples, RefusesACellThatIsNoNumber) {
-    EXPECT_EQ(Support::raisedBy([] { (void)CombineSamples(column({"a"}), column({1})); }).number, 13);
+    EXPECT_EQ(Support::raisedBy([] { (void)combineSamples(column({"a"}), column({1})); }).number, 13);
     const ValueGrid error{{CellError::NotAvailable}};
-    EXPECT_EQ(Support::raisedBy([&] { (void)CombineSamples(column({1}), error); }).number, 13);
+    EXPECT_EQ(Support::raisedBy([&] { (void)combineSamples(column({1}), error); }).number, 13);
 }
 
 TEST(CombineSamples, NeedNoColumnsWhereThereAreNoRows) {
-    EXPECT_EQ(numbers(CombineSamples(ValueGrid(0, 0), column({5})).counts), (Numbers{0, 1}));
+    EXPECT_EQ(numbers(combineSamples(ValueGrid(0, 0), column({5})).counts), (Numbers{0, 1}));
 }
 
 TEST(CombineSamples, RefusesASampleThatIsNotThere) {
-    EXPECT_EQ(Support::raisedBy([] { (void)CombineSamples(ValueGrid(), column({1})); }).number, 9);
+    EXPECT_EQ(Support::raisedBy([] { (void)combineSamples(ValueGrid(), column({1})); }).number, 9);
 }
 
 TEST(PoolGroups, SkipsBlanksWhereverTheyStand) {

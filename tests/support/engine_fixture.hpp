@@ -39,7 +39,7 @@ inline Error hostError() {
 inline CompanionLibrary engineCompanions(
     std::shared_ptr<FakeApplication> application = std::make_shared<FakeApplication>()) {
     CompanionLibrary companions;
-    companions.application = ObjectRef<WorksheetHost>(std::move(application));
+    companions.application = ObjectRef<Application>(std::move(application));
     companions.createArrayUtility = createArrayUtility;
     return companions;
 }

@@ -173,9 +173,10 @@ void addNames(const std::filesystem::path& folder, std::set<std::string>& names)
 }
 
 TEST(ProcedureNames, AreAllInTheTable) {
-    const std::filesystem::path sources = std::filesystem::path(TBVNONPARA_TESTS).parent_path() / "tbvnonpara";
+    const std::filesystem::path sources =
+        std::filesystem::path(TBVNONPARA_TESTS).parent_path() / "tbvnonpara";
     std::set<std::string> inSources;
-    for (const char* folder : {"engine", "report", "request"}) {
+    for (const char* folder : {"distributions", "engine", "report", "request"}) {
         addNames(sources / folder, inSources);
     }
     std::set<std::string> inTable = neverSeen;

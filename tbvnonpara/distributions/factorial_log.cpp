@@ -1,4 +1,4 @@
-#include "tbvnonpara/engine/distributions.hpp"
+#include "tbvnonpara/distributions/factorial_log.hpp"
 
 namespace TBVNonPara {
 

@@ -1,4 +1,4 @@
-#include "tbvnonpara/engine/ranking.hpp"
+#include "tbvnonpara/ordering/ranking.hpp"
 
 #include <algorithm>
 #include <utility>
@@ -17,6 +17,10 @@ TieCounts sizesOf(std::span<const Tie> ties) {
     return tieCounts.allocated() ? tieCounts : TieCounts{0};
 }
 
+void writeRanks(const RankedValues& ranked, std::span<double> ranks) {
+    ranked.visit([ranks](std::uint32_t position, double rank) { ranks[position] = rank; });
+}
+
 /// Takes the zeros out of ranks in which they were counted.
 void leaveOutZeros(std::span<const double> values, std::span<double> ranks) {
     const auto zeros = static_cast<double>(std::ranges::count(values, 0.0));
@@ -27,23 +31,25 @@ void leaveOutZeros(std::span<const double> values, std::span<double> ranks) {
 
 }  // namespace
 
-RankedValues RankValues(std::span<const double> values, const ArrayUtility& utility) {
-    RankedValues ranked{utility.OrderOf(values), {}};
+RankedValues rankValues(AscendingOrder order) {
+    RankedValues ranked{std::move(order), {}};
     ranked.tieCounts = sizesOf(ranked.order.ties);
     return ranked;
 }
 
-TieCounts RankValues(std::span<const double> values, std::span<double> ranks, const ArrayUtility& utility,
-                     bool excludeZeros) {
-    RankedValues ranked = RankValues(values, utility);
-    ranked.visit([ranks](std::uint32_t position, double rank) { ranks[position] = rank; });
-    if (excludeZeros) {
-        leaveOutZeros(values, ranks);
-        std::erase_if(ranked.order.ties,
-                      [&](const Tie& tie) { return values[ranked.order.positions[tie.first]] == 0; });
-        return sizesOf(ranked.order.ties);
-    }
+TieCounts rankValues(AscendingOrder order, std::span<double> ranks) {
+    RankedValues ranked = rankValues(std::move(order));
+    writeRanks(ranked, ranks);
     return std::move(ranked.tieCounts);
+}
+
+TieCounts rankWithoutZeros(std::span<const double> values, AscendingOrder order, std::span<double> ranks) {
+    RankedValues ranked{std::move(order), {}};
+    writeRanks(ranked, ranks);
+    leaveOutZeros(values, ranks);
+    std::erase_if(ranked.order.ties,
+                  [&](const Tie& tie) { return values[ranked.order.positions[tie.first]] == 0; });
+    return sizesOf(ranked.order.ties);
 }
 
 double tieSum(const TieCounts& tieCounts) noexcept {

@@ -2,8 +2,8 @@
 
 #include <span>
 
-#include "tbvnonpara/companion/ArrayUtility.hpp"
 #include "tbvnonpara/core/array.hpp"
+#include "tbvnonpara/ordering/ascending_order.hpp"
 
 namespace TBVNonPara {
 
@@ -20,12 +20,14 @@ struct RankedValues {
     void visit(Visit visit) const;
 };
 
-[[nodiscard]] RankedValues RankValues(std::span<const double> values, const ArrayUtility& utility);
+/// Values that ascend in this order.
+[[nodiscard]] RankedValues rankValues(AscendingOrder order);
 
-/// Writes the rank of each value into its place in `ranks`. With `excludeZeros` a value of 0 receives 0 and
-/// is not counted in the ranks of the others. Returns the tie counts.
-TieCounts RankValues(std::span<const double> values, std::span<double> ranks, const ArrayUtility& utility,
-                     bool excludeZeros);
+/// Writes the rank of each value into its place in `ranks`. Returns the tie counts.
+TieCounts rankValues(AscendingOrder order, std::span<double> ranks);
+
+/// The same, but a value of 0 receives 0 and is not counted in the ranks of the others.
+TieCounts rankWithoutZeros(std::span<const double> values, AscendingOrder order, std::span<double> ranks);
 
 /// Rank sums and numbers of rows of groups 1 and 2.
 struct RankSums {
@@ -34,6 +36,7 @@ struct RankSums {
     Long firstCount;
     Long secondCount;
 
+    /// Another row; those of other groups are skipped.
     void add(int group, double rank) {
         first += group == 1 ? rank : 0;
         second += group == 2 ? rank : 0;
@@ -42,21 +45,24 @@ struct RankSums {
     }
 };
 
-/// Adds the ranks and the numbers of rows of groups 1 and 2 to `sums`; other groups are skipped. groupOf(i)
-/// is the group of row i, counted from 1. The order of the rows is of no account: ranks are halves of whole
-/// numbers, their sums exact.
+/// The sums of the ranks and the numbers of rows of groups 1 and 2. groupOf(i) is the group of row i, counted
+/// from 1. The order of the rows is of no account: ranks are halves of whole numbers, their sums exact.
 template <typename GroupOf>
-void SumRanksByGroup(const Array<double>& ranks, GroupOf groupOf, RankSums& sums) {
+[[nodiscard]] RankSums sumRanksByGroup(std::span<const double> ranks, GroupOf groupOf) {
+    RankSums sums;
     Index i = 0;
-    for (const double rank : ranks.elements()) {
+    for (const double rank : ranks) {
         i += 1;
         sums.add(groupOf(i), rank);
     }
+    return sums;
 }
 
 template <typename GroupOf>
-void SumRanksByGroup(const RankedValues& ranked, GroupOf groupOf, RankSums& sums) {
+[[nodiscard]] RankSums sumRanksByGroup(const RankedValues& ranked, GroupOf groupOf) {
+    RankSums sums;
     ranked.visit([&](Index position, double rank) { sums.add(groupOf(position + 1), rank); });
+    return sums;
 }
 
 template <typename Visit>

@@ -1,20 +1,20 @@
-#include <cmath>
+#include "tbvnonpara/distributions/mann_whitney.hpp"
+
 #include <gtest/gtest.h>
 
-#include "tbvnonpara/engine/distributions.hpp"
-#include "tests/support/engine_fixture.hpp"
+#include "tests/distributions/asked_normal.hpp"
 #include "tests/support/raised.hpp"
 #include "tests/support/reference_rows.hpp"
 
 namespace TBVNonPara {
 namespace {
 
-using Support::FakeApplication;
+using Support::AskedNormal;
 using Support::raisedBy;
 using Support::referenceRows;
 
 constexpr auto tailsOutsideTheList = static_cast<TBVNPTails>(3);
-const ObjectRef<WorksheetHost> noHost;
+const NormalTail noNormal;  // calling it would throw
 
 /// The whole calculation is carried in 32 digits; what is left are the roundings of the result and the
 /// quotient.
@@ -54,7 +54,7 @@ class ExactMannWhitney : public testing::TestWithParam<ExactU> {};
 
 TEST_P(ExactMannWhitney, IsAFractionOfTheArrangements) {
     const auto& [name, n1, n2, U1, U2, tails, P] = GetParam();
-    EXPECT_DOUBLE_EQ(MannWhitneyP(n1, n2, U1, U2, 0, tails, noHost), P);
+    EXPECT_DOUBLE_EQ(mannWhitneyP(n1, n2, U1, U2, 0, tails, noNormal), P);
 }
 
 // clang-format off
@@ -79,9 +79,9 @@ INSTANTIATE_TEST_SUITE_P(Of, ExactMannWhitney, testing::ValuesIn(exactU),
                          [](const auto& test) { return test.param.name; });
 
 TEST(MannWhitneyQuirks, ATailThatStartsBelowTheFirstFrequencyIsOutOfRange) {
-    EXPECT_EQ(raisedBy([] { (void)MannWhitneyP(2, 2, -0.5, 4.5, 0, tbvNPVar1LTVar2, noHost); }).number, 9);
-    EXPECT_EQ(raisedBy([] { (void)MannWhitneyP(3, 1, 8, -5, 0, tbvNPVar1GTVar2, noHost); }).number, 9);
-    EXPECT_EQ(raisedBy([] { (void)MannWhitneyP(3, 0, 6, -6, 0, tbvNPTwoTailed, noHost); }).number, 9);
+    EXPECT_EQ(raisedBy([] { (void)mannWhitneyP(2, 2, -0.5, 4.5, 0, tbvNPVar1LTVar2, noNormal); }).number, 9);
+    EXPECT_EQ(raisedBy([] { (void)mannWhitneyP(3, 1, 8, -5, 0, tbvNPVar1GTVar2, noNormal); }).number, 9);
+    EXPECT_EQ(raisedBy([] { (void)mannWhitneyP(3, 0, 6, -6, 0, tbvNPTwoTailed, noNormal); }).number, 9);
 }
 
 TEST(ExactMannWhitney, AgreesWithWholeNumberCounts) {
@@ -91,7 +91,7 @@ TEST(ExactMannWhitney, AgreesWithWholeNumberCounts) {
         const double U = std::stod(row.at(2));
         const double expected = std::stod(row.at(3));
         const double other = toDouble(n1 * n2) - U;
-        EXPECT_NEAR(MannWhitneyP(n1, n2, other, U, 0, tbvNPVar1GTVar2, noHost), expected,
+        EXPECT_NEAR(mannWhitneyP(n1, n2, other, U, 0, tbvNPVar1GTVar2, noNormal), expected,
                     exactTolerance * expected)
             << row.at(0) << " x " << row.at(1) << ", U = " << row.at(2);
     }
@@ -142,20 +142,28 @@ TEST(ExactMannWhitney, AgreesWithARecursionForAllSmallSizes) {
     for (int m = 1; m <= most; ++m) {
         for (int n = 1; n <= most; ++n) {
             for (int u = 0; u <= m * n; ++u) {
-                const double P = MannWhitneyP(m, n, u, m * n - u, 0, tbvNPVar1LTVar2, noHost);
+                const double P = mannWhitneyP(m, n, u, m * n - u, 0, tbvNPVar1LTVar2, noNormal);
                 ASSERT_DOUBLE_EQ(P, arrangements.tail(m, n, u)) << m << " x " << n << ", U = " << u;
             }
         }
     }
 }
 
-TEST(MannWhitneyP, AsksTheHostFromFiftyThousandPairsOn) {
-    const auto application = std::make_shared<FakeApplication>();
-    (void)MannWhitneyP(223, 224, 30000, 19952, 0, tbvNPTwoTailed, ObjectRef<WorksheetHost>(application));
-    (void)MannWhitneyP(1, 49999, 30000, 19999, 0, tbvNPTwoTailed, ObjectRef<WorksheetHost>(application));
-    EXPECT_TRUE(application->functions.calls.empty());
-    (void)MannWhitneyP(1, 50000, 30000, 20000, 0, tbvNPTwoTailed, ObjectRef<WorksheetHost>(application));
-    EXPECT_EQ(application->functions.calls, std::vector<std::string>{"NORMSDIST"});
+TEST(ExactMannWhitney, HasAnUpperTailOfItsOwn) {
+    EXPECT_DOUBLE_EQ(mannWhitneyUpperTail(3, 3, 9), 1.0 / 20);
+    EXPECT_DOUBLE_EQ(mannWhitneyUpperTail(3, 3, 8.5), 1.0 / 20) << "a half rounds 9.5 to 10";
+    EXPECT_DOUBLE_EQ(mannWhitneyUpperTail(3, 3, 7.5), 4.0 / 20) << "and 8.5 to 8";
+    EXPECT_EQ(mannWhitneyUpperTail(3, 3, 0), 1);
+    EXPECT_EQ(mannWhitneyUpperTail(3, 3, 10), 0);
+}
+
+TEST(MannWhitneyP, AsksForANormalTailFromFiftyThousandPairsOn) {
+    AskedNormal normal;
+    (void)mannWhitneyP(223, 224, 30000, 19952, 0, tbvNPTwoTailed, normal.tail());
+    (void)mannWhitneyP(1, 49999, 30000, 19999, 0, tbvNPTwoTailed, normal.tail());
+    EXPECT_TRUE(normal.asked.empty());
+    (void)mannWhitneyP(1, 50000, 30000, 20000, 0, tbvNPTwoTailed, normal.tail());
+    EXPECT_EQ(normal.asked.size(), 1);
 }
 
 struct NormalU {
@@ -169,9 +177,8 @@ class NormalMannWhitney : public testing::TestWithParam<NormalU> {};
 
 TEST_P(NormalMannWhitney, CorrectsForTiesAndContinuity) {
     const auto& [name, U1, U2, tieSum, tails, P] = GetParam();
-    const ObjectRef<WorksheetHost> host = makeObject<FakeApplication>();
     // The normal tail comes from 1 - Phi, which keeps about 16 decimals.
-    EXPECT_NEAR(MannWhitneyP(250, 200, U1, U2, tieSum, tails, host), P, 4e-16);
+    EXPECT_NEAR(mannWhitneyP(250, 200, U1, U2, tieSum, tails, normalLowerTail), P, 4e-16);
 }
 
 // 250 x 200, mean 25000: without ties the variance is 250 x 200 x 451 / 12 and 2000.5 above the mean are 2000
@@ -197,21 +204,18 @@ const NormalU normalU[] = {
 INSTANTIATE_TEST_SUITE_P(Of, NormalMannWhitney, testing::ValuesIn(normalU),
                          [](const auto& test) { return test.param.name; });
 
-TEST(NormalMannWhitney, RaisesWhatItsArithmeticAndItsHostRaise) {
-    const auto application = std::make_shared<FakeApplication>();
+TEST(NormalMannWhitney, RaisesWhatItsArithmeticAndItsNormalTailRaise) {
+    AskedNormal normal;
     const auto numberOf = [&](double tieSum) {
-        return raisedBy([&] {
-                   (void)MannWhitneyP(250, 200, 25000, 25000, tieSum, tbvNPTwoTailed,
-                                      ObjectRef<WorksheetHost>(application));
-               })
+        return raisedBy(
+                   [&] { (void)mannWhitneyP(250, 200, 25000, 25000, tieSum, tbvNPTwoTailed, normal.tail()); })
             .number;
     };
     constexpr double allTied = 450.0 * 450 * 450 - 450;
     EXPECT_EQ(numberOf(allTied), 11);
     EXPECT_EQ(numberOf(2 * allTied), 5);
-    application->functions.failure = Support::hostError();
+    normal.failure = Support::hostError();
     EXPECT_EQ(numberOf(0), 1004);
-    EXPECT_EQ(raisedBy([] { (void)MannWhitneyP(250, 200, 0, 50000, 0, tbvNPTwoTailed, noHost); }).number, 91);
 }
 
 }  // namespace

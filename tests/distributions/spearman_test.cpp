@@ -1,20 +1,21 @@
+#include "tbvnonpara/distributions/spearman.hpp"
+
 #include <algorithm>
 #include <gtest/gtest.h>
 
-#include "tbvnonpara/engine/distributions.hpp"
-#include "tests/support/engine_fixture.hpp"
+#include "tests/distributions/asked_normal.hpp"
 #include "tests/support/raised.hpp"
 #include "tests/support/reference_rows.hpp"
 
 namespace TBVNonPara {
 namespace {
 
-using Support::FakeApplication;
+using Support::AskedNormal;
 using Support::raisedBy;
 using Support::referenceRows;
 
 constexpr auto tailsOutsideTheList = static_cast<TBVNPTails>(3);
-const ObjectRef<WorksheetHost> noHost;
+const NormalTail noNormal;  // calling it would throw
 
 struct ExactRs {
     std::string name;
@@ -28,7 +29,7 @@ class ExactSpearman : public testing::TestWithParam<ExactRs> {};
 
 TEST_P(ExactSpearman, IsAFractionOfThePermutations) {
     const auto& [name, n, rs, tails, P] = GetParam();
-    EXPECT_DOUBLE_EQ(SpearmanP(n, rs, tails, noHost), P);
+    EXPECT_DOUBLE_EQ(spearmanP(n, rs, tails, noNormal), P);
 }
 
 // clang-format off
@@ -58,32 +59,31 @@ INSTANTIATE_TEST_SUITE_P(Of, ExactSpearman, testing::ValuesIn(exactRs),
                          [](const auto& test) { return test.param.name; });
 
 TEST(SpearmanSeries, HasTheStatedTermsFromEightPairsOn) {
-    const ObjectRef<WorksheetHost> host = makeObject<FakeApplication>();
     for (const auto& row : referenceRows("spearman_series.csv")) {
         const Long n = std::stoi(row.at(0));
         const double rs = std::stod(row.at(1));
         const double Pu = std::stod(row.at(2));
         // 1 - Phi and the sum of the series keep about 16 decimals; outside 0..1 the series is cut off.
         const auto clamped = [](double P) { return std::clamp(P, 0.0, 1.0); };
-        EXPECT_NEAR(SpearmanP(n, rs, tailsOutsideTheList, host), clamped(Pu), 1e-15)
+        EXPECT_NEAR(spearmanP(n, rs, tailsOutsideTheList, normalLowerTail), clamped(Pu), 1e-15)
             << row.at(0) << ' ' << rs;
-        EXPECT_NEAR(SpearmanP(n, rs, tbvNPTwoTailed, host), clamped(2 * Pu), 2e-15) << row.at(0) << ' ' << rs;
-        EXPECT_NEAR(SpearmanP(n, rs, tbvNPVar1GTVar2, host), clamped(rs >= 0 ? Pu : 1 - Pu), 1e-15);
-        EXPECT_NEAR(SpearmanP(n, rs, tbvNPVar1LTVar2, host), clamped(rs <= 0 ? Pu : 1 - Pu), 1e-15);
+        EXPECT_NEAR(spearmanP(n, rs, tbvNPTwoTailed, normalLowerTail), clamped(2 * Pu), 2e-15)
+            << row.at(0) << ' ' << rs;
+        EXPECT_NEAR(spearmanP(n, rs, tbvNPVar1GTVar2, normalLowerTail), clamped(rs >= 0 ? Pu : 1 - Pu),
+                    1e-15);
+        EXPECT_NEAR(spearmanP(n, rs, tbvNPVar1LTVar2, normalLowerTail), clamped(rs <= 0 ? Pu : 1 - Pu),
+                    1e-15);
     }
 }
 
-TEST(SpearmanSeries, AsksTheHostFromEightPairsOn) {
-    const auto application = std::make_shared<FakeApplication>();
-    (void)SpearmanP(7, 0.5, tbvNPTwoTailed, ObjectRef<WorksheetHost>(application));
-    EXPECT_TRUE(application->functions.calls.empty());
-    (void)SpearmanP(8, 0.5, tbvNPTwoTailed, ObjectRef<WorksheetHost>(application));
-    EXPECT_EQ(application->functions.calls, std::vector<std::string>{"NORMSDIST"});
-    application->functions.failure = Support::hostError();
-    EXPECT_EQ(raisedBy([&] {
-                  (void)SpearmanP(8, 0.5, tbvNPTwoTailed, ObjectRef<WorksheetHost>(application));
-              }).number,
-              1004);
+TEST(SpearmanSeries, AsksForANormalTailFromEightPairsOn) {
+    AskedNormal normal;
+    (void)spearmanP(7, 0.5, tbvNPTwoTailed, normal.tail());
+    EXPECT_TRUE(normal.asked.empty());
+    (void)spearmanP(8, 0.5, tbvNPTwoTailed, normal.tail());
+    EXPECT_EQ(normal.asked.size(), 1);
+    normal.failure = Support::hostError();
+    EXPECT_EQ(raisedBy([&] { (void)spearmanP(8, 0.5, tbvNPTwoTailed, normal.tail()); }).number, 1004);
 }
 
 }  // namespace

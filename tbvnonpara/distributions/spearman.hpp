@@ -1,0 +1,13 @@
+#pragma once
+
+#include "tbvnonpara/core/enumerations.hpp"
+#include "tbvnonpara/core/whole_numbers.hpp"
+#include "tbvnonpara/distributions/normal.hpp"
+
+namespace TBVNonPara {
+
+/// Probability of a rank correlation of n pairs: exact up to 7 pairs, above by an Edgeworth series, which
+/// alone calls `normal`; 1 for fewer than 2 pairs. Tails outside the list gives the upper tail of |rs|.
+[[nodiscard]] double spearmanP(Long n, double rs, TBVNPTails tails, const NormalTail& normal);
+
+}  // namespace TBVNonPara
