@@ -15,8 +15,18 @@ namespace TBVNonPara {
 using Labels = Array<std::string>;
 
 /// Writes one report, section by section, onto the scratch sheet and hands back the block that holds it.
-/// Creating a writer wipes the sheet. A section writes its first row at the cursor and leaves the cursor on
-/// the first row below its last one. Nothing is undone after an error.
+///
+///     clsNonParaOutput writer(companions);
+///     writer.OutputHeader("Data!$A$1:$A$4", "Data!$B$1:$B$4", tbvNPMannU);
+///     writer.InsertBlankLines(1);
+///     writer.OutputMWTest({"Before", "After"}, 9, {3, 3}, 0.1, tbvNPTwoTailed);
+///     const RangeRef report = writer.GetResults();  // copy it before the next writer
+///
+/// The scratch sheet is "Results" of the open workbook "tbv2007.xlam" or, failing that, "Tabvance.xla"; a
+/// host without either raises ObjectNotSet here. Creating a writer wipes the sheet. A section writes its
+/// first row at the cursor and leaves the cursor on the first row below its last one. Lists and grids hold an
+/// element or a column a group. Every member raises Error, the host's own where the host refuses a write;
+/// nothing is undone then.
 class clsNonParaOutput {
  public:
     explicit clsNonParaOutput(const CompanionLibrary& companions);
@@ -70,12 +80,14 @@ class clsNonParaOutput {
     void writeStatistic(double statistic, const Array<Long>& counts, double P);
     void widenTo(Long column);
 
+    // Members are destroyed from the last to the first: the sheet goes before the style, the style before the
+    // formatter.
+    ObjectRef<ReportFormatter> m_Formatter;
+    ObjectRef<ReportStyle> m_Style;
     WorksheetRef m_Sheet;
+    FormattingConstants m_Constants;
     Long m_Row = 1;
     Integer m_MaxCol = 1;
-    ObjectRef<ReportStyle> m_Style;
-    ObjectRef<ReportFormatter> m_Formatter;
-    FormattingConstants m_Constants;
 };
 
 }  // namespace TBVNonPara

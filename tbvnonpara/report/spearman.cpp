@@ -19,7 +19,8 @@ std::string_view alternativeForCorrelation(TBVNPTails tails) noexcept {
     }
 }
 
-std::string title(const Labels& labels, TBVNPTails tails, TBVNPMethod method, std::string_view methodWord) {
+std::string correlationTitle(const Labels& labels, TBVNPTails tails, TBVNPMethod method,
+                             std::string_view methodWord) {
     switch (method) {
         case tbvNPSpearman:
             return std::string(alternativeForCorrelation(tails));
@@ -34,7 +35,7 @@ std::string title(const Labels& labels, TBVNPTails tails, TBVNPMethod method, st
 
 void clsNonParaOutput::OutputTest(const Labels& labels, double Statistic, const Array<Long>& DF, double P,
                                   TBVNPTails tails, TBVNPMethod method, std::string_view methodWord) try {
-    writeTitle(title(labels, tails, method, methodWord));
+    writeTitle(correlationTitle(labels, tails, method, methodWord));
     m_Row += 1;
 
     m_Formatter->FormatTable(line(m_Row, 1, 3), false);

@@ -23,14 +23,6 @@ clsNonPara::clsNonPara(CompanionLibrary companions) try
     passOn("clsNonPara.Class_Initialize");
 }
 
-clsNonPara::~clsNonPara() {
-    m_YRange.release();
-    m_XRange.release();
-    m_OutputRange.release();
-    m_Results.release();
-    m_Engine.release();
-}
-
 void clsNonPara::LetMethod(TBVNPMethod method) {
     change(m_Method, method, m_Results, "clsNonPara.LetMethod");
 }

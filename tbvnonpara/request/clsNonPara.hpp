@@ -9,15 +9,31 @@
 
 namespace TBVNonPara {
 
-/// One analysis request: choose the test and its options, name the ranges, call Results. Set Method before
-/// YRange: the shape of the data range is checked against the method in force. Settings take effect at the
-/// next Results. Every member raises Error. Use an object on one thread only, and a fresh one for a fresh
-/// analysis: results that a test does not fill keep what an earlier run left.
+/// One analysis request: choose the test and its options, name the ranges, call Results.
+///
+///     clsNonPara request(ownCompanions(application));  // any object that implements host/Application.hpp
+///     request.LetMethod(tbvNPMannU);
+///     request.LetHeaders(true);
+///     request.LetYRange("Data!A1:A11");
+///     request.LetXRange("Data!B1:B11");
+///     request.LetOutputRange("Data!D1");  // without it the report comes onto a new worksheet
+///     request.Results();
+///
+/// Set Method before YRange: the shape of the data range is checked against the method in force. Groups are
+/// the columns of YRange, or its areas; one area or column otherwise. Settings take effect at the next
+/// Results.
+///
+/// Every member raises Error, whose source names the procedure: one of the numbers of core/enumerations.hpp
+/// for ranges and cells that the test cannot use, the host's own for what the host refuses. Cells that are
+/// not numbers are refused before anything is computed or written. After an error the sheet added for a
+/// report stays.
+///
+/// Use an object on one thread only, and a fresh one for a fresh analysis: results that a test does not fill
+/// keep what an earlier run left.
 class clsNonPara {
  public:
     /// The defaults: a two-tailed Mann-Whitney test, no headers, no descriptives, no ranges.
     explicit clsNonPara(CompanionLibrary companions);
-    ~clsNonPara();
     clsNonPara(const clsNonPara&) = delete;
     clsNonPara& operator=(const clsNonPara&) = delete;
 
@@ -39,8 +55,8 @@ class clsNonPara {
     [[nodiscard]] const clsNonParaBO& engine() const { return *m_Engine; }
 
  private:
-    void CheckRanges(const DataCheck& check) const;
-    void LoadEngine();
+    void checkRanges(const DataCheck& check) const;
+    void loadEngine();
     RangeRef GetResults();
     RangeRef FormatMannUResults();
     RangeRef FormatWilcoxonResults();
@@ -51,7 +67,8 @@ class clsNonPara {
     RangeRef FormatWWRunsResults();
 
     CompanionLibrary m_Companions;
-    // Members are destroyed from the last to the first: the ranges go before the engine.
+    // Members are destroyed from the last to the first: the ranges YRange, XRange and OutputRange, the
+    // results, then the engine.
     ObjectRef<clsNonParaBO> m_Engine;
     RangeRef m_Results;
     RangeRef m_OutputRange;

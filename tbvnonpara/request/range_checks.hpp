@@ -2,13 +2,13 @@
 
 #include "tbvnonpara/companion/DataCheck.hpp"
 #include "tbvnonpara/core/enumerations.hpp"
-#include "tbvnonpara/host/WorksheetHost.hpp"
+#include "tbvnonpara/host/Application.hpp"
 
 namespace TBVNonPara {
 
 /// What each test asks of its ranges before anything is computed. The first rule that is broken raises.
 struct RangeChecks {
-    const WorksheetHost& application;
+    const Application& application;
     const DataCheck& check;
     TBVNPMethod method;
     bool headers;

@@ -2,7 +2,7 @@
 
 namespace TBVNonPara {
 
-ValueGrid readArea(const WorksheetHost& application, const RangeRef& range, bool headers) {
+ValueGrid readArea(const Application& application, const RangeRef& range, bool headers) {
     if (!headers) {
         return range->GetValue();
     }
@@ -13,7 +13,7 @@ ValueGrid readArea(const WorksheetHost& application, const RangeRef& range, bool
     return application.GetRange(first, last)->GetValue();
 }
 
-ValueGrid readAreas(const WorksheetHost& application, const ArrayUtility& utility, const RangeRef& range,
+ValueGrid readAreas(const Application& application, const ArrayUtility& utility, const RangeRef& range,
                     bool headers) {
     ValueGrid values = readArea(application, range, headers);
     const Long areas = range->GetAreasCount();

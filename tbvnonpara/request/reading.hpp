@@ -1,15 +1,15 @@
 #pragma once
 
 #include "tbvnonpara/companion/ArrayUtility.hpp"
-#include "tbvnonpara/host/WorksheetHost.hpp"
+#include "tbvnonpara/host/Application.hpp"
 
 namespace TBVNonPara {
 
 /// The values of a range's first area, without its first row when that is a header.
-[[nodiscard]] ValueGrid readArea(const WorksheetHost& application, const RangeRef& range, bool headers);
+[[nodiscard]] ValueGrid readArea(const Application& application, const RangeRef& range, bool headers);
 
 /// The values of all areas side by side; a shorter area is padded with empty cells.
-[[nodiscard]] ValueGrid readAreas(const WorksheetHost& application, const ArrayUtility& utility,
+[[nodiscard]] ValueGrid readAreas(const Application& application, const ArrayUtility& utility,
                                   const RangeRef& range, bool headers);
 
 }  // namespace TBVNonPara

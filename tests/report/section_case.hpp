@@ -17,7 +17,7 @@ namespace TBVNonPara {
 /// A report writer on an empty sheet, with what it formats on record.
 struct ReportDesk {
     std::shared_ptr<Support::FormattingRecord> record = std::make_shared<Support::FormattingRecord>();
-    ObjectRef<WorksheetHost> host = Support::testHost();
+    ObjectRef<Application> host = Support::testHost();
     CompanionLibrary companions = Support::recordFormatting(ownCompanions(host), record);
     clsNonParaOutput writer{companions};
 

@@ -17,7 +17,7 @@ namespace TBVNonPara {
 /// A request on a host with an empty sheet "Data". Every call on the host is on record; the first call whose
 /// operation is `failing` fails as often as `failures` says, with `failure`.
 struct RequestDesk {
-    ObjectRef<WorksheetHost> host = Support::testHost();
+    ObjectRef<Application> host = Support::testHost();
     std::vector<std::string> calls;
     std::string failing;
     int failures = 0;

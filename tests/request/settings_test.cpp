@@ -1,4 +1,5 @@
 #include "tests/request/request_desk.hpp"
+#include "tests/support/release_order.hpp"
 
 namespace TBVNonPara {
 namespace {
@@ -108,26 +109,47 @@ TEST(Tails, OutsideTheListAreStored) {
     EXPECT_EQ(desk.lastSheet()[4], "2-tailed Test");
 }
 
-TEST(Request, ReleasesItsRangesWithItself) {
-    RequestDesk desk(threeAndThree);
-    class Counted : public ArrayUtility {
-     public:
-        explicit Counted(int& alive) : m_Alive(alive) { ++m_Alive; }
-        ~Counted() override { --m_Alive; }
-        void SortRows(Grid<double>&, Long, Long) const override {}
-        [[nodiscard]] ValueGrid MakeTwoDimensional(const Array<CellValue>&) const override { return {}; }
-        [[nodiscard]] ValueGrid JoinColumns(const ValueGrid&, const ValueGrid&) const override { return {}; }
+/// A host that notices when a range it gave by its address is released.
+class RangesNoticed : public Application {
+ public:
+    RangesNoticed(ObjectRef<Application> host, std::vector<std::string>& released)
+        : m_Host(std::move(host)), m_Released(released) {}
 
-     private:
-        int& m_Alive;
-    };
-    int alive = 0;
-    desk.companions.createArrayUtility = [&] { return makeObject<Counted>(alive); };
-    {
-        const clsNonPara request(desk.companions);
-        EXPECT_EQ(alive, 1);
+    [[nodiscard]] RangeRef GetRange(std::string_view address) const override {
+        return Support::noticed(m_Host->GetRange(address), std::string(address), m_Released);
     }
-    EXPECT_EQ(alive, 0);
+    [[nodiscard]] RangeRef GetRange(const RangeRef& first, const RangeRef& last) const override {
+        return m_Host->GetRange(first, last);
+    }
+    [[nodiscard]] WorkbookRef GetWorkbooks(std::string_view name) const override {
+        return m_Host->GetWorkbooks(name);
+    }
+    [[nodiscard]] WorksheetRef AddWorksheets() override { return m_Host->AddWorksheets(); }
+    void LetScreenUpdating(bool updating) override { m_Host->LetScreenUpdating(updating); }
+    [[nodiscard]] const WorksheetFunction& GetWorksheetFunction() const override {
+        return m_Host->GetWorksheetFunction();
+    }
+
+ private:
+    ObjectRef<Application> m_Host;
+    std::vector<std::string>& m_Released;
+};
+
+TEST(Request, ReleasesItsRangesInOrderAndThenItsEngine) {
+    const RequestDesk desk(threeAndThree);
+    std::vector<std::string> released;
+    CompanionLibrary companions = ownCompanions(makeObject<RangesNoticed>(desk.host, released));
+    companions.createArrayUtility = [&, create = companions.createArrayUtility] {
+        return Support::noticed(create(), "engine", released);
+    };
+    {
+        clsNonPara request(companions);
+        request.LetOutputRange("Data!D1");
+        request.LetXRange("Data!B1:B3");
+        request.LetYRange("Data!A1:A3");
+        released.clear();
+    }
+    EXPECT_EQ(released, (std::vector<std::string>{"Data!A1:A3", "Data!B1:B3", "Data!D1", "engine"}));
 }
 
 }  // namespace

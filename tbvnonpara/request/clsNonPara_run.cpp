@@ -7,7 +7,7 @@ namespace TBVNonPara {
 namespace {
 
 /// The first cell of a new worksheet behind the last one of its workbook.
-RangeRef newWorksheet(WorksheetHost& application) {
+RangeRef newWorksheet(Application& application) {
     const WorksheetRef sheet = application.AddWorksheets();
     const Long last = sheet->GetParent()->GetWorksheetsCount();
     sheet->Move(sheet->GetParent()->GetWorksheets(last));
@@ -21,7 +21,7 @@ void clsNonPara::Results(bool OverWrite) try {
         raise(tbvNPNoYRange);
     }
     const ObjectRef<DataCheck> check = m_Companions.createDataCheck();
-    CheckRanges(*check);
+    checkRanges(*check);
 
     if (!m_Results.isSet()) {
         m_Results = GetResults();
@@ -43,7 +43,7 @@ void clsNonPara::Results(bool OverWrite) try {
     passOn("clsNonPara.Results");
 }
 
-void clsNonPara::CheckRanges(const DataCheck& check) const {
+void clsNonPara::checkRanges(const DataCheck& check) const {
     const RangeChecks checks{*m_Companions.application, check, m_Method, m_Headers};
     if (m_Method == tbvNPSign && !m_XRange.isSet()) {
         checks.checkSignCodes(m_YRange);
@@ -58,7 +58,7 @@ void clsNonPara::CheckRanges(const DataCheck& check) const {
 }
 
 RangeRef clsNonPara::GetResults() try {
-    LoadEngine();
+    loadEngine();
     m_Engine->Analyse();
     switch (m_Method) {
         case tbvNPMannU:
@@ -82,8 +82,8 @@ RangeRef clsNonPara::GetResults() try {
     passOn("clsNonPara.GetResults");
 }
 
-void clsNonPara::LoadEngine() {
-    const WorksheetHost& application = *m_Companions.application;
+void clsNonPara::loadEngine() {
+    const Application& application = *m_Companions.application;
     const ObjectRef<ArrayUtility> utility = m_Companions.createArrayUtility();
     ValueGrid Ys = readAreas(application, *utility, m_YRange, m_Headers);
     EngineInput Xs = CellValue(Empty());

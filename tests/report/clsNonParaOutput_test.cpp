@@ -1,4 +1,5 @@
 #include "tests/report/section_case.hpp"
+#include "tests/support/release_order.hpp"
 
 namespace TBVNonPara {
 namespace {
@@ -100,7 +101,7 @@ TEST(ReportSheet, IsClearedBeforeItIsColoured) {
 /// A host whose add-in workbook goes by the older name.
 class OlderAddIn : public Application {
  public:
-    OlderAddIn(ObjectRef<WorksheetHost> host, std::vector<std::string>& asked)
+    OlderAddIn(ObjectRef<Application> host, std::vector<std::string>& asked)
         : m_Host(std::move(host)), m_Asked(asked) {}
 
     [[nodiscard]] WorkbookRef GetWorkbooks(std::string_view name) const override {
@@ -119,7 +120,7 @@ class OlderAddIn : public Application {
     }
 
  private:
-    ObjectRef<WorksheetHost> m_Host;
+    ObjectRef<Application> m_Host;
     std::vector<std::string>& m_Asked;
 };
 
@@ -169,6 +170,19 @@ TEST(CursorErrors, AHostThatRefusesARowIsReportedByTheProcedure) {
               "Line 0 in TBVNonPara.clsNonParaOutput.GetResults");
     EXPECT_EQ(Support::raisedBy([&] { desk.writer.OutputHeader("a", "b", tbvNPMannU); }).source,
               "Line 0 in TBVNonPara.clsNonParaOutput.OutputHeader");
+}
+
+TEST(Writer, ReleasesItsStyleBeforeItsFormatter) {
+    std::vector<std::string> released;
+    CompanionLibrary companions = ownCompanions(Support::testHost());
+    companions.createReportStyle = [&, create = companions.createReportStyle] {
+        return Support::noticed(create(), "style", released);
+    };
+    companions.createReportFormatter = [&, create = companions.createReportFormatter] {
+        return Support::noticed(create(), "formatter", released);
+    };
+    { const clsNonParaOutput writer(companions); }
+    EXPECT_EQ(released, (std::vector<std::string>{"style", "formatter"}));
 }
 
 }  // namespace

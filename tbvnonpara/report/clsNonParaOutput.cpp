@@ -20,7 +20,7 @@ WorksheetRef findReportSheet(const CompanionLibrary& companions) {
     return sheet.isSet() ? sheet : reportSheetOf(companions, "Tabvance.xla");
 }
 
-std::string_view title(TBVNPMethod method) noexcept {
+std::string_view reportTitle(TBVNPMethod method) noexcept {
     switch (method) {
         case tbvNPMannU:
             return "Mann-Whitney Test Results for:";
@@ -54,10 +54,11 @@ std::string describe(std::string_view name, std::string_view rangeText) {
 }  // namespace
 
 clsNonParaOutput::clsNonParaOutput(const CompanionLibrary& companions) try
-    : m_Sheet(findReportSheet(companions)),
-      m_Style(companions.createReportStyle()),
-      m_Formatter(companions.createReportFormatter()),
-      m_Constants(companions.constants) {
+    : m_Constants(companions.constants) {
+    // Asked for in this order, which members that are released in this order cannot be initialised in.
+    m_Sheet = findReportSheet(companions);
+    m_Style = companions.createReportStyle();
+    m_Formatter = companions.createReportFormatter();
     m_Sheet->GetCells()->Clear();
     const Integer colour = m_Style->GetInteriorColorIndex();
     m_Sheet->GetCells()->LetInteriorColorIndex(colour);
@@ -66,7 +67,7 @@ clsNonParaOutput::clsNonParaOutput(const CompanionLibrary& companions) try
 }
 
 void clsNonParaOutput::OutputHeader(std::string_view text1, std::string_view text2, TBVNPMethod method) try {
-    if (const std::string_view text = title(method); !text.empty()) {
+    if (const std::string_view text = reportTitle(method); !text.empty()) {
         write(m_Row, 1, text);
     }
     std::string_view titleBlock = "A1:A2";
