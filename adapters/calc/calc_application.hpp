@@ -4,7 +4,7 @@
 
 #include "adapters/calc/session.hpp"
 #include "adapters/calc/worksheet_functions.hpp"
-#include "tbvnonpara/host/WorksheetHost.hpp"
+#include "tbvnonpara/host/Application.hpp"
 
 namespace TBVNonPara::calc {
 

@@ -70,7 +70,7 @@ class AutomationApplication final : public Application {
 
 }  // namespace
 
-ObjectRef<WorksheetHost> automationApplication(std::function<ComPtr<IDispatch>()> find) {
+ObjectRef<Application> automationApplication(std::function<ComPtr<IDispatch>()> find) {
     return makeObject<AutomationApplication>(std::move(find));
 }
 

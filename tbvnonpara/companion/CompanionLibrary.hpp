@@ -6,13 +6,19 @@
 #include "tbvnonpara/companion/ContingencyAnalysis.hpp"
 #include "tbvnonpara/companion/DataCheck.hpp"
 #include "tbvnonpara/companion/ReportFormatter.hpp"
-#include "tbvnonpara/host/WorksheetHost.hpp"
+#include "tbvnonpara/host/Application.hpp"
 
 namespace TBVNonPara {
 
 /// What an adapter hands to clsNonPara: the application object and a factory for each component.
+///
+///     CompanionLibrary companions = ownCompanions(application);
+///     companions.createReportFormatter = [] { return makeObject<HouseFormatter>(); };
+///
+/// Each factory is called as often as a component is needed, on the thread of the request, and returns an
+/// object of its own; without one, what needs the component fails with ObjectNotSet.
 struct CompanionLibrary {
-    ObjectRef<WorksheetHost> application;
+    ObjectRef<Application> application;
     std::function<ObjectRef<ArrayUtility>()> createArrayUtility;
     std::function<ObjectRef<DataCheck>()> createDataCheck;
     std::function<ObjectRef<ReportFormatter>()> createReportFormatter;
@@ -21,7 +27,8 @@ struct CompanionLibrary {
     FormattingConstants constants;
 };
 
-/// The project's own components on the given application.
-[[nodiscard]] CompanionLibrary ownCompanions(ObjectRef<WorksheetHost> application);
+/// The project's own components on the given application. It may be none for an engine alone, as far as its
+/// tests ask no worksheet function.
+[[nodiscard]] CompanionLibrary ownCompanions(ObjectRef<Application> application);
 
 }  // namespace TBVNonPara

@@ -7,7 +7,18 @@
 
 namespace TBVNonPara {
 
-/// The spreadsheet application: where everything that is asked of the sheet begins.
+/// The spreadsheet application: where everything that is asked of the sheet begins. A host implements this
+/// class and what it leads to (Workbook, Worksheet, Range, WorksheetFunction). What holds between the two:
+///
+/// - Calls come one at a time, on the thread of the request, in the order in which the library makes them.
+/// - What the host cannot do it throws as an Error with its own number and words; the library writes the
+///   source. An empty reference in its place would be reported as ObjectNotSet.
+/// - Rows, columns, areas and sheets count from 1. References stay good as long as they are held, also when
+///   sheets are added or moved.
+/// - A workbook "tbv2007.xlam" with a worksheet "Results" is open, whose cells belong to the library.
+///
+///     class MyApplication : public TBVNonPara::Application { ... };
+///     clsNonPara request(ownCompanions(makeObject<MyApplication>()));
 class Application {
  public:
     virtual ~Application() = default;

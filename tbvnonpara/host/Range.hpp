@@ -38,7 +38,7 @@ class Range {
     [[nodiscard]] virtual std::string GetAddress() const = 0;
     [[nodiscard]] virtual std::string GetAddressLocal() const = 0;
 
-    /// The values, also of a single cell, as a grid.
+    /// The values, also of a single cell, as a grid: rows x columns of the first area.
     [[nodiscard]] virtual ValueGrid GetValue() const = 0;
 
     /// One value into every cell. A text stays that text, whatever it looks like.

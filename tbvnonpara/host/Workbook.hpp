@@ -6,6 +6,8 @@
 
 namespace TBVNonPara {
 
+/// An open workbook: its worksheets by position, counted from 1, and by name. A worksheet that does not exist
+/// is the host's error.
 class Workbook {
  public:
     virtual ~Workbook() = default;

@@ -7,6 +7,7 @@
 
 namespace TBVNonPara {
 
+/// A worksheet and its cells. An address without a sheet's name lies on this sheet.
 class Worksheet {
  public:
     virtual ~Worksheet() = default;

@@ -6,7 +6,8 @@
 
 namespace TBVNonPara {
 
-/// The host's worksheet functions. A domain error is raised as the host's error.
+/// The host's worksheet functions. A domain error is raised as the host's error. The digits of a probability
+/// are the host's: a report shows what it gives.
 class WorksheetFunction {
  public:
     virtual ~WorksheetFunction() = default;

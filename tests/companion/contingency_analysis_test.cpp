@@ -33,7 +33,7 @@ class Functions final : public WorksheetFunction {
     }
 };
 
-class HostOfFunctions final : public WorksheetHost {
+class HostOfFunctions final : public Application {
  public:
     [[nodiscard]] RangeRef GetRange(std::string_view) const override { return {}; }
     [[nodiscard]] RangeRef GetRange(const RangeRef&, const RangeRef&) const override { return {}; }

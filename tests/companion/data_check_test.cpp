@@ -25,7 +25,7 @@ std::string caseName(const ::testing::TestParamInfo<CheckCase>& info) {
 }
 
 /// The cells on a sheet "Data" from B2 on.
-RangeRef dataRange(const ObjectRef<WorksheetHost>& host, const ValueGrid& cells) {
+RangeRef dataRange(const ObjectRef<Application>& host, const ValueGrid& cells) {
     const RangeRef first = host->GetRange("Data!B2");
     const RangeRef range = host->GetRange(first, first->GetCells(cells.rows(), cells.columns()));
     range->LetValue(cells);
@@ -41,7 +41,7 @@ struct Checked {
 };
 
 Checked checkData(const ValueGrid& cells, bool headers, bool blanksAllowed) {
-    const ObjectRef<WorksheetHost> host = Support::testHost();
+    const ObjectRef<Application> host = Support::testHost();
     const RangeRef range = dataRange(host, cells);
     Checked checked;
     checked.flag = blanksAllowed;
@@ -98,7 +98,7 @@ TEST_P(CheckData, WithoutBlanksAllowed) {
 }
 
 TEST_P(CheckData, TheSecondRangeIsCheckedAlike) {
-    const ObjectRef<WorksheetHost> host = Support::testHost();
+    const ObjectRef<Application> host = Support::testHost();
     const RangeRef range = dataRange(host, GetParam().cells);
     Long first;
     Long second;
@@ -132,7 +132,7 @@ TEST(CheckDataFlag, TrueStillRefusesTextsAndEmptyRanges) {
 }
 
 TEST(CheckDataAreas, AreAllChecked) {
-    const ObjectRef<WorksheetHost> host = Support::testHost();
+    const ObjectRef<Application> host = Support::testHost();
     dataRange(host, {{1.0, blank, 3.0}, {2.0, blank, "x"}});
     const RangeRef range = host->GetRange("Data!B2:B3,Data!D2:D3");
     Long first;
@@ -145,10 +145,10 @@ TEST(CheckDataAreas, AreAllChecked) {
 }
 
 TEST(CheckDataCost, IsOneReadingOfEachArea) {
-    const ObjectRef<WorksheetHost> host = Support::testHost();
+    const ObjectRef<Application> host = Support::testHost();
     dataRange(host, ValueGrid(1000, 3, 1.0));
     Long readings;
-    const ObjectRef<WorksheetHost> watched = Support::watchHost(host, [&](const Support::HostCall& call) {
+    const ObjectRef<Application> watched = Support::watchHost(host, [&](const Support::HostCall& call) {
         if (call.operation == "Range.GetValue") {
             ++readings;
         }
@@ -178,7 +178,7 @@ const CheckCase runsCases[] = {
 class CheckRunsData : public ::testing::TestWithParam<CheckCase> {};
 
 TEST_P(CheckRunsData, RefusesOnlyErrorValues) {
-    const ObjectRef<WorksheetHost> host = Support::testHost();
+    const ObjectRef<Application> host = Support::testHost();
     const RangeRef range = dataRange(host, GetParam().cells);
     const Support::Raised raised =
         Support::raisedBy([&] { createDataCheck()->CheckRunsData(range, GetParam().headers); });
@@ -224,7 +224,7 @@ class CheckOutputArea : public ::testing::TestWithParam<OutputCase> {};
 
 /// Values stand in Data!B3:B4, and an empty B2 above them.
 TEST_P(CheckOutputArea, GuardsTheSheet) {
-    const ObjectRef<WorksheetHost> host = Support::testHost();
+    const ObjectRef<Application> host = Support::testHost();
     dataRange(host, {{blank}, {1.0}, {""}});
     const RangeRef range = host->GetRange(GetParam().address);
     const Support::Raised raised = Support::raisedBy([&] {

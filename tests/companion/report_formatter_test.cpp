@@ -17,7 +17,7 @@ using Calls = std::vector<std::string>;
 Calls callsOf(const std::string& address,
               const std::function<void(const ReportFormatter&, const RangeRef&)>& operation) {
     Calls calls;
-    const ObjectRef<WorksheetHost> host =
+    const ObjectRef<Application> host =
         Support::watchHost(Support::testHost(), [&](const Support::HostCall& call) {
             if (!call.details.empty()) {
                 calls.push_back(std::string(call.operation.substr(6)) + ' ' + call.address() + ' ' +
@@ -74,7 +74,7 @@ TEST(Style, LeavesTheSheetWithoutAColour) {
 }
 
 TEST(OwnCompanions, AreComplete) {
-    const ObjectRef<WorksheetHost> host = Support::testHost();
+    const ObjectRef<Application> host = Support::testHost();
     const CompanionLibrary companions = ownCompanions(host);
     EXPECT_EQ(companions.application, host);
     EXPECT_TRUE(companions.createArrayUtility().isSet());

@@ -196,7 +196,7 @@ class WatchedWorkbook : public Workbook {
 
 class WatchedFunctions : public WorksheetFunction {
  public:
-    WatchedFunctions(ObjectRef<WorksheetHost> host, SharedWatch watch)
+    WatchedFunctions(ObjectRef<Application> host, SharedWatch watch)
         : m_Host(std::move(host)), m_Watch(std::move(watch)) {}
 
     [[nodiscard]] double NORMSDIST(double z) const override {
@@ -220,13 +220,13 @@ class WatchedFunctions : public WorksheetFunction {
     [[nodiscard]] const WorksheetFunction& functions() const { return m_Host->GetWorksheetFunction(); }
     void tell(std::string_view operation) const { (*m_Watch)({operation, {}, {}}); }
 
-    ObjectRef<WorksheetHost> m_Host;
+    ObjectRef<Application> m_Host;
     SharedWatch m_Watch;
 };
 
 class WatchedApplication : public Application {
  public:
-    WatchedApplication(ObjectRef<WorksheetHost> host, SharedWatch watch)
+    WatchedApplication(ObjectRef<Application> host, SharedWatch watch)
         : m_Host(std::move(host)), m_Watch(std::move(watch)), m_Functions(m_Host, m_Watch) {}
 
     [[nodiscard]] RangeRef GetRange(std::string_view address) const override {
@@ -257,7 +257,7 @@ class WatchedApplication : public Application {
  private:
     void tell(std::string_view operation) const { (*m_Watch)({operation, {}, {}}); }
 
-    ObjectRef<WorksheetHost> m_Host;
+    ObjectRef<Application> m_Host;
     SharedWatch m_Watch;
     WatchedFunctions m_Functions;
 };
@@ -292,7 +292,7 @@ std::string HostCall::address() const {
     return text;
 }
 
-ObjectRef<WorksheetHost> watchHost(ObjectRef<WorksheetHost> host, Watch watch) {
+ObjectRef<Application> watchHost(ObjectRef<Application> host, Watch watch) {
     return makeObject<WatchedApplication>(std::move(host), std::make_shared<const Watch>(std::move(watch)));
 }
 

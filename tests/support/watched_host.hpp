@@ -6,7 +6,7 @@
 #include <string_view>
 #include <utility>
 
-#include "tbvnonpara/host/WorksheetHost.hpp"
+#include "tbvnonpara/host/Application.hpp"
 
 namespace TBVNonPara::Support {
 
@@ -25,6 +25,6 @@ struct HostCall {
 using Watch = std::function<void(const HostCall&)>;
 
 /// The same host with a watch on it and on everything it leads to.
-[[nodiscard]] ObjectRef<WorksheetHost> watchHost(ObjectRef<WorksheetHost> host, Watch watch);
+[[nodiscard]] ObjectRef<Application> watchHost(ObjectRef<Application> host, Watch watch);
 
 }  // namespace TBVNonPara::Support

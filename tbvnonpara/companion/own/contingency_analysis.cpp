@@ -23,7 +23,7 @@ struct ContingencyResults {
 
 class OwnContingencyAnalysis final : public ContingencyAnalysis {
  public:
-    explicit OwnContingencyAnalysis(ObjectRef<WorksheetHost> application)
+    explicit OwnContingencyAnalysis(ObjectRef<Application> application)
         : m_Application(std::move(application)) {}
 
     void LetObserved(const ValueGrid& table) override { m_Observed = table; }
@@ -72,7 +72,7 @@ class OwnContingencyAnalysis final : public ContingencyAnalysis {
         return {value, m_Application->GetWorksheetFunction().ChiDist(value, DF)};
     }
 
-    ObjectRef<WorksheetHost> m_Application;
+    ObjectRef<Application> m_Application;
     ValueGrid m_Observed;
     bool m_Labels = false;
     ContingencyResults m_Results;
@@ -80,7 +80,7 @@ class OwnContingencyAnalysis final : public ContingencyAnalysis {
 
 }  // namespace
 
-ObjectRef<ContingencyAnalysis> createContingencyAnalysis(ObjectRef<WorksheetHost> application) {
+ObjectRef<ContingencyAnalysis> createContingencyAnalysis(ObjectRef<Application> application) {
     return makeObject<OwnContingencyAnalysis>(std::move(application));
 }
 

@@ -34,7 +34,7 @@ class Host : public testing::Test {
 
     OpenDocument open;
     std::shared_ptr<Session> session = std::make_shared<Session>(officeContext(), open.document());
-    ObjectRef<WorksheetHost> application = makeObject<CalcApplication>(session);
+    ObjectRef<Application> application = makeObject<CalcApplication>(session);
     const WorksheetFunction& functions = application->GetWorksheetFunction();
 };
 

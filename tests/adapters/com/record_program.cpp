@@ -33,7 +33,7 @@ const Run runs[] = {
 };
 
 /// Asks for what stands in the report's cells, so that another application has to have the same there.
-void readReport(const std::string& address, const WorksheetHost& application) {
+void readReport(const std::string& address, const Application& application) {
     constexpr int rows = 20;
     constexpr int columns = 6;
     const RangeRef first = application.GetRange(address);
@@ -44,7 +44,7 @@ void readReport(const std::string& address, const WorksheetHost& application) {
     }
 }
 
-void carryOut(const Run& run, const ObjectRef<WorksheetHost>& application) {
+void carryOut(const Run& run, const ObjectRef<Application>& application) {
     clsNonPara request(ownCompanions(application));
     request.LetMethod(run.method);
     request.LetHeaders(true);

@@ -22,7 +22,7 @@ constexpr std::int32_t outOfMemory = 7;
 
 /// Companions on a host that refuses an operation from its `from`-th time on.
 inline CompanionLibrary refusing(const std::string& operation, int from = 1) {
-    const ObjectRef<WorksheetHost> host = Support::testHost();
+    const ObjectRef<Application> host = Support::testHost();
     const ValueGrid data = {{1.0, 4.0}, {-1.0, 5.0}, {1.0, -6.0}, {0.0, 7.5}};
     host->GetRange("Data!A1:B4")->LetValue(data);
     return ownCompanions(Support::watchHost(host, [=, times = 0](const Support::HostCall& call) mutable {

@@ -12,14 +12,14 @@ namespace TBVNonPara::Scenarios {
 /// companions. Adding sheets is left to the host.
 class LibraryHost : public ScenarioHost {
  public:
-    explicit LibraryHost(const ObjectRef<WorksheetHost>& application)
+    explicit LibraryHost(const ObjectRef<Application>& application)
         : m_Companions(watchReports(Support::recordFormatting(ownCompanions(application), m_Record))) {}
 
     [[nodiscard]] std::unique_ptr<Request> createRequest() override {
         m_Record->calls.clear();
         return std::make_unique<LibraryRequest>(m_Companions, m_Record);
     }
-    [[nodiscard]] const WorksheetHost& application() const override { return *m_Companions.application; }
+    [[nodiscard]] const Application& application() const override { return *m_Companions.application; }
     [[nodiscard]] std::string reportAddress() const override { return m_Report->address; }
     [[nodiscard]] std::vector<std::string> formatting() const override { return m_Record->calls; }
 

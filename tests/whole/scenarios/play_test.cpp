@@ -19,7 +19,7 @@ class StubHost : public ScenarioHost {
  public:
     void addSheet(std::string_view, const ValueGrid&) override {}
     std::unique_ptr<Request> createRequest() override { return std::make_unique<StubRequest>(); }
-    const WorksheetHost& application() const override { throw std::logic_error("no sheets here"); }
+    const Application& application() const override { throw std::logic_error("no sheets here"); }
     std::string reportAddress() const override { return {}; }
     std::vector<std::string> formatting() const override {
         return {"FormatTitle A1 True", "FormatBody B2 False"};

@@ -7,7 +7,7 @@
 
 #include "tbvnonpara/core/cell_value.hpp"
 #include "tbvnonpara/core/enumerations.hpp"
-#include "tbvnonpara/host/WorksheetHost.hpp"
+#include "tbvnonpara/host/Application.hpp"
 
 namespace TBVNonPara::Scenarios {
 
@@ -36,7 +36,7 @@ class ScenarioHost {
     /// Gives the user's document another sheet, with these cells from A1 on. A text stays a text.
     virtual void addSheet(std::string_view name, const ValueGrid& cells) = 0;
     [[nodiscard]] virtual std::unique_ptr<Request> createRequest() = 0;
-    [[nodiscard]] virtual const WorksheetHost& application() const = 0;
+    [[nodiscard]] virtual const Application& application() const = 0;
 
     /// Where the last report was pasted, for example "Results!A1:D9" or "'Data (2)'!A1:D9"; empty before the
     /// first.

@@ -1,6 +1,7 @@
+#include "tbvnonpara/companion/CompanionLibrary.hpp"
+
 #include <utility>
 
-#include "tbvnonpara/companion/CompanionLibrary.hpp"
 #include "tbvnonpara/companion/own/array_utility.hpp"
 #include "tbvnonpara/companion/own/contingency_analysis.hpp"
 #include "tbvnonpara/companion/own/data_check.hpp"
@@ -8,7 +9,7 @@
 
 namespace TBVNonPara {
 
-CompanionLibrary ownCompanions(ObjectRef<WorksheetHost> application) {
+CompanionLibrary ownCompanions(ObjectRef<Application> application) {
     CompanionLibrary companions;
     companions.application = application;
     companions.createArrayUtility = createArrayUtility;
