@@ -4,12 +4,12 @@
 #include <fstream>
 #include <system_error>
 
-#include "tbvnonpara/core/unicode.hpp"
+#include "tbvnonpara/core/a1.hpp"
+#include "tbvnonpara/core/utf8.hpp"
 #include "tbvnonpara/files/csv/file.hpp"
 #include "tbvnonpara/files/saving/placing.hpp"
 #include "tbvnonpara/files/saving/saved_file.hpp"
 #include "tbvnonpara/files/saving/xlsx_writer.hpp"
-#include "tbvnonpara/workbook/address.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
 
 namespace TBVNonPara::cli {
@@ -24,7 +24,7 @@ ExistingFile existingFile(const Arguments& arguments) {
 }
 
 std::string endingOf(const std::string& file) {
-    return workbook::foldCase(fs::path(file).extension().string());
+    return foldCase(fs::path(file).extension().string());
 }
 
 /// Whether the data come from a workbook that a report can be placed into: .xlsx or .xlsm, by its contents.
@@ -70,7 +70,7 @@ std::string workbookOfItsOwn(const analysis::FinishedTest& finished, const Argum
     std::vector<workbook::WrittenSheet> sheets = {{&finished.sheet(), finished.block()}};
     const auto used = finished.sheet().usedArea();
     if (!arguments.output.empty() && used) {
-        sheets.front().area = workbook::around(*used, finished.block());
+        sheets.front().area = around(*used, finished.block());
     }
     for (const auto& sheet : finished.sheet().book()->sheets()) {
         const auto data = sheet->usedArea();

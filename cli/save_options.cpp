@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <fmt/format.h>
 
-#include "tbvnonpara/core/unicode.hpp"
+#include "tbvnonpara/core/utf8.hpp"
 
 namespace TBVNonPara::cli {
 
@@ -26,7 +26,7 @@ constexpr std::array<Ending, 7> endings = {{
 }};
 
 std::optional<OutputFormat> formatOf(const std::string& file) {
-    const std::string own = workbook::foldCase(std::filesystem::path(file).extension().string());
+    const std::string own = foldCase(std::filesystem::path(file).extension().string());
     for (const Ending& ending : endings) {
         if (own == ending.text) {
             return ending.format;

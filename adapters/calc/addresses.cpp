@@ -11,25 +11,20 @@
 #include <com/sun/star/sheet/XUsedAreaCursor.hpp>
 #include <optional>
 
+#include "tbvnonpara/core/a1.hpp"
+#include "tbvnonpara/core/words.hpp"
+
 namespace TBVNonPara::calc {
 
 namespace {
 
-constexpr std::int32_t lastRow = 1'048'575;
+constexpr auto lastRow = static_cast<std::int32_t>(sheetRows) - 1;
 
 using css::table::CellRangeAddress;
 
-std::string trimmed(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos) {
-        return {};
-    }
-    return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
-}
-
 [[noreturn]] void refuse(std::string_view area) {
-    raiseHostError("\"" + std::string(area) +
-                   "\" is no range of this document; write for example A1:A9, Data!A1:A9 or A1:A9,C1:C9.");
+    raiseHostError(inQuotes(area) +
+                   " is no range of this document; write for example A1:A9, Data!A1:A9 or A1:A9,C1:C9.");
 }
 
 class AddressReader {
@@ -136,16 +131,9 @@ CellArea endingWithTheUsedArea(const CellArea& area, const SheetRef& sheet) {
 
 std::vector<std::string> splitAreas(std::string_view address) {
     std::vector<std::string> areas;
-    bool quoted = false;
-    std::size_t start = 0;
-    for (std::size_t i = 0; i < address.size(); ++i) {
-        quoted = quoted != (address[i] == '\'');
-        if (!quoted && (address[i] == ',' || address[i] == ';')) {
-            areas.push_back(trimmed(address.substr(start, i - start)));
-            start = i + 1;
-        }
+    for (const std::string_view area : splitUnquoted(address, ",;")) {
+        areas.emplace_back(trimmed(area));
     }
-    areas.push_back(trimmed(address.substr(start)));
     return areas;
 }
 

@@ -1,13 +1,17 @@
 #include "adapters/calc/cell_area.hpp"
 
 #include <algorithm>
+#include <iterator>
+
+#include "tbvnonpara/core/a1.hpp"
 
 namespace TBVNonPara::calc {
 
 namespace {
 
-std::string absoluteCell(std::int32_t column, std::int32_t row) {
-    return '$' + columnLetters(column) + '$' + std::to_string(row + 1);
+/// The library counts from 1.
+Rectangle rectangle(const CellArea& area) noexcept {
+    return {area.top + 1, area.left + 1, area.bottom + 1, area.right + 1};
 }
 
 }  // namespace
@@ -23,27 +27,17 @@ CellArea around(const CellArea& a, const CellArea& b) noexcept {
 }
 
 std::string columnLetters(std::int32_t column) {
-    std::string letters;
-    for (std::int32_t rest = column + 1; rest > 0; rest = (rest - 1) / 26) {
-        letters.insert(letters.begin(), static_cast<char>('A' + (rest - 1) % 26));
-    }
-    return letters;
+    return TBVNonPara::columnLetters(Index(column) + 1);
 }
 
 std::string absoluteAddress(const CellArea& area) {
-    const std::string first = absoluteCell(area.left, area.top);
-    return area.isOneCell() ? first : first + ':' + absoluteCell(area.right, area.bottom);
+    return TBVNonPara::absoluteAddress(rectangle(area));
 }
 
 std::string absoluteAddress(const std::vector<CellArea>& areas) {
-    std::string address;
-    for (const CellArea& area : areas) {
-        if (!address.empty()) {
-            address += ',';
-        }
-        address += absoluteAddress(area);
-    }
-    return address;
+    Areas rectangles;
+    std::ranges::transform(areas, std::back_inserter(rectangles), rectangle);
+    return TBVNonPara::absoluteAddress(rectangles);
 }
 
 }  // namespace TBVNonPara::calc

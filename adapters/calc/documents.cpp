@@ -57,7 +57,7 @@ DocumentRef documentNamed(const Context& context, std::string_view name) {
     DocumentRef document = findDocument(context, [&](const DocumentRef& candidate) {
         return nameOf(candidate).equalsIgnoreAsciiCase(wanted);
     });
-    if (!document.is() && name == scratchTitle) {
+    if (!document.is() && name == scratchWorkbookName) {
         document = makeScratch(context);
     }
     if (!document.is()) {

@@ -13,14 +13,11 @@ using Context = Reference<css::uno::XComponentContext>;
 using DocumentRef = Reference<css::sheet::XSpreadsheetDocument>;
 using SheetRef = Reference<css::sheet::XSpreadsheet>;
 
-/// The name under which the scratch workbook is looked for.
-constexpr std::string_view scratchTitle = "tbv2007.xlam";
-
 /// The spreadsheet in which the user works.
 [[nodiscard]] DocumentRef activeDocument(const Context& context);
 
-/// An open spreadsheet by its file's name or, before it was saved, by its title. "tbv2007.xlam" is the
-/// hidden scratch workbook, which is made when it is not there yet.
+/// An open spreadsheet by its file's name or, before it was saved, by its title. The scratch
+/// workbook is hidden and is made when it is not there yet.
 [[nodiscard]] DocumentRef documentNamed(const Context& context, std::string_view name);
 
 /// The view of a document; empty where none is shown.

@@ -17,28 +17,6 @@ using css::uno::Any;
 using css::uno::Sequence;
 using CellRange = Reference<css::table::XCellRange>;
 
-/// The spreadsheet's number of a failed formula as the one that automation clients know.
-CellError errorOf(std::int32_t code) {
-    switch (code) {
-        case 503:
-            return CellError::Number;
-        case 519:
-            return CellError::Value;
-        case 521:
-            return CellError::Null;
-        case 524:
-            return CellError::Reference;
-        case 525:
-            return CellError::Name;
-        case 532:
-            return CellError::DivisionByZero;
-        case 32767:
-            return CellError::NotAvailable;
-        default:
-            return CellError::Value;
-    }
-}
-
 class BlockReader {
  public:
     BlockReader(const DocumentRef& document, const SheetRef& sheet, const CellArea& area)
@@ -83,7 +61,7 @@ class BlockReader {
                 return Text(toUtf8(text));
             }
             default:
-                return errorOf(m_Cells->getCellByPosition(column, row)->getError());
+                return officeError(m_Cells->getCellByPosition(column, row)->getError());
         }
     }
 

@@ -12,8 +12,6 @@ namespace TBVNonPara::calc {
 
 namespace {
 
-constexpr auto reportSheet = "Results";
-
 css::beans::PropertyValue named(const char* name, bool value) {
     css::beans::PropertyValue property;
     property.Name = OUString::createFromAscii(name);
@@ -27,13 +25,13 @@ void keepOneSheet(const DocumentRef& document) {
     while (positions->getCount() > 1) {
         sheets->removeByName(nameOf(sheetAt(document, 1)));
     }
-    query<css::container::XNamed>(sheetAt(document, 0))->setName(OUString::createFromAscii(reportSheet));
+    query<css::container::XNamed>(sheetAt(document, 0))->setName(fromUtf8(scratchSheetName));
 }
 
 }  // namespace
 
 bool isScratch(const DocumentRef& document) {
-    return query<css::frame::XTitle>(document)->getTitle() == fromUtf8(scratchTitle) &&
+    return query<css::frame::XTitle>(document)->getTitle() == fromUtf8(scratchWorkbookName) &&
            query<css::frame::XModel>(document)->getURL().isEmpty();
 }
 
@@ -43,7 +41,7 @@ DocumentRef makeScratch(const Context& context) {
     const DocumentRef document(css::frame::Desktop::create(context)->loadComponentFromURL(
                                    "private:factory/scalc", "_blank", 0, hidden),
                                css::uno::UNO_QUERY_THROW);
-    query<css::frame::XTitle>(document)->setTitle(fromUtf8(scratchTitle));
+    query<css::frame::XTitle>(document)->setTitle(fromUtf8(scratchWorkbookName));
     setProperty(document, "IsUndoEnabled", false);
     keepOneSheet(document);
     const auto modifiable = query<css::util::XModifiable2>(document);

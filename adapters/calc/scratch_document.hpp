@@ -1,6 +1,7 @@
 #pragma once
 
 #include "adapters/calc/documents.hpp"
+#include "tbvnonpara/host/Workbook.hpp"
 
 namespace TBVNonPara::calc {
 

@@ -121,7 +121,7 @@ std::vector<KeptRowsRef> Session::rowsOf(const SheetAreas& cells) const {
 }
 
 OUString Session::reportTitle() const {
-    const DocumentRef scratch = documentNamed(m_Context, scratchTitle);
+    const DocumentRef scratch = documentNamed(m_Context, scratchWorkbookName);
     const Reference<css::text::XTextRange> cell(sheetAt(scratch, 0)->getCellByPosition(0, 0),
                                                 css::uno::UNO_QUERY_THROW);
     OUString title = cell->getString();

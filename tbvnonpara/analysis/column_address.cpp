@@ -4,7 +4,9 @@
 #include <utility>
 
 #include "tbvnonpara/analysis/refusal.hpp"
+#include "tbvnonpara/core/a1.hpp"
 #include "tbvnonpara/core/enumerations.hpp"
+#include "tbvnonpara/core/words.hpp"
 #include "tbvnonpara/workbook/address.hpp"
 
 namespace TBVNonPara::analysis {
@@ -15,10 +17,6 @@ using workbook::Sheet;
 
 Piece column(Index number) {
     return {{1, number, 1, number}, true};
-}
-
-std::string quoted(std::string_view text) {
-    return '"' + std::string(text) + '"';
 }
 
 /// A user's text and where it is looked up.
@@ -36,7 +34,7 @@ class Lookup {
         }
         NamedCells found{m_Sheet, {}, false};
         bool cells = false;
-        for (const std::string_view part : parts(text)) {
+        for (const std::string_view part : splitUnquoted(text)) {
             if (const std::optional<Index> number = columnNamed(part)) {
                 found.pieces.push_back(column(*number));
                 found.byHeader = found.byHeader || isHeaded(*number, part);
@@ -52,7 +50,7 @@ class Lookup {
     [[nodiscard]] std::optional<Index> columnNamed(std::string_view text) const {
         const std::vector<Index> headed = columnsHeaded(text);
         if (headed.size() > 1) {
-            refuse("Two columns are headed " + quoted(text) + ": " + letters(headed[0]) + " and " +
+            refuse("Two columns are headed " + inQuotes(text) + ": " + letters(headed[0]) + " and " +
                    letters(headed[1]) + "; name one of them by its letters.");
         }
         const std::optional<Index> lettered = columnLettered(text);
@@ -60,7 +58,7 @@ class Lookup {
             return lettered;
         }
         if (lettered && *lettered != headed.front()) {
-            refuse(quoted(text) + " is the header of column " + letters(headed.front()) +
+            refuse(inQuotes(text) + " is the header of column " + letters(headed.front()) +
                    " and the letters of column " + letters(*lettered) + "; write " +
                    wholeColumn(headed.front()) + " or " + wholeColumn(*lettered) + '.');
         }
@@ -91,43 +89,23 @@ class Lookup {
         if (text.empty() || text.size() > longest) {
             return std::nullopt;
         }
-        Index number = 0;
-        for (const char letter : text) {
-            const bool lower = letter >= 'a' && letter <= 'z';
-            if (!lower && !(letter >= 'A' && letter <= 'Z')) {
-                return std::nullopt;
-            }
-            number = number * 26 + (letter - (lower ? 'a' : 'A')) + 1;
+        std::string_view rest = text;
+        const Index number = takeColumn(rest);
+        if (!rest.empty()) {
+            return std::nullopt;
         }
-        const bool holdsData =
-            number <= workbook::sheetColumns && m_Sheet->values().lastUsedRow(number, number) > 0;
+        const bool holdsData = number <= sheetColumns && m_Sheet->values().lastUsedRow(number, number) > 0;
         return holdsData ? std::optional(number) : std::nullopt;
-    }
-
-    /// The parts between commas; commas inside a quoted sheet name do not count.
-    static std::vector<std::string_view> parts(std::string_view text) {
-        std::vector<std::string_view> found;
-        bool inQuotes = false;
-        std::size_t start = 0;
-        for (std::size_t i = 0; i <= text.size(); ++i) {
-            if (i == text.size() || (text[i] == ',' && !inQuotes)) {
-                found.push_back(text.substr(start, i - start));
-                start = i + 1;
-            } else if (text[i] == '\'') {
-                inQuotes = !inQuotes;
-            }
-        }
-        return found;
     }
 
     [[nodiscard]] NamedCells cellsAt(std::string_view text, const NamedCells& columns) const {
         if (!columns.pieces.empty()) {
-            refuse(quoted(text) + " mixes columns and cells, or names a column that is not there. " +
+            refuse(inQuotes(text) + " mixes columns and cells, or names a column that is not there. " +
                    known());
         }
         NamedCells found{m_Sheet, {}, false};
         try {
-            for (const workbook::AddressArea& area : workbook::parseAddress(text)) {
+            for (const AddressArea& area : workbook::parseAddress(text)) {
                 found.pieces.push_back({area.cells, area.wholeColumns});
             }
             // Finds the sheet and refuses areas on different ones.
@@ -135,7 +113,7 @@ class Lookup {
             found.sheet = m_Application.activeBook()->sheet(name);
         } catch (const Error& error) {
             const bool isWord = text.find_first_of(":!$0123456789") == std::string_view::npos;
-            refuse("There is no column " + quoted(text) + ". " + known() + ' ' +
+            refuse("There is no column " + inQuotes(text) + ". " + known() + ' ' +
                    (isWord ? "Name one by its header or letters, or give an address such as A1:A9."
                            : error.description()));
         }
@@ -155,7 +133,7 @@ class Lookup {
         return names.empty() ? "The sheet is empty." : "The columns are " + names + '.';
     }
 
-    static std::string letters(Index number) { return workbook::columnLetters(number); }
+    static std::string letters(Index number) { return columnLetters(number); }
     static std::string wholeColumn(Index number) { return letters(number) + ':' + letters(number); }
 
     [[noreturn]] void refuse(std::string description) const {

@@ -12,7 +12,7 @@ namespace TBVNonPara::analysis {
 
 /// Cells as a user names them: a rectangle, or whole columns whose rows are still open.
 struct Piece {
-    workbook::Rectangle cells;
+    Rectangle cells;
     bool wholeColumns = false;
 };
 

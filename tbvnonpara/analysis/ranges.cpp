@@ -5,17 +5,15 @@
 
 #include "tbvnonpara/analysis/column_address.hpp"
 #include "tbvnonpara/analysis/refusal.hpp"
+#include "tbvnonpara/core/a1.hpp"
 #include "tbvnonpara/core/conversions.hpp"
 #include "tbvnonpara/core/enumerations.hpp"
-#include "tbvnonpara/workbook/address.hpp"
 
 namespace TBVNonPara::analysis {
 
 namespace {
 
-using workbook::Areas;
 using workbook::EmbeddedApplication;
-using workbook::Rectangle;
 using workbook::Sheet;
 
 constexpr bool endsTogether(DataShape shape) noexcept {
@@ -131,9 +129,9 @@ bool onlyLabels(const Sheet& sheet, const Areas& areas, DataShape shape, bool& f
 }
 
 std::string addressOf(const Sheet& sheet, const Areas& areas) {
-    std::string address = workbook::absoluteAddress(areas);
+    std::string address = absoluteAddress(areas);
     std::erase(address, '$');
-    return workbook::quotedSheetName(sheet.name()) + '!' + address;
+    return quotedSheetName(sheet.name()) + '!' + address;
 }
 
 std::string rowsOf(const std::string& address, Index rows) {

@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "tbvnonpara/analysis/refusal.hpp"
+#include "tbvnonpara/core/a1.hpp"
 #include "tbvnonpara/files/reading/spreadsheet_file.hpp"
-#include "tbvnonpara/workbook/address.hpp"
 #include "tbvnonpara/workbook/sheet_range.hpp"
 
 namespace TBVNonPara::analysis {
@@ -64,13 +64,13 @@ FinishedTest::FinishedTest(ObjectRef<workbook::EmbeddedApplication> application,
     // The report is what was copied last, and its first cell was selected.
     const workbook::Clipping& copied = *m_Application->clipboard();
     const workbook::SheetRange& selected = workbook::ownRange(m_Application->selection());
-    const workbook::Rectangle first = selected.areas().front();
+    const Rectangle first = selected.areas().front();
     m_Sheet = selected.sheet();
     m_Block = {first.top, first.left, first.top + copied.rows - 1, first.left + copied.columns - 1};
 }
 
 std::string FinishedTest::address() const {
-    return workbook::quotedSheetName(m_Sheet->name()) + '!' + workbook::absoluteAddress(m_Block);
+    return quotedSheetName(m_Sheet->name()) + '!' + absoluteAddress(m_Block);
 }
 
 FinishedTest runTest(const ObjectRef<workbook::EmbeddedApplication>& application, const Choices& choices,
@@ -88,7 +88,7 @@ FinishedTest runTest(const ObjectRef<workbook::EmbeddedApplication>& application
     if (choices.output.empty()) {
         const std::shared_ptr<workbook::Sheet> sheet =
             application->addSheet(application->activeBook()->freeSheetName(reportSheet));
-        request->LetOutputRange(workbook::quotedSheetName(sheet->name()) + "!A1");
+        request->LetOutputRange(quotedSheetName(sheet->name()) + "!A1");
     } else {
         request->LetOutputRange(choices.output);
     }

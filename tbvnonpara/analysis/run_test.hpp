@@ -29,13 +29,13 @@ class FinishedTest {
     /// "Results!$A$1:$D$9".
     [[nodiscard]] std::string address() const;
     [[nodiscard]] const workbook::Sheet& sheet() const { return *m_Sheet; }
-    [[nodiscard]] const workbook::Rectangle& block() const { return m_Block; }
+    [[nodiscard]] const Rectangle& block() const { return m_Block; }
 
  private:
     ObjectRef<workbook::EmbeddedApplication> m_Application;
     std::unique_ptr<clsNonPara> m_Request;
     std::shared_ptr<workbook::Sheet> m_Sheet;
-    workbook::Rectangle m_Block;
+    Rectangle m_Block;
 };
 
 /// Runs the test on the ranges; the report goes where the choices say, else to a new sheet "Results". Raises

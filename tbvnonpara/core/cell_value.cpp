@@ -1,27 +1,58 @@
 #include "tbvnonpara/core/cell_value.hpp"
 
+#include <algorithm>
+#include <array>
+
 #include "tbvnonpara/core/conversions.hpp"
 
 namespace TBVNonPara {
 
+namespace {
+
+struct ErrorText {
+    CellError error;
+    std::string_view text;
+};
+
+constexpr auto errorTexts = std::to_array<ErrorText>({
+    {CellError::Null, "#NULL!"},
+    {CellError::DivisionByZero, "#DIV/0!"},
+    {CellError::Value, "#VALUE!"},
+    {CellError::Reference, "#REF!"},
+    {CellError::Name, "#NAME?"},
+    {CellError::Number, "#NUM!"},
+    {CellError::NotAvailable, "#N/A"},
+});
+
+}  // namespace
+
 std::string_view displayText(CellError error) noexcept {
-    switch (error) {
-        case CellError::Null:
-            return "#NULL!";
-        case CellError::DivisionByZero:
-            return "#DIV/0!";
-        case CellError::Value:
-            return "#VALUE!";
-        case CellError::Reference:
-            return "#REF!";
-        case CellError::Name:
-            return "#NAME?";
-        case CellError::Number:
-            return "#NUM!";
-        case CellError::NotAvailable:
-            return "#N/A";
+    const auto* const found = std::ranges::find(errorTexts, error, &ErrorText::error);
+    return found == errorTexts.end() ? "#ERROR!" : found->text;
+}
+
+std::optional<CellError> cellErrorNamed(std::string_view text) noexcept {
+    const auto* const found = std::ranges::find(errorTexts, text, &ErrorText::text);
+    return found == errorTexts.end() ? std::nullopt : std::optional(found->error);
+}
+
+CellError officeError(std::int32_t number) noexcept {
+    switch (number) {
+        case 503:
+            return CellError::Number;
+        case 521:
+            return CellError::Null;
+        case 524:
+            return CellError::Reference;
+        case 525:
+            return CellError::Name;
+        case 532:
+            return CellError::DivisionByZero;
+        case 32767:
+            return CellError::NotAvailable;
+        default:
+            return CellError::Value;
     }
-    return "#ERROR!";
 }
 
 double readAsDouble(const CellValue& value) {

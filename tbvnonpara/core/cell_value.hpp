@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -28,6 +29,12 @@ enum class CellError : std::int32_t {
 
 /// The text a sheet shows for an error, for example "#N/A".
 [[nodiscard]] std::string_view displayText(CellError error) noexcept;
+
+/// The error that a sheet shows by this text.
+[[nodiscard]] std::optional<CellError> cellErrorNamed(std::string_view text) noexcept;
+
+/// LibreOffice's own number of a failed formula (503, shown as "Err:503") as the nearest of the seven.
+[[nodiscard]] CellError officeError(std::int32_t number) noexcept;
 
 /// What one cell holds. Sixteen bytes, so that a full column of a sheet is read in one piece.
 using CellValue = std::variant<Empty, double, Text, bool, CellError>;

@@ -6,18 +6,11 @@
 #include <cmath>
 #include <limits>
 
+#include "tbvnonpara/core/words.hpp"
+
 namespace TBVNonPara {
 
 namespace {
-
-std::string_view withoutBlanksAround(std::string_view text) noexcept {
-    constexpr std::string_view blanks = " \t";
-    const std::size_t first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos) {
-        return {};
-    }
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
 
 template <typename Number>
 std::string generalText(Number number, int digits) {
@@ -48,7 +41,7 @@ std::optional<double> roundToSevenDigits(float number) {
 }  // namespace
 
 std::optional<double> readAsNumber(std::string_view text) noexcept {
-    std::string_view digits = withoutBlanksAround(text);
+    std::string_view digits = trimmed(text, " \t");
     if (digits.starts_with('+')) {
         digits.remove_prefix(1);
         if (digits.starts_with('-')) {

@@ -5,7 +5,7 @@
 
 #include "tbvnonpara/core/whole_numbers.hpp"
 
-namespace TBVNonPara::workbook {
+namespace TBVNonPara {
 
 /// The size of every sheet.
 constexpr Index sheetRows = 1'048'576;
@@ -39,4 +39,8 @@ using Areas = std::vector<Rectangle>;
             std::max(a.right, b.right)};
 }
 
-}  // namespace TBVNonPara::workbook
+[[nodiscard]] constexpr bool overlap(const Rectangle& a, const Rectangle& b) noexcept {
+    return a.top <= b.bottom && b.top <= a.bottom && a.left <= b.right && b.left <= a.right;
+}
+
+}  // namespace TBVNonPara

@@ -6,32 +6,11 @@
 #include <cmath>
 #include <cstdint>
 
+#include "tbvnonpara/core/words.hpp"
+
 namespace TBVNonPara::workbook {
 
 namespace {
-
-constexpr std::string_view xmlBlanks = " \t\r\n";
-
-struct ErrorName {
-    std::string_view text;
-    CellError error;
-};
-
-constexpr auto errorNames = std::to_array<ErrorName>({
-    {"#NULL!", CellError::Null},
-    {"#DIV/0!", CellError::DivisionByZero},
-    {"#VALUE!", CellError::Value},
-    {"#REF!", CellError::Reference},
-    {"#NAME?", CellError::Name},
-    {"#NUM!", CellError::Number},
-    {"#N/A", CellError::NotAvailable},
-    {"#GETTING_DATA", CellError::NotAvailable},
-    {"Err:503", CellError::Number},
-    {"Err:521", CellError::Null},
-    {"Err:524", CellError::Reference},
-    {"Err:525", CellError::Name},
-    {"Err:532", CellError::DivisionByZero},
-});
 
 /// A number out of the range of doubles: does its exponent lead down to nothing?
 bool isTiny(std::string_view digits) noexcept {
@@ -62,11 +41,7 @@ std::optional<double> shortWhole(std::string_view text) noexcept {
 }  // namespace
 
 std::string_view withoutXmlBlanks(std::string_view text) noexcept {
-    const std::size_t first = text.find_first_not_of(xmlBlanks);
-    if (first == std::string_view::npos) {
-        return {};
-    }
-    return text.substr(first, text.find_last_not_of(xmlBlanks) - first + 1);
+    return trimmed(text, " \t\r\n");
 }
 
 std::optional<CellValue> numberInFile(std::string_view text) noexcept {
@@ -105,11 +80,12 @@ std::optional<std::size_t> countInFile(std::string_view text) noexcept {
 }
 
 std::optional<CellError> errorInFile(std::string_view text) noexcept {
-    const auto* const found = std::ranges::find(errorNames, text, &ErrorName::text);
-    if (found != std::end(errorNames)) {
-        return found->error;
+    constexpr std::string_view numbered = "Err:";
+    if (text.starts_with(numbered)) {
+        const auto number = countInFile(text.substr(numbered.size()));
+        return officeError(number && *number <= 99'999 ? static_cast<std::int32_t>(*number) : 0);
     }
-    return text.starts_with("Err:") ? std::optional(CellError::Value) : std::nullopt;
+    return text == "#GETTING_DATA" ? std::optional(CellError::NotAvailable) : cellErrorNamed(text);
 }
 
 std::optional<bool> truthInFile(std::string_view text) noexcept {

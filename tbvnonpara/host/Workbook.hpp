@@ -6,6 +6,12 @@
 
 namespace TBVNonPara {
 
+/// The workbook with the sheet that reports are written on before they are placed: it has to be open, under
+/// this name or its older one.
+constexpr std::string_view scratchWorkbookName = "tbv2007.xlam";
+constexpr std::string_view olderScratchWorkbookName = "Tabvance.xla";
+constexpr std::string_view scratchSheetName = "Results";
+
 /// An open workbook: its worksheets by position, counted from 1, and by name. A worksheet that does not exist
 /// is the host's error.
 class Workbook {

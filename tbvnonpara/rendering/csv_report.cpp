@@ -6,7 +6,7 @@ namespace TBVNonPara::rendering {
 
 namespace {
 
-std::string quoted(const std::string& text) {
+std::string quotedField(const std::string& text) {
     if (text.find_first_of(",\"\r\n") == std::string::npos) {
         return text;
     }
@@ -21,7 +21,7 @@ std::string field(const CellValue& value) {
     if (const auto* number = std::get_if<double>(&value)) {
         return shortest(*number);
     }
-    return isEmpty(value) ? "" : quoted(toText(value));
+    return isEmpty(value) ? "" : quotedField(toText(value));
 }
 
 }  // namespace

@@ -5,6 +5,8 @@
 #include <iterator>
 #include <span>
 
+#include "tbvnonpara/core/utf8.hpp"
+
 namespace TBVNonPara::rendering {
 
 namespace {
@@ -104,22 +106,6 @@ std::size_t width(char32_t character) noexcept {
     return contains(doubleWidth, character) ? 2 : 1;
 }
 
-/// The next character of a UTF-8 text, which loses its bytes. A stray byte stands for itself.
-char32_t takeCharacter(std::string_view& text) noexcept {
-    const auto lead = static_cast<unsigned char>(text.front());
-    const std::size_t length = lead < 0xC0 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-    if (length > text.size()) {
-        text = {};
-        return 0xFFFD;
-    }
-    char32_t character = length == 1 ? lead : lead & (0xFFU >> (length + 1));
-    for (std::size_t i = 1; i < length; ++i) {
-        character = (character << 6U) | (static_cast<unsigned char>(text[i]) & 0x3FU);
-    }
-    text.remove_prefix(length);
-    return character;
-}
-
 bool isControl(char32_t character) noexcept {
     return character < 0x20 || (character >= 0x7F && character < 0xA0);
 }
@@ -137,13 +123,9 @@ std::size_t displayWidth(std::string_view text) noexcept {
 std::string onOneLine(std::string_view text) {
     std::string line;
     while (!text.empty()) {
-        const std::string_view before = text;
         const char32_t character = takeCharacter(text);
-        if (!isControl(character)) {
-            line += before.substr(0, before.size() - text.size());
-        } else {
-            line += character >= U'\t' && character <= U'\r' ? " " : "\uFFFD";
-        }
+        const bool isBlank = character >= U'\t' && character <= U'\r';
+        appendCharacter(line, isBlank ? U' ' : isControl(character) ? U'\uFFFD' : character);
     }
     return line;
 }

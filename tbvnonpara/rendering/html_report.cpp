@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "tbvnonpara/core/words.hpp"
 #include "tbvnonpara/rendering/html_style.hpp"
 #include "tbvnonpara/rendering/numbers.hpp"
 #include "tbvnonpara/rendering/text_layout.hpp"
@@ -171,14 +172,6 @@ void writeHead(const ReportBlock& report, Section section, Output& output) {
         output.write("<p class=\"quiet\">" + contents(report, row, 1) + "</p>\n");
     }
     output.write("</header>\n");
-}
-
-std::string capitalised(std::string_view text) {
-    std::string result(text);
-    if (!result.empty() && result.front() >= 'a' && result.front() <= 'z') {
-        result.front() = static_cast<char>(result.front() - 'a' + 'A');
-    }
-    return result;
 }
 
 }  // namespace

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "tbvnonpara/core/a1.hpp"
 #include "tbvnonpara/core/conversions.hpp"
-#include "tbvnonpara/workbook/address.hpp"
 #include "tbvnonpara/workbook/sheet_range.hpp"
 
 namespace TBVNonPara::rendering {
@@ -25,11 +25,11 @@ std::vector<PictureColumn> columnsAt(const workbook::EmbeddedApplication& applic
     const RangeRef range = application.GetRange(address);
     const workbook::SheetRange& own = workbook::ownRange(range);
     std::vector<PictureColumn> columns;
-    for (const workbook::Rectangle& area : own.areas()) {
+    for (const Rectangle& area : own.areas()) {
         for (Index column = area.left; column <= area.right; ++column) {
             PictureColumn one;
-            one.label = headers ? toText(own.sheet()->value(area.top, column))
-                                : "Column " + workbook::columnLetters(column);
+            one.label =
+                headers ? toText(own.sheet()->value(area.top, column)) : "Column " + columnLetters(column);
             const Index first = area.top + (headers ? 1 : 0);
             one.cells.resize(static_cast<std::size_t>(std::max<Index>(area.bottom - first + 1, 0)));
             if (!one.cells.empty()) {

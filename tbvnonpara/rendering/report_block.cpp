@@ -1,6 +1,6 @@
 #include "tbvnonpara/rendering/report_block.hpp"
 
-#include "tbvnonpara/core/unicode.hpp"
+#include "tbvnonpara/core/utf8.hpp"
 #include "tbvnonpara/rendering/display_width.hpp"
 #include "tbvnonpara/workbook/number_format.hpp"
 
@@ -15,7 +15,7 @@ std::string withSubscripts(const std::string& text, const std::vector<workbook::
     std::string marked;
     std::string_view rest = text;
     for (std::int32_t position = 1; !rest.empty(); ++position) {
-        const std::string_view character = workbook::firstCharacters(rest, 1);
+        const std::string_view character = firstCharacters(rest, 1);
         bool lowered = false;
         for (const workbook::CharacterRun& run : subscripts) {
             lowered = lowered || (position >= run.start && position < run.start + run.length);

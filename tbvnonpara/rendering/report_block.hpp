@@ -13,10 +13,9 @@ namespace TBVNonPara::rendering {
 class ReportBlock {
  public:
     /// The stores, or the sheet, must outlive the block.
-    ReportBlock(const workbook::CellStore& cells, const workbook::FormatStore& formats,
-                const workbook::Rectangle& area)
+    ReportBlock(const workbook::CellStore& cells, const workbook::FormatStore& formats, const Rectangle& area)
         : m_Cells(&cells), m_Formats(&formats), m_Area(area) {}
-    ReportBlock(const workbook::Sheet& sheet, const workbook::Rectangle& area)
+    ReportBlock(const workbook::Sheet& sheet, const Rectangle& area)
         : ReportBlock(sheet.values(), sheet.formats(), area) {}
 
     [[nodiscard]] Index rows() const noexcept { return m_Area.rows(); }
@@ -35,7 +34,7 @@ class ReportBlock {
  private:
     const workbook::CellStore* m_Cells;
     const workbook::FormatStore* m_Formats;
-    workbook::Rectangle m_Area;
+    Rectangle m_Area;
 };
 
 }  // namespace TBVNonPara::rendering

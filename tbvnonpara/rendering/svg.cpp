@@ -4,7 +4,7 @@
 #include <cmath>
 #include <fmt/format.h>
 
-#include "tbvnonpara/core/unicode.hpp"
+#include "tbvnonpara/core/utf8.hpp"
 #include "tbvnonpara/rendering/display_width.hpp"
 #include "tbvnonpara/rendering/html_report.hpp"
 
@@ -152,10 +152,10 @@ std::string shortened(std::string_view text, std::size_t columns) {
         return std::string(text);
     }
     std::size_t characters = columns;
-    while (displayWidth(workbook::firstCharacters(text, characters)) + 1 > columns) {
+    while (displayWidth(firstCharacters(text, characters)) + 1 > columns) {
         characters -= 1;
     }
-    return std::string(workbook::firstCharacters(text, characters)) + "…";
+    return std::string(firstCharacters(text, characters)) + "…";
 }
 
 }  // namespace TBVNonPara::rendering

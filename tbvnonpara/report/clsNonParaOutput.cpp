@@ -4,11 +4,9 @@ namespace TBVNonPara {
 
 namespace {
 
-constexpr std::string_view reportSheet = "Results";
-
 WorksheetRef reportSheetOf(const CompanionLibrary& companions, std::string_view workbook) {
     try {
-        return companions.application->GetWorkbooks(workbook)->GetWorksheets(reportSheet);
+        return companions.application->GetWorkbooks(workbook)->GetWorksheets(scratchSheetName);
     } catch (...) {
         // A workbook that is not open is no error yet: the first use of a sheet that was not found is.
         return {};
@@ -16,8 +14,8 @@ WorksheetRef reportSheetOf(const CompanionLibrary& companions, std::string_view 
 }
 
 WorksheetRef findReportSheet(const CompanionLibrary& companions) {
-    const WorksheetRef sheet = reportSheetOf(companions, "tbv2007.xlam");
-    return sheet.isSet() ? sheet : reportSheetOf(companions, "Tabvance.xla");
+    const WorksheetRef sheet = reportSheetOf(companions, scratchWorkbookName);
+    return sheet.isSet() ? sheet : reportSheetOf(companions, olderScratchWorkbookName);
 }
 
 std::string_view reportTitle(TBVNPMethod method) noexcept {

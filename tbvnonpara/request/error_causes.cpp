@@ -4,6 +4,8 @@
 #include <array>
 #include <utility>
 
+#include "tbvnonpara/core/words.hpp"
+
 namespace TBVNonPara {
 
 namespace {
@@ -125,18 +127,10 @@ const CauseWords* wordsFor(Cause cause) noexcept {
     return found == causeWords.end() ? nullptr : found;
 }
 
-/// A name of plain letters as it begins a sentence.
-std::string atBeginning(std::string name) {
-    if (!name.empty() && name.front() >= 'a' && name.front() <= 'z') {
-        name.front() = static_cast<char>(name.front() - 'a' + 'A');
-    }
-    return name;
-}
-
 /// The text with its marks replaced, once each: braces of a sheet's name are none.
 std::string filledIn(std::string_view text, const RequestNames& names) {
     const std::pair<std::string_view, std::string> marks[] = {
-        {"{test}", names.test}, {"{Test}", atBeginning(names.test)}, {"{y}", names.y}, {"{x}", names.x}};
+        {"{test}", names.test}, {"{Test}", capitalised(names.test)}, {"{y}", names.y}, {"{x}", names.x}};
     std::string filled;
     while (!text.empty()) {
         const auto* const mark = std::ranges::find_if(

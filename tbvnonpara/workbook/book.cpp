@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "tbvnonpara/core/unicode.hpp"
+#include "tbvnonpara/core/utf8.hpp"
 #include "tbvnonpara/workbook/embedded_application.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
 

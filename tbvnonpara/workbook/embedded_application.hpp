@@ -12,9 +12,6 @@
 
 namespace TBVNonPara::workbook {
 
-constexpr std::string_view scratchWorkbookName = "tbv2007.xlam";
-constexpr std::string_view scratchSheetName = "Results";
-
 /// The spreadsheet in memory. It begins with the user's workbook "Book1", which has no sheets yet, and the
 /// hidden scratch workbook with its sheet for reports. Everything is used by one thread.
 ///

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "tbvnonpara/core/unicode.hpp"
+#include "tbvnonpara/core/utf8.hpp"
 #include "tbvnonpara/workbook/book.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
 #include "tbvnonpara/workbook/sheet_range.hpp"

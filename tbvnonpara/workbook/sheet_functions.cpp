@@ -8,7 +8,7 @@
 #include <string>
 
 #include "tbvnonpara/core/conversions.hpp"
-#include "tbvnonpara/core/unicode.hpp"
+#include "tbvnonpara/core/utf8.hpp"
 #include "tbvnonpara/distributions/normal.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
 #include "tbvnonpara/workbook/sheet_range.hpp"

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <utility>
 
-#include "tbvnonpara/workbook/address.hpp"
+#include "tbvnonpara/core/a1.hpp"
 #include "tbvnonpara/workbook/book.hpp"
 #include "tbvnonpara/workbook/embedded_application.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"

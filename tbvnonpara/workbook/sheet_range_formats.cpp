@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "tbvnonpara/core/unicode.hpp"
+#include "tbvnonpara/core/utf8.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
 #include "tbvnonpara/workbook/sheet_range.hpp"
 

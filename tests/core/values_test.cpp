@@ -218,5 +218,32 @@ TEST(ObjectReferences, RaiseWhenUsedEmpty) {
     EXPECT_EQ(makeObject<Thing>()->value, 7);
 }
 
+TEST(CellErrors, AreKnownByTheTextThatASheetShows) {
+    // clang-format off
+    const std::pair<const char*, std::int32_t> cases[] = {
+        {"#NULL!", 2000}, {"#DIV/0!", 2007}, {"#VALUE!", 2015}, {"#REF!", 2023}, {"#NAME?", 2029},
+        {"#NUM!", 2036}, {"#N/A", 2042},
+    };
+    // clang-format on
+    for (const auto& [text, number] : cases) {
+        EXPECT_EQ(cellErrorNamed(text), static_cast<CellError>(number)) << text;
+        EXPECT_EQ(displayText(static_cast<CellError>(number)), text);
+    }
+    EXPECT_EQ(displayText(static_cast<CellError>(2043)), "#ERROR!");
+    for (const char* other : {"", "#", "#n/a", "#N/A ", "#ERROR!", "N/A"}) {
+        EXPECT_EQ(cellErrorNamed(other), std::nullopt) << other;
+    }
+}
+
+TEST(CellErrors, OfLibreOfficeBecomeTheNearestOfTheSeven) {
+    const std::pair<int, CellError> cases[] = {
+        {503, CellError::Number},         {519, CellError::Value}, {521, CellError::Null},
+        {524, CellError::Reference},      {525, CellError::Name},  {532, CellError::DivisionByZero},
+        {32767, CellError::NotAvailable}, {502, CellError::Value}, {0, CellError::Value}};
+    for (const auto& [number, error] : cases) {
+        EXPECT_EQ(officeError(number), error) << number;
+    }
+}
+
 }  // namespace
 }  // namespace TBVNonPara

@@ -93,6 +93,7 @@ TEST_P(OdsCellsRefused, AreNamed) {
 const Case refusedCases[] = {
     {"NumberMissing",   "office:value-type='float'", "",                                  "sheet \"Data\", cell A1: \"\" is no value of the type float"},
     {"NotANumber",      "office:value-type='float' office:value='NaN'", "",               "\"NaN\" is no value of the type float"},
+    {"LongText",        "office:value-type='float' office:value='012345678901234567890123456789012345678é'", "", "\"012345678901234567890123456789012345678...\" is no value"},
     {"NoDay",           "office:value-type='date' office:date-value='2021-02-29'", "",    "is no value of the type date"},
     {"NoDuration",      "office:value-type='time' office:time-value='06:00'", "",         "is no value of the type time"},
     {"NoTruth",         "office:value-type='boolean' office:boolean-value='yes'", "",     "is no value of the type boolean"},

@@ -3,7 +3,7 @@
 #include <iterator>
 #include <zip.h>
 
-#include "tbvnonpara/workbook/address.hpp"
+#include "tbvnonpara/core/a1.hpp"
 
 namespace TBVNonPara::workbook {
 

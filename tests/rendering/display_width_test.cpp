@@ -40,6 +40,11 @@ TEST(OnOneLine, OtherControlCharactersCannotReachATerminal) {
     EXPECT_EQ(onOneLine("a\u009Bb\x7F"), "a\uFFFDb\uFFFD");
 }
 
+TEST(OnOneLine, BytesThatAreNoTextBecomeReplacementCharacters) {
+    EXPECT_EQ(onOneLine("a\xB5z"), "a\uFFFDz");
+    EXPECT_EQ(displayWidth("a\xB5z"), 3U);
+}
+
 TEST(WithoutBlankEnd, KeepsEverythingElse) {
     EXPECT_EQ(withoutBlankEnd("P = "), "P =");
     EXPECT_EQ(withoutBlankEnd("  x"), "  x");

@@ -144,29 +144,5 @@ TEST(Address, OfAWholeColumnIgnoresFormatsBelowTheData) {
     EXPECT_EQ(application->GetRange("A:A")->GetAddress(), "$A$1:$A$5");
 }
 
-TEST(SheetNames, StandInQuotesWhereTheyNeedThem) {
-    // clang-format off
-    const std::pair<const char*, const char*> cases[] = {
-        {"Data", "Data"}, {"Sheet_1", "Sheet_1"}, {"Größe", "Größe"}, {"My sheet", "'My sheet'"},
-        {"It's", "'It''s'"}, {"a!b", "'a!b'"}, {"2019", "'2019'"}, {"A1", "'A1'"}, {"ABC", "'ABC'"},
-        {"ABCD1", "ABCD1"}, {"a,b", "'a,b'"},
-    };
-    // clang-format on
-    for (const auto& [name, quoted] : cases) {
-        EXPECT_EQ(quotedSheetName(name), quoted);
-        const auto areas = parseAddress(quotedSheetName(name) + "!A1");
-        EXPECT_EQ(areas.at(0).sheet, name);
-    }
-}
-
-TEST(ColumnLetters, RunFromAToXFD) {
-    const std::pair<Index, const char*> cases[] = {{1, "A"},    {26, "Z"},    {27, "AA"},    {52, "AZ"},
-                                                   {702, "ZZ"}, {703, "AAA"}, {16384, "XFD"}};
-    for (const auto& [column, letters] : cases) {
-        EXPECT_EQ(columnLetters(column), letters);
-        EXPECT_EQ(parseAddress(std::string(letters) + '1').at(0).cells.left, column);
-    }
-}
-
 }  // namespace
 }  // namespace TBVNonPara::workbook

@@ -5,8 +5,10 @@
 #include <string>
 #include <vector>
 
+#include "tbvnonpara/core/a1.hpp"
 #include "tbvnonpara/core/conversions.hpp"
 #include "tbvnonpara/core/enumerations.hpp"
+#include "tbvnonpara/core/words.hpp"
 #include "tbvnonpara/host/Worksheet.hpp"
 
 namespace TBVNonPara {
@@ -16,26 +18,11 @@ namespace {
 /// A sheet's name and a range's address as people write them: Data!B7.
 std::string nameOf(const RangeRef& range) {
     const std::string sheet = range->GetWorksheet()->GetName();
-    std::string address = range->GetAddress();
-    std::erase(address, '$');
-    return sheet + "!" + address;
+    return sheet + "!" + withoutDollars(range->GetAddress());
 }
 
 std::string nameOf(const RangeRef& range, Long row, Long column) {
     return nameOf(range->GetCells(row, column));
-}
-
-/// A long text as its beginning, cut between two characters.
-std::string excerpt(const std::string& text) {
-    constexpr std::size_t longest = 60;
-    if (text.size() <= longest) {
-        return text;
-    }
-    std::size_t end = longest;
-    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) {
-        end -= 1;
-    }
-    return text.substr(0, end) + "...";
 }
 
 std::string contents(const CellValue& value) {
@@ -43,7 +30,8 @@ std::string contents(const CellValue& value) {
         return "is blank";
     }
     if (const auto* text = std::get_if<Text>(&value)) {
-        return "holds the text \"" + excerpt(text->string()) + '"';
+        constexpr std::size_t longest = 60;
+        return "holds the text " + inQuotes(shortened(text->string(), longest));
     }
     return (std::holds_alternative<CellError>(value) ? "holds the error " : "holds ") + toText(value);
 }
@@ -132,29 +120,16 @@ class DataCells {
     std::vector<Area> m_Areas;
 };
 
-struct Position {
-    Long row;
-    Long column;
-};
-
 /// Where a cell stands on its sheet, from its address: $C$7 is row 7, column 3.
-Position positionOf(const RangeRef& cell) {
-    Position position;
-    for (const char character : cell->GetAddress()) {
-        if (character >= 'A' && character <= 'Z') {
-            position.column = position.column * 26 + (character - 'A' + 1);
-        } else if (character >= '0' && character <= '9') {
-            position.row = position.row * 10 + (character - '0');
-        }
-    }
-    return position;
+CellPlace placeOnSheet(const RangeRef& cell) {
+    return placeOf(withoutDollars(cell->GetAddress())).value_or(CellPlace());
 }
 
 void refuseOffSheet(const RangeRef& first, Long columns, Long rows) {
     const RangeRef sheet = first->GetWorksheet()->GetCells();
-    const Position position = positionOf(first);
-    if (position.row + rows - 1 > sheet->GetRowsCount() ||
-        position.column + columns - 1 > sheet->GetColumnsCount()) {
+    const CellPlace place = placeOnSheet(first);
+    if (Long(place.row) + rows - 1 > sheet->GetRowsCount() ||
+        Long(place.column) + columns - 1 > sheet->GetColumnsCount()) {
         throw Error(tbvNPOutputOffSheet, "The report needs " + toText(rows) + " rows and " + toText(columns) +
                                              " columns and does not fit on the sheet from " + nameOf(first) +
                                              "; choose a cell further up or to the left.");

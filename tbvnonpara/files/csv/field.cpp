@@ -1,9 +1,7 @@
 #include "tbvnonpara/files/csv/field.hpp"
 
-#include <array>
-
 #include "tbvnonpara/core/conversions.hpp"
-#include "tbvnonpara/core/unicode.hpp"
+#include "tbvnonpara/core/utf8.hpp"
 
 namespace TBVNonPara::workbook {
 
@@ -26,20 +24,6 @@ std::optional<bool> readAsBoolean(std::string_view field) {
     return std::nullopt;
 }
 
-std::optional<CellError> readAsError(std::string_view field) {
-    constexpr std::array errors{CellError::Null,        CellError::DivisionByZero, CellError::Value,
-                                CellError::Reference,   CellError::Name,           CellError::Number,
-                                CellError::NotAvailable};
-    if (field.front() == '#') {
-        for (const CellError error : errors) {
-            if (field == displayText(error)) {
-                return error;
-            }
-        }
-    }
-    return std::nullopt;
-}
-
 bool hasLeadingZero(std::string_view field) {
     return field.size() > 1 && field[0] == '0' && field[1] >= '0' && field[1] <= '9';
 }
@@ -56,7 +40,7 @@ CellValue CsvFieldReader::plain(std::string_view field) {
     if (const auto truth = readAsBoolean(field)) {
         return *truth;
     }
-    if (const auto error = readAsError(field)) {
+    if (const auto error = cellErrorNamed(field)) {
         return *error;
     }
     return text(field);

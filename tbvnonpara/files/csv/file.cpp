@@ -5,25 +5,17 @@
 #include <system_error>
 #include <utility>
 
-#include "tbvnonpara/core/unicode.hpp"
+#include "tbvnonpara/core/file_name.hpp"
+#include "tbvnonpara/core/utf8.hpp"
+#include "tbvnonpara/core/words.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
 
 namespace TBVNonPara::workbook {
 
 namespace {
 
-/// A path as text for messages and names, whatever its bytes are.
-std::string shown(const std::filesystem::path& path) {
-    const std::u8string text = path.u8string();
-    std::string bytes(text.begin(), text.end());
-    while (const auto invalid = firstInvalidUtf8(bytes)) {
-        bytes[*invalid] = '_';
-    }
-    return bytes;
-}
-
 [[noreturn]] void cannotRead(const std::filesystem::path& path, const std::string& reason) {
-    refuse("The file \"" + shown(path) + "\" cannot be read: " + reason + '.');
+    refuse("The file " + inQuotes(shown(path)) + " cannot be read: " + reason + '.');
 }
 
 }  // namespace

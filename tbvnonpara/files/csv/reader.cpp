@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "tbvnonpara/core/unicode.hpp"
+#include "tbvnonpara/core/utf8.hpp"
 #include "tbvnonpara/files/csv/dialect.hpp"
 #include "tbvnonpara/files/csv/field.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "tbvnonpara/core/words.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
 
 namespace TBVNonPara::workbook {
@@ -15,7 +16,7 @@ template <typename Value>
 CellValue required(const std::optional<Value>& value, const OdsCell& cell) {
     if (!value) {
         constexpr std::size_t enough = 40;
-        refuse('"' + cell.value.substr(0, enough) + "\" is no value of the type " + cell.type);
+        refuse(inQuotes(shortened(cell.value, enough)) + " is no value of the type " + cell.type);
     }
     return *value;
 }

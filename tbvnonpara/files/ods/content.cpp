@@ -3,9 +3,9 @@
 #include <set>
 #include <utility>
 
+#include "tbvnonpara/core/a1.hpp"
 #include "tbvnonpara/core/error.hpp"
 #include "tbvnonpara/files/ods/cell.hpp"
-#include "tbvnonpara/workbook/address.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
 
 namespace TBVNonPara::workbook {

@@ -7,7 +7,9 @@
 #include <utility>
 
 #include "tbvnonpara/core/error.hpp"
-#include "tbvnonpara/core/unicode.hpp"
+#include "tbvnonpara/core/file_name.hpp"
+#include "tbvnonpara/core/utf8.hpp"
+#include "tbvnonpara/core/words.hpp"
 #include "tbvnonpara/files/container_kind.hpp"
 #include "tbvnonpara/files/csv/file.hpp"
 #include "tbvnonpara/files/ods/reader.hpp"
@@ -66,7 +68,7 @@ void requireDifferentNames(const FileContents& contents) {
     std::set<std::string> names;
     for (const FileSheet& sheet : contents.sheets) {
         if (!names.insert(foldCase(sheet.name)).second) {
-            refuse("two sheets have the name \"" + sheet.name + '"');
+            refuse("two sheets have the name " + inQuotes(sheet.name));
         }
     }
 }
@@ -79,15 +81,7 @@ auto namingFile(std::string_view name, Action action) try {
     if (error.number() != hostErrorNumber) {
         throw;
     }
-    refuse("The file \"" + std::string(name) + "\" cannot be read: " + error.description() + '.');
-}
-
-std::string shown(const std::filesystem::path& path) {
-    std::string bytes = path.string();
-    while (const auto invalid = firstInvalidUtf8(bytes)) {
-        bytes[*invalid] = '_';
-    }
-    return bytes;
+    refuse("The file " + inQuotes(name) + " cannot be read: " + error.description() + '.');
 }
 
 std::shared_ptr<Sheet> addSheets(EmbeddedApplication& application, FileContents contents) {
@@ -106,7 +100,7 @@ std::shared_ptr<Sheet> addSheets(EmbeddedApplication& application, FileContents 
 }
 
 bool hasWorkbookEnding(const std::filesystem::path& path) {
-    return std::ranges::find(workbookEndings, foldCase(path.extension().string())) != workbookEndings.end();
+    return std::ranges::find(workbookEndings, foldCase(shown(path.extension()))) != workbookEndings.end();
 }
 
 FileContents checked(FileContents contents) {

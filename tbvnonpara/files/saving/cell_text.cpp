@@ -5,7 +5,7 @@
 #include <charconv>
 #include <cmath>
 
-#include "tbvnonpara/core/unicode.hpp"
+#include "tbvnonpara/core/utf8.hpp"
 #include "tbvnonpara/workbook/address.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
 
@@ -35,13 +35,6 @@ std::size_t firstForbidden(std::string_view text) noexcept {
         }
     }
     return std::string_view::npos;
-}
-
-/// A workbook counts in units of UTF-16: characters beyond the basic plane are two.
-std::size_t lengthInWorkbook(std::string_view text) noexcept {
-    const auto astral =
-        std::ranges::count_if(text, [](char c) { return static_cast<unsigned char>(c) >= 0xF0U; });
-    return countCharacters(text) + static_cast<std::size_t>(astral);
 }
 
 }  // namespace
@@ -84,7 +77,7 @@ void appendEscaped(std::string_view text, std::string& xml) {
 void requireStorable(std::string_view text, std::string_view sheet, Index row, Index column) {
     constexpr std::size_t longest = 32767;
     const auto refuseText = [&](const std::string& why) {
-        refuse("The text in " + quotedSheetName(sheet) + '!' + plainAddress({row, column, row, column}) +
+        refuse("The text in " + quotedSheetName(sheet) + '!' + plainAddress(row, column) +
                " cannot be saved in a workbook: " + why);
     };
     if (firstInvalidUtf8(text)) {
@@ -95,15 +88,9 @@ void requireStorable(std::string_view text, std::string_view sheet, Index row, I
         refuseText("character " + std::to_string(countCharacters(text.substr(0, forbidden)) + 1) +
                    " is a control character.");
     }
-    if (text.size() > longest && lengthInWorkbook(text) > longest) {
+    if (text.size() > longest && countUtf16Units(text) > longest) {
         refuseText("it has more than 32767 characters.");
     }
-}
-
-std::string plainAddress(const Rectangle& area) {
-    std::string address = absoluteAddress(area);
-    std::erase(address, '$');
-    return address;
 }
 
 Rectangle areaOf(std::string_view reference) {

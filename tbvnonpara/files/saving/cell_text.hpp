@@ -19,14 +19,7 @@ void appendEscaped(std::string_view text, std::string& xml);
 /// invalid UTF-8, more than 32767 characters.
 void requireStorable(std::string_view text, std::string_view sheet, Index row, Index column);
 
-/// "H1", "H1:K9".
-[[nodiscard]] std::string plainAddress(const Rectangle& area);
-
 /// The area that "H1" or "$H$1:$K$9" names; raises the host's error for anything else.
 [[nodiscard]] Rectangle areaOf(std::string_view reference);
-
-[[nodiscard]] constexpr bool overlap(const Rectangle& a, const Rectangle& b) noexcept {
-    return a.top <= b.bottom && b.top <= a.bottom && a.left <= b.right && b.left <= a.right;
-}
 
 }  // namespace TBVNonPara::workbook

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "tbvnonpara/core/unicode.hpp"
+#include "tbvnonpara/core/utf8.hpp"
 #include "tbvnonpara/workbook/number_format.hpp"
 
 namespace TBVNonPara::workbook {

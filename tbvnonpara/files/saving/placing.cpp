@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <utility>
 
+#include "tbvnonpara/core/a1.hpp"
 #include "tbvnonpara/files/saving/cell_text.hpp"
 #include "tbvnonpara/files/saving/column_widths.hpp"
 #include "tbvnonpara/files/saving/package.hpp"
 #include "tbvnonpara/files/saving/sheet_part.hpp"
 #include "tbvnonpara/files/saving/workbook_part.hpp"
-#include "tbvnonpara/workbook/address.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
 
 namespace TBVNonPara::workbook {

@@ -3,6 +3,7 @@
 #include <charconv>
 #include <utility>
 
+#include "tbvnonpara/core/a1.hpp"
 #include "tbvnonpara/files/saving/cell_text.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
 
@@ -14,18 +15,6 @@ constexpr int dataDepth = 2;
 constexpr int rowDepth = 3;
 constexpr int cellDepth = 4;
 constexpr int contentDepth = 5;
-
-/// The column of "AB12", 0 for what is no such text.
-Index columnOf(std::string_view reference) noexcept {
-    Index column = 0;
-    for (const char c : reference) {
-        if (c < 'A' || c > 'Z' || column > sheetColumns) {
-            break;
-        }
-        column = column * 26 + (c - 'A' + 1);
-    }
-    return column;
-}
 
 Index rowIn(std::string_view text) noexcept {
     Index row = 0;
@@ -118,8 +107,8 @@ bool SheetPart::inBlock() const noexcept {
 }
 
 void SheetPart::beginCell(const XmlTag& tag) {
-    const auto reference = tag.attribute("r");
-    m_Column = reference ? columnOf(*reference) : m_Column + 1;
+    auto reference = tag.attribute("r");
+    m_Column = reference ? takeColumn(*reference) : m_Column + 1;
     if (m_Row >= m_Area.top && m_Row <= m_Area.bottom) {
         m_Rows.back().cells.push_back(
             {m_Column, tag.begin(), tag.end(), tag.behindName(), reference.has_value()});
@@ -128,7 +117,7 @@ void SheetPart::beginCell(const XmlTag& tag) {
 
 void SheetPart::beginContent(const XmlTag& tag) {
     const bool isFormula = tag.name() == "f";
-    const std::string here = inBlock() ? plainAddress({m_Row, m_Column, m_Row, m_Column}) : "";
+    const std::string here = inBlock() ? plainAddress(m_Row, m_Column) : "";
     if (!here.empty() && (isFormula || tag.name() == "v" || tag.name() == "is")) {
         m_FirstOccupied = m_FirstOccupied.empty() ? here : m_FirstOccupied;
     }
@@ -183,8 +172,7 @@ void SheetPart::replaceRow(const Row& row, SheetRows& rows, std::vector<Edit>& e
             edits.push_back({cell.begin, cell.end, ""});
         } else if (!cell.hasReference) {
             edits.push_back(
-                {cell.behindName, cell.behindName,
-                 " r=\"" + plainAddress({row.number, cell.column, row.number, cell.column}) + '"'});
+                {cell.behindName, cell.behindName, " r=\"" + plainAddress(row.number, cell.column) + '"'});
         }
     }
     edits.push_back({place, place, cells});

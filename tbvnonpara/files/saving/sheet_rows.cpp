@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "tbvnonpara/core/unicode.hpp"
+#include "tbvnonpara/core/a1.hpp"
+#include "tbvnonpara/core/utf8.hpp"
 #include "tbvnonpara/files/saving/cell_text.hpp"
-#include "tbvnonpara/workbook/address.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
 
 namespace TBVNonPara::workbook {
@@ -27,7 +27,7 @@ bool keepsBlanks(std::string_view text) {
 
 void requireCalculated(CellError error, const Sheet& sheet, Index row, Index column) {
     if (error == uncalculated) {
-        refuse(quotedSheetName(sheet.name()) + '!' + plainAddress({row, column, row, column}) +
+        refuse(quotedSheetName(sheet.name()) + '!' + plainAddress(row, column) +
                " holds a formula without a result, which a new workbook cannot take over; calculate and save "
                "the "
                "data first.");

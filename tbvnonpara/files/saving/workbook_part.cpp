@@ -5,7 +5,7 @@
 #include <set>
 #include <utility>
 
-#include "tbvnonpara/core/unicode.hpp"
+#include "tbvnonpara/core/utf8.hpp"
 #include "tbvnonpara/files/saving/cell_text.hpp"
 #include "tbvnonpara/files/saving/style_part.hpp"
 #include "tbvnonpara/files/saving/xml_walk.hpp"

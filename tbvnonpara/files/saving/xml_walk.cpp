@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "tbvnonpara/core/error.hpp"
-#include "tbvnonpara/core/unicode.hpp"
+#include "tbvnonpara/core/utf8.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
 
 namespace TBVNonPara::workbook {

@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "tbvnonpara/core/words.hpp"
 #include "tbvnonpara/files/xlsx/text.hpp"
 #include "tbvnonpara/workbook/cell_store.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
@@ -12,18 +13,13 @@ namespace TBVNonPara::workbook {
 
 namespace {
 
-/// Far outside a sheet, and far from overflowing.
-constexpr Index outside = Index(1) << 31U;
-
-std::string shortened(const std::string& value) {
-    constexpr std::size_t enough = 40;
-    return value.size() <= enough ? value : value.substr(0, enough) + "...";
-}
+/// As much of a value as an error shows.
+constexpr std::size_t shownBytes = 40;
 
 template <typename Value>
 CellValue required(const std::optional<Value>& value, const std::string& text, const char* expected) {
     if (!value) {
-        refuse('"' + shortened(text) + "\" is no " + expected);
+        refuse(inQuotes(shortened(text, shownBytes)) + " is no " + expected);
     }
     return *value;
 }
@@ -31,7 +27,7 @@ CellValue required(const std::optional<Value>& value, const std::string& text, c
 CellValue sharedText(const XlsxCell& cell, const std::vector<Text>& shared) {
     const auto number = countInFile(cell.value);
     if (!number || *number >= shared.size()) {
-        refuse("there is no shared text number \"" + shortened(cell.value) + "\" among " +
+        refuse("there is no shared text number " + inQuotes(shortened(cell.value, shownBytes)) + " among " +
                std::to_string(shared.size()));
     }
     return shared[*number];
@@ -51,7 +47,7 @@ XlsxType typeNamed(std::string_view name) {
     });
     const auto* const found = std::ranges::find(types, name, &std::pair<std::string_view, XlsxType>::first);
     if (found == std::end(types)) {
-        refuse("there is no type of cells \"" + shortened(std::string(name)) + '"');
+        refuse("there is no type of cells " + inQuotes(shortened(name, shownBytes)));
     }
     return found->second;
 }
@@ -79,27 +75,6 @@ CellValue meaningOf(const XlsxCell& cell, const XlsxTexts& texts) {
             return required(serialOfDate(cell.value, texts.dates), cell.value, "date");
     }
     return {};
-}
-
-std::optional<CellPlace> placeOf(std::string_view reference) noexcept {
-    CellPlace place;
-    std::size_t i = 0;
-    for (; i < reference.size(); ++i) {
-        const char letter = static_cast<char>(reference[i] & ~0x20);
-        if (letter < 'A' || letter > 'Z') {
-            break;
-        }
-        place.column = std::min(place.column * 26 + (letter - 'A' + 1), outside);
-    }
-    const std::size_t letters = i;
-    for (; i < reference.size(); ++i) {
-        if (reference[i] < '0' || reference[i] > '9') {
-            return std::nullopt;
-        }
-        place.row = std::min(place.row * 10 + (reference[i] - '0'), outside);
-    }
-    const bool complete = letters > 0 && letters < reference.size();
-    return complete ? std::optional(place) : std::nullopt;
 }
 
 }  // namespace TBVNonPara::workbook

@@ -34,11 +34,4 @@ struct XlsxTexts {
 /// cannot have.
 [[nodiscard]] CellValue meaningOf(const XlsxCell& cell, const XlsxTexts& texts);
 
-/// Row and column of "B7", none for anything else. Both may lie outside a sheet.
-struct CellPlace {
-    Index row = 0;
-    Index column = 0;
-};
-[[nodiscard]] std::optional<CellPlace> placeOf(std::string_view reference) noexcept;
-
 }  // namespace TBVNonPara::workbook

@@ -2,10 +2,11 @@
 
 #include <utility>
 
+#include "tbvnonpara/core/a1.hpp"
 #include "tbvnonpara/core/error.hpp"
+#include "tbvnonpara/core/words.hpp"
 #include "tbvnonpara/files/xlsx/text.hpp"
 #include "tbvnonpara/files/xml_reader.hpp"
-#include "tbvnonpara/workbook/address.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
 
 namespace TBVNonPara::workbook {
@@ -116,7 +117,7 @@ class SheetReader final : public XmlHandler {
     void moveTo(std::string_view reference) {
         const auto place = placeOf(reference);
         if (!place) {
-            refuse('"' + std::string(reference) + "\" is no cell");
+            refuse(inQuotes(reference) + " is no cell");
         }
         m_At = *place;
     }
@@ -146,9 +147,8 @@ class SheetReader final : public XmlHandler {
     void store() try {
         m_Cells.set(m_At.row, m_At.column, meaningOf(m_Cell, m_Texts));
     } catch (const Error& error) {
-        std::string place = "cell ";
-        place.append(columnLetters(m_At.column)).append(std::to_string(m_At.row)).append(": ");
-        throw Error(error.number(), place + error.description());
+        throw Error(error.number(),
+                    "cell " + plainAddress(m_At.row, m_At.column) + ": " + error.description());
     }
 
     const XlsxTexts& m_Texts;

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "tbvnonpara/core/utf8.hpp"
 #include "tbvnonpara/files/file_cells.hpp"
 
 namespace TBVNonPara::workbook {
@@ -33,27 +34,6 @@ constexpr bool isSurrogate(std::uint32_t unit) noexcept {
     return unit >= 0xD800U && unit <= 0xDFFFU;
 }
 
-void appendUtf8(std::string& text, std::uint32_t point) {
-    const auto byte = [&](std::uint32_t bits) {
-        text += static_cast<char>(static_cast<unsigned char>(bits));
-    };
-    if (point < 0x80U) {
-        byte(point);
-    } else if (point < 0x800U) {
-        byte(0xC0U | (point >> 6U));
-        byte(0x80U | (point & 0x3FU));
-    } else if (point < 0x10000U) {
-        byte(0xE0U | (point >> 12U));
-        byte(0x80U | ((point >> 6U) & 0x3FU));
-        byte(0x80U | (point & 0x3FU));
-    } else {
-        byte(0xF0U | (point >> 18U));
-        byte(0x80U | ((point >> 12U) & 0x3FU));
-        byte(0x80U | ((point >> 6U) & 0x3FU));
-        byte(0x80U | (point & 0x3FU));
-    }
-}
-
 /// Appends what the escape at a position stands for; returns how many characters of the text it took, 0 for
 /// none.
 std::size_t appendUnescaped(std::string& result, std::string_view text, std::size_t at) {
@@ -62,14 +42,14 @@ std::size_t appendUnescaped(std::string& result, std::string_view text, std::siz
         return 0;
     }
     if (!isSurrogate(*unit)) {
-        appendUtf8(result, *unit);
+        appendCharacter(result, *unit);
         return escapeSize;
     }
     const auto low = escapeAt(text, at + escapeSize);
     if (*unit >= 0xDC00U || !low || *low < 0xDC00U || *low > 0xDFFFU) {
         return 0;
     }
-    appendUtf8(result, 0x10000U + ((*unit - 0xD800U) << 10U) + (*low - 0xDC00U));
+    appendCharacter(result, 0x10000U + ((*unit - 0xD800U) << 10U) + (*low - 0xDC00U));
     return 2 * escapeSize;
 }
 

@@ -162,7 +162,7 @@ TEST_F(Reports, FreeTheViewsWhereverTheyAreBrokenOff) {
 TEST_F(Reports, AFormatThatDidNotArriveIsNoticed) {
     analyse();
     const SheetAreas placed = resolve(open.document(), open.sheet(), "D1:G7");
-    const DocumentRef scratch = documentNamed(officeContext(), scratchTitle);
+    const DocumentRef scratch = documentNamed(officeContext(), scratchWorkbookName);
     EXPECT_TRUE(lostFormats(scratch, placed).empty());
     setProperty(open.sheet()->getCellByPosition(3, 0), "CharWeight", 100.0F);
     EXPECT_EQ(lostFormats(scratch, placed).size(), 1U);

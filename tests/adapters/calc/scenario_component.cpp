@@ -74,7 +74,7 @@ class CalcHost : public LibraryHost {
         std::vector<std::string> calls = LibraryHost::formatting();
         if (!reportAddress().empty()) {
             const SheetAreas placed = resolve(document(), activeSheet(document()), reportAddress());
-            const DocumentRef scratch = documentNamed(officeContext(), scratchTitle);
+            const DocumentRef scratch = documentNamed(officeContext(), scratchWorkbookName);
             std::ranges::copy(lostFormats(scratch, placed), std::back_inserter(calls));
         }
         return calls;

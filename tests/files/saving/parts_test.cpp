@@ -120,6 +120,13 @@ TEST_F(SheetParts, KeepTheCellsBesideTheBlock) {
                   "<c r='E2'><v>7</v></c></row><row r='3'>" + second + "</row></sheetData></worksheet>");
 }
 
+TEST_F(SheetParts, ReadReferencesOfEitherCase) {
+    EXPECT_EQ(after("<worksheet><sheetData><row r='2'><c r='c2'><v>9</v></c><c r='e2'><v>7</v></c></row>"
+                    "<row r='3'/></sheetData></worksheet>"),
+              "<worksheet><sheetData><row r='2'>" + first + "<c r='e2'><v>7</v></c></row><row r='3'>" +
+                  second + "</row></sheetData></worksheet>");
+}
+
 TEST_F(SheetParts, GiveCellsAndRowsWithoutReferencesTheirOwn) {
     EXPECT_EQ(
         after("<x:worksheet xmlns:x='u'><x:sheetData><x:row/><x:row><x:c/><x:c/><x:c/><x:c/><x:c/></x:row>"

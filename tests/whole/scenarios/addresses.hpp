@@ -9,22 +9,6 @@
 
 namespace TBVNonPara::Scenarios {
 
-using workbook::AddressArea;
-using workbook::around;
-using workbook::columnLetters;
-using workbook::quotedSheetName;
-using workbook::Rectangle;
-using workbook::sheetColumns;
-
-/// "A1".
-[[nodiscard]] inline std::string plainAddress(Index row, Index column) {
-    return columnLetters(column) + std::to_string(row);
-}
-
-[[nodiscard]] inline std::string plainAddress(const Rectangle& area) {
-    return plainAddress(area.top, area.left) + ':' + plainAddress(area.bottom, area.right);
-}
-
 [[nodiscard]] inline bool holds(const Rectangle& area, Index row, Index column) noexcept {
     return area.top <= row && row <= area.bottom && area.left <= column && column <= area.right;
 }

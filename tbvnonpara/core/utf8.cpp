@@ -1,10 +1,10 @@
-#include "tbvnonpara/core/unicode.hpp"
+#include "tbvnonpara/core/utf8.hpp"
 
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
 
-namespace TBVNonPara::workbook {
+namespace TBVNonPara {
 
 namespace {
 
@@ -108,9 +108,61 @@ std::optional<std::size_t> firstInvalidUtf8(std::string_view text) noexcept {
     return std::nullopt;
 }
 
+char32_t takeCharacter(std::string_view& text) noexcept {
+    const std::size_t length = characterLength(text);
+    if (length == 0) {
+        text.remove_prefix(1);
+        return U'\uFFFD';
+    }
+    const auto lead = static_cast<unsigned char>(text[0]);
+    // A lead byte of two and more has as many high bits as bytes, then a zero.
+    char32_t character = length == 1 ? lead : lead & (0xFFU >> (length + 1));
+    for (std::size_t i = 1; i < length; ++i) {
+        character = character << 6U | (static_cast<unsigned char>(text[i]) & 0x3FU);
+    }
+    text.remove_prefix(length);
+    return character;
+}
+
+void appendCharacter(std::string& text, char32_t character) {
+    const auto add = [&](char32_t bits) { text += static_cast<char>(static_cast<unsigned char>(bits)); };
+    const auto addContinuation = [&](unsigned shift) { add(0x80U | (character >> shift & 0x3FU)); };
+    if (character < 0x80U) {
+        add(character);
+    } else if (character < 0x800U) {
+        add(0xC0U | character >> 6U);
+    } else if (character < 0x10000U) {
+        add(0xE0U | character >> 12U);
+        addContinuation(6);
+    } else {
+        add(0xF0U | character >> 18U);
+        addContinuation(12);
+        addContinuation(6);
+    }
+    if (character >= 0x80U) {
+        addContinuation(0);
+    }
+}
+
 std::size_t countCharacters(std::string_view text) noexcept {
     return static_cast<std::size_t>(
         std::ranges::count_if(text, [](char byte) { return !isContinuation(byte); }));
+}
+
+std::size_t countUtf16Units(std::string_view text) noexcept {
+    const auto astral =
+        std::ranges::count_if(text, [](char c) { return static_cast<unsigned char>(c) >= 0xF0U; });
+    return countCharacters(text) + static_cast<std::size_t>(astral);
+}
+
+std::string_view firstBytes(std::string_view text, std::size_t most) noexcept {
+    if (text.size() <= most) {
+        return text;
+    }
+    while (most > 0 && isContinuation(text[most])) {
+        most -= 1;
+    }
+    return text.substr(0, most);
 }
 
 std::string_view firstCharacters(std::string_view text, std::size_t count) noexcept {
@@ -147,4 +199,4 @@ bool equalIgnoringCase(std::string_view a, std::string_view b) {
     return a == b || foldCase(a) == foldCase(b);
 }
 
-}  // namespace TBVNonPara::workbook
+}  // namespace TBVNonPara

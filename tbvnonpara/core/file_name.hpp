@@ -1,0 +1,12 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace TBVNonPara {
+
+/// A path as text for messages and names: a byte that is no UTF-8 becomes an underline, so that whoever shows
+/// or stores the text can rely on it.
+[[nodiscard]] std::string shown(const std::filesystem::path& path);
+
+}  // namespace TBVNonPara
