@@ -94,6 +94,11 @@ auto asProgram(const Action& action) try {
     return action();
 } catch (const std::system_error&) {
     throw;
+} catch (const workbook::FileExists& error) {
+    const std::string& description = error.description();
+    throw Error(error.number(),
+                description.substr(0, description.size() - 1) + "; add --overwrite to replace it.",
+                "tbvnonpara");
 } catch (...) {
     const Error error = currentError();
     throw Error(error.number(), error.description(), error.source().empty() ? "tbvnonpara" : error.source());

@@ -8,6 +8,8 @@
 #include <system_error>
 #include <unistd.h>
 
+#include "tbvnonpara/core/file_name.hpp"
+#include "tbvnonpara/core/words.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
 
 namespace TBVNonPara::workbook {
@@ -17,7 +19,11 @@ namespace {
 namespace fs = std::filesystem;
 
 [[noreturn]] void refuseToSave(const fs::path& path, std::string_view why) {
-    refuse("\"" + path.string() + "\" was not saved: " + std::string(why));
+    refuse(inQuotes(shown(path)) + " was not saved: " + std::string(why));
+}
+
+[[noreturn]] void refuseToReplace(const fs::path& path) {
+    throw FileExists(hostErrorNumber, inQuotes(shown(path)) + " was not saved: the file exists already.");
 }
 
 std::string reason(int error) {
@@ -65,15 +71,13 @@ void syncFolder(const fs::path& folder) noexcept {
     }
 }
 
-constexpr std::string_view existsAlready = "the file exists already; add --overwrite to replace it.";
-
 }  // namespace
 
 void requireSavable(const fs::path& path, ExistingFile existing) {
     const fs::path target = behindLinks(path);
     std::error_code error;
     if (!fs::is_directory(folderOf(target), error)) {
-        refuseToSave(path, "there is no folder \"" + folderOf(target).string() + "\".");
+        refuseToSave(path, "there is no folder " + inQuotes(shown(folderOf(target))) + '.');
     }
     const fs::file_status status = fs::status(target, error);
     if (!fs::exists(status)) {
@@ -83,7 +87,7 @@ void requireSavable(const fs::path& path, ExistingFile existing) {
         refuseToSave(path, "it is not an ordinary file.");
     }
     if (existing == ExistingFile::Keep) {
-        refuseToSave(path, existsAlready);
+        refuseToReplace(path);
     }
     if (::access(target.c_str(), W_OK) != 0) {
         refuseToSave(path, "the file is write-protected.");
@@ -173,7 +177,7 @@ void SavedFile::putInPlace() {
         return;
     }
     if (m_Existing == ExistingFile::Keep && errno == EEXIST) {
-        refuseToSave(m_Named, existsAlready);
+        refuseToReplace(m_Named);
     }
     // Replacing is allowed, or the file system has no links.
     requireSavable(m_Named, m_Existing);

@@ -5,12 +5,20 @@
 #include <filesystem>
 #include <string_view>
 
+#include "tbvnonpara/core/error.hpp"
+
 namespace TBVNonPara::workbook {
 
 enum class ExistingFile { Keep, Replace };
 
+/// The error of a file that exists and is to be kept: whoever lets people choose can add how.
+class FileExists : public Error {
+ public:
+    using Error::Error;
+};
+
 /// Raises the host's error when a file cannot be saved there: its folder does not exist, it is no ordinary
-/// file, it is write-protected, or it exists and is to be kept.
+/// file, it is write-protected, or (as FileExists) it exists and is to be kept.
 void requireSavable(const std::filesystem::path& path, ExistingFile existing);
 
 /// A file that appears whole or not at all. What is written goes to a temporary file in the same folder; only

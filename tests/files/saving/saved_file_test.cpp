@@ -115,6 +115,22 @@ TEST_F(SavedFiles, SayWhyTheyCannotBeWritten) {
     EXPECT_EQ(files(), 2U);
 }
 
+TEST_F(SavedFiles, SayThatAFileExistsWithoutSayingHowItIsReplaced) {
+    put("a.txt", "mine");
+    const std::string path = (folder / "a.txt").string();
+    try {
+        requireSavable(path, ExistingFile::Keep);
+        ADD_FAILURE() << "was not refused";
+    } catch (const FileExists& error) {
+        EXPECT_EQ(error.description(), "\"" + path + "\" was not saved: the file exists already.");
+    }
+}
+
+TEST_F(SavedFiles, AreNamedInUtf8WhateverTheirBytesAre) {
+    EXPECT_THAT(refusal("no\xFF/a.txt", ExistingFile::Keep), HasSubstr("there is no folder"));
+    EXPECT_THAT(refusal("no\xFF/a.txt", ExistingFile::Keep), HasSubstr("/no_\"."));
+}
+
 TEST_F(SavedFiles, HoldSignalsBackUntilTheyAreDone) {
     static volatile std::sig_atomic_t signalled = 0;
     std::signal(SIGTERM, [](int) { signalled = 1; });
