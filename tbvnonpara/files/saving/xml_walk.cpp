@@ -2,13 +2,11 @@
 
 #include <algorithm>
 #include <exception>
-#include <expat.h>
 #include <limits>
-#include <memory>
 #include <utility>
 
-#include "tbvnonpara/core/error.hpp"
 #include "tbvnonpara/core/utf8.hpp"
+#include "tbvnonpara/files/xml_parser.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
 
 namespace TBVNonPara::workbook {
@@ -20,64 +18,61 @@ std::string_view localName(std::string_view name) noexcept {
     return colon == std::string_view::npos ? name : name.substr(colon + 1);
 }
 
-/// What the parser hands from call to call. Errors of the visitor wait until the parser has returned.
-struct Walk {
-    std::string_view text;
-    const XmlVisitor* visitor;
-    XML_Parser parser;
-    int depth = 0;
-    bool foreignEncoding = false;
-    std::exception_ptr error;
+/// Tells a visitor the elements of a part with the bytes at which they stand.
+class Walk {
+ public:
+    Walk(std::string_view text, const XmlVisitor& visitor) : m_Text(text), m_Visitor(visitor) {}
 
-    void guarded(const auto& call) noexcept {
-        try {
-            call();
-        } catch (...) {
-            error = std::current_exception();
-            XML_StopParser(parser, XML_FALSE);
+    /// All at once: the parser then looks at the text itself and counts from its beginning.
+    void run(const std::string& where) {
+        const XML_Status status =
+            XML_Parse(m_Parser.get(), m_Text.data(), static_cast<int>(m_Text.size()), XML_TRUE);
+        if (m_Parser.failure() != nullptr) {
+            std::rethrow_exception(m_Parser.failure());
+        }
+        if (status != XML_STATUS_OK) {
+            refuse(where + "is damaged: " + m_Parser.problem() + ".");
+        }
+        // A part in another encoding would be told in UTF-8, with the bytes of the original.
+        if (m_ForeignEncoding) {
+            refuse(where + "is not stored in UTF-8 and cannot be changed; save the workbook anew first.");
         }
     }
+
+    void declaration(const char* encoding) {
+        m_ForeignEncoding = encoding != nullptr && !equalIgnoringCase(encoding, "UTF-8") &&
+                            !equalIgnoringCase(encoding, "US-ASCII");
+    }
+    void start(const char* name, const char* const* attributes, std::size_t depth) {
+        if (m_Visitor.begin) {
+            m_Visitor.begin(XmlTag(m_Text, name, attributes, here(), here() + length()), toDepth(depth));
+        }
+    }
+    void end(const char* name, std::size_t depth) {
+        if (m_Visitor.end) {
+            m_Visitor.end(localName(name), toDepth(depth), here(), here() + length());
+        }
+    }
+    void text(std::string_view piece, std::size_t depth) {
+        if (m_Visitor.characters) {
+            m_Visitor.characters(piece, toDepth(depth));
+        }
+    }
+
+ private:
     [[nodiscard]] std::size_t here() const {
-        return static_cast<std::size_t>(XML_GetCurrentByteIndex(parser));
+        return static_cast<std::size_t>(XML_GetCurrentByteIndex(m_Parser.get()));
     }
     [[nodiscard]] std::size_t length() const {
-        return static_cast<std::size_t>(XML_GetCurrentByteCount(parser));
+        return static_cast<std::size_t>(XML_GetCurrentByteCount(m_Parser.get()));
     }
+    static int toDepth(std::size_t depth) noexcept { return static_cast<int>(depth); }
+
+    std::string_view m_Text;
+    const XmlVisitor& m_Visitor;
+    XmlParser<Walk> m_Parser{*this};
+    bool m_ForeignEncoding = false;
 };
-
-void onBegin(void* data, const char* name, const char** attributes) {
-    Walk& walk = *static_cast<Walk*>(data);
-    walk.depth += 1;
-    if (walk.visitor->begin) {
-        walk.guarded([&] {
-            walk.visitor->begin(XmlTag(walk.text, name, attributes, walk.here(), walk.here() + walk.length()),
-                                walk.depth);
-        });
-    }
-}
-
-void onEnd(void* data, const char* name) {
-    Walk& walk = *static_cast<Walk*>(data);
-    if (walk.visitor->end) {
-        walk.guarded([&] {
-            walk.visitor->end(localName(name), walk.depth, walk.here(), walk.here() + walk.length());
-        });
-    }
-    walk.depth -= 1;
-}
-
-void onCharacters(void* data, const char* characters, int length) {
-    Walk& walk = *static_cast<Walk*>(data);
-    walk.guarded([&] {
-        walk.visitor->characters({characters, static_cast<std::size_t>(length)}, walk.depth);
-    });
-}
-
-void onDeclaration(void* data, const char*, const char* encoding, int) {
-    Walk& walk = *static_cast<Walk*>(data);
-    walk.foreignEncoding = encoding != nullptr && !equalIgnoringCase(encoding, "UTF-8") &&
-                           !equalIgnoringCase(encoding, "US-ASCII");
-}
 
 }  // namespace
 
@@ -116,28 +111,7 @@ void walkXml(std::string_view text, std::string_view part, const XmlVisitor& vis
     if (text.starts_with("\xFE\xFF") || text.starts_with("\xFF\xFE")) {
         refuse(where + "is stored in UTF-16 and cannot be changed; save the workbook anew first.");
     }
-    const std::unique_ptr<std::remove_pointer_t<XML_Parser>, decltype(&XML_ParserFree)> parser(
-        XML_ParserCreate(nullptr), &XML_ParserFree);
-    if (parser == nullptr) {
-        raise(RuntimeError::OutOfMemory);
-    }
-    Walk walk{text, &visitor, parser.get(), 0, false, nullptr};
-    XML_SetUserData(parser.get(), &walk);
-    XML_SetElementHandler(parser.get(), onBegin, onEnd);
-    XML_SetXmlDeclHandler(parser.get(), onDeclaration);
-    if (visitor.characters) {
-        XML_SetCharacterDataHandler(parser.get(), onCharacters);
-    }
-    const XML_Status status = XML_Parse(parser.get(), text.data(), static_cast<int>(text.size()), XML_TRUE);
-    if (walk.error) {
-        std::rethrow_exception(walk.error);
-    }
-    if (status != XML_STATUS_OK) {
-        refuse(where + "is damaged: " + XML_ErrorString(XML_GetErrorCode(parser.get())) + ".");
-    }
-    if (walk.foreignEncoding) {
-        refuse(where + "is not stored in UTF-8 and cannot be changed; save the workbook anew first.");
-    }
+    Walk(text, visitor).run(where);
 }
 
 std::string edited(std::string_view text, std::vector<Edit> edits) {

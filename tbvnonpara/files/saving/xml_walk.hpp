@@ -42,15 +42,17 @@ class XmlTag {
     std::size_t m_End;
 };
 
-/// What is told of a text while it is walked. Depth is 1 for the root.
+/// What is told of a text while it is walked. Depth is 1 for the root. An empty element ends with an empty
+/// stretch behind it.
 struct XmlVisitor {
     std::function<void(const XmlTag&, int depth)> begin;
     std::function<void(std::string_view name, int depth, std::size_t begin, std::size_t end)> end;
     std::function<void(std::string_view characters, int depth)> characters;
 };
 
-/// Walks an XML text in UTF-8. Raises the host's error, which names the part, for a text that is not well
-/// formed or in another encoding.
+/// Walks an XML text in UTF-8 and passes on the visitor's first exception. Raises the host's error, which
+/// names the part, for a text that is not well formed or in another encoding, has a document type, or is
+/// nested or long-winded beyond reason.
 void walkXml(std::string_view text, std::string_view part, const XmlVisitor& visitor);
 
 /// A stretch of a text and what takes its place.

@@ -76,6 +76,64 @@ TEST(XmlParts, ThatCannotBeChangedAreRefused) {
     EXPECT_THAT(refusal("<?xml version='1.0' encoding='iso-8859-1'?><a/>"), HasSubstr("not stored in UTF-8"));
 }
 
+TEST(XmlParts, WithADocumentTypeAreRefused) {
+    EXPECT_EQ(errorOf([] { walkXml("<!DOCTYPE a [<!ENTITY b 'c'>]><a>&b;</a>", "p.xml", {}); }),
+              "The part \"p.xml\" of the workbook is damaged: a document type, which no workbook needs and "
+              "which could pull in other files.");
+}
+
+TEST(XmlParts, NestedBeyondReasonAreRefused) {
+    const auto nested = [](std::size_t depth) {
+        std::string text;
+        for (std::size_t i = 0; i < depth; ++i) {
+            text += "<a>";
+        }
+        for (std::size_t i = 0; i < depth; ++i) {
+            text += "</a>";
+        }
+        return text;
+    };
+    EXPECT_EQ(errorOf([&] { walkXml(nested(256), "p.xml", {}); }), "");
+    EXPECT_THAT(errorOf([&] { walkXml(nested(257), "p.xml", {}); }), HasSubstr("nested more than 256 deep"));
+}
+
+TEST(XmlParts, WithATagOfManyMegabytesAreRefused) {
+    const std::string text = "<a b='" + std::string(std::size_t(20) << 20U, 'c') + "'/>";
+    EXPECT_THAT(errorOf([&] { walkXml(text, "p.xml", {}); }), HasSubstr("tags or names of many megabytes"));
+}
+
+TEST(XmlWalks, EndWithTheVisitorsFirstError) {
+    // The parser still tells the end of an empty element at whose start it was stopped.
+    int calls = 0;
+    XmlVisitor visitor;
+    visitor.begin = [&](const XmlTag& tag, int) {
+        calls += 1;
+        throw Error(1, "begin of " + std::string(tag.name()));
+    };
+    visitor.end = [&](std::string_view name, int, std::size_t, std::size_t) {
+        calls += 1;
+        throw Error(2, "end of " + std::string(name));
+    };
+    EXPECT_EQ(errorOf([&] { walkXml("<a/>", "p.xml", visitor); }), "begin of a");
+    EXPECT_EQ(calls, 1);
+}
+
+TEST(XmlWalks, TellWhereEachElementStands) {
+    const std::string text = "<?xml version='1.0'?>\n<x:a é='ü'><b/>c</x:a>";
+    std::string told;
+    const auto tell = [&](std::string_view name, int depth, std::size_t from, std::size_t to) {
+        told += std::string(name) + std::to_string(depth) + '[' + text.substr(from, to - from) + "] ";
+    };
+    XmlVisitor visitor;
+    visitor.begin = [&](const XmlTag& tag, int depth) { tell(tag.name(), depth, tag.begin(), tag.end()); };
+    visitor.end = tell;
+    visitor.characters = [&](std::string_view piece, int depth) {
+        told += std::string(piece) + std::to_string(depth) + ' ';
+    };
+    walkXml(text, "p.xml", visitor);
+    EXPECT_EQ(told, "a1[<x:a é='ü'>] b2[<b/>] b2[] c1 a1[</x:a>] ");
+}
+
 constexpr std::string_view styles =
     "<styleSheet><fonts count='1'><font><sz val='10'/><name val='Arial'/></font></fonts>"
     "<borders count='1'><border/></borders><cellXfs count='1'><xf/></cellXfs></styleSheet>";
