@@ -6,7 +6,8 @@
 #include <utility>
 
 #include "tbvnonpara/core/utf8.hpp"
-#include "tbvnonpara/files/saving/cell_text.hpp"
+#include "tbvnonpara/core/words.hpp"
+#include "tbvnonpara/files/saving/part_edits.hpp"
 #include "tbvnonpara/files/saving/style_part.hpp"
 #include "tbvnonpara/files/saving/xml_walk.hpp"
 #include "tbvnonpara/files/xlsx/text.hpp"
@@ -34,72 +35,6 @@ bool isInStrictForm(const XmlTag& root) {
     return root.attribute(declaration) == spreadsheetVocabulary(true);
 }
 
-/// Puts an element in front of the end of the last one with a name.
-std::string withLast(const std::string& text, std::string_view part, std::string_view parent,
-                     const std::string& element) {
-    std::vector<Edit> edits;
-    XmlVisitor visitor;
-    std::string tag;
-    bool isEmpty = false;
-    std::size_t tagEnd = 0;
-    visitor.begin = [&](const XmlTag& found, int) {
-        if (found.name() == parent) {
-            tag = found.qualifiedName();
-            isEmpty = found.isEmpty();
-            tagEnd = found.end();
-        }
-    };
-    visitor.end = [&](std::string_view name, int, std::size_t begin, std::size_t) {
-        if (name == parent) {
-            edits = {isEmpty ? Edit{tagEnd - 2, tagEnd, '>' + element + "</" + tag + '>'}
-                             : Edit{begin, begin, element}};
-        }
-    };
-    walkXml(text, part, visitor);
-    return edited(text, std::move(edits));
-}
-
-/// The prefix of a text's root element.
-std::string rootPrefix(const std::string& text, std::string_view part) {
-    std::string prefix;
-    XmlVisitor visitor;
-    visitor.begin = [&](const XmlTag& tag, int depth) {
-        if (depth == 1) {
-            prefix = tag.prefix();
-        }
-    };
-    walkXml(text, part, visitor);
-    return prefix;
-}
-
-std::string attribute(std::string_view name, std::string_view value) {
-    std::string text = ' ' + std::string(name) + "=\"";
-    appendEscaped(value, text);
-    return text + '"';
-}
-
-/// Takes the elements with an attribute of this value away.
-std::string without(const std::string& text, std::string_view part, std::string_view name,
-                    std::string_view value) {
-    std::vector<Edit> edits;
-    int removing = 0;
-    XmlVisitor visitor;
-    visitor.begin = [&](const XmlTag& tag, int depth) {
-        if (depth == 2 && equalIgnoringCase(tag.attribute(name).value_or(""), value)) {
-            edits.push_back({tag.begin(), tag.end(), ""});
-            removing = depth;
-        }
-    };
-    visitor.end = [&](std::string_view, int depth, std::size_t, std::size_t end) {
-        if (depth == removing) {
-            edits.back().end = end;
-            removing = 0;
-        }
-    };
-    walkXml(text, part, visitor);
-    return edited(text, std::move(edits));
-}
-
 }  // namespace
 
 std::string_view spreadsheetVocabulary(bool strict) noexcept {
@@ -114,8 +49,8 @@ WorkbookPart::WorkbookPart(Package& package) : m_Package(package) {
         }
     }
     if (m_Part.empty() || !package.has(m_Part)) {
-        refuse("\"" + package.fileName() +
-               "\" is not a workbook that can be copied: it names no workbook part.");
+        refuse(inQuotes(package.fileName()) +
+               " is not a workbook that can be copied: it names no workbook part.");
     }
     m_Links = package.linksOf(m_Part);
     read();
@@ -130,6 +65,7 @@ void WorkbookPart::read() {
         if (depth != 3 || tag.name() != "sheet") {
             return;
         }
+        // The link is the "id" with a prefix, usually r:id; each file declares its own.
         const auto idName = tag.prefixedAttribute("id");
         const std::string_view id = idName ? *tag.attribute(*idName) : "";
         ListedSheet sheet{unescapedXlsx(std::string(tag.attribute("name").value_or(""))),
@@ -155,8 +91,8 @@ const ListedSheet& WorkbookPart::sheet(std::string_view name) const {
             return sheet;
         }
     }
-    refuse("There is no worksheet \"" + std::string(name) + "\" in the workbook \"" + m_Package.fileName() +
-           "\".");
+    refuse("There is no worksheet " + inQuotes(name) + " in the workbook " + inQuotes(m_Package.fileName()) +
+           '.');
 }
 
 std::string WorkbookPart::textOf(const std::string& part) const {
@@ -179,10 +115,11 @@ std::string WorkbookPart::link(const std::string& part, std::string_view type) {
     std::string id = idOf(number);
     const std::string links = relationshipsPart(m_Part);
     const std::string text = textOf(links);
-    change(links, withLast(text, links, "Relationships",
-                           '<' + rootPrefix(text, links) + "Relationship" + attribute("Id", id) +
-                               attribute("Type", linkVocabulary(m_IsStrict) + '/' + std::string(type)) +
-                               attribute("Target", '/' + part) + "/>"));
+    change(links,
+           withLastChild(text, links, "Relationships",
+                         '<' + rootPrefix(text, links) + "Relationship" + xmlAttribute("Id", id) +
+                             xmlAttribute("Type", linkVocabulary(m_IsStrict) + '/' + std::string(type)) +
+                             xmlAttribute("Target", '/' + part) + "/>"));
     m_Links.push_back({id, std::string(type), part});
     return id;
 }
@@ -190,18 +127,19 @@ std::string WorkbookPart::link(const std::string& part, std::string_view type) {
 void WorkbookPart::declare(const std::string& part, std::string_view contentType) {
     const std::string types(contentTypesPart);
     const std::string text = textOf(types);
-    change(types,
-           withLast(text, types, "Types",
-                    '<' + rootPrefix(text, types) + "Override" + attribute("PartName", '/' + part) +
-                        attribute("ContentType", std::string(contentTypes).append(contentType)) + "/>"));
+    // By the part's own name: the default for .xml is another type or none.
+    change(types, withLastChild(
+                      text, types, "Types",
+                      '<' + rootPrefix(text, types) + "Override" + xmlAttribute("PartName", '/' + part) +
+                          xmlAttribute("ContentType", std::string(contentTypes).append(contentType)) + "/>"));
 }
 
 void WorkbookPart::undeclare(const std::string& part) {
     const std::string types(contentTypesPart);
-    change(types, without(textOf(types), types, "PartName", '/' + part));
+    change(types, withoutElements(textOf(types), types, "PartName", '/' + part));
     const std::string links = relationshipsPart(m_Part);
     const auto link = std::ranges::find(m_Links, part, &XlsxRelationship::target);
-    change(links, without(textOf(links), links, "Id", link->id));
+    change(links, withoutElements(textOf(links), links, "Id", link->id));
 }
 
 std::string WorkbookPart::freeName(const std::string& name) const {
@@ -240,11 +178,12 @@ std::string WorkbookPart::addSheet(const std::string& name, std::string content)
     const std::string id = link(sheet.part, "worksheet");
     declare(sheet.part, "worksheet+xml");
     const std::string text = textOf(m_Part);
-    change(m_Part,
-           withLast(text, m_Part, "sheets",
-                    '<' + rootPrefix(text, m_Part) + "sheet" + attribute("name", sheet.name) +
-                        attribute("sheetId", sheet.sheetId) +
-                        attribute("xmlns:r", linkVocabulary(m_IsStrict)) + attribute("r:id", id) + "/>"));
+    // The prefix r is declared here, since the root may bind it to something else or not at all.
+    change(m_Part, withLastChild(text, m_Part, "sheets",
+                                 '<' + rootPrefix(text, m_Part) + "sheet" + xmlAttribute("name", sheet.name) +
+                                     xmlAttribute("sheetId", sheet.sheetId) +
+                                     xmlAttribute("xmlns:r", linkVocabulary(m_IsStrict)) +
+                                     xmlAttribute("r:id", id) + "/>"));
     m_Sheets.push_back(sheet);
     return sheet.name;
 }
@@ -261,6 +200,8 @@ std::string WorkbookPart::stylePart() {
 }
 
 void WorkbookPart::forgetFormulas(const std::string& sheetId, const std::vector<std::string>& cells) {
+    // The order of calculation lists each cell with a formula; a cell listed without one counts as damage. It
+    // may be missing as a whole, but not be empty.
     const auto chain = std::ranges::find(m_Links, "calcChain", &XlsxRelationship::kind);
     if (cells.empty() || chain == m_Links.end() || !m_Package.has(chain->target)) {
         return;
@@ -275,6 +216,7 @@ void WorkbookPart::forgetFormulas(const std::string& sheetId, const std::vector<
         if (depth != 2) {
             return;
         }
+        // An entry that names no sheet belongs to that of the entry before, which may be one that goes.
         sheet = tag.attribute("i").value_or(sheet);
         if (sheet == sheetId && gone.contains(tag.attribute("r").value_or(""))) {
             edits.push_back({tag.begin(), tag.end(), ""});
