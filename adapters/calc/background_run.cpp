@@ -27,6 +27,7 @@ BackgroundRun::BackgroundRun(const Context& context, const DocumentRef& document
 }
 
 BackgroundRun::~BackgroundRun() {
+    // The thread uses this object to its end; it never waits for the main thread without a limit.
     m_Thread.join();
 }
 
@@ -74,6 +75,8 @@ void BackgroundRun::work() {
         outcome.error = currentError();
         outcome.cancelled = m_Cancelled;
     }
+    // The windows of the dialog belong to the main thread. Copies go along: what is called may
+    // destroy this object.
     whenIdle(m_Context, [finished = m_Finished, outcome] { finished(outcome); });
 }
 

@@ -16,6 +16,7 @@ namespace TBVNonPara::calc {
 
 namespace {
 
+/// On Linux the first thread of a process bears the process's number.
 bool isMainThread() {
     return syscall(SYS_gettid) == getpid();
 }
@@ -34,6 +35,8 @@ class Errand {
  public:
     explicit Errand(std::function<void()> work) : m_Work(std::move(work)) {}
 
+    // Whoever sets "taken" first owns the work: either it runs, or the one who asked goes on without it. It
+    // never runs after wait() has returned, when what it refers to may be gone.
     void run() {
         if (m_Taken.exchange(true)) {
             return;
@@ -49,6 +52,8 @@ class Errand {
 
     /// Whether the work was done.
     bool wait() {
+        // The main thread may itself be waiting for this one, in a macro or a call from another process; then
+        // nobody would ever begin.
         constexpr std::chrono::milliseconds patience(500);
         if (m_Begun.get_future().wait_for(patience) != std::future_status::ready && !m_Taken.exchange(true)) {
             return false;
@@ -67,6 +72,7 @@ class Errand {
 }  // namespace
 
 bool isInsideOffice() noexcept {
+    // A function that only the office's own process holds.
     static const bool inside = dlsym(RTLD_DEFAULT, "soffice_main") != nullptr;
     return inside;
 }

@@ -44,6 +44,7 @@ DocumentRef makeScratch(const Context& context) {
     query<css::frame::XTitle>(document)->setTitle(fromUtf8(scratchWorkbookName));
     setProperty(document, "IsUndoEnabled", false);
     keepOneSheet(document);
+    // It must neither ask to be saved when the office ends nor draw what nobody sees.
     const auto modifiable = query<css::util::XModifiable2>(document);
     modifiable->setModified(false);
     modifiable->disableSetModified();

@@ -37,6 +37,7 @@ STDMETHODIMP ClassFactory::CreateInstance(IUnknown* outer, REFIID wanted, void**
         return E_POINTER;
     }
     *object = nullptr;
+    // No object of ours can be part of another's.
     if (outer != nullptr) {
         return CLASS_E_NOAGGREGATION;
     }

@@ -51,6 +51,7 @@ HRESULT HostObject::tryInvoke(const wchar_t* name, WORD flags, Arguments argumen
     std::array<VARIANTARG, mostArguments> lent;
     std::ranges::transform(arguments, lent.rend() - static_cast<std::ptrdiff_t>(arguments.size()),
                            &Variant::get);
+    // The value of a property travels under this name.
     DISPID value = DISPID_PROPERTYPUT;
     const bool isPut = flags == DISPATCH_PROPERTYPUT;
     DISPPARAMS parameters{lent.data(), isPut ? &value : nullptr, static_cast<UINT>(arguments.size()),
@@ -72,6 +73,7 @@ Variant HostObject::invoke(const wchar_t* name, WORD flags, Arguments arguments)
 }
 
 Variant HostObject::itemOf(Kind collection, const wchar_t* name, Arguments arguments) const {
+    // Whether name(subscript) is a property, a method or a collection with an Item is the host's choice.
     constexpr WORD flags = DISPATCH_PROPERTYGET | DISPATCH_METHOD;
     Variant result;
     const HRESULT status = tryInvoke(name, flags, arguments, result);
@@ -84,6 +86,7 @@ Variant HostObject::itemOf(Kind collection, const wchar_t* name, Arguments argum
 
 ComPtr<IDispatch> HostObject::toObject(const Variant& value) {
     const VARIANT& raw = value.get();
+    // Some hosts declare their results as the most general interface.
     if (raw.vt == VT_UNKNOWN) {
         return ComPtr<IUnknown>::share(raw.punkVal).as<IDispatch>();
     }

@@ -82,6 +82,8 @@ HRESULT putProperty(_clsNonPara& object, const Member& member, const LateCall& c
     if (given.cArgs != 1) {
         return DISP_E_BADPARAMCOUNT;
     }
+    // The new value of a property arrives as its only argument, named DISPID_PROPERTYPUT; some clients leave
+    // the name out.
     if (given.cNamedArgs > 1 || (given.cNamedArgs == 1 && given.rgdispidNamedArgs[0] != DISPID_PROPERTYPUT)) {
         return DISP_E_PARAMNOTFOUND;
     }
@@ -119,6 +121,8 @@ HRESULT findMembers(LPOLESTR* names, UINT count, DISPID* ids) noexcept {
     if (names == nullptr || ids == nullptr || count == 0) {
         return E_INVALIDARG;
     }
+    // The first name is the member's, the others those of its arguments; all are answered even when one is
+    // unknown.
     std::fill_n(ids, count, DISPID_UNKNOWN);
     const auto* member =
         std::ranges::find_if(members, [&](const Member& one) { return sameName(one.name, names[0]); });
@@ -142,6 +146,7 @@ HRESULT invokeMember(_clsNonPara& object, const LateCall& call) noexcept {
     if (member == nullptr) {
         return DISP_E_MEMBERNOTFOUND;
     }
+    // The thread keeps one error object. An older one must not be taken for this call's.
     SetErrorInfo(0, nullptr);
     const HRESULT status =
         call.member == resultsMember ? callResults(object, call) : putProperty(object, *member, call);

@@ -32,6 +32,7 @@ bool moduleIsHeld() noexcept {
 }
 
 std::wstring modulePath() {
+    // A path that does not fit comes back cut, with the length of the buffer; long ones have no fixed limit.
     std::wstring path(MAX_PATH, L'\0');
     for (;;) {
         const DWORD length = GetModuleFileNameW(thisModule(), path.data(), static_cast<DWORD>(path.size()));
@@ -48,6 +49,7 @@ std::wstring modulePath() {
 
 ComPtr<ITypeInfo> typeInformation(const GUID& type) {
     ComPtr<ITypeLib> library;
+    // From this file's own resource and without registering it, which calling a member must not do.
     check(LoadTypeLibEx(modulePath().c_str(), REGKIND_NONE, library.out()));
     ComPtr<ITypeInfo> information;
     check(library->GetTypeInfoOfGuid(type, information.out()));

@@ -11,6 +11,8 @@ namespace TBVNonPara::workbook {
 
 namespace {
 
+// worksheet > sheetData > row > c > v: an element counts only at its own depth, because extensions may repeat
+// its name elsewhere.
 constexpr int dataDepth = 2;
 constexpr int rowDepth = 3;
 constexpr int cellDepth = 4;
@@ -75,6 +77,7 @@ void SheetPart::beginOther(const XmlTag& tag, int depth) {
 
 void SheetPart::beginRow(const XmlTag& tag) {
     const auto reference = tag.attribute("r");
+    // The reference of a row or a cell may be left out: it then follows the one before.
     const Index number = reference ? rowIn(*reference) : m_Row + 1;
     if (number <= m_Row) {
         refuse("The rows of the part \"" + m_Part +
@@ -83,6 +86,7 @@ void SheetPart::beginRow(const XmlTag& tag) {
     }
     m_Row = number;
     m_Column = 0;
+    // Rows put in between would change what those without a number follow.
     if (!reference) {
         m_Edits.push_back({tag.behindName(), tag.behindName(), " r=\"" + std::to_string(number) + '"'});
     }
@@ -132,6 +136,8 @@ void SheetPart::beginContent(const XmlTag& tag) {
     if (!reach) {
         return;
     }
+    // An array formula and a data table stand in one cell and fill their whole area. A shared formula is
+    // spelled out in its first cell alone; the others would lose it.
     if ((kind == "array" || kind == "dataTable") && overlap(areaOf(*reach), m_Area)) {
         m_Obstacles.push_back((kind == "array" ? "the array formula of " : "the data table of ") +
                               std::string(*reach));
@@ -157,12 +163,14 @@ void SheetPart::end(int depth, std::size_t begin, std::size_t end) {
 void SheetPart::replaceRow(const Row& row, SheetRows& rows, std::vector<Edit>& edits) const {
     std::string cells;
     rows.appendCells(row.number, cells);
+    // The columns that a row reaches over are a hint that may be left out, but not be wrong.
     const Stretch spans = attributeStretch(row.tag, "spans");
     edits.push_back({row.begin + spans.begin, row.begin + spans.end, ""});
     if (row.isEmpty) {
         edits.push_back({row.tagEnd - 2, row.tagEnd, '>' + cells + "</" + row.name + '>'});
         return;
     }
+    // The cells of a row must stand in the order of their columns.
     std::size_t place = row.contentEnd;
     for (const Cell& cell : row.cells) {
         if (cell.column > m_Area.right && place == row.contentEnd) {

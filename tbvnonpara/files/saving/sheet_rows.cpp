@@ -113,6 +113,7 @@ void SheetRows::appendValue(const CellValue& value, Index row, Index column, std
 }
 
 void SheetRows::appendText(const std::string& text, const CellFormat& format, std::string& xml) const {
+    // In the cell itself, so that the part of shared texts stays the same bytes.
     xml.append(" t=\"inlineStr\"><").append(m_Prefix).append("is>");
     if (format.subscripts.empty()) {
         appendCharacters(text, xml);
@@ -141,6 +142,7 @@ void SheetRows::appendRuns(std::string_view text, const CellFormat& format, std:
 
 void SheetRows::appendCharacters(std::string_view text, std::string& xml) const {
     xml.append("<").append(m_Prefix).append("t");
+    // Without the attribute a reader may drop blanks at the ends and fold those inside.
     xml += !text.empty() && keepsBlanks(text) ? " xml:space=\"preserve\">" : ">";
     appendEscaped(text, xml);
     xml.append("</").append(m_Prefix).append("t>");

@@ -59,8 +59,11 @@ StylePart::StylePart(std::string text, std::string part) : m_Text(std::move(text
     for (const auto& [code, id] : builtIn) {
         m_KnownNumberFormats.emplace(code, id);
     }
+    // A cell that names no style has the first one.
     m_Styles.emplace(CellFormat{}, 0);
     read();
+    // Formats name fonts, borders and one another by position; without the first of each they would point
+    // nowhere.
     if (m_Formats.count == 0 || m_Fonts.count == 0 || m_Borders.count == 0) {
         refuse("The part \"" + m_Part +
                "\" of the workbook lacks its fonts, borders or formats; save the "
@@ -110,6 +113,8 @@ void StylePart::readFont(const XmlTag& tag, int depth, std::string_view list) {
     }
     const bool bold = tag.name() == "b" && tag.attribute("val").value_or("1") != "0";
     m_FirstFontIsBold = m_FirstFontIsBold || bold;
+    // What is added in bold looks like the workbook's first font, the one of cells without a style, in all
+    // else.
     if (tag.isEmpty() && tag.name() != "b") {
         m_FontProperties.emplace_back(tag.text().substr(tag.prefix().size() + 1));
     }
@@ -123,7 +128,7 @@ std::size_t StylePart::add(List& list, const std::string& element) {
     const auto [known, isNew] = m_Added.try_emplace(element, list.count);
     if (isNew) {
         list.count += 1;
-        list.added += element;
+        list.added += element;  // at the end: cells know the styles that are there by their positions
         m_Changed = true;
     }
     return known->second;
@@ -145,6 +150,7 @@ std::size_t StylePart::fontOf(bool bold) {
     if (!bold || m_FirstFontIsBold) {
         return 0;
     }
+    // b stands in front of a font's other properties, as spreadsheets write it.
     std::string font = '<' + m_Prefix + "font>" + element("b", "");
     for (const std::string& property : m_FontProperties) {
         font += '<' + m_Prefix + property;
@@ -195,6 +201,7 @@ std::string StylePart::runProperties(bool bold, bool subscript, std::string_view
     std::string properties = open + "rPr>";
     properties += bold || m_FirstFontIsBold ? open + "b/>" : "";
     for (const std::string& property : m_FontProperties) {
+        // A run calls the name of its font rFont; the other properties are the same.
         const bool isName = property.starts_with("name ");
         properties += open + (isName ? "rFont" + property.substr(4) : property);
     }
@@ -210,6 +217,7 @@ Edit StylePart::editOf(const List& list, std::string_view name) const {
         return {m_RootEnd, m_RootEnd,
                 '<' + tag + " count=\"" + number(list.count) + "\">" + list.added + closing};
     }
+    // The count may be left out, but not be wrong.
     std::string start = list.startTag;
     const Stretch count = attributeStretch(start, "count");
     start.erase(count.begin, count.end - count.begin);
@@ -238,6 +246,8 @@ std::string StylePart::finish() const {
 }
 
 std::string emptyStylePart(std::string_view vocabulary) {
+    // The least that spreadsheets open: the first two fills are reserved for these patterns, whatever they
+    // hold, and cellXfs refers to cellStyleXfs.
     return "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n"
            "<styleSheet xmlns=\"" +
            std::string(vocabulary) +
