@@ -114,10 +114,6 @@ std::shared_ptr<Sheet> EmbeddedApplication::activeSheet() const {
     return activeBook()->activeSheet();
 }
 
-std::shared_ptr<Sheet> EmbeddedApplication::scratchSheet() const {
-    return book(scratchWorkbookName)->sheet(scratchSheetName);
-}
-
 bool EmbeddedApplication::holds(const Book& book) const noexcept {
     return std::ranges::any_of(m_Books, [&](const auto& own) { return own.get() == &book; });
 }

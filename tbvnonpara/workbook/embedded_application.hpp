@@ -46,7 +46,6 @@ class EmbeddedApplication final : public Application,
     [[nodiscard]] std::shared_ptr<Book> activeBook() const;
     /// None while the active workbook has no sheet.
     [[nodiscard]] std::shared_ptr<Sheet> activeSheet() const;
-    [[nodiscard]] std::shared_ptr<Sheet> scratchSheet() const;
     /// What was selected last; none before.
     [[nodiscard]] const RangeRef& selection() const noexcept { return m_Selection; }
     [[nodiscard]] bool screenUpdating() const noexcept { return m_ScreenUpdating; }

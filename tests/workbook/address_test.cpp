@@ -122,7 +122,7 @@ TEST(Address, WithoutANameLiesOnTheActiveSheet) {
 
 TEST(Address, OfAWorksheetIsOnThatSheetWhicheverIsActive) {
     const auto application = withSheets();
-    const auto sheet = application->scratchSheet();
+    const auto sheet = application->book("tbv2007.xlam")->sheet("Results");
     EXPECT_EQ(sheet->GetRange("A1:A2")->GetWorksheet()->GetName(), "Results");
     EXPECT_EQ(sheet->GetRange("results!A1:A2")->GetAddress(), "$A$1:$A$2");
     expectRefused([&] { (void)sheet->GetRange("Data!A1"); },

@@ -28,12 +28,12 @@ TEST_F(Host, BeginsWithAnEmptyWorkbookAndTheHiddenScratchSheet) {
     const WorkbookRef scratch = m_Application->GetWorkbooks("TBV2007.XLAM");
     EXPECT_EQ(scratch->GetWorksheetsCount(), Long(1));
     EXPECT_EQ(scratch->GetWorksheets("results")->GetName(), "Results");
-    EXPECT_EQ(m_Application->scratchSheet()->GetParent(), scratch);
+    EXPECT_EQ(scratch->GetWorksheets("results")->GetParent(), scratch);
 }
 
 TEST_F(Host, TheScratchWorkbookNeverBecomesTheActiveOne) {
     expectRefused([&] { m_Application->GetWorkbooks("tbv2007.xlam")->Activate(); }, "is hidden");
-    expectRefused([&] { m_Application->scratchSheet()->Activate(); }, "is hidden");
+    expectRefused([&] { m_Application->book("tbv2007.xlam")->sheet("Results")->Activate(); }, "is hidden");
     EXPECT_EQ(m_Application->activeBook()->name(), "Book1");
 }
 
@@ -83,7 +83,7 @@ TEST_F(Host, AMovedSheetStandsBehindTheOther) {
     EXPECT_EQ(move("D", "A"), "B A D C ");
     EXPECT_EQ(move("D", "D"), "B A D C ");
     EXPECT_EQ(move("D", "A"), "B A D C ");
-    expectRefused([&] { book->sheet("A")->Move(m_Application->scratchSheet()); },
+    expectRefused([&] { book->sheet("A")->Move(m_Application->book("tbv2007.xlam")->sheet("Results")); },
                   "Sheet \"Results\" does not belong to workbook \"Book1\"");
 }
 

@@ -73,8 +73,9 @@ TEST_F(Paste, MayOverlapWhatWasCopied) {
 }
 
 TEST_F(Paste, CanBeRepeatedAndReachesOtherWorkbooks) {
-    m_Application->scratchSheet()->GetRange("A1")->LetValue("report");
-    m_Application->scratchSheet()->GetRange("A1:B1")->Copy();
+    const auto scratch = m_Application->book("tbv2007.xlam")->sheet("Results");
+    scratch->GetRange("A1")->LetValue("report");
+    scratch->GetRange("A1:B1")->Copy();
     at("C1")->PasteSpecial(PasteKind::All);
     at("C2")->PasteSpecial(PasteKind::All);
     EXPECT_EQ(at("C1:C2")->GetValue(), (ValueGrid{{"report"}, {"report"}}));
