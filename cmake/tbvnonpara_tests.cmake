@@ -5,6 +5,7 @@ find_package(GTest REQUIRED)
 # that both take the same precompiled headers.
 function(tbvnonpara_compile_as_test target)
     tbvnonpara_compile_as_project(${target})
+    set_target_properties(${target} PROPERTIES UNITY_BUILD OFF)
     target_compile_options(${target} PRIVATE -O0)
     if(NOT WIN32)
         target_compile_options(${target} PRIVATE -fPIC)

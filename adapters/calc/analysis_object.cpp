@@ -30,24 +30,24 @@ struct Property {
     void (*set)(AnalysisObject& object, const Any& value);
 };
 
-const css::uno::Type& wholeNumber = cppu::UnoType<sal_Int32>::get();
-const css::uno::Type& boolean = cppu::UnoType<bool>::get();
-const css::uno::Type& text = cppu::UnoType<OUString>::get();
+const css::uno::Type& wholeNumberType = cppu::UnoType<sal_Int32>::get();
+const css::uno::Type& booleanType = cppu::UnoType<bool>::get();
+const css::uno::Type& textType = cppu::UnoType<OUString>::get();
 
 // clang-format off
 const std::array<Property, 8> properties{{
-    {"Method", wholeNumber, [](AnalysisObject& o, const Any& v) { o.setMethod(toWholeNumber(v)); }},
-    {"Headers", boolean, [](AnalysisObject& o, const Any& v) { o.setHeaders(toBoolean(v)); }},
-    {"OutputDescriptives", boolean, [](AnalysisObject& o, const Any& v) { o.setOutputDescriptives(toBoolean(v)); }},
-    {"IgnoreTies", boolean, [](AnalysisObject& o, const Any& v) { o.setIgnoreTies(toBoolean(v)); }},
-    {"Tails", wholeNumber, [](AnalysisObject& o, const Any& v) { o.setTails(toWholeNumber(v)); }},
-    {"YRange", text, [](AnalysisObject& o, const Any& v) { o.setYRange(toAddress(v)); }},
-    {"XRange", text, [](AnalysisObject& o, const Any& v) { o.setXRange(toAddress(v)); }},
-    {"OutputRange", text, [](AnalysisObject& o, const Any& v) { o.setOutputRange(toAddress(v)); }},
+    {"Method", wholeNumberType, [](AnalysisObject& o, const Any& v) { o.setMethod(toWholeNumber(v)); }},
+    {"Headers", booleanType, [](AnalysisObject& o, const Any& v) { o.setHeaders(toBoolean(v)); }},
+    {"OutputDescriptives", booleanType, [](AnalysisObject& o, const Any& v) { o.setOutputDescriptives(toBoolean(v)); }},
+    {"IgnoreTies", booleanType, [](AnalysisObject& o, const Any& v) { o.setIgnoreTies(toBoolean(v)); }},
+    {"Tails", wholeNumberType, [](AnalysisObject& o, const Any& v) { o.setTails(toWholeNumber(v)); }},
+    {"YRange", textType, [](AnalysisObject& o, const Any& v) { o.setYRange(toAddress(v)); }},
+    {"XRange", textType, [](AnalysisObject& o, const Any& v) { o.setXRange(toAddress(v)); }},
+    {"OutputRange", textType, [](AnalysisObject& o, const Any& v) { o.setOutputRange(toAddress(v)); }},
 }};
 // clang-format on
 
-constexpr auto method = "Results";
+constexpr auto resultsMethod = "Results";
 
 const Property* findProperty(const OUString& name) {
     const auto* found = std::ranges::find_if(
@@ -65,10 +65,10 @@ InvocationInfo infoOf(const Property& property) {
 
 InvocationInfo infoOfResults() {
     InvocationInfo info;
-    info.aName = OUString::createFromAscii(method);
+    info.aName = OUString::createFromAscii(resultsMethod);
     info.eMemberType = css::script::MemberType_METHOD;
     info.aType = cppu::UnoType<void>::get();
-    info.aParamTypes = sequenceOf(boolean);
+    info.aParamTypes = sequenceOf(booleanType);
     info.aParamModes = sequenceOf(css::reflection::ParamMode_IN);
     return info;
 }
@@ -237,7 +237,7 @@ Any AnalysisObject::getValue(const OUString& name) {
 }
 
 sal_Bool AnalysisObject::hasMethod(const OUString& name) {
-    return name.equalsIgnoreAsciiCaseAscii(method);
+    return name.equalsIgnoreAsciiCaseAscii(resultsMethod);
 }
 
 sal_Bool AnalysisObject::hasProperty(const OUString& name) {
@@ -250,7 +250,7 @@ Sequence<OUString> AnalysisObject::getMemberNames() {
     for (const Property& property : properties) {
         *next++ = OUString::createFromAscii(property.name);
     }
-    *next = OUString::createFromAscii(method);
+    *next = OUString::createFromAscii(resultsMethod);
     return names;
 }
 

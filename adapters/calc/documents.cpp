@@ -19,7 +19,7 @@ OUString titleOf(const DocumentRef& document) {
 }
 
 /// A saved document bears its file's name, also while its title says that it is read-only.
-OUString nameOf(const DocumentRef& document) {
+OUString fileNameOf(const DocumentRef& document) {
     const OUString url = query<css::frame::XModel>(document)->getURL();
     return url.isEmpty() ? titleOf(document) : url.copy(url.lastIndexOf('/') + 1);
 }
@@ -55,7 +55,7 @@ DocumentRef activeDocument(const Context& context) {
 DocumentRef documentNamed(const Context& context, std::string_view name) {
     const OUString wanted = fromUtf8(name);
     DocumentRef document = findDocument(context, [&](const DocumentRef& candidate) {
-        return nameOf(candidate).equalsIgnoreAsciiCase(wanted);
+        return fileNameOf(candidate).equalsIgnoreAsciiCase(wanted);
     });
     if (!document.is() && name == scratchWorkbookName) {
         document = makeScratch(context);
