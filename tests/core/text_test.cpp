@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <type_traits>
 
 #include "tbvnonpara/core/file_name.hpp"
 #include "tbvnonpara/core/utf8.hpp"
@@ -87,8 +88,12 @@ TEST(Words, AreTrimmedOfTheBlanksNamed) {
 }
 
 TEST(FileNames, AreShownInUtf8WhateverTheirBytesAre) {
-    EXPECT_EQ(shown("Größe/study.csv"), "Größe/study.csv");
-    EXPECT_EQ(shown("a\xFFz\xC3"), "a_z_");
+    EXPECT_EQ(shown(std::filesystem::path(u8"Größe/study.csv")), "Größe/study.csv");
+    // Windows keeps names as UTF-16 and cannot hold these.
+    constexpr bool namesAreBytes = std::is_same_v<std::filesystem::path::value_type, char>;
+    if (namesAreBytes) {
+        EXPECT_EQ(shown("a\xFFz\xC3"), "a_z_");
+    }
 }
 
 }  // namespace
