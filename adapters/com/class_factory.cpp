@@ -7,6 +7,18 @@
 
 namespace TBVNonPara::com {
 
+namespace {
+
+/// All objects of a process build their reports on one scratch sheet.
+CompanionLibrary companionsOfProcess() {
+    static const auto running = std::make_shared<std::atomic<bool>>(false);
+    CompanionLibrary companions = ownCompanions(automationApplication(findApplication));
+    companions.running = running;
+    return companions;
+}
+
+}  // namespace
+
 STDMETHODIMP ClassFactory::QueryInterface(REFIID wanted, void** object) {
     if (object == nullptr) {
         return E_POINTER;
@@ -42,8 +54,7 @@ STDMETHODIMP ClassFactory::CreateInstance(IUnknown* outer, REFIID wanted, void**
         return CLASS_E_NOAGGREGATION;
     }
     try {
-        const auto request = ComPtr<RequestObject>::adopt(
-            new RequestObject(ownCompanions(automationApplication(findApplication))));
+        const auto request = ComPtr<RequestObject>::adopt(new RequestObject(companionsOfProcess()));
         return request->QueryInterface(wanted, object);
     } catch (...) {
         return toErrorInfo();

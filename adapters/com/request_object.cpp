@@ -11,8 +11,10 @@ namespace TBVNonPara::com {
 
 namespace {
 
-/// Runs a member of the library; what it raises becomes error information.
-HRESULT guarded(auto body) noexcept {
+/// Runs a member of an object; what it raises becomes error information. The application may let the client's
+/// last reference go while it answers, so the member holds one of its own.
+HRESULT guarded(RequestObject& object, auto body) noexcept {
+    const auto hold = ComPtr<RequestObject>::share(&object);
     try {
         body();
         return S_OK;
@@ -73,7 +75,7 @@ STDMETHODIMP RequestObject::GetTypeInfo(UINT which, LCID /*locale*/, ITypeInfo**
     if (which != 0) {
         return DISP_E_BADINDEX;
     }
-    return guarded([&] { *information = typeInformation(__uuidof(_clsNonPara)).release(); });
+    return guarded(*this, [&] { *information = typeInformation(__uuidof(_clsNonPara)).release(); });
 }
 
 STDMETHODIMP RequestObject::GetClassInfo(ITypeInfo** information) {
@@ -81,7 +83,7 @@ STDMETHODIMP RequestObject::GetClassInfo(ITypeInfo** information) {
         return E_POINTER;
     }
     *information = nullptr;
-    return guarded([&] { *information = typeInformation(__uuidof(::clsNonPara)).release(); });
+    return guarded(*this, [&] { *information = typeInformation(__uuidof(::clsNonPara)).release(); });
 }
 
 STDMETHODIMP RequestObject::GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID /*locale*/,
@@ -108,39 +110,39 @@ STDMETHODIMP RequestObject::Invoke(DISPID member, REFIID reserved, LCID locale, 
 }
 
 STDMETHODIMP RequestObject::put_Method(::TBVNPMethod method) {
-    return guarded([&] { m_Request.LetMethod(std::bit_cast<TBVNPMethod>(method)); });
+    return guarded(*this, [&] { m_Request.LetMethod(std::bit_cast<TBVNPMethod>(method)); });
 }
 
 STDMETHODIMP RequestObject::put_Headers(VARIANT_BOOL headers) {
-    return guarded([&] { m_Request.LetHeaders(isTrue(headers)); });
+    return guarded(*this, [&] { m_Request.LetHeaders(isTrue(headers)); });
 }
 
 STDMETHODIMP RequestObject::put_OutputDescriptives(VARIANT_BOOL outputDescriptives) {
-    return guarded([&] { m_Request.LetOutputDescriptives(isTrue(outputDescriptives)); });
+    return guarded(*this, [&] { m_Request.LetOutputDescriptives(isTrue(outputDescriptives)); });
 }
 
 STDMETHODIMP RequestObject::put_IgnoreTies(VARIANT_BOOL ignoreTies) {
-    return guarded([&] { m_Request.LetIgnoreTies(isTrue(ignoreTies)); });
+    return guarded(*this, [&] { m_Request.LetIgnoreTies(isTrue(ignoreTies)); });
 }
 
 STDMETHODIMP RequestObject::put_Tails(::TBVNPTails tails) {
-    return guarded([&] { m_Request.LetTails(std::bit_cast<TBVNPTails>(tails)); });
+    return guarded(*this, [&] { m_Request.LetTails(std::bit_cast<TBVNPTails>(tails)); });
 }
 
 STDMETHODIMP RequestObject::put_YRange(BSTR address) {
-    return guarded([&] { m_Request.LetYRange(toUtf8(address)); });
+    return guarded(*this, [&] { m_Request.LetYRange(toUtf8(address)); });
 }
 
 STDMETHODIMP RequestObject::put_XRange(BSTR address) {
-    return guarded([&] { m_Request.LetXRange(toUtf8(address)); });
+    return guarded(*this, [&] { m_Request.LetXRange(toUtf8(address)); });
 }
 
 STDMETHODIMP RequestObject::put_OutputRange(BSTR address) {
-    return guarded([&] { m_Request.LetOutputRange(toUtf8(address)); });
+    return guarded(*this, [&] { m_Request.LetOutputRange(toUtf8(address)); });
 }
 
 STDMETHODIMP RequestObject::Results(VARIANT_BOOL* OverWrite) {
-    return guarded([&] { m_Request.Results(OverWrite != nullptr && isTrue(*OverWrite)); });
+    return guarded(*this, [&] { m_Request.Results(OverWrite != nullptr && isTrue(*OverWrite)); });
 }
 
 STDMETHODIMP RequestObject::InterfaceSupportsErrorInfo(REFIID interfaceId) {

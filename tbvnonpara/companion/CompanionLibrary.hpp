@@ -1,6 +1,8 @@
 #pragma once
 
+#include <atomic>
 #include <functional>
+#include <memory>
 
 #include "tbvnonpara/companion/ArrayUtility.hpp"
 #include "tbvnonpara/companion/ContingencyAnalysis.hpp"
@@ -25,6 +27,9 @@ struct CompanionLibrary {
     std::function<ObjectRef<ReportStyle>()> createReportStyle;
     std::function<ObjectRef<ContingencyAnalysis>()> createContingencyAnalysis;
     FormattingConstants constants;
+    /// Whether a run is going on: one flag for all requests that build their reports on the same scratch
+    /// sheet.
+    std::shared_ptr<std::atomic<bool>> running = std::make_shared<std::atomic<bool>>(false);
 };
 
 /// The project's own components on the given application. It may be none for an engine alone, as far as its

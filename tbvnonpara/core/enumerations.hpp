@@ -44,6 +44,9 @@ enum OwnErrors : std::int32_t {
     tbvNPXRangeColumns = objectErrorBase + 5053,
 };
 
+/// Raised, with a description, by a run that is called from inside another one.
+constexpr std::int32_t tbvNPRunInProgress = objectErrorBase + 5062;
+
 /// The errors of the data checks: in the library's band, on numbers of their own, always with a description.
 enum DataCheckErrors : std::int32_t {
     tbvNPTextInData = objectErrorBase + 5020,

@@ -48,23 +48,41 @@ class clsNonPara {
 
     /// Checks the ranges, computes, builds the report on the scratch sheet and copies it to the output
     /// location, or to a new worksheet when none is set. Cells that hold something are replaced only when
-    /// OverWrite is True.
+    /// OverWrite is True. A client that the host calls back meanwhile may change the settings, for the next
+    /// run; a second run inside this one is refused with tbvNPRunInProgress.
     void Results(bool OverWrite = false);
 
     /// The engine of this request, to read the numbers of the last run from.
     [[nodiscard]] const clsNonParaBO& engine() const { return *m_Engine; }
 
  private:
-    void checkRanges(const DataCheck& check) const;
-    void loadEngine();
-    RangeRef GetResults();
-    RangeRef FormatMannUResults();
-    RangeRef FormatWilcoxonResults();
-    RangeRef FormatSpearmanResults();
-    RangeRef FormatSignResults();
-    RangeRef FormatMedianResults();
-    RangeRef FormatKWallisResults();
-    RangeRef FormatWWRunsResults();
+    /// What one run works with: the settings of the moment of its call. The host may call the client back
+    /// while it works, and the client set what the next run is to use.
+    struct Run {
+        RangeRef yRange;
+        RangeRef xRange;
+        bool headers;
+        bool outputDescriptives;
+        bool ignoreTies;
+        TBVNPTails tails;
+        TBVNPMethod method;
+
+        friend bool operator==(const Run&, const Run&) = default;
+    };
+
+    [[nodiscard]] Run currentRun() const;
+    void checkRanges(const DataCheck& check, const Run& run) const;
+    void loadEngine(const Run& run);
+    RangeRef currentReport(const Run& run);
+    RangeRef newOutputRange();
+    RangeRef GetResults(const Run& run);
+    RangeRef FormatMannUResults(const Run& run);
+    RangeRef FormatWilcoxonResults(const Run& run);
+    RangeRef FormatSpearmanResults(const Run& run);
+    RangeRef FormatSignResults(const Run& run);
+    RangeRef FormatMedianResults(const Run& run);
+    RangeRef FormatKWallisResults(const Run& run);
+    RangeRef FormatWWRunsResults(const Run& run);
 
     CompanionLibrary m_Companions;
     // Members are destroyed from the last to the first: the ranges YRange, XRange and OutputRange, the

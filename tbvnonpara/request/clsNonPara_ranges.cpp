@@ -15,13 +15,15 @@ void clsNonPara::LetYRange(std::string_view address) try {
     if (address.empty()) {
         raise(tbvNPNoYRange);
     }
-    m_YRange = m_Companions.application->GetRange(address);
+    // A range of our own: the host may call the client back, and the client set another one.
+    const RangeRef range = m_Companions.application->GetRange(address);
+    m_YRange = range;
     m_Results.release();
     if (comparesGroups(m_Method)) {
-        if (m_YRange->GetColumnsCount() <= 1 && m_YRange->GetAreasCount() == 1) {
+        if (range->GetColumnsCount() <= 1 && range->GetAreasCount() == 1) {
             raise(tbvNPTooFewGroups);
         }
-    } else if (m_YRange->GetColumnsCount() > 1) {
+    } else if (range->GetColumnsCount() > 1) {
         raise(tbvNPYRangeColumns);
     }
 } catch (...) {
@@ -30,17 +32,20 @@ void clsNonPara::LetYRange(std::string_view address) try {
 
 void clsNonPara::LetXRange(std::string_view address) try {
     if (address != m_XRangeText) {
-        if (address.empty()) {
-            m_XRange.release();
-        } else {
-            m_XRange = m_Companions.application->GetRange(address);
-            if (m_XRange->GetColumnsCount() > 1) {
-                raise(tbvNPXRangeColumns);
-            }
+        RangeRef range;
+        if (!address.empty()) {
+            range = m_Companions.application->GetRange(address);
+        }
+        m_XRange = range;
+        if (range.isSet() && range->GetColumnsCount() > 1) {
+            raise(tbvNPXRangeColumns);
         }
         m_Results.release();
+        // The text belongs to the range that is kept, which may be one that was set from an event.
+        if (m_XRange == range) {
+            m_XRangeText = address;
+        }
     }
-    m_XRangeText = address;
 } catch (...) {
     passOnOwnOr(tbvNPBadXRange);
 }

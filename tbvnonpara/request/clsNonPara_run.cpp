@@ -1,3 +1,6 @@
+#include <memory>
+#include <utility>
+
 #include "tbvnonpara/request/clsNonPara.hpp"
 #include "tbvnonpara/request/range_checks.hpp"
 #include "tbvnonpara/request/reading.hpp"
@@ -14,88 +17,133 @@ RangeRef newWorksheet(Application& application) {
     return sheet->GetCells(1, 1);
 }
 
+/// Marks a run for as long as it lives. All runs build their reports on one scratch sheet, so that a run
+/// inside another would take the outer one's report away.
+class RunMark {
+ public:
+    explicit RunMark(std::shared_ptr<std::atomic<bool>> running) : m_Running(std::move(running)) {
+        if (m_Running->exchange(true)) {
+            throw Error(tbvNPRunInProgress,
+                        "Another run has not ended yet, and both would build their report on the same sheet. "
+                        "Call Results again when it has ended, not from an event that it causes.");
+        }
+    }
+    RunMark(const RunMark&) = delete;
+    RunMark& operator=(const RunMark&) = delete;
+    ~RunMark() { *m_Running = false; }
+
+ private:
+    std::shared_ptr<std::atomic<bool>> m_Running;
+};
+
 }  // namespace
 
 void clsNonPara::Results(bool OverWrite) try {
+    const RunMark mark(m_Companions.running);
     if (!m_YRange.isSet()) {
         raise(tbvNPNoYRange);
     }
+    const Run run = currentRun();
+    RangeRef output = m_OutputRange;
     const ObjectRef<DataCheck> check = m_Companions.createDataCheck();
-    checkRanges(*check);
+    checkRanges(*check, run);
 
-    if (!m_Results.isSet()) {
-        m_Results = GetResults();
+    const RangeRef report = currentReport(run);
+    if (!output.isSet()) {
+        output = newOutputRange();
     }
-    if (!m_OutputRange.isSet()) {
-        m_OutputRange = newWorksheet(*m_Companions.application);
-    }
-    const Long columns = m_Results->GetColumnsCount();
-    const Long rows = m_Results->GetRowsCount();
-    check->CheckOutputArea(m_OutputRange, columns, rows, OverWrite);
-    m_OutputRange->GetWorksheet()->GetParent()->Activate();
-    m_OutputRange->GetWorksheet()->Activate();
-    m_Results->Copy();
-    m_OutputRange->GetCells(1, 1)->PasteSpecial(m_Companions.constants.ReportPaste);
+    const Long columns = report->GetColumnsCount();
+    const Long rows = report->GetRowsCount();
+    check->CheckOutputArea(output, columns, rows, OverWrite);
+    output->GetWorksheet()->GetParent()->Activate();
+    output->GetWorksheet()->Activate();
+    report->Copy();
+    output->GetCells(1, 1)->PasteSpecial(m_Companions.constants.ReportPaste);
     m_Companions.application->LetScreenUpdating(true);
-    m_OutputRange->GetCells(1, 1)->Select();
+    output->GetCells(1, 1)->Select();
     m_Results.release();
 } catch (...) {
     passOn("clsNonPara.Results");
 }
 
-void clsNonPara::checkRanges(const DataCheck& check) const {
-    const RangeChecks checks{*m_Companions.application, check, m_Method, m_Headers};
-    if (m_Method == tbvNPSign && !m_XRange.isSet()) {
-        checks.checkSignCodes(m_YRange);
+clsNonPara::Run clsNonPara::currentRun() const {
+    return {m_YRange, m_XRange, m_Headers, m_OutputDescriptives, m_IgnoreTies, m_Tails, m_Method};
+}
+
+void clsNonPara::checkRanges(const DataCheck& check, const Run& run) const {
+    const RangeChecks checks{*m_Companions.application, check, run.method, run.headers};
+    if (run.method == tbvNPSign && !run.xRange.isSet()) {
+        checks.checkSignCodes(run.yRange);
     } else {
-        checks.checkData(m_YRange);
-        checks.checkPair(m_YRange, m_XRange);
+        checks.checkData(run.yRange);
+        checks.checkPair(run.yRange, run.xRange);
     }
-    checks.checkRows(m_YRange);
-    if (m_XRange.isSet()) {
-        checks.checkXData(m_XRange);
+    checks.checkRows(run.yRange);
+    if (run.xRange.isSet()) {
+        checks.checkXData(run.xRange);
     }
 }
 
-RangeRef clsNonPara::GetResults() try {
-    loadEngine();
+RangeRef clsNonPara::currentReport(const Run& run) {
+    if (m_Results.isSet()) {
+        return m_Results;
+    }
+    RangeRef report = GetResults(run);
+    // A report whose settings were changed while it was built is not what a later run may paste.
+    if (run == currentRun()) {
+        m_Results = report;
+    }
+    return report;
+}
+
+RangeRef clsNonPara::newOutputRange() {
+    RangeRef output = newWorksheet(*m_Companions.application);
+    // A place that was set meanwhile is meant for the next run.
+    if (!m_OutputRange.isSet()) {
+        m_OutputRange = output;
+    }
+    return output;
+}
+
+RangeRef clsNonPara::GetResults(const Run& run) try {
+    loadEngine(run);
     m_Engine->Analyse();
-    switch (m_Method) {
+    switch (run.method) {
         case tbvNPMannU:
-            return FormatMannUResults();
+            return FormatMannUResults(run);
         case tbvNPWilcoxon:
-            return FormatWilcoxonResults();
+            return FormatWilcoxonResults(run);
         case tbvNPSpearman:
-            return FormatSpearmanResults();
+            return FormatSpearmanResults(run);
         case tbvNPSign:
-            return FormatSignResults();
+            return FormatSignResults(run);
         case tbvNPMedian:
-            return FormatMedianResults();
+            return FormatMedianResults(run);
         case tbvNPFriedman:
         case tbvNPKWallis:
-            return FormatKWallisResults();
+            return FormatKWallisResults(run);
         case tbvNPWWRuns:
-            return FormatWWRunsResults();
+            return FormatWWRunsResults(run);
     }
     return {};
 } catch (...) {
     passOn("clsNonPara.GetResults");
 }
 
-void clsNonPara::loadEngine() {
+void clsNonPara::loadEngine(const Run& run) {
     const Application& application = *m_Companions.application;
     const ObjectRef<ArrayUtility> utility = m_Companions.createArrayUtility();
-    ValueGrid Ys = readAreas(application, *utility, m_YRange, m_Headers);
+    ValueGrid Ys = readAreas(application, *utility, run.yRange, run.headers);
     EngineInput Xs = CellValue(Empty());
-    if (m_XRange.isSet()) {
-        Xs = readArea(application, m_XRange, m_Headers);
+    if (run.xRange.isSet()) {
+        Xs = readArea(application, run.xRange, run.headers);
     }
     m_Engine->LetYs(std::move(Ys));
     m_Engine->Letxs(std::move(Xs));
-    m_Engine->LetTails(m_Tails);
-    m_Engine->LetMethod(m_Method);
-    m_Engine->LetDescriptives(m_OutputDescriptives);
-    m_Engine->LetIgnoreTies(m_IgnoreTies);
+    m_Engine->LetTails(run.tails);
+    m_Engine->LetMethod(run.method);
+    m_Engine->LetDescriptives(run.outputDescriptives);
+    m_Engine->LetIgnoreTies(run.ignoreTies);
 }
 
 }  // namespace TBVNonPara

@@ -5,14 +5,14 @@
 
 namespace TBVNonPara {
 
-RangeRef clsNonPara::FormatKWallisResults() try {
-    const Labels names = groupLabels(m_YRange, m_Headers);
-    const std::string yText = rangeText(m_YRange);
+RangeRef clsNonPara::FormatKWallisResults(const Run& run) try {
+    const Labels names = groupLabels(run.yRange, run.headers);
+    const std::string yText = rangeText(run.yRange);
     clsNonParaOutput report(m_Companions);
-    report.OutputHeader(yText, "", m_Method);
+    report.OutputHeader(yText, "", run.method);
     report.InsertBlankLines(1);
-    if (m_OutputDescriptives) {
-        outputGroupDescriptives(report, names, *m_Engine, m_Method);
+    if (run.outputDescriptives) {
+        outputGroupDescriptives(report, names, *m_Engine, run.method);
     }
     const double chiSq = m_Engine->GetChiSq();
     const Array<Long> DF = m_Engine->GetDF();

@@ -5,20 +5,20 @@
 
 namespace TBVNonPara {
 
-RangeRef clsNonPara::FormatMannUResults() try {
+RangeRef clsNonPara::FormatMannUResults(const Run& run) try {
     clsNonParaOutput report(m_Companions);
-    const Labels names = pairLabels(m_YRange, m_XRange, m_Headers);
-    const std::string yText = rangeText(m_YRange);
-    const std::string xText = rangeText(m_XRange);
-    report.OutputHeader(yText, xText, m_Method);
+    const Labels names = pairLabels(run.yRange, run.xRange, run.headers);
+    const std::string yText = rangeText(run.yRange);
+    const std::string xText = rangeText(run.xRange);
+    report.OutputHeader(yText, xText, run.method);
     report.InsertBlankLines(1);
-    if (m_OutputDescriptives) {
-        outputGroupDescriptives(report, names, *m_Engine, m_Method);
+    if (run.outputDescriptives) {
+        outputGroupDescriptives(report, names, *m_Engine, run.method);
     }
     const double U = m_Engine->GetU();
     const Array<Long> DF = m_Engine->GetDF();
     const double P = m_Engine->GetP();
-    report.OutputMWTest(names, U, DF, P, m_Tails);
+    report.OutputMWTest(names, U, DF, P, run.tails);
     report.InsertBlankLines(1);
     return report.GetResults();
 } catch (...) {

@@ -43,14 +43,14 @@ void outputContingency(clsNonParaOutput& report, const clsNonParaBO& engine) {
 
 }  // namespace
 
-RangeRef clsNonPara::FormatMedianResults() try {
-    const Labels names = groupLabels(m_YRange, m_Headers);
-    const std::string yText = rangeText(m_YRange);
+RangeRef clsNonPara::FormatMedianResults(const Run& run) try {
+    const Labels names = groupLabels(run.yRange, run.headers);
+    const std::string yText = rangeText(run.yRange);
     clsNonParaOutput report(m_Companions);
-    report.OutputHeader(yText, "", m_Method);
+    report.OutputHeader(yText, "", run.method);
     report.InsertBlankLines(1);
-    if (m_OutputDescriptives) {
-        outputGroupDescriptives(report, names, *m_Engine, m_Method);
+    if (run.outputDescriptives) {
+        outputGroupDescriptives(report, names, *m_Engine, run.method);
     }
     const double grandMedian = m_Engine->GetGrandMedian();
     report.OutputComment("Grand Median = " + toText(grandMedian), 0, false);

@@ -23,21 +23,21 @@ Labels namesOrColumns(const RangeRef& first, const RangeRef& second, bool header
 
 }  // namespace
 
-RangeRef clsNonPara::FormatSignResults() try {
+RangeRef clsNonPara::FormatSignResults(const Run& run) try {
     clsNonParaOutput report(m_Companions);
     Labels labels(2);
-    if (m_XRange.isSet()) {
-        labels = namesOrColumns(m_YRange, m_XRange, m_Headers);
-        const std::string yText = rangeText(m_YRange);
-        const std::string xText = rangeText(m_XRange);
-        report.OutputHeader(yText, xText, m_Method);
+    if (run.xRange.isSet()) {
+        labels = namesOrColumns(run.yRange, run.xRange, run.headers);
+        const std::string yText = rangeText(run.yRange);
+        const std::string xText = rangeText(run.xRange);
+        report.OutputHeader(yText, xText, run.method);
     } else {
-        report.OutputHeader(rangeText(m_YRange), "", m_Method);
+        report.OutputHeader(rangeText(run.yRange), "", run.method);
     }
     report.InsertBlankLines(1);
     const auto counts = std::get<Array<Long>>(m_Engine->GetOther());
     const double P = m_Engine->GetP();
-    report.OutputSignTest(labels, counts, P, m_Tails);
+    report.OutputSignTest(labels, counts, P, run.tails);
     report.InsertBlankLines(1);
     return report.GetResults();
 } catch (...) {

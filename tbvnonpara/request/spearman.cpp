@@ -5,21 +5,21 @@
 
 namespace TBVNonPara {
 
-RangeRef clsNonPara::FormatSpearmanResults() try {
+RangeRef clsNonPara::FormatSpearmanResults(const Run& run) try {
     clsNonParaOutput report(m_Companions);
-    const Labels labels = pairLabels(m_YRange, m_XRange, m_Headers);
-    const std::string yText = rangeText(m_YRange);
-    const std::string xText = rangeText(m_XRange);
-    report.OutputHeader(yText, xText, m_Method);
+    const Labels labels = pairLabels(run.yRange, run.xRange, run.headers);
+    const std::string yText = rangeText(run.yRange);
+    const std::string xText = rangeText(run.xRange);
+    report.OutputHeader(yText, xText, run.method);
     report.InsertBlankLines(1);
-    if (m_OutputDescriptives) {
-        outputGroupDescriptives(report, labels, *m_Engine, m_Method);
+    if (run.outputDescriptives) {
+        outputGroupDescriptives(report, labels, *m_Engine, run.method);
     }
     const double rs = m_Engine->GetWilcoxonT();
     const Array<Long> DF = m_Engine->GetDF();
     const double P = m_Engine->GetP();
     // The titles of a correlation use no method word.
-    report.OutputTest(labels, rs, DF, P, m_Tails, m_Method, "");
+    report.OutputTest(labels, rs, DF, P, run.tails, run.method, "");
     report.InsertBlankLines(1);
     return report.GetResults();
 } catch (...) {

@@ -42,18 +42,18 @@ void outputTest(clsNonParaOutput& report, const Labels& labels, const clsNonPara
 
 }  // namespace
 
-RangeRef clsNonPara::FormatWilcoxonResults() try {
+RangeRef clsNonPara::FormatWilcoxonResults(const Run& run) try {
     clsNonParaOutput report(m_Companions);
-    const Labels labels = pairLabels(m_YRange, m_XRange, m_Headers);
-    const std::string yText = rangeText(m_YRange);
-    const std::string xText = rangeText(m_XRange);
-    report.OutputHeader(yText, xText, m_Method);
+    const Labels labels = pairLabels(run.yRange, run.xRange, run.headers);
+    const std::string yText = rangeText(run.yRange);
+    const std::string xText = rangeText(run.xRange);
+    report.OutputHeader(yText, xText, run.method);
     report.InsertBlankLines(1);
-    if (m_OutputDescriptives) {
+    if (run.outputDescriptives) {
         outputDescriptives(report, labels, *m_Engine);
     }
     outputRanks(report, labels, *m_Engine);
-    outputTest(report, labels, *m_Engine, m_Tails);
+    outputTest(report, labels, *m_Engine, run.tails);
     report.InsertBlankLines(1);
     return report.GetResults();
 } catch (...) {

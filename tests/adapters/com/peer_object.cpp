@@ -40,7 +40,16 @@ bool sameName(const wchar_t* a, const wchar_t* b) {
     return CompareStringOrdinal(a, -1, b, -1, TRUE) == CSTR_EQUAL;
 }
 
+std::function<void(const std::wstring&)>& interruption() {
+    static std::function<void(const std::wstring&)> client;
+    return client;
+}
+
 }  // namespace
+
+void interruptCalls(std::function<void(const std::wstring& member)> client) {
+    interruption() = std::move(client);
+}
 
 std::atomic<long>& callsReceived() noexcept {
     static std::atomic<long> calls = 0;
@@ -150,6 +159,9 @@ STDMETHODIMP PeerObject::Invoke(DISPID member, REFIID /*reserved*/, LCID /*local
         return DISP_E_BADPARAMCOUNT;
     }
     try {
+        if (interruption()) {
+            interruption()(called.name);
+        }
         if (isPut) {
             called.write(Arguments(*parameters));
             recordCall(m_Serial, called.name, isPut, *parameters, nullptr);

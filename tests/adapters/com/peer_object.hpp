@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -18,6 +19,10 @@ namespace TBVNonPara::Peer {
 std::atomic<long>& callsReceived() noexcept;
 /// How many of its objects are alive.
 std::atomic<long>& objectsAlive() noexcept;
+
+/// Told of each member that is used, before it answers: a client that the application calls back. None to
+/// stop.
+void interruptCalls(std::function<void(const std::wstring& member)> client);
 
 /// The arguments of a call, in the order in which they are written.
 class Arguments {
