@@ -24,11 +24,26 @@ constexpr auto errorTexts = std::to_array<ErrorText>({
     {CellError::NotAvailable, "#N/A"},
 });
 
+/// Those of newer spreadsheets, which nothing here comes to: they only pass through.
+constexpr auto newerErrorTexts = std::to_array<ErrorText>({
+    {CellError{2043}, "#GETTING_DATA"},
+    {CellError{2045}, "#SPILL!"},
+    {CellError{2046}, "#CONNECT!"},
+    {CellError{2047}, "#BLOCKED!"},
+    {CellError{2048}, "#UNKNOWN!"},
+    {CellError{2049}, "#FIELD!"},
+    {CellError{2050}, "#CALC!"},
+});
+
 }  // namespace
 
 std::string_view displayText(CellError error) noexcept {
     const auto* const found = std::ranges::find(errorTexts, error, &ErrorText::error);
-    return found == errorTexts.end() ? "#ERROR!" : found->text;
+    if (found != errorTexts.end()) {
+        return found->text;
+    }
+    const auto* const newer = std::ranges::find(newerErrorTexts, error, &ErrorText::error);
+    return newer == newerErrorTexts.end() ? "#ERROR!" : newer->text;
 }
 
 std::optional<CellError> cellErrorNamed(std::string_view text) noexcept {

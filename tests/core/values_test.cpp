@@ -218,6 +218,18 @@ TEST(ObjectReferences, RaiseWhenUsedEmpty) {
     EXPECT_EQ(makeObject<Thing>()->value, 7);
 }
 
+TEST(CellErrors, OfNewerSpreadsheetsBearTheirNames) {
+    // clang-format off
+    const std::pair<std::int32_t, const char*> cases[] = {
+        {2043, "#GETTING_DATA"}, {2045, "#SPILL!"}, {2046, "#CONNECT!"}, {2047, "#BLOCKED!"},
+        {2048, "#UNKNOWN!"}, {2049, "#FIELD!"}, {2050, "#CALC!"},
+    };
+    // clang-format on
+    for (const auto& [number, text] : cases) {
+        EXPECT_EQ(displayText(static_cast<CellError>(number)), text);
+    }
+}
+
 TEST(CellErrors, AreKnownByTheTextThatASheetShows) {
     // clang-format off
     const std::pair<const char*, std::int32_t> cases[] = {
@@ -229,7 +241,7 @@ TEST(CellErrors, AreKnownByTheTextThatASheetShows) {
         EXPECT_EQ(cellErrorNamed(text), static_cast<CellError>(number)) << text;
         EXPECT_EQ(displayText(static_cast<CellError>(number)), text);
     }
-    EXPECT_EQ(displayText(static_cast<CellError>(2043)), "#ERROR!");
+    EXPECT_EQ(displayText(static_cast<CellError>(2999)), "#ERROR!");
     for (const char* other : {"", "#", "#n/a", "#N/A ", "#ERROR!", "N/A"}) {
         EXPECT_EQ(cellErrorNamed(other), std::nullopt) << other;
     }

@@ -85,6 +85,23 @@ TEST(Values, DatesAmountsAndWholeNumbersAreNumbers) {
     EXPECT_EQ(fromVariant(whole), CellValue(-7.0));
 }
 
+struct ErrorCell {
+    SCODE code;
+    const char* shown;
+};
+
+TEST(Values, ErrorsOfCellsBearTheirNames) {
+    const ErrorCell cells[] = {{2000, "#NULL!"},    {2007, "#DIV/0!"},       {2015, "#VALUE!"},
+                               {2023, "#REF!"},     {2029, "#NAME?"},        {2036, "#NUM!"},
+                               {2042, "#N/A"},      {2043, "#GETTING_DATA"}, {2045, "#SPILL!"},
+                               {2046, "#CONNECT!"}, {2047, "#BLOCKED!"},     {2048, "#UNKNOWN!"},
+                               {2049, "#FIELD!"},   {2050, "#CALC!"},        {2999, "#ERROR!"}};
+    for (const ErrorCell& cell : cells) {
+        EXPECT_EQ(toText(fromVariant(Variant::error(static_cast<SCODE>(0x800A0000) + cell.code).get())),
+                  cell.shown);
+    }
+}
+
 TEST(Values, AnObjectIsATypeMismatch) {
     const Variant object{ComPtr<IDispatch>()};
     EXPECT_EQ(Support::raisedBy([&] { (void)fromVariant(object.get()); }).number, 13);
