@@ -10,9 +10,9 @@ namespace {
 
 std::atomic<long> holds = 0;
 
-HMODULE thisModule() {
+HMODULE thisModule(DWORD flag) noexcept {
     HMODULE module = nullptr;
-    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | flag,
                        reinterpret_cast<const wchar_t*>(&holds), &module);
     return module;
 }
@@ -31,11 +31,16 @@ bool moduleIsHeld() noexcept {
     return holds != 0;
 }
 
+void keepModuleLoaded() noexcept {
+    (void)thisModule(GET_MODULE_HANDLE_EX_FLAG_PIN);
+}
+
 std::wstring modulePath() {
+    const HMODULE module = thisModule(GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT);
     // A path that does not fit comes back cut, with the length of the buffer; long ones have no fixed limit.
     std::wstring path(MAX_PATH, L'\0');
     for (;;) {
-        const DWORD length = GetModuleFileNameW(thisModule(), path.data(), static_cast<DWORD>(path.size()));
+        const DWORD length = GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size()));
         if (length == 0) {
             throw errorOf(HRESULT_FROM_WIN32(GetLastError()));
         }

@@ -11,6 +11,10 @@ void holdModule() noexcept;
 void letModuleGo() noexcept;
 [[nodiscard]] bool moduleIsHeld() noexcept;
 
+/// Keeps the library loaded to the end of the process: each time that it is loaded the compiler's runtime
+/// takes a thread-local index that it never gives back, and a process has about a thousand.
+void keepModuleLoaded() noexcept;
+
 /// Holds the module for as long as it lives.
 struct ModuleHold {
     ModuleHold() noexcept { holdModule(); }

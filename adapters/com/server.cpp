@@ -42,7 +42,11 @@ STDAPI DllGetClassObject(REFCLSID wanted, REFIID interfaceId, void** object) {
     }
     try {
         const auto factory = com::ComPtr<com::ClassFactory>::adopt(new com::ClassFactory);
-        return factory->QueryInterface(interfaceId, object);
+        const HRESULT status = factory->QueryInterface(interfaceId, object);
+        if (SUCCEEDED(status)) {
+            com::keepModuleLoaded();
+        }
+        return status;
     } catch (...) {
         return E_OUTOFMEMORY;
     }
