@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "adapters/com/errors.hpp"
 #include "tbvnonpara/core/conversions.hpp"
 
 namespace TBVNonPara::com {
@@ -42,7 +43,8 @@ class AutomationRange final : public Range {
     [[nodiscard]] std::string GetAddressLocal() const override { return m_Object.getText(L"AddressLocal"); }
 
     [[nodiscard]] ValueGrid GetValue() const override {
-        return gridFromVariant(m_Object.get(L"Value").get());
+        const Variant values = m_Object.get(L"Value");
+        return holdsAmount(values.get()) ? valuesBehindAmounts(values) : gridFromVariant(values.get());
     }
     void LetValue(const CellValue& value) override { enter(toVariant(value, Texts::AsEntered)); }
     void LetValue(std::span<const CellValue> values) override { enter(toVariant(values, Texts::AsEntered)); }
@@ -80,6 +82,19 @@ class AutomationRange final : public Range {
     void Select() override { m_Object.call(L"Select"); }
 
  private:
+    /// The numbers that cells shown as amounts hold, with all their digits; an application without Value2 has
+    /// only the amounts.
+    [[nodiscard]] ValueGrid valuesBehindAmounts(const Variant& amounts) const {
+        try {
+            return gridFromVariant(m_Object.get(L"Value2").get());
+        } catch (const Error& error) {
+            if (error.number() != noSuchMember) {
+                throw;
+            }
+        }
+        return gridFromVariant(amounts.get());
+    }
+
     void enter(Variant values) { m_Object.put(L"Value", std::move(values)); }
 
     HostObject m_Object;

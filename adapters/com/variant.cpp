@@ -87,12 +87,28 @@ std::size_t extent(SAFEARRAY* array, UINT dimension) {
     return static_cast<std::size_t>(last - first + 1);
 }
 
-ValueGrid fromArray(SAFEARRAY* array) {
+void requireTable(SAFEARRAY* array) {
     VARTYPE type = VT_EMPTY;
     check(SafeArrayGetVartype(array, &type));
     if (type != VT_VARIANT || SafeArrayGetDim(array) != 2) {
         raise(RuntimeError::TypeMismatch);
     }
+}
+
+bool tableHoldsAmount(SAFEARRAY* array) {
+    requireTable(array);
+    const std::size_t cells = extent(array, 1) * extent(array, 2);
+    const LockedElements elements(array);
+    for (std::size_t position = 0; position < cells; ++position) {
+        if (elements[position].vt == VT_CY) {
+            return true;
+        }
+    }
+    return false;
+}
+
+ValueGrid fromArray(SAFEARRAY* array) {
+    requireTable(array);
     const Long rows(extent(array, 1));
     const Long columns(extent(array, 2));
     ValueGrid grid(rows, columns);
@@ -180,6 +196,19 @@ CellValue fromVariant(const VARIANT& value) {
             raise(RuntimeError::TypeMismatch);
         default:
             return convertedToNumber(value);
+    }
+}
+
+bool holdsAmount(const VARIANT& value) {
+    switch (value.vt) {
+        case VT_ARRAY | VT_VARIANT:
+            return tableHoldsAmount(value.parray);
+        case VT_ARRAY | VT_VARIANT | VT_BYREF:
+            return tableHoldsAmount(*value.pparray);
+        case VT_BYREF | VT_VARIANT:
+            return holdsAmount(*value.pvarVal);
+        default:
+            return value.vt == VT_CY;
     }
 }
 

@@ -70,6 +70,10 @@ enum class Texts { AsHeld, AsEntered };
 /// A two-dimensional array counted from 1, rows then columns.
 [[nodiscard]] Variant toVariant(const ValueGrid& values, Texts texts);
 
+/// Whether a value, or an element of an array, is an amount of money: automation carries those with four
+/// decimals.
+[[nodiscard]] bool holdsAmount(const VARIANT& value);
+
 /// One cell as it was read: dates and amounts are numbers, a text is a text even when it is empty. Raises
 /// TypeMismatch for what no cell holds.
 [[nodiscard]] CellValue fromVariant(const VARIANT& value);
