@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <bit>
+#include <string>
 
+#include "adapters/com/com_ptr.hpp"
 #include "adapters/com/errors.hpp"
+#include "adapters/com/text.hpp"
 #include "adapters/com/variant.hpp"
 
 namespace TBVNonPara::com {
@@ -74,11 +77,52 @@ HRESULT convert(const LateCall& call, VARTYPE type, Variant& value) noexcept {
     return status;
 }
 
+ComPtr<IDispatch> objectIn(const VARIANT& value) noexcept {
+    switch (value.vt) {
+        case VT_DISPATCH:
+            return ComPtr<IDispatch>::share(value.pdispVal);
+        case VT_DISPATCH | VT_BYREF:
+            return ComPtr<IDispatch>::share(*value.ppdispVal);
+        case VT_UNKNOWN:
+            return ComPtr<IUnknown>::share(value.punkVal).as<IDispatch>();
+        default:
+            return {};
+    }
+}
+
+/// Whether a value is a range, which has an address, or the values that a language makes of one. (Other
+/// objects, such as the fields of a form, may stand for their text.)
+bool isRange(const VARIANT& value) noexcept {
+    if ((value.vt & VT_ARRAY) != 0) {
+        return true;
+    }
+    const ComPtr<IDispatch> object = objectIn(value);
+    wchar_t name[] = L"Address";
+    LPOLESTR names[] = {name};
+    DISPID id = DISPID_UNKNOWN;
+    return object && SUCCEEDED(object->GetIDsOfNames(IID_NULL, names, 1, LOCALE_NEUTRAL, &id));
+}
+
+HRESULT refuseRange(const Member& member) noexcept {
+    try {
+        const std::string name = toUtf8(std::wstring_view(member.name));
+        throw Error(static_cast<std::int32_t>(RuntimeError::TypeMismatch),
+                    name + " takes an address as a text, not a range or its values. Write ." + name +
+                        " = range.Address(External:=True).");
+    } catch (...) {
+        return toErrorInfo();
+    }
+}
+
 HRESULT putProperty(_clsNonPara& object, const Member& member, const LateCall& call) noexcept {
+    const DISPPARAMS& given = call.parameters;
+    const bool isPut = (call.flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
+    if (isPut && member.type == VT_BSTR && given.cArgs == 1 && isRange(dereferenced(given.rgvarg[0]))) {
+        return refuseRange(member);
+    }
     if ((call.flags & DISPATCH_PROPERTYPUT) == 0) {
         return DISP_E_MEMBERNOTFOUND;
     }
-    const DISPPARAMS& given = call.parameters;
     if (given.cArgs != 1) {
         return DISP_E_BADPARAMCOUNT;
     }

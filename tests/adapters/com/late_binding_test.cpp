@@ -3,6 +3,7 @@
 
 #include "tbvnonpara/core/enumerations.hpp"
 #include "tests/adapters/com/desk.hpp"
+#include "tests/adapters/com/peer_range.hpp"
 
 namespace TBVNonPara::com {
 
@@ -47,6 +48,15 @@ class LateBinding : public Desk {
         EXPECT_EQ(answer.information.scode, tbvNPOutputOccupied);
         EXPECT_EQ(toUtf8(answer.information.bstrSource), "Line 0 in TBVNonPara.clsNonPara.Results");
         EXPECT_FALSE(toUtf8(answer.information.bstrDescription).empty());
+        SysFreeString(answer.information.bstrSource);
+        SysFreeString(answer.information.bstrDescription);
+    }
+
+    static void expectNamesTheAddress(Answer answer) {
+        EXPECT_EQ(answer.status, DISP_E_EXCEPTION);
+        EXPECT_EQ(answer.information.scode, static_cast<SCODE>(0x800A000D));
+        const std::string description = toUtf8(answer.information.bstrDescription);
+        EXPECT_NE(description.find(".Address(External:=True)"), std::string::npos) << description;
         SysFreeString(answer.information.bstrSource);
         SysFreeString(answer.information.bstrDescription);
     }
@@ -161,6 +171,29 @@ TEST_F(LateBinding, PropertiesTakeWhatConvertsToTheirType) {
     EXPECT_EQ(put(7, VARIANT{}), S_OK);
     EXPECT_EQ(put(1, Variant(std::string_view("three")).release()), DISP_E_TYPEMISMATCH);
     EXPECT_EQ(put(5, Variant(3e10).release()), DISP_E_OVERFLOW);
+}
+
+/// A range where a range's address is asked for, in each way in which a language passes it.
+TEST_F(LateBinding, ARangeInsteadOfAnAddressIsRefusedByTheNameOfItsAddress) {
+    const Variant range{Peer::peerRange(m_Workbook->GetRange("Data!A2:A4")).as<IDispatch>()};
+    const Variant values = toVariant(ValueGrid{{1.0}, {2.0}}, Texts::AsHeld);
+    IDispatch* inVariable = range.get().pdispVal;
+    VARIANT variable = range.get();
+    const VARIANT given[] = {range.get(), reference(VT_DISPATCH, &inVariable),
+                             reference(VT_VARIANT, &variable), values.get()};
+    for (const VARIANT& value : given) {
+        for (const DISPID member : {6, 7, 8}) {
+            for (const WORD flags : {DISPATCH_PROPERTYPUT, DISPATCH_PROPERTYPUTREF}) {
+                expectNamesTheAddress(invoke(member, flags, {value}, {DISPID_PROPERTYPUT}));
+            }
+        }
+    }
+}
+
+TEST_F(LateBinding, AnObjectThatStandsForNoTextIsATypeMismatch) {
+    const Variant object{Peer::makePeer({}).as<IDispatch>()};
+    EXPECT_EQ(invoke(6, DISPATCH_PROPERTYPUT, {object.get()}, {DISPID_PROPERTYPUT}).status,
+              DISP_E_TYPEMISMATCH);
 }
 
 TEST_F(LateBinding, BareNumbersHaveNoDescription) {
