@@ -3,6 +3,7 @@
 #include <optional>
 #include <utility>
 
+#include "adapters/com/addresses.hpp"
 #include "adapters/com/automation_range.hpp"
 
 namespace TBVNonPara::com {
@@ -35,7 +36,7 @@ class AutomationApplication final : public Application {
     explicit AutomationApplication(std::function<ComPtr<IDispatch>()> find) : m_Find(std::move(find)) {}
 
     [[nodiscard]] RangeRef GetRange(std::string_view address) const override {
-        return toRange(application().object(Kind::Range, L"Range", address));
+        return toRange(rangeAt(application(), address));
     }
     [[nodiscard]] RangeRef GetRange(const RangeRef& first, const RangeRef& last) const override {
         return toRange(application().object(Kind::Range, L"Range", objectOf(first), objectOf(last)));

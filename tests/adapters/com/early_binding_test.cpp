@@ -90,6 +90,51 @@ TEST_F(Desk, ErrorsOfTheApplicationKeepTheirNumberAndText) {
     EXPECT_FALSE(refusal.description.empty());
 }
 
+TEST_F(Desk, AmountsAreComparedWithAllTheirDigits) {
+    // Rounded to four decimals each pair is a tie, and U is 4.5 instead of 6.
+    fill("Data!A2:B4", ValueGrid{{1.00001, 1.00002}, {2.00001, 2.00002}, {3.00001, 3.00002}});
+    Peer::showAmounts(true);
+    m_Object->put_YRange(Address("Data!A2:A4"));
+    m_Object->put_XRange(Address("Data!B2:B4"));
+    m_Object->put_OutputRange(Address("Data!E1"));
+    const Seen outcome = seen(m_Object->Results(nullptr));
+    Peer::showAmounts(false);
+    EXPECT_EQ(outcome, (Seen{S_OK, "", ""}));
+    EXPECT_EQ(cell("Data!E7"), CellValue(6.0));
+}
+
+TEST_F(Desk, WholeColumnsEndWithTheUsedArea) {
+    m_Object->put_Headers(VARIANT_TRUE);
+    m_Object->put_YRange(Address("Data!A:A"));
+    m_Object->put_XRange(Address("Data!$B:$B"));
+    m_Object->put_OutputRange(Address("Data!E1"));
+    ASSERT_EQ(seen(m_Object->Results(nullptr)), (Seen{S_OK, "", ""}));
+    EXPECT_EQ(cell("Data!E2"), CellValue("Set 1 Range = Data!$A$1:$A$4"));
+    EXPECT_EQ(cell("Data!E3"), CellValue("Set 2 Range = Data!$B$1:$B$4"));
+    EXPECT_EQ(cell("Data!E7"), CellValue(9.0));
+}
+
+TEST_F(Desk, WholeColumnsOfSeveralAreasEndWithTheUsedArea) {
+    fill("Data!D1:D4", ValueGrid{{"Later"}, {3.5}, {7.0}, {8.0}});
+    m_Object->put_Method(::tbvNPKWallis);
+    m_Object->put_Headers(VARIANT_TRUE);
+    m_Object->put_YRange(Address("Data!A:B,D:D"));
+    m_Object->put_OutputRange(Address("Data!G1"));
+    ASSERT_EQ(seen(m_Object->Results(nullptr)), (Seen{S_OK, "", ""}));
+    EXPECT_EQ(cell("Data!G2"), CellValue("Data Range = Data!$A$1:$B$4,$D$1:$D$4"));
+}
+
+TEST_F(Desk, AnAreaWithoutASheetIsAskedForOnTheOneBeforeIt) {
+    const WorksheetRef other = m_Workbook->addSheet("Other", ValueGrid{{1.0}});
+    other->Activate();
+    m_Object->put_Method(::tbvNPKWallis);
+    m_Object->put_Headers(VARIANT_TRUE);
+    EXPECT_EQ(seen(m_Object->put_YRange(Address("Data!A1:A4,B1:B4"))), (Seen{S_OK, "", ""}));
+    m_Object->put_OutputRange(Address("Data!E1"));
+    EXPECT_EQ(seen(m_Object->Results(nullptr)), (Seen{S_OK, "", ""}));
+    EXPECT_EQ(cell("Data!E2"), CellValue("Data Range = Data!$A$1:$A$4,$B$1:$B$4"));
+}
+
 TEST_F(Desk, TextsThatLookLikeNumbersStayTexts) {
     fill("Data!A1:B1", ValueGrid{{"007", "'tis"}});
     m_Object->put_Headers(VARIANT_TRUE);

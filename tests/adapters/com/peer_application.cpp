@@ -1,5 +1,6 @@
 #include "tests/adapters/com/peer_application.hpp"
 
+#include "tests/adapters/com/peer_addresses.hpp"
 #include "tests/adapters/com/peer_range.hpp"
 #include "tests/adapters/com/peer_tests.hpp"
 
@@ -39,8 +40,9 @@ PeerRef activeWorksheets(const Embedded& host) {
 }
 
 Variant rangeOf(const Embedded& host, const Arguments& a) {
-    return asValue(
-        peerRange(a.isText(0) ? host->GetRange(a.text(0)) : host->GetRange(a.range(0), a.range(1))));
+    return asValue(peerRange(
+        a.isText(0) ? host->GetRange(asApplicationsReadIt(a.text(0), host->activeSheet()->GetName()))
+                    : host->GetRange(a.range(0), a.range(1))));
 }
 
 }  // namespace

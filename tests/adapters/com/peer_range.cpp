@@ -1,11 +1,16 @@
 #include "tests/adapters/com/peer_range.hpp"
 
+#include <span>
+
+#include "adapters/com/errors.hpp"
 #include "tbvnonpara/core/conversions.hpp"
+#include "tests/adapters/com/peer_addresses.hpp"
 
 namespace TBVNonPara::Peer {
 
 namespace {
 
+using com::check;
 using com::Texts;
 using com::Variant;
 
@@ -63,6 +68,35 @@ void putValue(Range& range, const VARIANT& value) {
     } else {
         range.LetValue(entered(com::gridFromVariant(value)));
     }
+}
+
+bool amountsAreShown = false;
+
+Variant asAmount(double number) {
+    Variant value;
+    check(VariantChangeType(value.out(), const_cast<VARIANT*>(&Variant(number).get()), 0, VT_CY));
+    return value;
+}
+
+/// As cells with a currency format give their values.
+Variant withAmounts(Variant value) {
+    if (value.get().vt == VT_R8) {
+        return asAmount(value.get().dblVal);
+    }
+    if ((value.get().vt & VT_ARRAY) == 0) {
+        return value;
+    }
+    VARIANT* elements = nullptr;
+    check(SafeArrayAccessData(value.get().parray, reinterpret_cast<void**>(&elements)));
+    const ULONG count =
+        value.get().parray->rgsabound[0].cElements * value.get().parray->rgsabound[1].cElements;
+    for (VARIANT& element : std::span(elements, count)) {
+        if (element.vt == VT_R8) {
+            element = asAmount(element.dblVal).release();
+        }
+    }
+    SafeArrayUnaccessData(value.get().parray);
+    return value;
 }
 
 Variant getValue(const Range& range) {
@@ -129,11 +163,14 @@ std::vector<Member> placeMembers(const RangeRef& range) {
         plain(L"Areas", [range] { return asValue(areas(range)); }),
         plain(L"Worksheet", [range] { return asValue(peerWorksheet(range->GetWorksheet())); }),
         plain(L"Parent", [range] { return asValue(peerWorksheet(range->GetWorksheet())); }),
-        plain(L"Address", [range] { return Variant(range->GetAddress()); }),
+        plain(L"Row", [range] { return Variant(static_cast<std::int32_t>(placeOf(*range).top)); }),
+        plain(L"Column", [range] { return Variant(static_cast<std::int32_t>(placeOf(*range).left)); }),
+        plain(L"Address", [range] { return Variant(addressOf(*range)); }),
         plain(L"AddressLocal", [range] { return Variant(range->GetAddressLocal()); }),
         plain(
-            L"Value", [range] { return getValue(*range); },
+            L"Value", [range] { return amountsAreShown ? withAmounts(getValue(*range)) : getValue(*range); },
             [range](const Arguments& a) { putValue(*range, a[0]); }),
+        plain(L"Value2", [range] { return getValue(*range); }),
     };
 }
 
@@ -179,11 +216,15 @@ Variant cellsOf(const Worksheet& sheet, const Arguments& a) {
 }
 
 Variant rangeOf(const Worksheet& sheet, const Arguments& a) {
-    return asValue(
-        peerRange(a.isText(0) ? sheet.GetRange(a.text(0)) : sheet.GetRange(a.range(0), a.range(1))));
+    return asValue(peerRange(a.isText(0) ? sheet.GetRange(asApplicationsReadIt(a.text(0)))
+                                         : sheet.GetRange(a.range(0), a.range(1))));
 }
 
 }  // namespace
+
+void showAmounts(bool amounts) noexcept {
+    amountsAreShown = amounts;
+}
 
 PeerRef peerRange(const RangeRef& range) {
     std::vector<Member> members = placeMembers(range);
@@ -196,6 +237,7 @@ PeerRef peerRange(const RangeRef& range) {
 PeerRef peerWorksheet(const WorksheetRef& sheet) {
     PeerRef peer = makePeer({
         plain(L"Name", [sheet] { return Variant(sheet->GetName()); }),
+        plain(L"UsedRange", [sheet] { return asValue(peerRange(usedRange(*sheet))); }),
         plain(L"Parent", [sheet] { return asValue(peerWorkbook(sheet->GetParent())); }),
         {L"Cells", [sheet](const Arguments& a) { return cellsOf(*sheet, a); }},
         {L"Range", [sheet](const Arguments& a) { return rangeOf(*sheet, a); }},

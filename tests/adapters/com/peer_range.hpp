@@ -5,6 +5,10 @@
 
 namespace TBVNonPara::Peer {
 
+/// Whether cells are formatted as amounts: Value then gives their numbers as automation's currency, Value2
+/// whole.
+void showAmounts(bool amounts) noexcept;
+
 [[nodiscard]] PeerRef peerRange(const RangeRef& range);
 [[nodiscard]] PeerRef peerWorksheet(const WorksheetRef& worksheet);
 [[nodiscard]] PeerRef peerWorkbook(const WorkbookRef& workbook);
