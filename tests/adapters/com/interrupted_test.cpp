@@ -12,7 +12,7 @@ class InterruptedClient : public Desk, public testing::WithParamInterface<const 
  protected:
     InterruptedClient() {
         set(*m_Object.get());
-        Peer::interruptCalls([this](const std::wstring& member) {
+        Peer::interruptCalls([this](const Peer::PeerObject&, const std::wstring& member) {
             if (member == GetParam() && m_Client) {
                 std::exchange(m_Client, nullptr)();
             }
@@ -86,7 +86,7 @@ using InterruptedSetting = Desk;
 
 TEST_F(InterruptedSetting, OutlivesTheClientsLastReference) {
     std::optional<ULONG> left;
-    Peer::interruptCalls([&](const std::wstring& member) {
+    Peer::interruptCalls([&](const Peer::PeerObject&, const std::wstring& member) {
         if (member == L"Columns" && m_Object) {
             left = m_Object.release()->Release();
         }

@@ -40,14 +40,14 @@ bool sameName(const wchar_t* a, const wchar_t* b) {
     return CompareStringOrdinal(a, -1, b, -1, TRUE) == CSTR_EQUAL;
 }
 
-std::function<void(const std::wstring&)>& interruption() {
-    static std::function<void(const std::wstring&)> client;
+Interruption& interruption() {
+    static Interruption client;
     return client;
 }
 
 }  // namespace
 
-void interruptCalls(std::function<void(const std::wstring& member)> client) {
+void interruptCalls(Interruption client) {
     interruption() = std::move(client);
 }
 
@@ -160,7 +160,7 @@ STDMETHODIMP PeerObject::Invoke(DISPID member, REFIID /*reserved*/, LCID /*local
     }
     try {
         if (interruption()) {
-            interruption()(called.name);
+            interruption()(*this, called.name);
         }
         if (isPut) {
             called.write(Arguments(*parameters));

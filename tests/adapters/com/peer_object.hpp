@@ -20,9 +20,12 @@ std::atomic<long>& callsReceived() noexcept;
 /// How many of its objects are alive.
 std::atomic<long>& objectsAlive() noexcept;
 
+class PeerObject;
+
 /// Told of each member that is used, before it answers: a client that the application calls back. None to
 /// stop.
-void interruptCalls(std::function<void(const std::wstring& member)> client);
+using Interruption = std::function<void(const PeerObject& object, const std::wstring& member)>;
+void interruptCalls(Interruption client);
 
 /// The arguments of a call, in the order in which they are written.
 class Arguments {

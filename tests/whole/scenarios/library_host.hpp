@@ -23,6 +23,15 @@ class LibraryHost : public ScenarioHost {
     [[nodiscard]] std::string reportAddress() const override { return m_Report->address; }
     [[nodiscard]] std::vector<std::string> formatting() const override { return m_Record->calls; }
 
+    /// The address of so many cells from the first one of a range on.
+    [[nodiscard]] static std::string blockAt(const RangeRef& topLeft, Long rows, Long columns) {
+        const WorksheetRef sheet = topLeft->GetWorksheet();
+        const RangeRef block = sheet->GetRange(topLeft->GetCells(1, 1), topLeft->GetCells(rows, columns));
+        std::string address = quotedSheetName(sheet->GetName()) + '!' + block->GetAddress();
+        std::erase(address, '$');
+        return address;
+    }
+
  private:
     struct Report {
         Long rows;
@@ -64,14 +73,6 @@ class LibraryHost : public ScenarioHost {
                 }
             });
         return companions;
-    }
-
-    static std::string blockAt(const RangeRef& topLeft, Long rows, Long columns) {
-        const WorksheetRef sheet = topLeft->GetWorksheet();
-        const RangeRef block = sheet->GetRange(topLeft->GetCells(1, 1), topLeft->GetCells(rows, columns));
-        std::string address = quotedSheetName(sheet->GetName()) + '!' + block->GetAddress();
-        std::erase(address, '$');
-        return address;
     }
 
     std::shared_ptr<Support::FormattingRecord> m_Record = std::make_shared<Support::FormattingRecord>();
