@@ -1,15 +1,15 @@
 #include <cmath>
+#include <cstdint>
 #include <utility>
 
 #include "tbvnonpara/core/arithmetic.hpp"
+#include "tbvnonpara/core/wide_number.hpp"
 #include "tbvnonpara/engine/categories.hpp"
 #include "tbvnonpara/engine/clsNonParaBO.hpp"
 
 namespace TBVNonPara {
 
 namespace {
-
-__extension__ typedef __int128 Wide;
 
 Long countRuns(const ValueGrid& values) {
     Long runs = 1;
@@ -32,17 +32,20 @@ struct RunsMoments {
 // exact; in doubles a long column with a single category, or with no two cells alike, would get a variance of
 // noise instead of 0.
 RunsMoments momentsOfRuns(const Array<Long>& counts, Long cells) {
-    const Wide N = cells.value();
-    Wide S2 = 0;
-    Wide S3 = 0;
+    const auto N = static_cast<std::uint64_t>(cells.value());
+    std::uint64_t S2 = 0;
+    WideNumber S3;
     for (const Long count : counts.elements()) {
-        const Wide n = count.value();
+        const auto n = static_cast<std::uint64_t>(count.value());
         S2 += n * n;
-        S3 += n * n * n;
+        S3 = S3 + WideNumber::product(n * n, n);
     }
-    const auto pairs = static_cast<double>(N * N * (N - 1));
+    const WideNumber more = WideNumber::product((N + 1) * N + S2, S2);
+    const WideNumber less = S3 * (2 * N) + WideNumber::product(N * N, N);
+    const double spread = more < less ? -(less - more).toDouble() : (more - less).toDouble();
+    const WideNumber pairs = WideNumber::product(N * N, N - 1);
     return {divide(static_cast<double>((N + 1) * N - S2), static_cast<double>(N)),
-            divide(static_cast<double>(((N + 1) * N + S2) * S2 - 2 * N * S3 - N * N * N), pairs)};
+            divide(spread, pairs.toDouble())};
 }
 
 double runsProbability(double P2, double runs, double E, TBVNPTails tails) {
