@@ -13,6 +13,10 @@ namespace {
 constexpr wchar_t typeLibraryMarshaller[] = L"{00020424-0000-0000-C000-000000000046}";
 constexpr wchar_t programId[] = L"TBVNonPara.clsNonPara";
 constexpr wchar_t libraryVersion[] = L"1.0";
+// A type library's key is the same for libraries of both widths.
+constexpr bool is64Bit = sizeof(void*) == 8;
+constexpr const wchar_t* ownPlatform = is64Bit ? L"\\0\\win64" : L"\\0\\win32";
+constexpr const wchar_t* otherPlatform = is64Bit ? L"\\0\\win32" : L"\\0\\win64";
 
 std::wstring text(REFGUID guid) {
     wchar_t buffer[39] = L"";
@@ -32,6 +36,10 @@ std::wstring libraryKey() {
     return L"TypeLib\\" + text(LIBID_TBVNonPara);
 }
 
+std::wstring versionKey() {
+    return libraryKey() + L"\\" + libraryVersion;
+}
+
 class Classes {
  public:
     explicit Classes(HKEY key) : m_Key(key) {}
@@ -45,6 +53,15 @@ class Classes {
             RegSetValueExW(created, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()), bytes);
         RegCloseKey(created);
         require(status);
+    }
+
+    [[nodiscard]] bool has(const std::wstring& key) const {
+        HKEY found = nullptr;
+        if (RegOpenKeyExW(m_Key, key.c_str(), 0, KEY_QUERY_VALUE, &found) != ERROR_SUCCESS) {
+            return false;
+        }
+        RegCloseKey(found);
+        return true;
     }
 
     void remove(const std::wstring& key) const {
@@ -76,9 +93,9 @@ void writeClass(const Classes& classes, const std::wstring& path) {
 }
 
 void writeTypeLibrary(const Classes& classes, const std::wstring& path) {
-    const std::wstring version = libraryKey() + L"\\" + libraryVersion;
+    const std::wstring version = versionKey();
     classes.set(version, L"Tabvance Nonparametrics");
-    classes.set(version + L"\\0\\win64", path);
+    classes.set(version + ownPlatform, path);
     classes.set(version + L"\\FLAGS", L"0");
     classes.set(version + L"\\HELPDIR", path.substr(0, path.find_last_of(L'\\')));
     classes.set(interfaceKey(), L"_clsNonPara");
@@ -89,8 +106,13 @@ void writeTypeLibrary(const Classes& classes, const std::wstring& path) {
 
 void removeAll(HKEY key) {
     const Classes classes(key);
-    for (const std::wstring& root : {classKey(), std::wstring(programId), interfaceKey(), libraryKey()}) {
-        classes.remove(root);
+    classes.remove(classKey());
+    classes.remove(versionKey() + ownPlatform);
+    // What the library of the other width needs as well goes with the last of the two.
+    if (!classes.has(versionKey() + otherPlatform)) {
+        for (const std::wstring& root : {std::wstring(programId), interfaceKey(), libraryKey()}) {
+            classes.remove(root);
+        }
     }
 }
 

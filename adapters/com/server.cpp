@@ -1,3 +1,5 @@
+#include <string_view>
+
 #include "adapters/com/class_factory.hpp"
 #include "adapters/com/errors.hpp"
 #include "adapters/com/find_application.hpp"
@@ -14,7 +16,10 @@ namespace {
 class ClassesKey {
  public:
     explicit ClassesKey(HKEY hive) {
-        RegCreateKeyExW(hive, L"Software\\Classes", 0, nullptr, 0, KEY_READ, nullptr, &m_Key, nullptr);
+        // Keys can be removed only below one that was opened for it. Who may not write can still look.
+        if (open(hive, KEY_READ | KEY_WRITE | DELETE) != ERROR_SUCCESS) {
+            open(hive, KEY_READ);
+        }
     }
     ClassesKey(const ClassesKey&) = delete;
     ClassesKey& operator=(const ClassesKey&) = delete;
@@ -27,8 +32,19 @@ class ClassesKey {
     [[nodiscard]] HKEY get() const { return m_Key; }
 
  private:
+    LSTATUS open(HKEY hive, REGSAM rights) {
+        return RegCreateKeyExW(hive, L"Software\\Classes", 0, nullptr, 0, rights, nullptr, &m_Key, nullptr);
+    }
+
     HKEY m_Key = nullptr;
 };
+
+/// Makes the class known, or forgets it, below one branch only.
+HRESULT installBelow(HKEY hive, bool install) {
+    const ClassesKey classes(hive);
+    return install ? com::registerServer(classes.get(), classes.get(), com::modulePath())
+                   : com::unregisterServer(classes.get(), classes.get());
+}
 
 }  // namespace
 
@@ -70,6 +86,23 @@ STDAPI DllUnregisterServer() {
     const ClassesKey machine(HKEY_LOCAL_MACHINE);
     const ClassesKey user(HKEY_CURRENT_USER);
     return com::unregisterServer(machine.get(), user.get());
+}
+
+/// As the two above, for whom the words after regsvr32's /i: say: "user" or "machine", without words for whom
+/// it can.
+STDAPI DllInstall(BOOL install, PCWSTR words) {
+    try {
+        const std::wstring_view scope = words == nullptr ? L"" : words;
+        if (scope.empty()) {
+            return install != FALSE ? DllRegisterServer() : DllUnregisterServer();
+        }
+        if (scope != L"user" && scope != L"machine") {
+            return E_INVALIDARG;
+        }
+        return installBelow(scope == L"user" ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE, install != FALSE);
+    } catch (...) {
+        return com::toErrorInfo();
+    }
 }
 
 /// Tells the library which application it works for; none releases the application. For add-ins whose

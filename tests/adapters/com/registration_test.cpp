@@ -93,6 +93,23 @@ TEST_F(Registration, UnregisteringLeavesNotOneKey) {
     EXPECT_EQ(keysBelow(m_Machine), 3U);
 }
 
+TEST_F(Registration, LeavesTheLibraryOfTheOtherWidthItsTypeLibrary) {
+    constexpr bool is64Bit = sizeof(void*) == 8;
+    ASSERT_EQ(registerServer(m_Machine, m_User, path), S_OK);
+    const std::string library =
+        "TypeLib\\" + value(m_Machine, "CLSID\\" + idOf(__uuidof(::clsNonPara)) + "\\TypeLib") + "\\1.0\\0";
+    const std::string own = library + (is64Bit ? "\\win64" : "\\win32");
+    const std::wstring other = toUtf16(library + (is64Bit ? "\\win32" : "\\win64"));
+    RegSetKeyValueW(m_Machine, other.c_str(), nullptr, REG_SZ, L"other", sizeof L"other");
+    EXPECT_EQ(unregisterServer(m_Machine, m_User), S_OK);
+    EXPECT_EQ(value(m_Machine, own), "nothing");
+    EXPECT_EQ(value(m_Machine, toUtf8(std::wstring_view(other))), "other");
+    EXPECT_EQ(value(m_Machine, "Interface\\" + idOf(__uuidof(_clsNonPara))), "_clsNonPara");
+    RegDeleteTreeW(m_Machine, other.c_str());
+    EXPECT_EQ(unregisterServer(m_Machine, m_User), S_OK);
+    EXPECT_EQ(keysBelow(m_Machine), 3U);
+}
+
 TEST_F(Registration, RegisteringTwiceAndUnregisteringTwiceSucceed) {
     EXPECT_EQ(registerServer(m_Machine, m_User, path), S_OK);
     EXPECT_EQ(registerServer(m_Machine, m_User, path), S_OK);
