@@ -1,25 +1,16 @@
-' Compares two columns of the sheet "Data", "Before" in column A and "After" in column B with their labels in row 1,
-' and writes the report to D1. The object works for the application that it is created in: copy the procedure into
-' a module of a workbook or of an add-in and run it there.
-
-Sub CompareColumns()
-    Dim request
-    Set request = CreateObject("TBVNonPara.clsNonPara")
-    request.Method = 0                    ' tbvNPMannU; set it before YRange
-    request.Tails = 2                     ' tbvNPVar1LTVar2: the first sample is below the second
-    request.Headers = True
-    request.OutputDescriptives = True
-    request.YRange = "Data!A1:A4"
-    request.XRange = "Data!B1:B4"
-    request.OutputRange = "Data!D1"
-
-    On Error Resume Next
-    request.Results False                 ' True replaces what the cells hold
-    If Err.Number <> 0 Then
-        WarnUser Err.Number & " in " & Err.Source & ": " & Err.Description
-    End If
-End Sub
-
-Sub WarnUser(text)
-    MsgBox text
-End Sub
+' Double-clicked, this says whether TBVNonPara.clsNonPara can be created on this machine, and what to do next.
+' In the application itself the object is used from a module: import TBVNonPara.bas and run one of its examples.
+Option Explicit
+Dim request, told
+told = "TBVNonPara.clsNonPara is not registered. Run register.cmd in this folder, then try again."
+On Error Resume Next
+Set request = CreateObject("TBVNonPara.clsNonPara")
+If Err.Number = 0 Then
+    request.Method = 0                    ' tbvNPMannU; settings need no application
+    request.YRange = "A1:A9"              ' addresses do
+    told = "TBVNonPara.clsNonPara is registered. It works inside the spreadsheet application: open a workbook there, " & _
+           "import TBVNonPara.bas from this folder into its macros and run ExampleMannWhitney."
+    If Err.Number <> 0 Then told = told & vbCrLf & vbCrLf & "(Here it says: " & Err.Description & ")"
+End If
+On Error GoTo 0
+WScript.Echo told

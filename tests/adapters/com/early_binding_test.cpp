@@ -135,6 +135,15 @@ TEST_F(Desk, AnAreaWithoutASheetIsAskedForOnTheOneBeforeIt) {
     EXPECT_EQ(cell("Data!E2"), CellValue("Data Range = Data!$A$1:$A$4,$B$1:$B$4"));
 }
 
+TEST_F(Desk, WithoutTheWorkbookOfTheReportsAnObjectIsNotSet) {
+    m_Object->put_YRange(Address("Data!A2:A4"));
+    m_Object->put_XRange(Address("Data!B2:B4"));
+    m_Workbook->closeBook("tbv2007.xlam");
+    EXPECT_EQ(seen(m_Object->Results(nullptr)),
+              (Seen{static_cast<HRESULT>(0x800A005B), "Line 0 in TBVNonPara.clsNonParaOutput.Initialise",
+                    "Object variable or With block variable not set"}));
+}
+
 TEST_F(Desk, TextsThatLookLikeNumbersStayTexts) {
     fill("Data!A1:B1", ValueGrid{{"007", "'tis"}});
     m_Object->put_Headers(VARIANT_TRUE);

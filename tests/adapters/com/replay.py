@@ -1,9 +1,9 @@
 #!/usr/bin/python3
-"""replay.py STATEMENTS FOLDER
+"""replay.py STATEMENTS FOLDER WORKBOOK
 
 Replays the calls of the eight tests, as com_record writes them, on LibreOffice Calc's own implementation of the
-object model: in a macro with Option VBASupport 1, in a document that is made here. Each test has an office of its
-own. A statement must succeed and give our own peer's answer; the cells of the report must hold the same.
+object model: in a macro with Option VBASupport 1, in a document that is made here. WORKBOOK is the package's, on
+whose sheet the reports are built. Each test has an office of its own. A statement must succeed and give our own peer's answer; the cells of the report must hold the same.
 """
 import os
 import subprocess
@@ -111,10 +111,12 @@ class Office:
             self.process.kill()
 
 
-def scratch_workbook(office):
-    document = office.document(False)
-    document.Sheets.getByIndex(0).Name = "Results"
-    document.storeAsURL(f"file://{office.folder}/tbv2007.xlam", (value("FilterName", "calc8"),))
+def scratch_workbook(office, path):
+    # This office does not know add-ins by their content, and would ask.
+    document = office.desktop.loadComponentFromURL(
+        f"file://{path}", "_blank", 0, (value("FilterName", "Calc MS Excel 2007 VBA XML"),))
+    if document.Sheets.ElementNames != ("Results",):
+        raise RuntimeError(f"{path} holds the sheets {document.Sheets.ElementNames}")
     return document
 
 
@@ -128,10 +130,10 @@ def user_workbook(office):
     return document
 
 
-def replay(statements, folder):
+def replay(statements, folder, workbook):
     office = Office(folder)
     try:
-        scratch_workbook(office)
+        scratch_workbook(office, workbook)
         document = user_workbook(office)
         libraries = document.BasicLibraries
         libraries.VBACompatibilityMode = True
@@ -168,7 +170,8 @@ def main():
     os.makedirs(sys.argv[2], exist_ok=True)
     passed = failed = 0
     for name, statements in recorded:
-        made, *report = replay(statements, os.path.abspath(sys.argv[2])).splitlines()
+        made, *report = replay(
+            statements, os.path.abspath(sys.argv[2]), os.path.abspath(sys.argv[3])).splitlines()
         report = [line for line in report if line]
         unknown = [line for line in report if not is_known(line)]
         good = int(made) > 100 and not unknown

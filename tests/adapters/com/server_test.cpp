@@ -95,6 +95,48 @@ SIZE_T privateBytes() {
     return counters.PrivateUsage;
 }
 
+/// An activation context in force.
+class ActivationContext {
+ public:
+    explicit ActivationContext(const std::wstring& manifest) {
+        ACTCTXW request{};
+        request.cbSize = sizeof request;
+        request.lpSource = manifest.c_str();
+        m_Context = CreateActCtxW(&request);
+        m_InForce = m_Context != INVALID_HANDLE_VALUE && ActivateActCtx(m_Context, &m_Cookie) != FALSE;
+    }
+    ActivationContext(const ActivationContext&) = delete;
+    ActivationContext& operator=(const ActivationContext&) = delete;
+    ~ActivationContext() {
+        if (m_InForce) {
+            DeactivateActCtx(0, m_Cookie);
+        }
+    }
+
+    [[nodiscard]] bool isInForce() const { return m_InForce; }
+
+ private:
+    HANDLE m_Context;
+    ULONG_PTR m_Cookie = 0;
+    bool m_InForce = false;
+};
+
+TEST(Server, IsCreatedByItsManifestWhereNothingIsRegistered) {
+    const std::wstring library = serverPath();
+    const auto create = [] {
+        CLSID id;
+        ComPtr<_clsNonPara> object;
+        const HRESULT known = CLSIDFromProgID(L"TBVNonPara.clsNonPara", &id);
+        return FAILED(known) ? known
+                             : CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, __uuidof(_clsNonPara),
+                                                reinterpret_cast<void**>(object.out()));
+    };
+    EXPECT_EQ(create(), CO_E_CLASSSTRING);
+    const ActivationContext context(library.substr(0, library.find_last_of(L'.')) + L".manifest");
+    ASSERT_TRUE(context.isInForce()) << GetLastError();
+    EXPECT_EQ(create(), S_OK);
+}
+
 /// How many more thread-local indices the process can have.
 std::size_t freeThreadLocals() {
     std::vector<DWORD> taken;
