@@ -12,6 +12,20 @@ namespace TBVNonPara::workbook {
 
 namespace {
 
+struct ErrorName {
+    std::string_view text;
+    CellError error;
+};
+
+/// Names that are not English: what an office with another language writes of an error that formulas give.
+constexpr auto otherErrorNames = std::to_array<ErrorName>({
+    {"#NV", CellError::NotAvailable},
+    {"#WERT!", CellError::Value},
+    {"#BEZUG!", CellError::Reference},
+    {"#ZAHL!", CellError::Number},
+    {"#GETTING_DATA", CellError::NotAvailable},
+});
+
 /// A number out of the range of doubles: does its exponent lead down to nothing?
 bool isTiny(std::string_view digits) noexcept {
     const std::size_t exponent = digits.find_first_of("eE");
@@ -36,6 +50,12 @@ std::optional<double> shortWhole(std::string_view text) noexcept {
         number = number * 10 + (digit - '0');
     }
     return static_cast<double>(number);
+}
+
+/// A letter of any alphabet, or a sign that some languages begin a name with ("¡").
+bool isLetter(char c) noexcept {
+    const char lower = static_cast<char>(c | 0x20);
+    return (lower >= 'a' && lower <= 'z') || static_cast<unsigned char>(c) >= 0x80U;
 }
 
 }  // namespace
@@ -85,7 +105,22 @@ std::optional<CellError> errorInFile(std::string_view text) noexcept {
         const auto number = countInFile(text.substr(numbered.size()));
         return officeError(number && *number <= 99'999 ? static_cast<std::int32_t>(*number) : 0);
     }
-    return text == "#GETTING_DATA" ? std::optional(CellError::NotAvailable) : cellErrorNamed(text);
+    const auto* const other = std::ranges::find(otherErrorNames, text, &ErrorName::text);
+    return other != std::end(otherErrorNames) ? std::optional(other->error) : cellErrorNamed(text);
+}
+
+bool looksLikeError(std::string_view text) noexcept {
+    if (text.size() < 2) {
+        return false;
+    }
+    if (text.front() == '#') {
+        return isLetter(text[1]);
+    }
+    // "Err:502": a word and a number of three digits, the first of which is a 5.
+    constexpr std::size_t numberSize = 4;
+    const std::size_t colon = text.size() - std::min(numberSize, text.size());
+    const std::string_view number = text.substr(colon);
+    return isLetter(text.front()) && number.starts_with(":5") && countInFile(number.substr(1));
 }
 
 std::optional<bool> truthInFile(std::string_view text) noexcept {

@@ -17,9 +17,12 @@ namespace TBVNonPara::workbook {
 /// The whole number from 0 on that a file spells, none for anything else.
 [[nodiscard]] std::optional<std::size_t> countInFile(std::string_view text) noexcept;
 
-/// "#N/A" and its like, and the numbered errors of LibreOffice ("Err:502"), each as the nearest of the seven
-/// that a cell knows. None for any other text.
+/// "#N/A" and its like, in German too, and the numbered errors of LibreOffice ("Err:502"), each as the
+/// nearest of the seven that a cell knows. None for any other text.
 [[nodiscard]] std::optional<CellError> errorInFile(std::string_view text) noexcept;
+
+/// Whether a text can be what a cell shows for an error in some language: "#VALOR!", "#ЗНАЧ!", "Fehler:502".
+[[nodiscard]] bool looksLikeError(std::string_view text) noexcept;
 
 /// "1", "0", "true" and "false".
 [[nodiscard]] std::optional<bool> truthInFile(std::string_view text) noexcept;

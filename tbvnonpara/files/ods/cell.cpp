@@ -30,12 +30,42 @@ std::optional<CellError> errorOf(const OdsCell& cell) {
     return cell.formula ? errorInFile(shown) : std::nullopt;
 }
 
+/// A formula shows an error where its value is 0: the names of errors differ from language to language, and
+/// programs that write no type for errors write 0 for them. A number format may show a # as well, but never
+/// with a letter behind it in place of a number's digits.
+bool showsError(const OdsCell& cell, const CellValue& value) {
+    const auto* const number = std::get_if<double>(&value);
+    const auto* const truth = std::get_if<bool>(&value);
+    const bool nothing = (number != nullptr && *number == 0) || (truth != nullptr && !*truth);
+    return cell.formula && nothing && looksLikeError(cell.text.text());
+}
+
 CellValue withoutType(const OdsCell& cell, SharedTexts& texts) {
     if (cell.formula && !cell.text.hasParagraph()) {
         return uncalculated;
     }
     // A formula whose result is an empty text has an empty paragraph.
     return cell.formula || !cell.text.text().empty() ? CellValue(texts.share(cell.text.text())) : CellValue();
+}
+
+/// What the type of a cell says.
+CellValue typedValue(const OdsCell& cell, const DateSystem& dates, SharedTexts& texts) {
+    if (cell.type == "float" || cell.type == "percentage" || cell.type == "currency") {
+        return required(numberInFile(cell.value), cell);
+    }
+    if (cell.type == "string") {
+        return texts.share(cell.hasString ? cell.value : cell.text.text());
+    }
+    if (cell.type == "date") {
+        return required(serialOfDate(cell.value, dates), cell);
+    }
+    if (cell.type == "time") {
+        return required(serialOfDuration(cell.value), cell);
+    }
+    if (cell.type == "boolean") {
+        return required(truthInFile(cell.value), cell);
+    }
+    return withoutType(cell, texts);
 }
 
 }  // namespace
@@ -65,22 +95,8 @@ CellValue meaningOf(const OdsCell& cell, const DateSystem& dates, SharedTexts& t
     if (const auto error = errorOf(cell)) {
         return *error;
     }
-    if (cell.type == "float" || cell.type == "percentage" || cell.type == "currency") {
-        return required(numberInFile(cell.value), cell);
-    }
-    if (cell.type == "string") {
-        return texts.share(cell.hasString ? cell.value : cell.text.text());
-    }
-    if (cell.type == "date") {
-        return required(serialOfDate(cell.value, dates), cell);
-    }
-    if (cell.type == "time") {
-        return required(serialOfDuration(cell.value), cell);
-    }
-    if (cell.type == "boolean") {
-        return required(truthInFile(cell.value), cell);
-    }
-    return withoutType(cell, texts);
+    CellValue value = typedValue(cell, dates, texts);
+    return showsError(cell, value) ? errorInFile(cell.text.text()).value_or(CellError::Value) : value;
 }
 
 std::size_t repetitions(std::string_view text) noexcept {
