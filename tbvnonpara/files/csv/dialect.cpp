@@ -6,6 +6,8 @@
 #include <map>
 #include <vector>
 
+#include "tbvnonpara/core/unicode.hpp"
+
 namespace TBVNonPara::workbook {
 
 namespace {
@@ -48,6 +50,14 @@ class Sample {
             most = std::max(most, records);
         }
         return m_Records.empty() ? 0 : static_cast<double>(most) / static_cast<double>(m_Records.size());
+    }
+
+    /// Missing in the header and in half of all records: it stands in some texts of one column.
+    [[nodiscard]] bool isStray(std::size_t candidate) const {
+        const auto without =
+            std::ranges::count_if(m_Records, [=](const Counts& counts) { return counts[candidate] == 0; });
+        return !m_Records.empty() && m_Records.front()[candidate] == 0 &&
+               2 * static_cast<std::size_t>(without) >= m_Records.size();
     }
 
     /// One column of numbers with decimal commas under a heading without one.
@@ -102,19 +112,31 @@ class Sample {
 
 }  // namespace
 
-char sniffDelimiter(std::string_view text) {
+std::optional<char> sniffDelimiter(std::string_view text) {
     const Sample sample(text);
     const bool decimalCommas = sample.commasAreDecimal();
-    char best = ';';
+    std::optional<char> best;
     double bestShare = 0;
     for (std::size_t candidate = 0; candidate < candidates.size(); ++candidate) {
-        const double share = candidate == comma && decimalCommas ? 0 : sample.share(candidate);
+        const bool out = sample.isStray(candidate) || (candidate == comma && decimalCommas);
+        const double share = out ? 0 : sample.share(candidate);
         if (share > bestShare) {
             best = candidates[candidate];
             bestShare = share;
         }
     }
     return best;
+}
+
+std::optional<DelimiterLine> delimiterLine(std::string_view text) noexcept {
+    constexpr std::string_view key = "sep=";
+    const std::string_view line = text.substr(0, text.find_first_of("\r\n"));
+    if (line.size() != key.size() + 1 || !equalIgnoringCase(line.substr(0, key.size()), key)) {
+        return std::nullopt;
+    }
+    const std::string_view rest = text.substr(line.size());
+    const std::size_t end = rest.starts_with("\r\n") ? 2 : std::min<std::size_t>(rest.size(), 1);
+    return DelimiterLine{line.back(), line.size() + end};
 }
 
 }  // namespace TBVNonPara::workbook

@@ -1,14 +1,22 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string_view>
 
 namespace TBVNonPara::workbook {
 
 /// The character between fields, as the first lines of a text suggest it: the tab, semicolon, bar or comma
-/// that divides most of them into equally many fields (in this order when several do). Commas that only ever
-/// stand between digits of one column are decimal commas, not delimiters. A semicolon when nothing divides
-/// the lines: a comma further down is then a decimal comma or part of a text.
-[[nodiscard]] char sniffDelimiter(std::string_view text);
+/// that divides most of them into equally many fields (in this order when several do). One that is missing in
+/// the header and in half of all lines belongs to a text; commas that only ever stand between digits of one
+/// column are decimal commas. None when nothing divides the lines: then there is one column.
+[[nodiscard]] std::optional<char> sniffDelimiter(std::string_view text);
+
+/// A first line such as "sep=;", which spreadsheets write and read to say what stands between fields.
+struct DelimiterLine {
+    char delimiter;
+    std::size_t size;  ///< with the line's end
+};
+[[nodiscard]] std::optional<DelimiterLine> delimiterLine(std::string_view text) noexcept;
 
 }  // namespace TBVNonPara::workbook

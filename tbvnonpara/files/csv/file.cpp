@@ -8,6 +8,7 @@
 #include "tbvnonpara/core/file_name.hpp"
 #include "tbvnonpara/core/utf8.hpp"
 #include "tbvnonpara/core/words.hpp"
+#include "tbvnonpara/files/csv/dialect.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
 
 namespace TBVNonPara::workbook {
@@ -64,10 +65,11 @@ std::string readFile(const std::filesystem::path& path) {
 std::shared_ptr<Sheet> openCsv(EmbeddedApplication& application, const std::filesystem::path& path,
                                CsvOptions options) {
     const std::string ending = foldCase(shown(path.extension()));
-    if (!options.delimiter && (ending == ".tsv" || ending == ".tab")) {
+    const std::string text = readFile(path);
+    if (!options.delimiter && (ending == ".tsv" || ending == ".tab") && !delimiterLine(text)) {
         options.delimiter = '\t';
     }
-    CsvData data = readCsv(readFile(path), options, shown(path.filename()));
+    CsvData data = readCsv(text, options, shown(path.filename()));
     return application.addSheet(application.activeBook()->freeSheetName(shown(path.stem())),
                                 std::move(data.cells));
 }

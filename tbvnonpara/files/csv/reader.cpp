@@ -14,6 +14,9 @@ namespace {
 
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
+/// No character of a text: the whole line is one field.
+constexpr char noDelimiter = '\0';
+
 /// The line that a position stands on, and the byte in that line, both from 1.
 struct TextPosition {
     TextPosition(std::string_view text, std::size_t position) {
@@ -69,7 +72,10 @@ void requireDialect(const CsvOptions& options) {
 
 /// Which character stands between fields when it was not said: with decimal commas it is no comma.
 char delimiterFor(std::string_view text, const CsvOptions& options) {
-    const char delimiter = options.delimiter.value_or(sniffDelimiter(text));
+    if (options.delimiter) {
+        return *options.delimiter;
+    }
+    const char delimiter = sniffDelimiter(text).value_or(noDelimiter);
     return delimiter == ',' && options.decimalMark == ',' ? ';' : delimiter;
 }
 
@@ -77,17 +83,24 @@ std::optional<char> decimalMarkFor(char delimiter, const CsvOptions& options) {
     return options.decimalMark || delimiter != ',' ? options.decimalMark : '.';
 }
 
-/// Walks through the text, field by field.
+/// Walks through the text, field by field, from a position on that begins a line.
 class CsvParser {
  public:
-    CsvParser(std::string_view text, char delimiter, std::optional<char> decimalMark, std::string_view source)
-        : m_Text(text), m_Delimiter(delimiter), m_Fields(decimalMark), m_Source(source) {}
+    CsvParser(std::string_view text, char delimiter, std::optional<char> decimalMark, std::string_view source,
+              std::size_t start)
+        : m_Text(text),
+          m_Delimiter(delimiter),
+          m_Fields(decimalMark),
+          m_Source(source),
+          m_At(start),
+          m_Line(start == 0 ? 1 : 2) {}
 
     [[nodiscard]] CsvData read() {
         while (m_At < m_Text.size()) {
             readRecord();
         }
-        return {std::move(m_Cells), m_Delimiter, m_Fields.decimalMark()};
+        return {std::move(m_Cells), m_Delimiter == noDelimiter ? std::nullopt : std::optional(m_Delimiter),
+                m_Fields.decimalMark()};
     }
 
  private:
@@ -188,8 +201,8 @@ class CsvParser {
     char m_Delimiter;
     CsvFieldReader m_Fields;
     std::string_view m_Source;
-    std::size_t m_At = 0;
-    std::size_t m_Line = 1;
+    std::size_t m_At;
+    std::size_t m_Line;
     Index m_Row = 0;
     Index m_Column = 0;
     CellStore m_Cells;
@@ -203,8 +216,15 @@ CsvData readCsv(std::string_view text, const CsvOptions& options, std::string_vi
     if (text.starts_with(byteOrderMark)) {
         text.remove_prefix(byteOrderMark.size());
     }
-    const char delimiter = delimiterFor(text, options);
-    return CsvParser(text, delimiter, decimalMarkFor(delimiter, options), source).read();
+    CsvOptions settled = options;
+    const auto line = delimiterLine(text);
+    if (line && !settled.delimiter) {
+        settled.delimiter = line->delimiter;
+        requireDialect(settled);
+    }
+    const std::size_t start = line ? line->size : 0;
+    const char delimiter = delimiterFor(text.substr(start), settled);
+    return CsvParser(text, delimiter, decimalMarkFor(delimiter, settled), source, start).read();
 }
 
 }  // namespace TBVNonPara::workbook

@@ -16,12 +16,12 @@ struct CsvOptions {
 
 struct CsvData {
     CellStore cells;
-    char delimiter = ',';
+    std::optional<char> delimiter;  ///< none in a text of one column
     char decimalMark = '.';
 };
 
 /// Reads delimited text (UTF-8, with or without a byte order mark; lines end with LF, CRLF or CR) into cells,
-/// every line a row, blank ones too.
+/// every line a row, blank ones too. A first line "sep=;" says what stands between fields and is no row.
 ///
 /// A field is a number when all of it reads as one (exactly rounded; blanks around it allowed), TRUE or FALSE
 /// in any case a Boolean, "#N/A" and its like an error value, nothing an empty cell, anything else a text as

@@ -49,6 +49,7 @@ TEST_F(CsvFile, EndingInTsvIsDividedByTabs) {
     EXPECT_EQ(sheet->value(2, 1), CellValue(1.5));
     const auto other = openCsv(*m_Application, write("other.tsv", "a;b"), {.delimiter = ';'});
     EXPECT_EQ(other->value(1, 2), CellValue("b"));
+    EXPECT_EQ(openCsv(*m_Application, write("own.tsv", "sep=;\na;b"))->value(1, 2), CellValue("b"));
 }
 
 TEST_F(CsvFile, ThatIsEmptyIsAnEmptySheet) {

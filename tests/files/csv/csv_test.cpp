@@ -91,6 +91,15 @@ const Case cases[] = {
     {"DelimitersInQuotesDoNotCount", "\"a;b;c\",d\n\"e;f;g\",h\n",   "ta;b;c|td/te;f;g|th"},
     {"TitleLineFirst",              "My data\na,b\n1,2\n3,4\n",      "tMy data|/ta|tb/1|2/3|4"},
     {"OneColumn",                   "1\n2\n3\n",                     "1/2/3"},
+    {"SemicolonsInHalfOfTheTexts",  "cat\ngood\nbad; late\ngood\nbad; early\ngood\n", "tcat/tgood/tbad; late/tgood/tbad; early/tgood"},
+    {"CommaInOneTextOfOneColumn",   "cat\na\nb\nx, y\n",            "tcat/ta/tb/tx, y"},
+    {"BarsInJustHalfOfTheLines",    "cat\na|b\nc\nd|e\n",           "tcat/ta|b/tc/td|e"},
+    {"BarsInMoreThanHalfOfTheLines", "title\na|b\nc|d\ne\n",        "ttitle|/ta|tb/tc|td/te|"},
+    {"LineThatNamesTheDelimiter",   "sep=;\na;b,c\n1;2\n",           "ta|tb,c/1|2"},
+    {"LineThatNamesATab",           "SEP=\t\r\na;b\tc\r\n1\t2",       "ta;b|tc/1|2"},
+    {"LineThatNamesBehindAMark",    "\xEF\xBB\xBF" "sep=|\ra|b,c,d",  "ta|tb,c,d"},
+    {"LineThatNamesTheDelimiterAlone", "sep=,",                     ""},
+    {"LineThatNamesTwoCharacters",  "sep=;;\n1;2",                   "tsep=|/1|2"},
     {"Umlauts",                     "größe,naïve\n1,2",              "tgröße|tnaïve/1|2"},
 };
 // clang-format on
@@ -116,11 +125,13 @@ TEST(CsvOptions, SettleWhatIsNotToBeFoundOut) {
     EXPECT_EQ(shown(readCsv("1,5\n2,5", {.decimalMark = ','}).cells), "1.5/2.5");
     EXPECT_EQ(shown(readCsv("1,5\t2.5", {.decimalMark = '.'}).cells), "t1,5|2.5");
     EXPECT_EQ(shown(readCsv("a\tb;c", {.delimiter = ';'}).cells), "ta\tb|tc");
+    EXPECT_EQ(shown(readCsv("sep=;\na;b,c", {.delimiter = ','}).cells), "ta;b|tc");
 }
 
 TEST(CsvOptions, ThatContradictThemselvesAreRefused) {
     expectRefused([] { (void)readCsv("1", {.delimiter = ',', .decimalMark = ','}); }, "The same character");
     expectRefused([] { (void)readCsv("1", {.decimalMark = ';'}); }, "must be a point or a comma");
+    expectRefused([] { (void)readCsv("sep=,\n1", {.decimalMark = ','}); }, "The same character");
     for (const char delimiter : {'"', '\n', '\r', '\0', '\xC3'}) {
         expectRefused([=] { (void)readCsv("1", {.delimiter = delimiter}); }, "cannot stand between fields");
     }
@@ -131,7 +142,8 @@ TEST(CsvData, TellsHowItWasRead) {
     EXPECT_EQ(data.delimiter, ';');
     EXPECT_EQ(data.decimalMark, ',');
     EXPECT_EQ(readCsv("1,2\n").delimiter, ',');
-    EXPECT_EQ(readCsv("1\n").delimiter, ';');
+    EXPECT_EQ(readCsv("sep=|\n1").delimiter, '|');
+    EXPECT_EQ(readCsv("1\n").delimiter, std::nullopt);
     EXPECT_EQ(readCsv("1\n").decimalMark, '.');
 }
 
@@ -152,6 +164,7 @@ TEST_P(BrokenCsv, IsRefusedWithTheLine) {
 const Case broken[] = {
     {"OpenQuote",           "1,2\n3,\"a\nb\nc",   "data.csv, line 2, byte 3: the quote that opens here is never closed"},
     {"OpenDoubledQuote",    "\"a\"\"",            "data.csv, line 1, byte 1: the quote"},
+    {"QuoteBehindALineThatNames", "sep=;\n\"a",      "data.csv, line 2, byte 1: the quote"},
     {"StrayByte",           "a\nb\xFF",           "data.csv, line 2, byte 2: not valid UTF-8"},
     {"Latin1",              "x\r\ngr\xF6\xDF" "e","data.csv, line 2, byte 3: not valid UTF-8"},
     {"CutCharacter",        "a\xE2\x82",          "line 1, byte 2: not valid UTF-8"},
