@@ -83,7 +83,8 @@ void offerTails(CLI::App& command, const OfferedTest& test, Words& words) {
 
 void offerFileAndForm(CLI::App& command, Words& words) {
     command
-        .add_option("FILE", words.arguments.file, "a .xlsx, .ods, .csv or .tsv file, or - for standard input")
+        .add_option("FILE", words.arguments.file,
+                    "a .xlsx, .ods, .fods, .csv or .tsv file, or - for standard input")
         ->required()
         ->type_name("");
     command.add_option("--format", words.format, "the form of the report: text, json, csv, html or xlsx")

@@ -54,7 +54,7 @@ _tbvnonpara() {
                     compgen -d -- "$word"
                     compgen -f -X '!*.csv' -- "$word"
                     compgen -f -X '!*.tsv' -- "$word"
-                    compgen -f -X '!*.@(xlsx|xlsm|ods)' -- "$word"
+                    compgen -f -X '!*.@(xlsx|xlsm|ods|fods)' -- "$word"
                 )
             fi
             ;;

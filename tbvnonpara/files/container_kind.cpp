@@ -1,6 +1,5 @@
 #include "tbvnonpara/files/container_kind.hpp"
 
-#include <algorithm>
 #include <array>
 
 namespace TBVNonPara::workbook {
@@ -31,7 +30,6 @@ constexpr auto signatures = std::to_array<Signature>({
     {"\x28\xB5\x2F\xFD"sv, "compressed by Zstandard"},
     {"7z\xBC\xAF\x27\x1C"sv, "a 7-Zip archive"},
     {"Rar!\x1A\x07"sv, "a RAR archive"},
-    {"%PDF-"sv, "a PDF document"},
     {"PAR1"sv, "a Parquet file"},
     {"ARROW1"sv, "an Arrow file"},
     {"\x89HDF\r\n"sv, "an HDF5 file"},
@@ -42,19 +40,9 @@ constexpr auto signatures = std::to_array<Signature>({
     {"\x89PNG"sv, "a picture (PNG)"},
     {"\xFF\xD8\xFF"sv, "a picture (JPEG)"},
     {"GIF8"sv, "a picture (GIF)"},
-    {R"({\rtf)"sv, "an RTF document"},
     {"\x7F"
      "ELF"sv,
      "a program"},
-});
-
-/// Texts that some programs give the ending of a workbook.
-constexpr auto markups = std::to_array<Signature>({
-    {"<!DOCTYPE html"sv, "a web page"},
-    {"<!doctype html"sv, "a web page"},
-    {"<html"sv, "a web page"},
-    {"<HTML"sv, "a web page"},
-    {"<?xml"sv, "an XML document", true},
 });
 
 std::string described(const Signature& signature) {
@@ -85,14 +73,6 @@ std::optional<std::string> foreignKind(std::string_view beginning) noexcept {
     for (const Signature& signature : signatures) {
         if (beginning.starts_with(signature.bytes)) {
             return described(signature);
-        }
-    }
-    std::string_view text = beginning;
-    text.remove_prefix(text.starts_with("\xEF\xBB\xBF") ? 3 : 0);
-    text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n"), text.size()));
-    for (const Signature& markup : markups) {
-        if (text.starts_with(markup.bytes)) {
-            return described(markup);
         }
     }
     return std::nullopt;

@@ -9,7 +9,7 @@
 namespace TBVNonPara::workbook {
 
 /// How many bytes tell what a file is.
-constexpr std::size_t enoughToTell = 512;
+constexpr std::size_t enoughToTell = 4096;
 
 /// Whether a file with this beginning is a zip container, which workbooks are.
 [[nodiscard]] bool isZip(std::string_view beginning) noexcept;
@@ -17,8 +17,8 @@ constexpr std::size_t enoughToTell = 512;
 /// Whether a file with this beginning is a compound document: the old binary formats, and encrypted .xlsx.
 [[nodiscard]] bool isCompoundDocument(std::string_view beginning) noexcept;
 
-/// What a file is that is neither text nor a workbook this program reads, and what to do about it; none for
-/// anything that may be text.
+/// What a file is by its first bytes that is neither text nor a workbook this program reads, and what to do
+/// about it; none for anything else.
 [[nodiscard]] std::optional<std::string> foreignKind(std::string_view beginning) noexcept;
 
 /// The same for the whole of a compound document.

@@ -64,8 +64,9 @@ class PartReader {
 
  private:
     [[nodiscard]] std::string place() const {
-        return "part " + m_Part + ", line " + std::to_string(XML_GetCurrentLineNumber(m_Parser.get())) +
-               ", column " + std::to_string(XML_GetCurrentColumnNumber(m_Parser.get()) + 1) + ": ";
+        return (m_Part.empty() ? "" : "part " + m_Part + ", ") + "line " +
+               std::to_string(XML_GetCurrentLineNumber(m_Parser.get())) + ", column " +
+               std::to_string(XML_GetCurrentColumnNumber(m_Parser.get()) + 1) + ": ";
     }
 
     [[noreturn]] void fail() const {

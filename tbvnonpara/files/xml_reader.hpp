@@ -45,8 +45,8 @@ class XmlHandler {
 };
 
 /// Reads a part, piece by piece, in UTF-8, UTF-16, ISO-8859-1 or ASCII. Nothing outside the part is ever
-/// read. Raises the host's error, which names the part and the line, for a part that is missing, damaged or
-/// not well formed, has a document type, or is nested or long-winded beyond reason.
+/// read. Raises the host's error, which names the part, if it has a name, and the line, for a part that is
+/// missing, damaged or not well formed, has a document type, or is nested or long-winded beyond reason.
 void readXml(const Parts& parts, const std::string& part, XmlHandler& handler);
 
 }  // namespace TBVNonPara::workbook

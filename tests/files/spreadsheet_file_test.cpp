@@ -1,6 +1,8 @@
 #include "tbvnonpara/files/reading/spreadsheet_file.hpp"
 
 #include <sstream>
+#include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 #include "tbvnonpara/workbook/sheet_functions.hpp"
@@ -160,6 +162,22 @@ TEST_F(SpreadsheetFile, OfAnyOtherKindIsNamedAsThatToo) {
         {"k.parquet", "PAR1\x15\x04\x00"s, "it is a Parquet file"},
         {"l.xls", "<html><table><tr><td>1</td></tr></table></html>"s, "it is a web page"},
         {"m.xlsx", "<?xml version=\"1.0\"?><Workbook/>"s, "it is an XML document; save it as .xlsx"},
+        {"n.csv", "<?xml version=\"1.0\"?>\n<x xmlns=\"urn:schemas-microsoft-com:office:spreadsheet\"/>"s,
+         "it is a workbook in the XML of 2003 (SpreadsheetML); save it as .xlsx"},
+        {"n.xml", "<?xml version='1.0'?><gnm:Workbook xmlns:gnm='http://www.gnumeric.org/v10.dtd'/>"s,
+         "it is a Gnumeric workbook"},
+        {"n.htm", "\n<!DOCTYPE HTML PUBLIC \"-//W3C//DTD HTML 4.0//EN\">\n<HTML>"s, "it is a web page"},
+        {"n.txt", "\xEF\xBB\xBF<table border=\"1\"><tr><td>1</td></tr></table>"s, "it is a web page"},
+        {"n.svg", "<svg\n  width=\"5\"></svg>"s, "it is an XML document"},
+        {"n.rtf", "{\\rtf1\\ansi 1,2}"s, "it is an RTF document"},
+        {"n.json", "{\"a\": [1, 2],\n\"b\": [3, 4]}"s, "it is JSON"},
+        {"o.json", "[\n  1, -2.5e3,\n  3\n]\n"s, "it is JSON"},
+        {"p.json", "[ [1, 2], [3, 4]]"s, "it is JSON"},
+        {"q.ndjson", "{\"a\":1,\"b\":2}\n{\"a\":3,\"b\":4}\n"s, "it is JSON"},
+        {"n.slk", "ID;PWXL;N;E\r\nP;PGeneral\r\nC;Y1;X1;K1\r\nE\r\n"s, "it is a symbolic link file (SYLK)"},
+        {"o.slk", "ID;PCALCOOO32\nC;X1;Y1;K\"a\"\nE\n"s, "it is a symbolic link file (SYLK)"},
+        {"n.dif", "TABLE\r\n0,1\r\n\"EXCEL\"\r\nVECTORS\r\n0,2\r\n"s, "it is a data interchange file (DIF)"},
+        {"n.arff", "@RELATION iris\n@ATTRIBUTE a REAL\n@DATA\n1\n"s, "it is a Weka data file (ARFF)"},
         {"n.xlsx", "a,b\n1,2\n"s, "it is text, no workbook; give it the ending .csv or .tsv"},
         {"o.ods", ""s, "it is empty"},
         {"p.xlsx", "\x00\x01\x02\xFF"s, "it is no workbook and nothing else that is known"},
@@ -167,6 +185,69 @@ TEST_F(SpreadsheetFile, OfAnyOtherKindIsNamedAsThatToo) {
     for (const Kind& kind : kinds) {
         SCOPED_TRACE(kind.file);
         expectOpenRefused(write(kind.file, kind.bytes), kind.words);
+    }
+}
+
+TEST_F(SpreadsheetFile, OfFieldsThatOnlyBeginLikeAnotherKindIsReadAsFields) {
+    const std::string texts[] = {
+        "<LOD,<0.5\n1,2\n",          "<LOD\n0.5\n<LOD\n",   "<0.5,b\n1,2\n", "[1,2)\n[2,3)\n[1,2)\n",
+        "[1] 2.5 3.5\n[3] 4.5\n",    "[mV],[s]\n1,2\n",     "{a},b\n1,2\n",  "ID;Pressure;K\nB;3;4\n",
+        "ID;Pressure\nC;12\nF3;2\n", "TABLE,b\n0,1\n2,3\n", "TABLE\n0\n1\n",
+    };
+    for (const std::string& text : texts) {
+        SCOPED_TRACE(text);
+        EXPECT_NE(openDataFile(*m_Application, write("a.csv", text))->usedArea(), std::nullopt);
+        EXPECT_NE(openData(*m_Application, "stdin", text)->usedArea(), std::nullopt);
+    }
+}
+
+TEST_F(SpreadsheetFile, OfAnotherKindIsNamedFromStandardInputToo) {
+    expectRefused([&] { (void)openData(*m_Application, "stdin", "{\"a\": 1}"); },
+                  "The file \"stdin\" cannot be read: it is JSON");
+    expectRefused([&] { (void)openData(*m_Application, "stdin", "SQLite format 3\0\x10\x00"s); },
+                  "it is an SQLite database");
+}
+
+TEST_F(SpreadsheetFile, InOnePieceOfXmlIsAWorkbook) {
+    const std::filesystem::path flat = madeFile("libreoffice.fods");
+    const FileContents contents = readSpreadsheet(flat);
+    const FileContents packed = readSpreadsheet(madeFile("libreoffice.ods"));
+    ASSERT_EQ(contents.sheets.size(), packed.sheets.size());
+    for (std::size_t i = 0; i < packed.sheets.size(); ++i) {
+        EXPECT_EQ(contents.sheets[i].name, packed.sheets[i].name);
+        EXPECT_EQ(contents.sheets[i].hidden, packed.sheets[i].hidden);
+        EXPECT_EQ(shownCells(contents.sheets[i].cells), shownCells(packed.sheets[i].cells));
+    }
+    const std::string text = bytesOf(flat);
+    const std::string title = "It's <2020> & Größe";
+    EXPECT_EQ(openDataFile(*m_Application, write("odd.csv", text))->name(), title);
+    EXPECT_EQ(openData(*m_Application, "stdin", "\xEF\xBB\xBF" + text)->name(), title + " (2)");
+}
+
+TEST_F(SpreadsheetFile, InOnePieceShowsTheSheetThatWasOnTop) {
+    std::string text = bytesOf(madeFile("libreoffice.fods"));
+    const std::string active = "config:name=\"ActiveTable\" config:type=\"string\">";
+    const std::size_t name = text.find(active) + active.size();
+    text.replace(name, text.find('<', name) - name, "Second");
+    EXPECT_EQ(openDataFile(*m_Application, write("a.fods", text))->name(), "Second");
+}
+
+TEST_F(SpreadsheetFile, InOnePieceIsRefusedWithTheLineWhenItIsDamaged) {
+    const std::string text = bytesOf(madeFile("libreoffice.fods"));
+    expectOpenRefused(write("a.fods", text.substr(0, text.size() / 2)), "a.fods\" cannot be read: line ");
+    expectOpenRefused(write("a.fods", replaced(text, "opendocument.spreadsheet\"", "opendocument.text\"")),
+                      "this is a document of the type application/vnd.oasis.opendocument.text, no workbook");
+}
+
+TEST_F(SpreadsheetFile, MayComeOutOfAPipe) {
+    for (const char* const name : {"xlsxwriter.xlsx", "libreoffice.fods"}) {
+        const std::filesystem::path pipe = m_Folder / "pipe";
+        ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+        std::thread writer([&] { std::ofstream(pipe, std::ios::binary) << bytesOf(madeFile(name)); });
+        const auto sheet = openDataFile(*m_Application, pipe);
+        writer.join();
+        EXPECT_EQ(sheet->value(1, 1), CellValue("number"));
+        std::filesystem::remove(pipe);
     }
 }
 

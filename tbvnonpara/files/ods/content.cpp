@@ -76,7 +76,7 @@ class ContentReader final : public XmlHandler {
     Place startIn(Place place, const XmlName& name, const XmlAttributes& attributes) {
         switch (place) {
             case Place::Document:
-                return startDocument(name);
+                return startDocument(name, attributes);
             case Place::Content:
                 return startContent(name);
             case Place::Styles:
@@ -101,9 +101,15 @@ class ContentReader final : public XmlHandler {
         }
     }
 
-    static Place startDocument(const XmlName& name) {
-        if (name != XmlName{Vocabulary::Office, "document-content"}) {
+    static Place startDocument(const XmlName& name, const XmlAttributes& attributes) {
+        const bool flat = name == XmlName{Vocabulary::Office, "document"};
+        if (!flat && name != XmlName{Vocabulary::Office, "document-content"}) {
             refuse("this is no content of a document, but <" + std::string(name.local) + ">");
+        }
+        constexpr std::string_view workbook = "application/vnd.oasis.opendocument.spreadsheet";
+        const auto type = attributes.find(Vocabulary::Office, "mimetype").value_or(workbook);
+        if (!type.starts_with(workbook)) {
+            refuse("this is a document of the type " + std::string(type) + ", no workbook");
         }
         return Place::Content;
     }
@@ -249,9 +255,9 @@ class ContentReader final : public XmlHandler {
 
 }  // namespace
 
-FileContents readOdsContent(const Parts& parts) {
+FileContents readOdsContent(const Parts& parts, const std::string& part) {
     ContentReader reader;
-    readXml(parts, "content.xml", reader);
+    readXml(parts, part, reader);
     return std::move(reader.contents);
 }
 

@@ -1,5 +1,8 @@
 #include "tbvnonpara/files/ods/reader.hpp"
 
+#include <algorithm>
+
+#include "tbvnonpara/files/file_values.hpp"
 #include "tbvnonpara/files/ods/content.hpp"
 #include "tbvnonpara/files/xml_reader.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
@@ -32,6 +35,44 @@ class SettingsReader final : public XmlHandler {
     bool m_Inside = false;
 };
 
+/// A document in one piece: its only part, which has no name.
+class FlatDocument final : public Parts {
+ public:
+    explicit FlatDocument(std::string_view bytes) : m_Bytes(bytes) {}
+
+    [[nodiscard]] bool has(const std::string& part) const override { return part.empty(); }
+    [[nodiscard]] std::unique_ptr<PartStream> open(const std::string& /*part*/) const override {
+        return std::make_unique<Stream>(m_Bytes);
+    }
+
+ private:
+    class Stream final : public PartStream {
+     public:
+        explicit Stream(std::string_view bytes) : m_Rest(bytes) {}
+        std::size_t read(char* buffer, std::size_t size) override {
+            const std::size_t count = m_Rest.copy(buffer, size);
+            m_Rest.remove_prefix(count);
+            return count;
+        }
+
+     private:
+        std::string_view m_Rest;
+    };
+
+    std::string_view m_Bytes;
+};
+
+FileContents withSheetOnTop(FileContents contents, const Parts& parts, const std::string& settingsPart) {
+    if (parts.has(settingsPart)) {
+        SettingsReader settings;
+        readXml(parts, settingsPart, settings);
+        const auto active = std::ranges::find(contents.sheets, settings.activeSheet, &FileSheet::name);
+        contents.active = static_cast<std::size_t>(active - contents.sheets.begin());
+    }
+    showVisibleSheet(contents);
+    return contents;
+}
+
 }  // namespace
 
 bool isOds(const Parts& parts) {
@@ -45,15 +86,18 @@ FileContents readOds(const Parts& parts) {
     if (manifest.find("encryption-data") != std::string::npos) {
         refuse("it is encrypted; save the workbook without a password");
     }
-    FileContents contents = readOdsContent(parts);
-    if (parts.has("settings.xml")) {
-        SettingsReader settings;
-        readXml(parts, "settings.xml", settings);
-        const auto active = std::ranges::find(contents.sheets, settings.activeSheet, &FileSheet::name);
-        contents.active = static_cast<std::size_t>(active - contents.sheets.begin());
-    }
-    showVisibleSheet(contents);
-    return contents;
+    return withSheetOnTop(readOdsContent(parts, "content.xml"), parts, "settings.xml");
+}
+
+bool isFlatOds(std::string_view beginning) {
+    return withoutXmlBlanks(beginning.substr(beginning.starts_with("\xEF\xBB\xBF") ? 3 : 0))
+               .starts_with('<') &&
+           beginning.find("urn:oasis:names:tc:opendocument:xmlns:office:1.0") != std::string_view::npos;
+}
+
+FileContents readFlatOds(std::string_view bytes) {
+    const FlatDocument document(bytes);
+    return withSheetOnTop(readOdsContent(document, ""), document, "");
 }
 
 }  // namespace TBVNonPara::workbook

@@ -14,4 +14,10 @@ namespace TBVNonPara::workbook {
 /// sheet and the cell.
 [[nodiscard]] FileContents readOds(const Parts& parts);
 
+/// Whether a file with this beginning is a document in one piece of XML, which .fods files are.
+[[nodiscard]] bool isFlatOds(std::string_view beginning);
+
+/// The same for the bytes of such a document. Raises the host's error for one that is no workbook.
+[[nodiscard]] FileContents readFlatOds(std::string_view bytes);
+
 }  // namespace TBVNonPara::workbook

@@ -13,6 +13,7 @@
 #include "tbvnonpara/files/container_kind.hpp"
 #include "tbvnonpara/files/csv/file.hpp"
 #include "tbvnonpara/files/ods/reader.hpp"
+#include "tbvnonpara/files/text_kind.hpp"
 #include "tbvnonpara/files/xlsx/reader.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
 
@@ -20,8 +21,8 @@ namespace TBVNonPara::workbook {
 
 namespace {
 
-constexpr std::array<std::string_view, 9> workbookEndings = {".xlsx", ".xlsm", ".xltx", ".xltm",    ".xlsb",
-                                                             ".xls",  ".ods",  ".ots",  ".gnumeric"};
+constexpr auto workbookEndings = std::to_array<std::string_view>(
+    {".xlsx", ".xlsm", ".xltx", ".xltm", ".xlsb", ".xls", ".ods", ".ots", ".fods", ".gnumeric"});
 
 std::string beginningOfFile(const std::filesystem::path& path) {
     std::ifstream file(path, std::ios::binary);
@@ -43,11 +44,22 @@ bool looksLikeText(std::string_view beginning) noexcept {
            (!invalid || (beginning.size() == enoughToTell && *invalid + longestCharacter > beginning.size()));
 }
 
+/// What a file is that is no workbook which is read, nor lines of fields.
+std::optional<std::string> foreignKindOf(std::string_view beginning) {
+    const auto text = foreignTextKind(beginning);
+    return text || looksLikeText(beginning) ? text : foreignKind(beginning);
+}
+
+/// Whether a file with this beginning is a workbook, or refused as one.
+bool isReadAsWorkbook(std::string_view beginning) {
+    return isReadAsContainer(beginning) || isFlatOds(beginning) || foreignKindOf(beginning);
+}
+
 [[noreturn]] void refuseBeginning(std::string_view beginning) {
     if (beginning.empty()) {
         refuse("it is empty");
     }
-    if (const auto kind = foreignKind(beginning)) {
+    if (const auto kind = foreignKindOf(beginning)) {
         refuse(*kind);
     }
     refuse(looksLikeText(beginning) ? "it is text, no workbook; give it the ending .csv or .tsv"
@@ -120,6 +132,9 @@ FileContents readSpreadsheetBytes(std::string_view bytes) {
     if (isCompoundDocument(bytes)) {
         refuse(kindOfCompoundDocument(bytes));
     }
+    if (isFlatOds(bytes.substr(0, enoughToTell))) {
+        return checked(readFlatOds(bytes));
+    }
     refuseBeginning(bytes.substr(0, enoughToTell));
 }
 
@@ -139,17 +154,16 @@ std::shared_ptr<Sheet> openDataFile(EmbeddedApplication& application, const std:
                                     const CsvOptions& options) {
     std::error_code failure;
     if (!std::filesystem::is_regular_file(path, failure)) {
-        return openCsv(application, path, options);
+        // What comes out of a pipe comes only once.
+        return openData(application, shown(path.stem()), readFile(path), options);
     }
-    const std::string beginning = beginningOfFile(path);
-    const bool workbook = isReadAsContainer(beginning) || hasWorkbookEnding(path) ||
-                          (!looksLikeText(beginning) && foreignKind(beginning));
+    const bool workbook = hasWorkbookEnding(path) || isReadAsWorkbook(beginningOfFile(path));
     return workbook ? openSpreadsheet(application, path) : openCsv(application, path, options);
 }
 
 std::shared_ptr<Sheet> openData(EmbeddedApplication& application, std::string_view name,
                                 std::string_view bytes, const CsvOptions& options) {
-    if (!isReadAsContainer(bytes)) {
+    if (!isReadAsWorkbook(bytes.substr(0, enoughToTell))) {
         return openCsvText(application, name, bytes, options);
     }
     return addSheets(application, namingFile(name, [&] { return readSpreadsheetBytes(bytes); }));

@@ -10,17 +10,18 @@
 
 namespace TBVNonPara::workbook {
 
-/// Reads the parts of an .xlsx or .ods file.
+/// Reads an .xlsx, .ods or .fods file.
 [[nodiscard]] FileContents readSpreadsheet(const std::filesystem::path& path);
 [[nodiscard]] FileContents readSpreadsheetBytes(std::string_view bytes);
 
-/// Reads an .xlsx or .ods file into new sheets of the active workbook, with the names that the file gives
+/// Reads such a file into new sheets of the active workbook, with the names that the file gives
 /// them, and activates the sheet that was on top when it was saved. Raises the host's error, which names the
 /// file, for one that is damaged, encrypted or something else (and then says what it is); no sheet has been
 /// added then.
 std::shared_ptr<Sheet> openSpreadsheet(EmbeddedApplication& application, const std::filesystem::path& path);
 
-/// Opens a file of any kind that is read: what it is decides, not its ending. Returns the sheet on top.
+/// Opens a file of any kind that is read, out of a pipe too: what it is decides, not its ending. A text that
+/// holds no lines of fields (markup, another exchange format) is refused and named. Returns the sheet on top.
 std::shared_ptr<Sheet> openDataFile(EmbeddedApplication& application, const std::filesystem::path& path,
                                     const CsvOptions& options = {});
 /// The same for what is at hand, such as standard input, under a name of its own.

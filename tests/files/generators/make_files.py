@@ -176,6 +176,7 @@ def main():
             source = MADE / f"xlsxwriter{epoch}.xlsx"
             office.convert(source, MADE / f"libreoffice{epoch}.xlsx", EXCEL)
             office.convert(source, MADE / f"libreoffice{epoch}.ods", "calc8")
+        office.convert(MADE / "xlsxwriter.xlsx", MADE / "libreoffice.fods", "OpenDocument Spreadsheet Flat XML")
         small = MADE / "chart_sheet.xlsx"
         office.convert(small, MADE / "encrypted.ods", "calc8", "secret")
         office.convert(small, MADE / "encrypted.xlsx", EXCEL, "secret")
