@@ -65,9 +65,9 @@ void write(const analysis::FinishedTest& finished, const Arguments& arguments,
     }
 }
 
-ObjectRef<workbook::EmbeddedApplication> open(const Arguments& arguments) {
-    return arguments.file == "-" ? analysis::openContents("stdin", readStandardInput(), arguments)
-                                 : analysis::openFile(arguments);
+ObjectRef<workbook::EmbeddedApplication> open(const Arguments& arguments, std::string* remark) {
+    return arguments.file == "-" ? analysis::openContents("stdin", readStandardInput(), arguments, remark)
+                                 : analysis::openFile(arguments, remark);
 }
 
 /// What a page draws; nothing for other forms.
@@ -82,7 +82,11 @@ rendering::PictureData dataToDraw(const workbook::EmbeddedApplication& applicati
 void analyse(const Arguments& arguments, Circumstances& circumstances) {
     checkSaving(arguments);
     Progress progress("Reading " + arguments.file);
-    const ObjectRef<workbook::EmbeddedApplication> application = open(arguments);
+    std::string remark;
+    const ObjectRef<workbook::EmbeddedApplication> application = open(arguments, &remark);
+    if (!remark.empty()) {
+        tell(remark + '\n');
+    }
     circumstances.ranges = analysis::chooseRanges(*application, arguments);
     if (!circumstances.ranges.note.empty()) {
         tell(circumstances.ranges.note + '\n');

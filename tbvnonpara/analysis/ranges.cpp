@@ -25,6 +25,7 @@ struct Choice {
     NamedCells y;
     NamedCells x;
     bool byItself = false;
+    std::string rowNames;  ///< the letters of the column that was left out, empty for none
 };
 
 HeaderLookup lookupFor(const std::optional<bool>& headers) {
@@ -34,13 +35,42 @@ HeaderLookup lookupFor(const std::optional<bool>& headers) {
     return *headers ? HeaderLookup::All : HeaderLookup::None;
 }
 
-Choice columnsInOrder(const EmbeddedApplication& application, DataShape shape) {
+bool isEmptyText(const CellValue& value) {
+    const auto* const text = std::get_if<Text>(&value);
+    return isEmpty(value) || (text != nullptr && text->string().empty());
+}
+
+bool isText(const CellValue& value) {
+    const auto* const text = std::get_if<Text>(&value);
+    return text != nullptr && !text->string().empty() && !readAsNumber(text->string());
+}
+
+/// R and others write the names of rows into a first column, which alone has no header.
+bool beginsWithRowNames(const Sheet& sheet, const std::vector<Piece>& columns,
+                        const std::optional<bool>& headers) {
+    const Index top = sheet.usedArea()->top;
+    const auto header = [&](const Piece& piece) -> const CellValue& {
+        return sheet.value(top, piece.cells.left);
+    };
+    const auto isHeaded = [&](const Piece& piece) {
+        return headers ? *headers && !isEmptyText(header(piece)) : isText(header(piece));
+    };
+    return columns.size() > 1 && isEmptyText(header(columns.front())) &&
+           std::all_of(columns.begin() + 1, columns.end(), isHeaded);
+}
+
+Choice columnsInOrder(const EmbeddedApplication& application, DataShape shape,
+                      const std::optional<bool>& headers) {
     const std::shared_ptr<Sheet> sheet = application.activeSheet();
     std::vector<Piece> columns = columnsWithData(*sheet);
     if (columns.empty()) {
         refuse(tbvNPNoData, "The sheet \"" + sheet->name() + "\" holds no data.");
     }
-    Choice choice{{sheet, {}, false}, {sheet, {}, false}, true};
+    Choice choice{{sheet, {}, false}, {sheet, {}, false}, true, ""};
+    if (beginsWithRowNames(*sheet, columns, headers)) {
+        choice.rowNames = workbook::columnLetters(columns.front().cells.left);
+        columns.erase(columns.begin());
+    }
     if (takesManyColumns(shape)) {
         choice.y.pieces = std::move(columns);
         return choice;
@@ -153,17 +183,19 @@ void requireEqualRows(DataShape shape, const ChosenRanges& chosen, const Areas& 
     }
 }
 
-std::string noteOn(const ChosenRanges& chosen) {
+std::string noteOn(const ChosenRanges& chosen, const std::string& rowNames) {
+    const std::string leftOut =
+        rowNames.empty() ? "" : "; column " + rowNames + ", which has no header, is taken for row names";
     return "using " + chosen.y + (chosen.x.empty() ? "" : " and " + chosen.x) +
-           (chosen.headers ? " (first row is headers)" : " (no headers)");
+           (chosen.headers ? " (first row is headers" : " (no headers") + leftOut + ')';
 }
 
 }  // namespace
 
 ChosenRanges chooseRanges(const EmbeddedApplication& application, const Choices& choices) {
     const DataShape shape = choices.test->shape;
-    const Choice choice =
-        choices.y.empty() ? columnsInOrder(application, shape) : columnsNamed(application, choices);
+    const Choice choice = choices.y.empty() ? columnsInOrder(application, shape, choices.headers)
+                                            : columnsNamed(application, choices);
     const Index commonLast = endsTogether(shape) ? std::max(lastRow(choice.y), lastRow(choice.x)) : 0;
     const Areas y = areasOf(choice.y, commonLast);
     const Areas x = areasOf(choice.x, commonLast);
@@ -177,7 +209,7 @@ ChosenRanges chooseRanges(const EmbeddedApplication& application, const Choices&
     chosen.headers = choices.headers.value_or(choice.y.byHeader || choice.x.byHeader || detected);
     requireEqualRows(shape, chosen, y, x);
     if (choice.byItself || !choices.headers) {
-        chosen.note = noteOn(chosen);
+        chosen.note = noteOn(chosen, choice.rowNames);
     }
     return chosen;
 }

@@ -21,7 +21,8 @@ struct ChosenRanges {
 /// - an address is, in this order: the header of a column, the letters of a column, an address of cells;
 ///   for several groups a list of these, joined by commas. A header that is also the letters of another
 ///   column with data is refused;
-/// - without addresses the columns that hold data are taken in order;
+/// - without addresses the columns that hold data are taken in order, without a first one that alone has no
+///   header: it holds row names;
 /// - whole columns begin with the sheet's first row of data. Independent samples and sequences end with their
 ///   own last value, pairs too (so that unequal ones show); blocks, groups and signs end together;
 /// - a first row of texts counts as headers; in a sequence not when the text occurs again below.

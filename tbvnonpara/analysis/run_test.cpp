@@ -39,9 +39,9 @@ void activateSheet(const workbook::EmbeddedApplication& application, const std::
 
 }  // namespace
 
-ObjectRef<workbook::EmbeddedApplication> openFile(const Choices& choices) try {
+ObjectRef<workbook::EmbeddedApplication> openFile(const Choices& choices, std::string* remark) try {
     ObjectRef<workbook::EmbeddedApplication> application = workbook::makeApplication();
-    workbook::openDataFile(*application, choices.file, textOptions(choices));
+    workbook::openDataFile(*application, choices.file, textOptions(choices), remark);
     activateSheet(*application, choices.sheet);
     return application;
 } catch (...) {
@@ -49,9 +49,9 @@ ObjectRef<workbook::EmbeddedApplication> openFile(const Choices& choices) try {
 }
 
 ObjectRef<workbook::EmbeddedApplication> openContents(std::string_view name, std::string_view bytes,
-                                                      const Choices& choices) try {
+                                                      const Choices& choices, std::string* remark) try {
     ObjectRef<workbook::EmbeddedApplication> application = workbook::makeApplication();
-    workbook::openData(*application, name, bytes, textOptions(choices));
+    workbook::openData(*application, name, bytes, textOptions(choices), remark);
     activateSheet(*application, choices.sheet);
     return application;
 } catch (...) {

@@ -11,14 +11,16 @@
 
 namespace TBVNonPara::analysis {
 
-/// A workbook with the user's file in it; the sheet that the choices name is the active one. Raises the
-/// host's error for a file that cannot be read.
-[[nodiscard]] ObjectRef<workbook::EmbeddedApplication> openFile(const Choices& choices);
+/// A workbook with the user's file in it; the sheet that the choices name is the active one. What was done to
+/// the data beyond reading them goes to `remark`. Raises the host's error for a file that cannot be read.
+[[nodiscard]] ObjectRef<workbook::EmbeddedApplication> openFile(const Choices& choices,
+                                                                std::string* remark = nullptr);
 
 /// The same for the contents of a file, under a name of their own.
 [[nodiscard]] ObjectRef<workbook::EmbeddedApplication> openContents(std::string_view name,
                                                                     std::string_view bytes,
-                                                                    const Choices& choices);
+                                                                    const Choices& choices,
+                                                                    std::string* remark = nullptr);
 
 /// A finished analysis and where its report lies.
 class FinishedTest {

@@ -226,9 +226,9 @@ TEST_F(SpreadsheetFile, InOnePieceOfXmlIsAWorkbook) {
 
 TEST_F(SpreadsheetFile, InOnePieceShowsTheSheetThatWasOnTop) {
     std::string text = bytesOf(madeFile("libreoffice.fods"));
-    const std::string active = "config:name=\"ActiveTable\" config:type=\"string\">";
-    const std::size_t name = text.find(active) + active.size();
-    text.replace(name, text.find('<', name) - name, "Second");
+    const std::string settings = "<office:settings>";
+    text.insert(text.find(settings) + settings.size(),
+                "<config:config-item config:name='ActiveTable'>Second</config:config-item>");
     EXPECT_EQ(openDataFile(*m_Application, write("a.fods", text))->name(), "Second");
 }
 

@@ -19,6 +19,16 @@ namespace {
     refuse("The file " + inQuotes(shown(path)) + " cannot be read: " + reason + '.');
 }
 
+std::shared_ptr<Sheet> addSheet(EmbeddedApplication& application, std::string_view name, CsvData data,
+                                std::string* remark) {
+    if (data.headerMoved && remark != nullptr) {
+        *remark =
+            "the header row is one field shorter than the rows below it; it was moved by one column, over "
+            "the columns behind the row names";
+    }
+    return application.addSheet(application.activeBook()->freeSheetName(name), std::move(data.cells));
+}
+
 }  // namespace
 
 std::string readStream(std::istream& stream) {
@@ -63,21 +73,18 @@ std::string readFile(const std::filesystem::path& path) {
 }
 
 std::shared_ptr<Sheet> openCsv(EmbeddedApplication& application, const std::filesystem::path& path,
-                               CsvOptions options) {
+                               CsvOptions options, std::string* remark) {
     const std::string ending = foldCase(shown(path.extension()));
     const std::string text = readFile(path);
     if (!options.delimiter && (ending == ".tsv" || ending == ".tab") && !delimiterLine(text)) {
         options.delimiter = '\t';
     }
-    CsvData data = readCsv(text, options, shown(path.filename()));
-    return application.addSheet(application.activeBook()->freeSheetName(shown(path.stem())),
-                                std::move(data.cells));
+    return addSheet(application, shown(path.stem()), readCsv(text, options, shown(path.filename())), remark);
 }
 
 std::shared_ptr<Sheet> openCsvText(EmbeddedApplication& application, std::string_view name,
-                                   std::string_view text, const CsvOptions& options) {
-    CsvData data = readCsv(text, options, name);
-    return application.addSheet(application.activeBook()->freeSheetName(name), std::move(data.cells));
+                                   std::string_view text, const CsvOptions& options, std::string* remark) {
+    return addSheet(application, name, readCsv(text, options, name), remark);
 }
 
 }  // namespace TBVNonPara::workbook

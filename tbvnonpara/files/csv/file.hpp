@@ -17,12 +17,14 @@ namespace TBVNonPara::workbook {
 
 /// Reads a .csv or .tsv file into a new sheet of the active workbook. The sheet bears the file's name without
 /// its ending, as far as a sheet may have it; where the name is taken a number follows. The delimiter of a
-/// file ending in .tsv or .tab is the tab unless the options name another.
+/// file ending in .tsv or .tab is the tab unless the options or the file name another. What was done to the
+/// data beyond reading them, for the user, goes to `remark`, which otherwise stays as it is.
 std::shared_ptr<Sheet> openCsv(EmbeddedApplication& application, const std::filesystem::path& path,
-                               CsvOptions options = {});
+                               CsvOptions options = {}, std::string* remark = nullptr);
 
 /// The same for text that is at hand, such as standard input, under a name of its own.
 std::shared_ptr<Sheet> openCsvText(EmbeddedApplication& application, std::string_view name,
-                                   std::string_view text, const CsvOptions& options = {});
+                                   std::string_view text, const CsvOptions& options = {},
+                                   std::string* remark = nullptr);
 
 }  // namespace TBVNonPara::workbook

@@ -6,6 +6,7 @@
 #include "tbvnonpara/core/utf8.hpp"
 #include "tbvnonpara/files/csv/dialect.hpp"
 #include "tbvnonpara/files/csv/field.hpp"
+#include "tbvnonpara/files/csv/header_row.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
 
 namespace TBVNonPara::workbook {
@@ -99,12 +100,14 @@ class CsvParser {
         while (m_At < m_Text.size()) {
             readRecord();
         }
+        const bool moved = alignHeader(m_Cells, m_Widths, m_Source);
         return {std::move(m_Cells), m_Delimiter == noDelimiter ? std::nullopt : std::optional(m_Delimiter),
-                m_Fields.decimalMark()};
+                m_Fields.decimalMark(), moved};
     }
 
  private:
     void readRecord() {
+        const std::size_t start = m_At;
         m_Row += 1;
         m_Column = 0;
         do {
@@ -115,6 +118,9 @@ class CsvParser {
                 store(m_Fields.plain(takePlain()));
             }
         } while (takeDelimiter());
+        if (m_At > start) {
+            m_Widths.add(m_Row, m_Column);
+        }
         takeLineEnd();
     }
 
@@ -206,6 +212,7 @@ class CsvParser {
     Index m_Row = 0;
     Index m_Column = 0;
     CellStore m_Cells;
+    RecordWidths m_Widths;
 };
 
 }  // namespace

@@ -18,6 +18,7 @@ struct CsvData {
     CellStore cells;
     std::optional<char> delimiter;  ///< none in a text of one column
     char decimalMark = '.';
+    bool headerMoved = false;  ///< by one column, over its own: it was one field shorter than the rows below
 };
 
 /// Reads delimited text (UTF-8, with or without a byte order mark; lines end with LF, CRLF or CR) into cells,
@@ -31,8 +32,11 @@ struct CsvData {
 /// The decimal mark is a point where the delimiter is a comma; elsewhere the first number that has a mark
 /// decides, and a number with the other mark stays a text.
 ///
+/// A header row one field shorter than all rows below is that of R, which leaves out the one above its row
+/// names: it is moved by one column.
+///
 /// Raises the host's error, which names `source` and the line, for text that is not UTF-8, a quote that is
-/// not closed, and values beyond the size of a sheet.
+/// not closed, a header row of any other length than the rows below, and values beyond the size of a sheet.
 [[nodiscard]] CsvData readCsv(std::string_view text, const CsvOptions& options = {},
                               std::string_view source = "the data");
 

@@ -151,20 +151,20 @@ std::shared_ptr<Sheet> openSpreadsheet(EmbeddedApplication& application, const s
 }
 
 std::shared_ptr<Sheet> openDataFile(EmbeddedApplication& application, const std::filesystem::path& path,
-                                    const CsvOptions& options) {
+                                    const CsvOptions& options, std::string* remark) {
     std::error_code failure;
     if (!std::filesystem::is_regular_file(path, failure)) {
         // What comes out of a pipe comes only once.
-        return openData(application, shown(path.stem()), readFile(path), options);
+        return openData(application, shown(path.stem()), readFile(path), options, remark);
     }
     const bool workbook = hasWorkbookEnding(path) || isReadAsWorkbook(beginningOfFile(path));
-    return workbook ? openSpreadsheet(application, path) : openCsv(application, path, options);
+    return workbook ? openSpreadsheet(application, path) : openCsv(application, path, options, remark);
 }
 
 std::shared_ptr<Sheet> openData(EmbeddedApplication& application, std::string_view name,
-                                std::string_view bytes, const CsvOptions& options) {
+                                std::string_view bytes, const CsvOptions& options, std::string* remark) {
     if (!isReadAsWorkbook(bytes.substr(0, enoughToTell))) {
-        return openCsvText(application, name, bytes, options);
+        return openCsvText(application, name, bytes, options, remark);
     }
     return addSheets(application, namingFile(name, [&] { return readSpreadsheetBytes(bytes); }));
 }

@@ -21,11 +21,13 @@ namespace TBVNonPara::workbook {
 std::shared_ptr<Sheet> openSpreadsheet(EmbeddedApplication& application, const std::filesystem::path& path);
 
 /// Opens a file of any kind that is read, out of a pipe too: what it is decides, not its ending. A text that
-/// holds no lines of fields (markup, another exchange format) is refused and named. Returns the sheet on top.
+/// holds no lines of fields (markup, another exchange format) is refused and named. What was done to the data
+/// goes to `remark`. Returns the sheet on top.
 std::shared_ptr<Sheet> openDataFile(EmbeddedApplication& application, const std::filesystem::path& path,
-                                    const CsvOptions& options = {});
+                                    const CsvOptions& options = {}, std::string* remark = nullptr);
 /// The same for what is at hand, such as standard input, under a name of its own.
 std::shared_ptr<Sheet> openData(EmbeddedApplication& application, std::string_view name,
-                                std::string_view bytes, const CsvOptions& options = {});
+                                std::string_view bytes, const CsvOptions& options = {},
+                                std::string* remark = nullptr);
 
 }  // namespace TBVNonPara::workbook

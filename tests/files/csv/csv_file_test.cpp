@@ -52,6 +52,14 @@ TEST_F(CsvFile, EndingInTsvIsDividedByTabs) {
     EXPECT_EQ(openCsv(*m_Application, write("own.tsv", "sep=;\na;b"))->value(1, 2), CellValue("b"));
 }
 
+TEST_F(CsvFile, WhoseHeaderIsMovedSaysSo) {
+    std::string remark;
+    openCsv(*m_Application, write("plain.csv", "a,b\n1,2\n"), {}, &remark);
+    EXPECT_EQ(remark, "");
+    openCsv(*m_Application, write("r.csv", "a,b\n1,2,3\n"), {}, &remark);
+    EXPECT_THAT(remark, testing::HasSubstr("was moved by one column"));
+}
+
 TEST_F(CsvFile, ThatIsEmptyIsAnEmptySheet) {
     EXPECT_EQ(openCsv(*m_Application, write("empty.csv", ""))->usedArea(), std::nullopt);
 }
