@@ -26,7 +26,7 @@ std::size_t hashOf(const CellValue& cell) noexcept {
         return std::hash<std::string>()(text->string());
     }
     if (const auto* truth = std::get_if<bool>(&cell)) {
-        return *truth ? 1 : 2;
+        return hashOf(*truth ? -1.0 : 0.0);
     }
     if (const auto* error = std::get_if<CellError>(&cell)) {
         return static_cast<std::size_t>(*error);

@@ -84,7 +84,10 @@ const CategoryCase categoryCases[] = {
     {"EmptyZeroAndNoTextDiffer",          {blank, 0, "", blank, 0, ""},       6, {blank, 0, ""},             {2, 2, 2}},
     {"ZeroAndMinusZeroAreOne",            {0.0, -0.0, 1, -0.0},               3, {0.0, 1},                   {3, 1}},
     {"NumbersCompareExactly",             {0.1 + 0.2, 0.3, 0.3},              2, {0.1 + 0.2, 0.3},           {1, 2}},
-    {"BooleansAreAKindOfTheirOwn",        {true, -1, true, false, 0, "True"}, 6, {true, -1, false, 0, "True"}, {2, 1, 1, 1, 1}},
+    {"ABooleanComparesAsItsNumber",       {true, -1, true, false, 0, "True"}, 3, {true, false, "True"},      {3, 2, 1}},
+    {"ACategoryIsShownAsItIsSeenFirst",   {true, -1, 5},                      2, {true, 5},                  {2, 1}},
+    {"ANumberSeenFirstStandsForABoolean", {0, false, 1, true},                3, {0, 1, true},               {2, 1, 1}},
+    {"AnEmptyCellIsNoFalse",              {false, blank, false},              3, {false, blank},             {2, 1}},
 };
 // clang-format on
 
