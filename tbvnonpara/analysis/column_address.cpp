@@ -1,6 +1,8 @@
 #include "tbvnonpara/analysis/column_address.hpp"
 
 #include <algorithm>
+#include <functional>
+#include <map>
 #include <utility>
 
 #include "tbvnonpara/analysis/refusal.hpp"
@@ -25,8 +27,15 @@ class Lookup {
     Lookup(const workbook::EmbeddedApplication& application, HeaderLookup lookup, std::int32_t badRange)
         : m_Application(application),
           m_Sheet(application.activeSheet()),
+          m_Used(m_Sheet->usedArea()),
           m_Lookup(lookup),
-          m_BadRange(badRange) {}
+          m_BadRange(badRange) {
+        for (Index number = m_Used ? m_Used->left : 1; m_Used && number <= m_Used->right; ++number) {
+            if (const std::string header = headerOf(number); !header.empty()) {
+                m_Headed[header].push_back(number);
+            }
+        }
+    }
 
     [[nodiscard]] NamedCells find(std::string_view text) const {
         if (const std::optional<Index> single = columnNamed(text)) {
@@ -65,22 +74,22 @@ class Lookup {
         return headed.front();
     }
 
+    /// From left to right.
     [[nodiscard]] std::vector<Index> columnsHeaded(std::string_view text) const {
-        std::vector<Index> found;
-        const auto used = m_Sheet->usedArea();
-        for (Index number = used ? used->left : 1; used && number <= used->right; ++number) {
-            if (isHeaded(number, text)) {
-                found.push_back(number);
-            }
-        }
-        return found;
+        const auto found = m_Headed.find(text);
+        return found == m_Headed.end() ? std::vector<Index>() : found->second;
     }
 
     [[nodiscard]] bool isHeaded(Index number, std::string_view text) const {
-        const CellValue& header = m_Sheet->value(m_Sheet->usedArea()->top, number);
+        return !text.empty() && headerOf(number) == text;
+    }
+
+    /// The header of a column, empty where it has none.
+    [[nodiscard]] std::string headerOf(Index number) const {
+        const CellValue& header = m_Sheet->value(m_Used->top, number);
         const bool readable = m_Lookup == HeaderLookup::All ||
                               (m_Lookup == HeaderLookup::Texts && std::holds_alternative<Text>(header));
-        return readable && !isEmpty(header) && toText(header) == text;
+        return readable && !isEmpty(header) ? toText(header) : std::string();
     }
 
     /// A column that holds data, by its letters in either case.
@@ -122,10 +131,10 @@ class Lookup {
 
     [[nodiscard]] std::string known() const {
         constexpr Index most = 12;
-        const auto used = m_Sheet->usedArea();
         std::string names;
-        for (Index number = used ? used->left : 1; used && number <= std::min(used->right, most); ++number) {
-            const CellValue& header = m_Sheet->value(used->top, number);
+        for (Index number = m_Used ? m_Used->left : 1; m_Used && number <= std::min(m_Used->right, most);
+             ++number) {
+            const CellValue& header = m_Sheet->value(m_Used->top, number);
             const bool headed = m_Lookup != HeaderLookup::None && std::holds_alternative<Text>(header);
             names +=
                 (names.empty() ? "" : ", ") + letters(number) + (headed ? " (" + toText(header) + ')' : "");
@@ -142,8 +151,10 @@ class Lookup {
 
     const workbook::EmbeddedApplication& m_Application;
     std::shared_ptr<Sheet> m_Sheet;
+    std::optional<workbook::Rectangle> m_Used;
     HeaderLookup m_Lookup;
     std::int32_t m_BadRange;
+    std::map<std::string, std::vector<Index>, std::less<>> m_Headed;
 };
 
 }  // namespace

@@ -109,11 +109,11 @@ Index lastRow(const NamedCells& cells) {
 Areas areasOf(const NamedCells& cells, Index commonLast) {
     Areas areas;
     bool joinable = false;
+    const auto used = cells.sheet == nullptr ? std::nullopt : cells.sheet->usedArea();
     for (const Piece& piece : cells.pieces) {
         Rectangle area = piece.cells;
         if (piece.wholeColumns) {
             const Index own = cells.sheet->values().lastUsedRow(area.left, area.right);
-            const auto used = cells.sheet->usedArea();
             area.top = used ? used->top : 1;
             area.bottom = std::max(area.top, commonLast > 0 ? commonLast : own);
         }
