@@ -31,7 +31,20 @@ struct Words {
     std::string format;
     std::string delimiter;
     std::string decimal;
+    std::string thousands;
+    std::string encoding;
 };
+
+const std::map<std::string, workbook::Encoding> encodings = {
+    {"", workbook::Encoding::Utf8},
+    {"utf-8", workbook::Encoding::Utf8},
+    {"latin1", workbook::Encoding::Latin1},
+    {"windows-1252", workbook::Encoding::Windows1252}};
+
+/// The character that a word of the command line stands for.
+char characterOf(const std::string& word) {
+    return word == "tab" ? '\t' : word == "space" ? ' ' : word.front();
+}
 
 std::string examples() {
     std::string text = "Examples:\n";
@@ -90,12 +103,24 @@ void offerFileAndForm(CLI::App& command, Words& words) {
     command.add_option("--format", words.format, "the form of the report: text, json, csv, html or xlsx")
         ->type_name("WORD")
         ->check(CLI::IsMember({"text", "json", "csv", "html", "xlsx"}).description(""));
-    command.add_option("--delimiter", words.delimiter, "what stands between two fields: , ; | or tab")
+    command.add_option("--delimiter", words.delimiter, "what stands between two fields: , ; | tab or space")
         ->type_name("CHARACTER")
-        ->check(CLI::IsMember({",", ";", "|", "tab"}).description(""));
+        ->check(CLI::IsMember({",", ";", "|", "tab", "space"}).description(""));
     command.add_option("--decimal", words.decimal, "the decimal mark of numbers: . or ,")
         ->type_name("CHARACTER")
         ->check(CLI::IsMember({".", ","}).description(""));
+    command.add_option("--thousands", words.thousands, "what divides thousands: . , ' or space")
+        ->type_name("CHARACTER")
+        ->check(CLI::IsMember({".", ",", "'", "space"}).description(""));
+    command
+        .add_option("--encoding", words.encoding,
+                    "the encoding of a text file: utf-8, latin1 or windows-1252")
+        ->type_name("WORD")
+        ->check(CLI::IsMember({"utf-8", "latin1", "windows-1252"}).description(""));
+    command
+        .add_option("--comment", words.arguments.comment, "leave out lines that begin with this, such as #")
+        ->type_name("TEXT")
+        ->check(filled());
 }
 
 /// The options that say where a report goes.
@@ -164,8 +189,12 @@ Arguments finish(Words words) {
         arguments.headers = words.headers;
     }
     if (!words.delimiter.empty()) {
-        arguments.delimiter = words.delimiter == "tab" ? '\t' : words.delimiter.front();
+        arguments.delimiter = characterOf(words.delimiter);
     }
+    if (!words.thousands.empty()) {
+        arguments.thousands = characterOf(words.thousands);
+    }
+    arguments.encoding = encodings.at(words.encoding);
     if (!words.decimal.empty()) {
         arguments.decimal = words.decimal.front();
     }
@@ -199,6 +228,9 @@ std::variant<Arguments, Answer> parseArguments(int count, const char* const* wor
     }
     if (found.delimiter == "," && found.decimal == ",") {
         return Answer{"tbvnonpara: --delimiter and --decimal cannot both be a comma\n", usageStatus};
+    }
+    if (!found.thousands.empty() && found.thousands == found.decimal) {
+        return Answer{"tbvnonpara: --thousands and --decimal cannot both be the same\n", usageStatus};
     }
     const bool formatGiven = !found.format.empty();
     Arguments arguments = finish(std::move(found));

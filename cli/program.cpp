@@ -10,6 +10,7 @@
 #include "cli/save.hpp"
 #include "cli/standard_input.hpp"
 #include "cli/terminal.hpp"
+#include "tbvnonpara/analysis/refusal.hpp"
 #include "tbvnonpara/analysis/results.hpp"
 #include "tbvnonpara/analysis/run_test.hpp"
 #include "tbvnonpara/rendering/csv_report.hpp"
@@ -65,9 +66,13 @@ void write(const analysis::FinishedTest& finished, const Arguments& arguments,
     }
 }
 
-ObjectRef<workbook::EmbeddedApplication> open(const Arguments& arguments, std::string* remark) {
+ObjectRef<workbook::EmbeddedApplication> open(const Arguments& arguments, std::string* remark) try {
     return arguments.file == "-" ? analysis::openContents("stdin", readStandardInput(), arguments, remark)
                                  : analysis::openFile(arguments, remark);
+} catch (const workbook::NotUtf8& error) {
+    analysis::refuse(
+        error.number(),
+        error.description() + " Or name its encoding: --encoding windows-1252 or --encoding latin1.");
 }
 
 /// What a page draws; nothing for other forms.

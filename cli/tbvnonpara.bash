@@ -1,7 +1,7 @@
 # bash completion for tbvnonpara
 
 _tbvnonpara_options() {
-    local options="--y --sheet --headers --no-headers --format --delimiter --decimal --save --output --overwrite --with-data
+    local options="--y --sheet --headers --no-headers --format --delimiter --decimal --thousands --encoding --comment --save --output --overwrite --with-data
         --help"
     case $1 in
         mann-whitney | wilcoxon | spearman | sign) options+=" --x" ;;
@@ -38,8 +38,10 @@ _tbvnonpara() {
     case $previous in
         --tails) mapfile -t COMPREPLY < <(compgen -W "$(_tbvnonpara_tails "$test")" -- "$word") ;;
         --format) mapfile -t COMPREPLY < <(compgen -W "text json csv html xlsx" -- "$word") ;;
-        --delimiter) mapfile -t COMPREPLY < <(compgen -W "tab" -- "$word") ;;
-        --decimal | --y | --x | --sheet | --output) ;;
+        --delimiter) mapfile -t COMPREPLY < <(compgen -W "tab space" -- "$word") ;;
+        --thousands) mapfile -t COMPREPLY < <(compgen -W "space" -- "$word") ;;
+        --encoding) mapfile -t COMPREPLY < <(compgen -W "utf-8 latin1 windows-1252" -- "$word") ;;
+        --decimal | --comment | --y | --x | --sheet | --output) ;;
         --save)
             compopt -o filenames 2>/dev/null
             mapfile -t COMPREPLY < <(compgen -f -- "$word")

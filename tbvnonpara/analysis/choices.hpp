@@ -4,6 +4,7 @@
 #include <string>
 
 #include "tbvnonpara/analysis/tests_offered.hpp"
+#include "tbvnonpara/files/csv/encoding.hpp"
 
 namespace TBVNonPara::analysis {
 
@@ -15,7 +16,10 @@ struct Choices {
     std::string sheet;              ///< the sheet to read; empty for the file's active one
     std::optional<char> delimiter;  ///< of a text file, where it shall not be guessed
     std::optional<char> decimal;    ///< its decimal mark
-    std::string y;                  ///< headers, letters or addresses of columns
+    std::optional<char> thousands;  ///< what divides its groups of thousands
+    workbook::Encoding encoding = workbook::Encoding::Utf8;
+    std::string comment;  ///< lines that begin with it are left out; empty for none
+    std::string y;        ///< headers, letters or addresses of columns
     std::string x;
     std::optional<bool> headers;  ///< whether the first row of each range holds labels
     bool descriptives = false;

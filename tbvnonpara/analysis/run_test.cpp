@@ -27,8 +27,15 @@ void requireResultsOfFormulas(const workbook::EmbeddedApplication& application,
     refuseAsOwn();
 }
 
+/// A text in another encoding stays one, so that a caller can say how to name it.
+[[noreturn]] void refuseFile() try { throw; } catch (const workbook::NotUtf8& error) {
+    throw workbook::NotUtf8(error.number(), error.description(), ownSource);
+} catch (...) {
+    refuseAsOwn();
+}
+
 workbook::CsvOptions textOptions(const Choices& choices) {
-    return {choices.delimiter, choices.decimal};
+    return {choices.delimiter, choices.decimal, choices.thousands, choices.encoding, choices.comment};
 }
 
 void activateSheet(const workbook::EmbeddedApplication& application, const std::string& name) {
@@ -45,7 +52,7 @@ ObjectRef<workbook::EmbeddedApplication> openFile(const Choices& choices, std::s
     activateSheet(*application, choices.sheet);
     return application;
 } catch (...) {
-    refuseAsOwn();
+    refuseFile();
 }
 
 ObjectRef<workbook::EmbeddedApplication> openContents(std::string_view name, std::string_view bytes,
@@ -55,7 +62,7 @@ ObjectRef<workbook::EmbeddedApplication> openContents(std::string_view name, std
     activateSheet(*application, choices.sheet);
     return application;
 } catch (...) {
-    refuseAsOwn();
+    refuseFile();
 }
 
 FinishedTest::FinishedTest(ObjectRef<workbook::EmbeddedApplication> application,

@@ -59,6 +59,17 @@ TEST(Arguments, TakeEveryOption) {
     EXPECT_EQ(arguments.decimal, std::optional(','));
 }
 
+TEST(Arguments, TakeTheFormOfATextFile) {
+    const Arguments arguments = accepted({"runs", "d.txt", "--delimiter", "space", "--thousands", "space",
+                                          "--encoding", "latin1", "--comment", "//"});
+    EXPECT_EQ(arguments.delimiter, ' ');
+    EXPECT_EQ(arguments.thousands, ' ');
+    EXPECT_EQ(arguments.encoding, workbook::Encoding::Latin1);
+    EXPECT_EQ(arguments.comment, "//");
+    EXPECT_EQ(accepted({"runs", "d.txt", "--encoding", "windows-1252"}).encoding,
+              workbook::Encoding::Windows1252);
+}
+
 TEST(Arguments, NoHeadersIsNotTheSameAsSilence) {
     EXPECT_EQ(accepted({"runs", "d.csv", "--no-headers"}).headers, std::optional(false));
 }
@@ -102,6 +113,10 @@ const UsageError usageErrors[] = {
     {"UnknownDelimiter", {"sign", "d.csv", "--delimiter", "x"}, "x"},
     {"UnknownDecimal", {"sign", "d.csv", "--decimal", ";"}, ";"},
     {"CommaForBoth", {"sign", "d.csv", "--decimal", ",", "--delimiter", ","}, "both be a comma"},
+    {"UnknownThousands", {"sign", "d.csv", "--thousands", "x"}, "x"},
+    {"UnknownEncoding", {"sign", "d.csv", "--encoding", "ebcdic"}, "ebcdic"},
+    {"EmptyComment", {"sign", "d.csv", "--comment", ""}, "--comment"},
+    {"PointForBoth", {"sign", "d.csv", "--decimal", ".", "--thousands", "."}, "--thousands and --decimal"},
     {"SecondRangeAlone", {"sign", "d.csv", "--x", "B"}, "--y"},
     {"HeadersAndNoHeaders", {"sign", "d.csv", "--headers", "--no-headers"}, "--no-headers"},
     {"EmptyFirstRange", {"sign", "d.csv", "--y", ""}, "--y"},

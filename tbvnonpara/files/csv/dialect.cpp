@@ -27,7 +27,8 @@ constexpr bool isDigit(char c) noexcept {
 /// Walks the sample once.
 class Sample {
  public:
-    explicit Sample(std::string_view text) : m_Text(text.substr(0, longestSample)) {
+    Sample(std::string_view text, std::string_view comment)
+        : m_Text(text.substr(0, longestSample)), m_Comment(comment) {
         for (std::size_t i = 0; i < m_Text.size() && m_Records.size() < mostRecords; ++i) {
             look(i);
         }
@@ -69,6 +70,14 @@ class Sample {
  private:
     void look(std::size_t i) {
         const char c = m_Text[i];
+        if (m_Blank && !m_Comment.empty() && m_Text.substr(i).starts_with(m_Comment) &&
+            (i == 0 || m_Text[i - 1] == '\n' || m_Text[i - 1] == '\r')) {
+            m_InComment = true;
+        }
+        if (m_InComment) {
+            m_InComment = c != '\n' && c != '\r';
+            return;
+        }
         if (m_Quoted) {
             m_Quoted = c != '"';
             return;
@@ -102,6 +111,8 @@ class Sample {
     }
 
     std::string_view m_Text;
+    std::string_view m_Comment;
+    bool m_InComment = false;
     std::vector<Counts> m_Records;
     Counts m_Counts{};
     bool m_Blank = true;
@@ -112,8 +123,8 @@ class Sample {
 
 }  // namespace
 
-std::optional<char> sniffDelimiter(std::string_view text) {
-    const Sample sample(text);
+std::optional<char> sniffDelimiter(std::string_view text, std::string_view comment) {
+    const Sample sample(text, comment);
     const bool decimalCommas = sample.commasAreDecimal();
     std::optional<char> best;
     double bestShare = 0;

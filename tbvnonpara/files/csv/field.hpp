@@ -13,7 +13,8 @@ namespace TBVNonPara::workbook {
 /// shares equal texts.
 class CsvFieldReader {
  public:
-    explicit CsvFieldReader(std::optional<char> decimalMark) : m_DecimalMark(decimalMark) {}
+    CsvFieldReader(std::optional<char> decimalMark, std::optional<char> thousands)
+        : m_DecimalMark(decimalMark), m_Thousands(thousands) {}
 
     [[nodiscard]] CellValue plain(std::string_view field);
     [[nodiscard]] CellValue quoted(std::string_view field);
@@ -22,13 +23,16 @@ class CsvFieldReader {
 
  private:
     std::optional<double> number(std::string_view field);
+    std::optional<double> numberWithoutGroups(std::string_view field);
     std::optional<double> numberWithComma(std::string_view field);
     Text text(std::string_view field);
 
     std::optional<char> m_DecimalMark;
+    std::optional<char> m_Thousands;
     /// The keys are the texts' own characters.
     std::unordered_map<std::string_view, Text> m_Texts;
     std::string m_Digits;
+    std::string m_Ungrouped;
 };
 
 }  // namespace TBVNonPara::workbook

@@ -76,7 +76,8 @@ std::shared_ptr<Sheet> openCsv(EmbeddedApplication& application, const std::file
                                CsvOptions options, std::string* remark) {
     const std::string ending = foldCase(shown(path.extension()));
     const std::string text = readFile(path);
-    if (!options.delimiter && (ending == ".tsv" || ending == ".tab") && !delimiterLine(text)) {
+    if (!options.delimiter && (ending == ".tsv" || ending == ".tab") &&
+        !delimiterLine(DecodedText(text, options.encoding, shown(path.filename())).text())) {
         options.delimiter = '\t';
     }
     return addSheet(application, shown(path.stem()), readCsv(text, options, shown(path.filename())), remark);

@@ -13,8 +13,6 @@ namespace TBVNonPara::workbook {
 
 namespace {
 
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-
 /// No character of a text: the whole line is one field.
 constexpr char noDelimiter = '\0';
 
@@ -44,14 +42,14 @@ struct TextPosition {
 }
 
 void requireText(std::string_view text, std::string_view source) {
-    if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF")) {
-        refuse(std::string(source) + " is UTF-16 text; save it as UTF-8.");
-    }
     if (const std::size_t nul = text.find('\0'); nul != std::string_view::npos) {
         complainAt(source, text, nul, "a NUL byte; this is no text file.");
     }
     if (const auto invalid = firstInvalidUtf8(text)) {
-        complainAt(source, text, *invalid, "not valid UTF-8; save the file as UTF-8.");
+        const TextPosition at(text, *invalid);
+        throw NotUtf8(hostErrorNumber, std::string(source) + ", line " + std::to_string(at.line) + ", byte " +
+                                           std::to_string(at.byte) +
+                                           ": not valid UTF-8; save the file as UTF-8.");
     }
 }
 
@@ -66,6 +64,12 @@ void requireDialect(const CsvOptions& options) {
     if (options.decimalMark && *options.decimalMark != '.' && *options.decimalMark != ',') {
         refuse("The decimal mark must be a point or a comma.");
     }
+    if (options.thousands && std::string_view(".,' ").find(*options.thousands) == std::string_view::npos) {
+        refuse("Thousands are divided by a point, a comma, an apostrophe or a blank.");
+    }
+    if (options.thousands && options.thousands == options.decimalMark) {
+        refuse("The same character cannot divide thousands and mark decimals.");
+    }
     if (options.decimalMark && options.delimiter == options.decimalMark) {
         refuse("The same character cannot stand between fields and mark decimals.");
     }
@@ -76,29 +80,43 @@ char delimiterFor(std::string_view text, const CsvOptions& options) {
     if (options.delimiter) {
         return *options.delimiter;
     }
-    const char delimiter = sniffDelimiter(text).value_or(noDelimiter);
+    const char delimiter = sniffDelimiter(text, options.comment).value_or(noDelimiter);
     return delimiter == ',' && options.decimalMark == ',' ? ';' : delimiter;
 }
 
+/// A number with groups of thousands has the other mark for decimals, wherever a comma stands between fields.
 std::optional<char> decimalMarkFor(char delimiter, const CsvOptions& options) {
-    return options.decimalMark || delimiter != ',' ? options.decimalMark : '.';
+    if (options.decimalMark) {
+        return options.decimalMark;
+    }
+    const bool grouped = options.thousands == '.' || options.thousands == ',';
+    if (!grouped) {
+        return delimiter == ',' ? std::optional('.') : std::nullopt;
+    }
+    return options.thousands == '.' ? ',' : '.';
 }
 
 /// Walks through the text, field by field, from a position on that begins a line.
 class CsvParser {
  public:
-    CsvParser(std::string_view text, char delimiter, std::optional<char> decimalMark, std::string_view source,
+    CsvParser(std::string_view text, char delimiter, const CsvOptions& options, std::string_view source,
               std::size_t start)
         : m_Text(text),
           m_Delimiter(delimiter),
-          m_Fields(decimalMark),
+          m_Fields(decimalMarkFor(delimiter, options), options.thousands),
+          m_Comment(options.comment),
           m_Source(source),
           m_At(start),
           m_Line(start == 0 ? 1 : 2) {}
 
     [[nodiscard]] CsvData read() {
         while (m_At < m_Text.size()) {
-            readRecord();
+            if (m_Comment.empty() || !m_Text.substr(m_At).starts_with(m_Comment)) {
+                readRecord();
+            } else {
+                m_At = std::min(m_Text.find_first_of("\r\n", m_At), m_Text.size());
+                takeLineEnd();
+            }
         }
         const bool moved = alignHeader(m_Cells, m_Widths, m_Source);
         return {std::move(m_Cells), m_Delimiter == noDelimiter ? std::nullopt : std::optional(m_Delimiter),
@@ -107,9 +125,10 @@ class CsvParser {
 
  private:
     void readRecord() {
-        const std::size_t start = m_At;
         m_Row += 1;
         m_Column = 0;
+        skipBlanks();
+        const std::size_t start = m_At;
         do {
             m_Column += 1;
             if (m_At < m_Text.size() && m_Text[m_At] == '"') {
@@ -124,7 +143,16 @@ class CsvParser {
         takeLineEnd();
     }
 
-    [[nodiscard]] bool endsField(char c) const noexcept { return c == m_Delimiter || c == '\n' || c == '\r'; }
+    [[nodiscard]] bool endsField(char c) const noexcept {
+        return c == m_Delimiter || c == '\n' || c == '\r' || (c == '\t' && m_Delimiter == ' ');
+    }
+
+    /// Between fields that blanks divide.
+    void skipBlanks() noexcept {
+        while (m_Delimiter == ' ' && m_At < m_Text.size() && (m_Text[m_At] == ' ' || m_Text[m_At] == '\t')) {
+            m_At += 1;
+        }
+    }
 
     std::string_view takePlain() {
         const std::size_t start = m_At;
@@ -176,6 +204,10 @@ class CsvParser {
     }
 
     bool takeDelimiter() {
+        if (m_Delimiter == ' ') {
+            skipBlanks();
+            return m_At < m_Text.size() && m_Text[m_At] != '\n' && m_Text[m_At] != '\r';
+        }
         const bool there = m_At < m_Text.size() && m_Text[m_At] == m_Delimiter;
         m_At += there ? 1 : 0;
         return there;
@@ -206,6 +238,7 @@ class CsvParser {
     std::string_view m_Text;
     char m_Delimiter;
     CsvFieldReader m_Fields;
+    std::string_view m_Comment;
     std::string_view m_Source;
     std::size_t m_At;
     std::size_t m_Line;
@@ -217,12 +250,11 @@ class CsvParser {
 
 }  // namespace
 
-CsvData readCsv(std::string_view text, const CsvOptions& options, std::string_view source) {
+CsvData readCsv(std::string_view bytes, const CsvOptions& options, std::string_view source) {
     requireDialect(options);
+    const DecodedText decoded(bytes, options.encoding, source);
+    const std::string_view text = decoded.text();
     requireText(text, source);
-    if (text.starts_with(byteOrderMark)) {
-        text.remove_prefix(byteOrderMark.size());
-    }
     CsvOptions settled = options;
     const auto line = delimiterLine(text);
     if (line && !settled.delimiter) {
@@ -231,7 +263,7 @@ CsvData readCsv(std::string_view text, const CsvOptions& options, std::string_vi
     }
     const std::size_t start = line ? line->size : 0;
     const char delimiter = delimiterFor(text.substr(start), settled);
-    return CsvParser(text, delimiter, decimalMarkFor(delimiter, settled), source, start).read();
+    return CsvParser(text, delimiter, settled, source, start).read();
 }
 
 }  // namespace TBVNonPara::workbook

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "tbvnonpara/files/csv/encoding.hpp"
 #include "tbvnonpara/workbook/cell_store.hpp"
 
 namespace TBVNonPara::workbook {
@@ -12,6 +13,10 @@ namespace TBVNonPara::workbook {
 struct CsvOptions {
     std::optional<char> delimiter = std::nullopt;
     std::optional<char> decimalMark = std::nullopt;  ///< '.' or ','
+    /// What stands between groups of three digits: '.', ',', '\'' or ' ' (of any kind).
+    std::optional<char> thousands = std::nullopt;
+    Encoding encoding = Encoding::Utf8;
+    std::string comment = {};  ///< lines that begin with it are left out
 };
 
 struct CsvData {
@@ -21,8 +26,11 @@ struct CsvData {
     bool headerMoved = false;  ///< by one column, over its own: it was one field shorter than the rows below
 };
 
-/// Reads delimited text (UTF-8, with or without a byte order mark; lines end with LF, CRLF or CR) into cells,
+/// Reads delimited text (UTF-8, UTF-16 with a byte order mark, or the encoding that the options name; lines
+/// end with LF, CRLF or CR) into cells,
 /// every line a row, blank ones too. A first line "sep=;" says what stands between fields and is no row.
+///
+/// Where blanks stand between fields, several of them and tabs count as one, and none at a line's ends.
 ///
 /// A field is a number when all of it reads as one (exactly rounded; blanks around it allowed), TRUE or FALSE
 /// in any case a Boolean, "#N/A" and its like an error value, nothing an empty cell, anything else a text as
@@ -35,9 +43,10 @@ struct CsvData {
 /// A header row one field shorter than all rows below is that of R, which leaves out the one above its row
 /// names: it is moved by one column.
 ///
-/// Raises the host's error, which names `source` and the line, for text that is not UTF-8, a quote that is
+/// Raises the host's error, which names `source` and the line, for text in another encoding (NotUtf8
+/// where UTF-8 was expected), a quote that is
 /// not closed, a header row of any other length than the rows below, and values beyond the size of a sheet.
-[[nodiscard]] CsvData readCsv(std::string_view text, const CsvOptions& options = {},
+[[nodiscard]] CsvData readCsv(std::string_view bytes, const CsvOptions& options = {},
                               std::string_view source = "the data");
 
 }  // namespace TBVNonPara::workbook

@@ -100,6 +100,8 @@ const Case cases[] = {
     {"LineThatNamesBehindAMark",    "\xEF\xBB\xBF" "sep=|\ra|b,c,d",  "ta|tb,c,d"},
     {"LineThatNamesTheDelimiterAlone", "sep=,",                     ""},
     {"LineThatNamesTwoCharacters",  "sep=;;\n1;2",                   "tsep=|/1|2"},
+    {"Utf16LittleEndian",           "\xFF\xFE" "a\0,\0\xE4\0\n\0" "1\0,\0" "2\0"sv, "ta|tä/1|2"},
+    {"Utf16BigEndian",              "\xFE\xFF\0a\0;\x20\xAC\xD8\x3D\xDE\x00"sv, "ta|t€😀"},
     {"Umlauts",                     "größe,naïve\n1,2",              "tgröße|tnaïve/1|2"},
 };
 // clang-format on
@@ -128,7 +130,70 @@ TEST(CsvOptions, SettleWhatIsNotToBeFoundOut) {
     EXPECT_EQ(shown(readCsv("sep=;\na;b,c", {.delimiter = ','}).cells), "ta;b|tc");
 }
 
+TEST(CsvOptions, NameAnOlderEncoding) {
+    EXPECT_EQ(shown(readCsv("\xE4\x80,\xDF", {.encoding = Encoding::Latin1}).cells), "tä\xC2\x80|tß");
+    EXPECT_EQ(shown(readCsv("\x80\x84,\xE4", {.encoding = Encoding::Windows1252}).cells), "t€„|tä");
+    // A mark at the beginning says more than the option.
+    EXPECT_EQ(shown(readCsv("\xEF\xBB\xBFä", {.encoding = Encoding::Latin1}).cells), "tä");
+    expectRefused([] { (void)readCsv("a\x81", {.encoding = Encoding::Windows1252}, "old.csv"); },
+                  "old.csv, byte 2 of the file: windows-1252 has no such character");
+    EXPECT_THROW((void)readCsv("\xE4"), NotUtf8);
+}
+
+TEST(CsvOptions, LeaveCommentsOut) {
+    EXPECT_EQ(shown(readCsv("# a;b;c\n# d;e\nx,y\n#\n1,2 # no\n", {.comment = "#"}).cells),
+              "tx|ty/1|t2 # no");
+    EXPECT_EQ(shown(readCsv("a\n\"#b\n#c\"\n#d\n", {.comment = "#"}).cells), "ta/t#b\n#c");
+    EXPECT_EQ(shown(readCsv("//a\r\n/b", {.comment = "//"}).cells), "t/b");
+    EXPECT_EQ(shown(readCsv("#a\n1").cells), "t#a/1");
+    expectRefused([] { (void)readCsv("#\n#\n\"", {.comment = "#"}); }, "line 3, byte 1: the quote");
+}
+
+TEST(CsvOptions, DivideAtBlanksHoweverManyThereAre) {
+    EXPECT_EQ(shown(readCsv("  a  b\t c \n 1 \t2   -3\n\n", {.delimiter = ' '}).cells), "ta|tb|tc/1|2|-3");
+    EXPECT_EQ(shown(readCsv("\"a b\" \"c\"\n\"1\" 4 2\n\"2\" 7 9\n", {.delimiter = ' '}).cells),
+              "|ta b|tc/1|4|2/2|7|9");
+}
+
+struct GroupedNumber {
+    const char* text;
+    char thousands;
+    const char* expected;
+};
+
+TEST(CsvOptions, JoinGroupsOfThousands) {
+    // clang-format off
+    const GroupedNumber numbers[] = {
+        {"1,234.5",       ',',  "1234.5"},
+        {"-12,345,678",   ',',  "-12345678"},
+        {"1.234,5",       '.',  "1234.5"},
+        {"1'234.5",       '\'', "1234.5"},
+        {"1’234",         '\'', "1234"},
+        {"1 234,5",       ' ',  "1234.5"},
+        {"1\xC2\xA0" "234\xE2\x80\xAF" "567", ' ', "1234567"},
+        {"1234.5",        ',',  "1234.5"},
+        {"1,234e2",       ',',  "123400"},
+        {"1,23",          ',',  "t1,23"},
+        {"1234,567",      ',',  "t1234,567"},
+        {"1,2345",        ',',  "t1,2345"},
+        {",123",          ',',  "t,123"},
+        {"1,,234",        ',',  "t1,,234"},
+        {"1.5.000",       '.',  "t1.5.000"},
+        {"a,123",         ',',  "ta,123"},
+    };
+    // clang-format on
+    for (const GroupedNumber& number : numbers) {
+        EXPECT_EQ(shown(readCsv(number.text, {.delimiter = '|', .thousands = number.thousands}).cells),
+                  number.expected)
+            << number.text;
+    }
+    EXPECT_EQ(shown(readCsv("a,b\n\"1,234.5\",2\n", {.thousands = ','}).cells), "ta|tb/1234.5|2");
+    EXPECT_EQ(shown(readCsv("1,234\n").cells), "1|234");
+}
+
 TEST(CsvOptions, ThatContradictThemselvesAreRefused) {
+    expectRefused([] { (void)readCsv("1", {.decimalMark = '.', .thousands = '.'}); }, "The same character");
+    expectRefused([] { (void)readCsv("1", {.thousands = '_'}); }, "Thousands are divided by");
     expectRefused([] { (void)readCsv("1", {.delimiter = ',', .decimalMark = ','}); }, "The same character");
     expectRefused([] { (void)readCsv("1", {.decimalMark = ';'}); }, "must be a point or a comma");
     expectRefused([] { (void)readCsv("sep=,\n1", {.decimalMark = ','}); }, "The same character");
@@ -173,8 +238,11 @@ const Case broken[] = {
     {"Surrogate",           "\xED\xA0\x80",       "line 1, byte 1: not valid UTF-8"},
     {"BeyondUnicode",       "\xF4\x90\x80\x80",   "line 1, byte 1: not valid UTF-8"},
     {"NulByte",             "a\rb\0c"sv,          "data.csv, line 2, byte 2: a NUL byte; this is no text file"},
-    {"Utf16LittleEndian",   "\xFF\xFE" "a\0"sv,   "data.csv is UTF-16 text; save it as UTF-8"},
-    {"Utf16BigEndian",      "\xFE\xFF\0a"sv,      "data.csv is UTF-16 text; save it as UTF-8"},
+    {"HalfAUnitOfUtf16",    "\xFF\xFE" "a\0b"sv,  "data.csv, byte 5 of the file: half a character of UTF-16"},
+    {"HighSurrogateAlone",  "\xFE\xFF\xD8\x3D\0a"sv, "data.csv, byte 3 of the file: half a character of UTF-16"},
+    {"LowSurrogateAlone",   "\xFE\xFF\xDE\0"sv,   "byte 3 of the file: half a character of UTF-16"},
+    {"Utf32LittleEndian",   "\xFF\xFE\0\0a\0\0\0"sv, "data.csv is UTF-32 text; save it as UTF-8"},
+    {"Utf32BigEndian",      "\0\0\xFE\xFF\0\0\0a"sv, "data.csv is UTF-32 text; save it as UTF-8"},
 };
 // clang-format on
 INSTANTIATE_TEST_SUITE_P(Text, BrokenCsv, testing::ValuesIn(broken), nameOf);
