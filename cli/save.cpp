@@ -29,7 +29,9 @@ std::string endingOf(const std::string& file) {
 
 /// Whether the data come from a workbook that a report can be placed into: .xlsx or .xlsm, by its contents.
 bool readsWorkbook(const Arguments& arguments) {
-    if (arguments.file == "-") {
+    // What comes out of a pipe comes only once.
+    std::error_code error;
+    if (arguments.file == "-" || !fs::is_regular_file(arguments.file, error)) {
         return false;
     }
     std::ifstream file(arguments.file, std::ios::binary);

@@ -7,6 +7,7 @@
 #include <zip.h>
 
 #include "tbvnonpara/core/error.hpp"
+#include "tbvnonpara/files/part_names.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
 
 namespace TBVNonPara::workbook {
@@ -123,12 +124,7 @@ class Container::Archive {
     [[nodiscard]] const std::shared_ptr<Budget>& budget() const noexcept { return m_Budget; }
 
     [[nodiscard]] std::optional<zip_uint64_t> find(const std::string& part) const {
-        zip_int64_t index = zip_name_locate(m_Zip, part.c_str(), ZIP_FL_ENC_RAW);
-        if (index < 0) {
-            index = zip_name_locate(m_Zip, part.c_str(), ZIP_FL_NOCASE);
-        }
-        zip_error_clear(m_Zip);
-        return index < 0 ? std::nullopt : std::optional(static_cast<zip_uint64_t>(index));
+        return findPart(m_Zip, part);
     }
 
  private:
@@ -169,14 +165,7 @@ std::unique_ptr<PartStream> Container::open(const std::string& part) const {
 }
 
 bool Container::hasFolder(std::string_view folder) const {
-    const zip_int64_t count = zip_get_num_entries(m_Archive->get(), 0);
-    for (zip_int64_t i = 0; i < count; ++i) {
-        const char* const name = zip_get_name(m_Archive->get(), static_cast<zip_uint64_t>(i), ZIP_FL_ENC_RAW);
-        if (name != nullptr && std::string_view(name).starts_with(folder)) {
-            return true;
-        }
-    }
-    return false;
+    return hasPartFolder(m_Archive->get(), folder);
 }
 
 std::string beginningOf(const Parts& parts, const std::string& part, std::size_t size) {

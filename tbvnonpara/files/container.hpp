@@ -37,7 +37,8 @@ class Parts {
 /// The beginning of a part, empty when there is no such part.
 [[nodiscard]] std::string beginningOf(const Parts& parts, const std::string& part, std::size_t size);
 
-/// A container in the zip format. Names of parts are the same in upper and lower case. What is read is
+/// A container in the zip format. Names of parts are the same in upper and lower case and
+/// with slashes and backslashes. What is read is
 /// checked against its checksum, and all parts together may unpack to 64 MiB, beyond that to 200 times the
 /// file's size, and to 8 GiB at most: more is refused as soon as it is reached.
 class Container final : public Parts {

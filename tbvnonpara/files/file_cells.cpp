@@ -1,7 +1,9 @@
 #include "tbvnonpara/files/file_cells.hpp"
 
+#include <set>
 #include <utility>
 
+#include "tbvnonpara/core/utf8.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
 
 namespace TBVNonPara::workbook {
@@ -16,6 +18,9 @@ constexpr std::size_t mostWaste = std::size_t(512) << 20U;
 /// cells.
 constexpr std::size_t largestGrowth = std::size_t(40) << 10U;
 constexpr std::size_t cellsBetweenChecks = (std::size_t(64) << 20U) / largestGrowth;
+
+/// Cells that cannot be read are few, or all for one reason.
+constexpr std::size_t mostReasons = 1000;
 
 constexpr std::size_t longestText = std::size_t(16) << 20U;
 constexpr std::size_t mostTextsShared = 1U << 16U;
@@ -42,24 +47,48 @@ void showVisibleSheet(FileContents& contents) noexcept {
     contents.active = visible == sheets.end() ? 0 : static_cast<std::size_t>(visible - sheets.begin());
 }
 
-void FileCells::begin(CellStore& cells) {
-    m_MemoryBefore += m_Cells == nullptr ? 0 : m_Cells->memory();
-    m_Cells = &cells;
+void tellSheetsApart(FileContents& contents) {
+    std::set<std::string> names;
+    for (const FileSheet& sheet : contents.sheets) {
+        names.insert(foldCase(sheet.name));
+    }
+    std::set<std::string> taken;
+    for (FileSheet& sheet : contents.sheets) {
+        std::string name = sheet.name;
+        for (int i = 2; taken.contains(foldCase(name)) || (i > 2 && names.contains(foldCase(name))); ++i) {
+            name = sheet.name + " (" + std::to_string(i) + ')';
+        }
+        sheet.name = std::move(name);
+        taken.insert(foldCase(sheet.name));
+    }
 }
 
-void FileCells::set(Index row, Index column, CellValue value) {
-    if (isEmpty(value)) {
+void FileCells::begin(FileSheet& sheet) {
+    m_MemoryBefore += m_Cells == nullptr ? 0 : m_Cells->memory();
+    m_Sheet = &sheet;
+    m_Cells = &sheet.cells;
+}
+
+void FileCells::remember(Index row, Index column, std::string why) {
+    if (!why.empty() && m_Sheet->unreadable.size() < mostReasons) {
+        m_Sheet->unreadable.emplace(std::pair(row, column), std::move(why));
+    }
+}
+
+void FileCells::set(Index row, Index column, ReadCell cell) {
+    if (isEmpty(cell.value)) {
         return;
     }
     if (row < 1 || row > sheetRows || column < 1 || column > sheetColumns) {
         requireOnSheet(row, column);
     }
     count(1);
-    m_Cells->set(row, column, std::move(value));
+    m_Cells->set(row, column, std::move(cell.value));
+    remember(row, column, std::move(cell.why));
 }
 
-void FileCells::fill(const Rectangle& area, const CellValue& value) {
-    if (isEmpty(value)) {
+void FileCells::fill(const Rectangle& area, const ReadCell& cell) {
+    if (isEmpty(cell.value)) {
         return;
     }
     requireOnSheet(area.top, area.left);
@@ -72,8 +101,9 @@ void FileCells::fill(const Rectangle& area, const CellValue& value) {
     }
     for (Index column = area.left; column <= area.right; ++column) {
         count(static_cast<std::size_t>(area.rows()));
-        m_Cells->fill({area.top, column, area.bottom, column}, value);
+        m_Cells->fill({area.top, column, area.bottom, column}, cell.value);
     }
+    remember(area.top, area.left, cell.why);
 }
 
 void FileCells::count(std::size_t cells) {

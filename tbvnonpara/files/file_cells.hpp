@@ -6,7 +6,9 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "tbvnonpara/core/error.hpp"
 #include "tbvnonpara/workbook/cell_store.hpp"
+#include "tbvnonpara/workbook/sheet.hpp"
 
 namespace TBVNonPara::workbook {
 
@@ -15,6 +17,7 @@ struct FileSheet {
     std::string name;
     bool hidden = false;
     CellStore cells;
+    UnreadableCells unreadable;
 };
 
 /// A workbook as a file holds it.
@@ -23,6 +26,22 @@ struct FileContents {
     /// The sheet on top when the file was saved, counted from 0.
     std::size_t active = 0;
 };
+
+/// Gives each sheet a name of its own: the second of a name gets a number that no other sheet bears.
+void tellSheetsApart(FileContents& contents);
+
+/// What a cell of a file holds: `unreadable` when `read` raises an error, and then why.
+struct ReadCell {
+    CellValue value;
+    std::string why;
+};
+
+template <typename Read>
+[[nodiscard]] ReadCell readCell(Read read) try {
+    return {read(), ""};
+} catch (const Error& error) {
+    return {unreadable, error.description()};
+}
 
 /// Makes the sheet on top one that can be seen, where there is any.
 void showVisibleSheet(FileContents& contents) noexcept;
@@ -33,17 +52,19 @@ void showVisibleSheet(FileContents& contents) noexcept;
 class FileCells {
  public:
     /// The cells that follow belong to this sheet.
-    void begin(CellStore& cells);
+    void begin(FileSheet& sheet);
 
     /// Empty values are not stored.
-    void set(Index row, Index column, CellValue value);
+    void set(Index row, Index column, ReadCell cell);
     /// One value for a block of cells.
-    void fill(const Rectangle& area, const CellValue& value);
+    void fill(const Rectangle& area, const ReadCell& cell);
 
  private:
     void count(std::size_t cells);
     void requireDensity();
+    void remember(Index row, Index column, std::string why);
 
+    FileSheet* m_Sheet = nullptr;
     CellStore* m_Cells = nullptr;
     std::size_t m_Held = 0;
     std::size_t m_Repeated = 0;

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "tbvnonpara/core/unicode.hpp"
+#include "tbvnonpara/core/utf8.hpp"
 
 namespace TBVNonPara::workbook {
 

@@ -13,6 +13,10 @@ namespace TBVNonPara::workbook {
 /// Stands in a cell whose formula a file holds without its result. A range that touches one is not read.
 constexpr CellError uncalculated{2043};
 
+/// Stands in a cell whose value a file holds in a form that is none: "1900-02-29" as a date. A range that
+/// touches one is not read either.
+constexpr CellError unreadable{1};
+
 /// The values of a sheet: columns cut into blocks of rows that reach no further than their last value, so
 /// that data costs 16 bytes a cell and a lonely cell at the sheet's end costs a few kilobytes. Rows and
 /// columns count from 1 and must lie on the sheet.

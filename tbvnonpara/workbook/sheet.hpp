@@ -1,9 +1,11 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "tbvnonpara/host/Worksheet.hpp"
@@ -14,6 +16,9 @@
 namespace TBVNonPara::workbook {
 
 class Book;
+
+/// Row and column of cells, and what is wrong with their values.
+using UnreadableCells = std::map<std::pair<Index, Index>, std::string>;
 
 /// A worksheet in memory. Beside the host's interface it shows its cells directly; rows and columns count
 /// from 1 and must lie on the sheet.
@@ -31,7 +36,8 @@ class Sheet final : public Worksheet, public std::enable_shared_from_this<Sheet>
     void Activate() override;
 
     [[nodiscard]] const std::string& name() const noexcept { return m_Name; }
-    /// A formula whose result the file does not hold shows as `uncalculated`.
+    /// A formula whose result the file does not hold shows as `uncalculated`, a value that cannot be read as
+    /// `unreadable`.
     [[nodiscard]] const CellValue& value(Index row, Index column) const { return m_Values.at(row, column); }
     [[nodiscard]] const CellFormat& format(Index row, Index column) const {
         return m_Formats.at(row, column);
@@ -43,6 +49,10 @@ class Sheet final : public Worksheet, public std::enable_shared_from_this<Sheet>
     [[nodiscard]] CellStore& values() noexcept { return m_Values; }
     [[nodiscard]] const FormatStore& formats() const noexcept { return m_Formats; }
     [[nodiscard]] FormatStore& formats() noexcept { return m_Formats; }
+
+    /// Why cells are `unreadable`, as far as it is known.
+    [[nodiscard]] const UnreadableCells& unreadableCells() const noexcept { return m_Unreadable; }
+    void setUnreadableCells(UnreadableCells cells) { m_Unreadable = std::move(cells); }
 
     /// The workbook; raises the host's error once it is closed.
     [[nodiscard]] std::shared_ptr<Book> book() const;
@@ -58,6 +68,7 @@ class Sheet final : public Worksheet, public std::enable_shared_from_this<Sheet>
     std::weak_ptr<Book> m_Book;
     CellStore m_Values;
     FormatStore m_Formats;
+    UnreadableCells m_Unreadable;
 };
 
 }  // namespace TBVNonPara::workbook

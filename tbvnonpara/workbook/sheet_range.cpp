@@ -27,9 +27,21 @@ CellValue storable(const CellValue& value) {
     return number == nullptr || std::isfinite(*number) ? value : CellValue(CellError::Number);
 }
 
-bool isUncalculated(const CellValue& value) noexcept {
+/// What is wrong with a cell that has no value to be read.
+std::string problemOf(const Sheet& sheet, Index row, Index column) {
+    if (std::get<CellError>(sheet.value(row, column)) == uncalculated) {
+        return " holds a formula whose result is not in the file; open the file in a spreadsheet, let it "
+               "calculate and save it.";
+    }
+    const auto known = sheet.unreadableCells().find({row, column});
+    return " cannot be read" +
+           (known == sheet.unreadableCells().end() ? std::string() : ": " + known->second) +
+           "; correct the cell in a spreadsheet and save the file.";
+}
+
+bool hasNoValue(const CellValue& value) noexcept {
     const auto* error = std::get_if<CellError>(&value);
-    return error != nullptr && *error == uncalculated;
+    return error != nullptr && (*error == uncalculated || *error == unreadable);
 }
 
 std::string sizeText(Index rows, Index columns) {
@@ -180,12 +192,9 @@ void SheetRange::Select() {
 void requireCalculated(const Sheet& sheet, const Areas& areas) {
     for (const Rectangle& area : areas) {
         sheet.values().visit(area, [&](Index row, Index column, const CellValue& value) {
-            if (isUncalculated(value)) {
+            if (hasNoValue(value)) {
                 const std::string cell = absoluteAddress(Rectangle{row, column, row, column});
-                refuse(
-                    quotedSheetName(sheet.name()) + '!' + cell +
-                    " holds a formula whose result is not in the file; open the file in a spreadsheet, let "
-                    "it calculate and save it.");
+                refuse(quotedSheetName(sheet.name()) + '!' + cell + problemOf(sheet, row, column));
             }
         });
     }

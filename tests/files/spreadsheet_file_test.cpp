@@ -74,9 +74,34 @@ TEST_F(SpreadsheetFile, KeepsNamesThatNoSheetMadeHereMayHave) {
     EXPECT_EQ(m_Application->activeBook()->sheet("2020/21: A name of more than 31 characters"), sheet);
 }
 
-TEST_F(SpreadsheetFile, WithTwoSheetsOfOneNameIsRefused) {
-    expectOpenRefused(write("a.ods", zipped(odsParts("</table:table><table:table table:name='DATA'>"))),
-                      "two sheets have the name \"DATA\"");
+TEST_F(SpreadsheetFile, WithTwoSheetsOfOneNameNumbersTheSecond) {
+    openDataFile(*m_Application,
+                 write("a.ods", zipped(odsParts("</table:table><table:table table:name='DATA'>"
+                                                "</table:table><table:table table:name='DATA (2)'>"
+                                                "</table:table><table:table table:name='data'>"))));
+    std::string names;
+    for (const auto& sheet : m_Application->activeBook()->sheets()) {
+        names += sheet->name() + '|';
+    }
+    // The sheet that is called so already keeps its name.
+    EXPECT_EQ(names, "Data|DATA (3)|DATA (2)|data (4)|");
+}
+
+TEST_F(SpreadsheetFile, RefusesARangeThatTouchesACellThatCannotBeRead) {
+    const std::string cell = "<table:table-cell office:value-type='";
+    openDataFile(
+        *m_Application,
+        write("a.ods", zipped(odsParts("<table:table-row>" + cell + "float' office:value='1'/>" + cell +
+                                       "date' office:date-value='1900-02-29'/></table:table-row>"))));
+    EXPECT_EQ(m_Application->GetRange("A1")->GetValue(), (ValueGrid{{1.0}}));
+    for (const char* const address : {"B1", "A1:B1", "B:B"}) {
+        expectRefused(
+            [&] { (void)m_Application->GetRange(address)->GetValue(); },
+            "Data!$B$1 cannot be read: \"1900-02-29\" is no value of the type date; correct the cell "
+            "in a spreadsheet and save the file.");
+    }
+    m_Application->GetRange("B1")->LetValue(7.0);
+    EXPECT_EQ(m_Application->GetRange("B1")->GetValue(), (ValueGrid{{7.0}}));
 }
 
 TEST_F(SpreadsheetFile, WithoutSheetsIsRefused) {

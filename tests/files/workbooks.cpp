@@ -65,6 +65,24 @@ std::string zipped(const PartTexts& parts) {
     return bytes;
 }
 
+PartTexts unzipped(const std::string& bytes) {
+    zip_t* const archive = zip_open_from_source(
+        zip_source_buffer_create(bytes.data(), bytes.size(), 0, nullptr), ZIP_RDONLY, nullptr);
+    PartTexts parts;
+    for (zip_int64_t i = 0; i < zip_get_num_entries(archive, 0); ++i) {
+        const auto index = static_cast<zip_uint64_t>(i);
+        zip_stat_t stat;
+        zip_stat_index(archive, index, 0, &stat);
+        std::string text(stat.size, '\0');
+        zip_file_t* const file = zip_fopen_index(archive, index, 0);
+        zip_fread(file, text.data(), text.size());
+        zip_fclose(file);
+        parts[stat.name] = std::move(text);
+    }
+    zip_discard(archive);
+    return parts;
+}
+
 std::string replaced(std::string text, const std::string& what, const std::string& by) {
     for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + by.size())) {
         text.replace(at, what.size(), by);
@@ -105,7 +123,9 @@ std::string shownCell(const CellValue& value) {
         return *truth ? "TRUE" : "FALSE";
     }
     if (const auto* error = std::get_if<CellError>(&value)) {
-        return *error == uncalculated ? "uncalculated" : std::string(displayText(*error));
+        return *error == uncalculated ? "uncalculated"
+               : *error == unreadable ? "unreadable"
+                                      : std::string(displayText(*error));
     }
     return "";
 }

@@ -26,6 +26,9 @@ inline const std::string spreadsheetNamespace = "http://schemas.openxmlformats.o
 /// Packs parts into a zip container.
 [[nodiscard]] std::string zipped(const PartTexts& parts);
 
+/// The parts of such a container.
+[[nodiscard]] PartTexts unzipped(const std::string& bytes);
+
 /// The text with each occurrence replaced.
 [[nodiscard]] std::string replaced(std::string text, const std::string& what, const std::string& by);
 
@@ -42,8 +45,8 @@ inline const auto writersFiles = testing::Values("openpyxl.xlsx", "xlsxwriter.xl
 /// Such a file's name as a part of a test's name.
 [[nodiscard]] std::string testNameOf(const testing::TestParamInfo<const char*>& test);
 
-/// A cell with its kind: 1.5, "text", TRUE, #N/A, uncalculated; numbers with as many digits as tell them from
-/// all others.
+/// A cell with its kind: 1.5, "text", TRUE, #N/A, uncalculated, unreadable; numbers with as many digits as
+/// tell them from all others.
 [[nodiscard]] std::string shownCell(const CellValue& value);
 
 /// All cells of a sheet, row by row: "A1=1 B1="x"".

@@ -85,6 +85,38 @@ const Case cellCases[] = {
 INSTANTIATE_TEST_SUITE_P(All, XlsxCells, testing::ValuesIn(cellCases),
                          [](const auto& test) { return std::string(test.param.name); });
 
+class XlsxCellsUnreadable : public testing::TestWithParam<Case> {};
+
+TEST_P(XlsxCellsUnreadable, WaitUntilTheyAreTouchedAndSayWhy) {
+    const std::string row = "<row r='7'>" + std::string(GetParam().cell) + "<c r='D7'><v>1</v></c></row>";
+    const FileContents contents = readXlsx(TextParts(xlsxParts(row, "<si/>")));
+    const FileSheet& sheet = contents.sheets.at(0);
+    EXPECT_EQ(shownCells(sheet.cells), "B7=unreadable D7=1");
+    ASSERT_EQ(sheet.unreadable.size(), 1U);
+    EXPECT_EQ(sheet.unreadable.begin()->first, std::pair(Index(7), Index(2)));
+    EXPECT_THAT(sheet.unreadable.begin()->second, testing::HasSubstr(GetParam().shown));
+}
+
+// clang-format off
+const Case unreadableCases[] = {
+    {"TextForANumber",      "<c r='B7'><v>abc</v></c>",              "\"abc\" is no number"},
+    {"NotANumber",          "<c r='B7'><v>NaN</v></c>",              "\"NaN\" is no number"},
+    {"Infinity",            "<c r='B7'><v>-inf</v></c>",             "is no number"},
+    {"TwoSigns",            "<c r='B7'><v>+-1</v></c>",              "is no number"},
+    {"TwoNumbers",          "<c r='B7'><v>1 2</v></c>",              "is no number"},
+    {"Hexadecimal",         "<c r='B7'><v>0x10</v></c>",             "is no number"},
+    {"UnknownSharedText",   "<c r='B7' t='s'><v>1</v></c>",          "there is no shared text number \"1\" among 1"},
+    {"NegativeSharedText",  "<c r='B7' t='s'><v>-1</v></c>",         "there is no shared text number \"-1\""},
+    {"UnknownTruth",        "<c r='B7' t='b'><v>2</v></c>",          "is no Boolean"},
+    {"UnknownDate",         "<c r='B7' t='d'><v>2020-02-30</v></c>", "is no date"},
+    {"UnknownType",         "<c r='B7' t='x'><v>1</v></c>",          "there is no type of cells \"x\""},
+    {"TheDayThatNeverWas",  "<c r='B7' t='d'><v>1900-02-29</v></c>", "\"1900-02-29\" is no date"},
+};
+// clang-format on
+
+INSTANTIATE_TEST_SUITE_P(All, XlsxCellsUnreadable, testing::ValuesIn(unreadableCases),
+                         [](const auto& test) { return std::string(test.param.name); });
+
 class XlsxCellsRefused : public testing::TestWithParam<Case> {};
 
 TEST_P(XlsxCellsRefused, AreNamed) {
@@ -94,17 +126,6 @@ TEST_P(XlsxCellsRefused, AreNamed) {
 
 // clang-format off
 const Case refusedCases[] = {
-    {"TextForANumber",      "<c r='B7'><v>abc</v></c>",              "cell B7: \"abc\" is no number"},
-    {"NotANumber",          "<c r='A1'><v>NaN</v></c>",              "cell A1: \"NaN\" is no number"},
-    {"Infinity",            "<c r='A1'><v>-inf</v></c>",             "is no number"},
-    {"TwoSigns",            "<c r='A1'><v>+-1</v></c>",              "is no number"},
-    {"TwoNumbers",          "<c r='A1'><v>1 2</v></c>",              "is no number"},
-    {"Hexadecimal",         "<c r='A1'><v>0x10</v></c>",             "is no number"},
-    {"UnknownSharedText",   "<c r='A1' t='s'><v>1</v></c>",          "cell A1: there is no shared text number \"1\" among 1"},
-    {"NegativeSharedText",  "<c r='A1' t='s'><v>-1</v></c>",         "there is no shared text number \"-1\""},
-    {"UnknownTruth",        "<c r='A1' t='b'><v>2</v></c>",          "is no Boolean"},
-    {"UnknownDate",         "<c r='A1' t='d'><v>2020-02-30</v></c>", "is no date"},
-    {"UnknownType",         "<c r='A1' t='x'><v>1</v></c>",          "there is no type of cells \"x\""},
     {"NoReference",         "<c r='1A'><v>1</v></c>",                "\"1A\" is no cell"},
     {"BehindTheLastColumn", "<c r='XFE1'><v>1</v></c>",              "column 16385 lies outside a sheet"},
     {"BehindTheLastRow",    "<c r='A1048577'><v>1</v></c>",          "row 1048577 lies outside a sheet"},
@@ -141,7 +162,7 @@ TEST(XlsxPlaces, OfARowThatIsNoRowAreRefused) {
 }
 
 TEST(XlsxMessages, NameThePartAndTheLine) {
-    expectRefused([] { (void)cellsOf("<row>\n<c><v>x</v></c></row>"); },
+    expectRefused([] { (void)cellsOf("<row>\n<c r='x'/></row>"); },
                   "part xl/worksheets/sheet1.xml, line 2, column ");
 }
 

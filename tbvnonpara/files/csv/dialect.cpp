@@ -6,7 +6,7 @@
 #include <map>
 #include <vector>
 
-#include "tbvnonpara/core/unicode.hpp"
+#include "tbvnonpara/core/utf8.hpp"
 
 namespace TBVNonPara::workbook {
 

@@ -70,7 +70,7 @@ class ContentReader final : public XmlHandler {
     struct RowCell {
         Index column;
         Index columns;
-        CellValue value;
+        ReadCell cell;
     };
 
     Place startIn(Place place, const XmlName& name, const XmlAttributes& attributes) {
@@ -158,7 +158,7 @@ class ContentReader final : public XmlHandler {
         sheet.name = title;
         const auto style = attributes.find(Vocabulary::Table, "style-name").value_or("");
         sheet.hidden = m_HiddenStyles.contains(std::string(style));
-        m_Cells.begin(sheet.cells);
+        m_Cells.begin(sheet);
         m_Row = 1;
         return Place::Rows;
     }
@@ -214,12 +214,12 @@ class ContentReader final : public XmlHandler {
 
     void endCell() try {
         const auto columns = static_cast<Index>(m_Cell.columns);
-        CellValue value = meaningOf(m_Cell, m_Dates, m_Texts);
-        if (!isEmpty(value)) {
+        ReadCell cell = readCell([&] { return meaningOf(m_Cell, m_Dates, m_Texts); });
+        if (!isEmpty(cell.value)) {
             if (m_Column + columns - 1 > sheetColumns) {
                 refuse("filled cells beyond column 16384 (XFD), the last of a sheet");
             }
-            m_RowCells.push_back({m_Column, columns, std::move(value)});
+            m_RowCells.push_back({m_Column, columns, std::move(cell)});
         }
         m_Column += columns;
     } catch (const Error& error) {
@@ -231,10 +231,10 @@ class ContentReader final : public XmlHandler {
     void endRow() {
         for (RowCell& cell : m_RowCells) {
             if (m_Rows == 1 && cell.columns == 1) {
-                m_Cells.set(m_Row, cell.column, std::move(cell.value));
+                m_Cells.set(m_Row, cell.column, std::move(cell.cell));
             } else {
                 m_Cells.fill({m_Row, cell.column, m_Row + m_Rows - 1, cell.column + cell.columns - 1},
-                             cell.value);
+                             cell.cell);
             }
         }
         m_Row += m_Rows;

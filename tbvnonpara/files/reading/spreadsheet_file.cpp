@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <fstream>
-#include <set>
 #include <utility>
 
 #include "tbvnonpara/core/error.hpp"
@@ -46,6 +45,15 @@ bool looksLikeText(std::string_view beginning) noexcept {
 
 /// What a file is that is no workbook which is read, nor lines of fields.
 std::optional<std::string> foreignKindOf(std::string_view beginning) {
+    if (isMarkedUtf16(beginning)) {
+        // Half a character at the end of the beginning tells nothing.
+        const std::string_view whole = beginning.substr(0, beginning.size() / 2 * 2);
+        try {
+            return foreignTextKind(DecodedText(whole, Encoding::Utf8, "the file").text());
+        } catch (const Error&) {
+            return std::nullopt;
+        }
+    }
     const auto text = foreignTextKind(beginning);
     return text || looksLikeText(beginning) ? text : foreignKind(beginning);
 }
@@ -76,15 +84,6 @@ FileContents readContainer(const Container& container) {
     refuse(kindOfContainer(container));
 }
 
-void requireDifferentNames(const FileContents& contents) {
-    std::set<std::string> names;
-    for (const FileSheet& sheet : contents.sheets) {
-        if (!names.insert(foldCase(sheet.name)).second) {
-            refuse("two sheets have the name " + inQuotes(sheet.name));
-        }
-    }
-}
-
 /// The file's name in front of what was wrong with it.
 template <typename Action>
 auto namingFile(std::string_view name, Action action) try {
@@ -103,6 +102,7 @@ std::shared_ptr<Sheet> addSheets(EmbeddedApplication& application, FileContents 
         FileSheet& read = contents.sheets[i];
         const std::shared_ptr<Sheet> sheet = book.adoptSheet(read.name);
         sheet->values() = std::move(read.cells);
+        sheet->setUnreadableCells(std::move(read.unreadable));
         if (i == contents.active) {
             onTop = sheet;
         }
@@ -119,7 +119,7 @@ FileContents checked(FileContents contents) {
     if (contents.sheets.empty()) {
         refuse("it holds no sheet with cells");
     }
-    requireDifferentNames(contents);
+    tellSheetsApart(contents);
     return contents;
 }
 

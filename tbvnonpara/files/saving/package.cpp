@@ -5,6 +5,8 @@
 #include <zip.h>
 
 #include "tbvnonpara/core/error.hpp"
+#include "tbvnonpara/files/part_names.hpp"
+#include "tbvnonpara/files/saving/archive_check.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
 
 namespace TBVNonPara::workbook {
@@ -27,11 +29,14 @@ Package::~Package() {
 }
 
 void Package::open() {
+    if (const auto problem = problemOfArchive(m_Bytes.bytes())) {
+        refuseDamaged(*problem);
+    }
     zip_error_t error;
     zip_error_init(&error);
     zip_source_t* const source = m_Bytes.open();
     if (source != nullptr) {
-        m_Zip = zip_open_from_source(source, ZIP_CHECKCONS, &error);
+        m_Zip = zip_open_from_source(source, 0, &error);
     }
     if (m_Zip == nullptr) {
         const std::string why = zip_error_strerror(&error);
@@ -85,18 +90,17 @@ void Package::packQuickly(const std::string& part, std::size_t size) {
     // The best packing, which is the library's own choice, saves a sixth and takes ten times as long. A level
     // is taken only together with another method than the part had before; the default one is to deflate as
     // well.
-    const zip_int64_t index = zip_name_locate(m_Zip, part.c_str(), ZIP_FL_NOCASE);
-    if (index < 0 ||
-        zip_set_file_compression(m_Zip, static_cast<zip_uint64_t>(index), ZIP_CM_DEFAULT, 1) != 0) {
+    const auto index = findPart(m_Zip, part);
+    if (!index || zip_set_file_compression(m_Zip, *index, ZIP_CM_DEFAULT, 1) != 0) {
         refuseDamaged(zip_strerror(m_Zip));
     }
 }
 
 void Package::put(const std::string& part, zip_source* source) {
-    const zip_int64_t old = zip_name_locate(m_Zip, part.c_str(), ZIP_FL_NOCASE);
-    const bool done = source != nullptr &&
-                      (old >= 0 ? zip_file_replace(m_Zip, static_cast<zip_uint64_t>(old), source, 0) == 0
-                                : zip_file_add(m_Zip, part.c_str(), source, ZIP_FL_ENC_UTF_8) >= 0);
+    const auto old = findPart(m_Zip, part);
+    const bool done =
+        source != nullptr && (old ? zip_file_replace(m_Zip, *old, source, 0) == 0
+                                  : zip_file_add(m_Zip, part.c_str(), source, ZIP_FL_ENC_UTF_8) >= 0);
     if (!done) {
         zip_source_free(source);
         refuseDamaged(zip_strerror(m_Zip));
@@ -104,8 +108,8 @@ void Package::put(const std::string& part, zip_source* source) {
 }
 
 void Package::remove(const std::string& part) {
-    const zip_int64_t old = zip_name_locate(m_Zip, part.c_str(), ZIP_FL_NOCASE);
-    if (old < 0 || zip_delete(m_Zip, static_cast<zip_uint64_t>(old)) != 0) {
+    const auto old = findPart(m_Zip, part);
+    if (!old || zip_delete(m_Zip, *old) != 0) {
         refuseDamaged(zip_strerror(m_Zip));
     }
 }

@@ -26,11 +26,12 @@ bool keepsBlanks(std::string_view text) {
 }
 
 void requireCalculated(CellError error, const Sheet& sheet, Index row, Index column) {
-    if (error == uncalculated) {
+    if (error == uncalculated || error == unreadable) {
+        const bool formula = error == uncalculated;
         refuse(quotedSheetName(sheet.name()) + '!' + plainAddress(row, column) +
-               " holds a formula without a result, which a new workbook cannot take over; calculate and save "
-               "the "
-               "data first.");
+               (formula ? " holds a formula without a result" : " holds a value that cannot be read") +
+               ", which a new workbook cannot take over; " +
+               (formula ? "calculate and save the data first." : "correct it in the data first."));
     }
 }
 

@@ -46,10 +46,7 @@ XlsxType typeNamed(std::string_view name) {
         {"d", XlsxType::Date},
     });
     const auto* const found = std::ranges::find(types, name, &std::pair<std::string_view, XlsxType>::first);
-    if (found == std::end(types)) {
-        refuse("there is no type of cells " + inQuotes(shortened(name, shownBytes)));
-    }
-    return found->second;
+    return found == std::end(types) ? XlsxType::Unknown : found->second;
 }
 
 CellValue meaningOf(const XlsxCell& cell, const XlsxTexts& texts) {
@@ -73,6 +70,8 @@ CellValue meaningOf(const XlsxCell& cell, const XlsxTexts& texts) {
             return errorInFile(withoutXmlBlanks(cell.value)).value_or(CellError::Value);
         case XlsxType::Date:
             return required(serialOfDate(cell.value, texts.dates), cell.value, "date");
+        case XlsxType::Unknown:
+            refuse("there is no type of cells \"" + shortened(cell.unknownType) + '"');
     }
     return {};
 }

@@ -11,9 +11,9 @@
 
 namespace TBVNonPara::workbook {
 
-enum class XlsxType { Number, SharedText, FormulaText, InlineText, Boolean, Error, Date };
+enum class XlsxType { Number, SharedText, FormulaText, InlineText, Boolean, Error, Date, Unknown };
 
-/// The type that the attribute of a cell names; raises the host's error for any other.
+/// The type that the attribute of a cell names.
 [[nodiscard]] XlsxType typeNamed(std::string_view name);
 
 /// A cell as it is written: its type, whether it has a formula, and its value as text.
@@ -22,6 +22,7 @@ struct XlsxCell {
     bool formula = false;
     bool hasValue = false;  ///< also an empty one
     std::string value;
+    std::string unknownType;  ///< as it is written
 };
 
 /// What the cells of a workbook share.

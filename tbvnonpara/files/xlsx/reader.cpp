@@ -41,7 +41,7 @@ FileContents readXlsx(const Parts& parts) {
             FileSheet& read = contents.sheets.emplace_back();
             read.name = sheet.name;
             read.hidden = sheet.hidden;
-            cells.begin(read.cells);
+            cells.begin(read);
             readXlsxSheet(parts, sheet.part, texts, cells);
         }
     }

@@ -109,6 +109,7 @@ class SheetReader final : public XmlHandler {
                 moveTo(name[1]);
             } else if (name[0][0] == 't' && name[0][1] == '\0') {
                 m_Cell.type = typeNamed(name[1]);
+                m_Cell.unknownType = m_Cell.type == XlsxType::Unknown ? name[1] : "";
             }
         }
         return enter(Place::Cell, true);
@@ -145,7 +146,7 @@ class SheetReader final : public XmlHandler {
     }
 
     void store() try {
-        m_Cells.set(m_At.row, m_At.column, meaningOf(m_Cell, m_Texts));
+        m_Cells.set(m_At.row, m_At.column, readCell([&] { return meaningOf(m_Cell, m_Texts); }));
     } catch (const Error& error) {
         throw Error(error.number(),
                     "cell " + plainAddress(m_At.row, m_At.column) + ": " + error.description());

@@ -17,8 +17,8 @@ constexpr std::size_t mostXlsxSheets = 4096;
 
 class WorkbookReader final : public XmlHandler {
  public:
-    explicit WorkbookReader(const std::vector<XlsxRelationship>& relationships)
-        : m_Relationships(relationships) {}
+    WorkbookReader(const Parts& parts, const std::vector<XlsxRelationship>& relationships)
+        : m_Parts(parts), m_Relationships(relationships) {}
 
     bool start(const XmlName& name, const XmlAttributes& attributes) override {
         if (!m_Inside) {
@@ -57,14 +57,16 @@ class WorkbookReader final : public XmlHandler {
         sheet.hidden = state == "hidden" || state == "veryHidden";
         const auto id = attributes.find(Vocabulary::Relationships, "id");
         const auto found = std::ranges::find(m_Relationships, id.value_or(""), &XlsxRelationship::id);
-        if (!id || found == m_Relationships.end()) {
-            refuse("sheet \"" + sheet.name + "\" points at no part of the file");
+        // A sheet that points at nothing holds nothing; some programs leave one behind.
+        sheet.hasCells =
+            id && found != m_Relationships.end() && found->kind == "worksheet" && m_Parts.has(found->target);
+        if (sheet.hasCells) {
+            sheet.part = found->target;
         }
-        sheet.part = found->target;
-        sheet.hasCells = found->kind == "worksheet";
         workbook.sheets.push_back(std::move(sheet));
     }
 
+    const Parts& m_Parts;
     const std::vector<XlsxRelationship>& m_Relationships;
     bool m_Inside = false;
     bool m_View = false;
@@ -82,7 +84,7 @@ XlsxWorkbook readXlsxWorkbook(const Parts& parts) {
     const std::string part =
         targetOf(readRelationships(parts, ""), "officeDocument").value_or("xl/workbook.xml");
     const std::vector<XlsxRelationship> relationships = readRelationships(parts, part);
-    WorkbookReader reader(relationships);
+    WorkbookReader reader(parts, relationships);
     readXml(parts, part, reader);
     reader.workbook.sharedStrings = targetOf(relationships, "sharedStrings");
     return std::move(reader.workbook);
