@@ -10,6 +10,7 @@
 #include "cli/save.hpp"
 #include "cli/standard_input.hpp"
 #include "cli/terminal.hpp"
+#include "cli/warnings.hpp"
 #include "tbvnonpara/analysis/refusal.hpp"
 #include "tbvnonpara/analysis/results.hpp"
 #include "tbvnonpara/analysis/run_test.hpp"
@@ -31,6 +32,12 @@ void tell(std::string_view text) {
     std::fwrite(text.data(), 1, text.size(), stderr);
 }
 
+void warn(const std::vector<std::string>& warnings) {
+    for (const std::string& warning : warnings) {
+        tell(fmt::format("tbvnonpara: warning: {}\n", warning));
+    }
+}
+
 int answer(const Answer& answer) {
     if (answer.status != 0) {
         tell(answer.text);
@@ -43,7 +50,7 @@ int answer(const Answer& answer) {
 }
 
 void write(const analysis::FinishedTest& finished, const Arguments& arguments,
-           const rendering::PictureData& data, Output& output) {
+           const rendering::PictureData& data, const std::vector<std::string>& warnings, Output& output) {
     const rendering::ReportBlock report(finished.sheet(), finished.block());
     switch (arguments.format) {
         case OutputFormat::Text:
@@ -51,7 +58,8 @@ void write(const analysis::FinishedTest& finished, const Arguments& arguments,
             break;
         case OutputFormat::Json:
             rendering::writeJson(arguments.test->name, finished.address(), report,
-                                 analysis::namedResults(arguments.test->method, finished.engine()), output);
+                                 analysis::namedResults(arguments.test->method, finished.engine()), output,
+                                 warnings);
             break;
         case OutputFormat::Csv:
             rendering::writeCsv(report, output);
@@ -100,15 +108,18 @@ void analyse(const Arguments& arguments, Circumstances& circumstances) {
     // The picture shows the data as they are before a report is put over them.
     const rendering::PictureData data = dataToDraw(*application, arguments, circumstances.ranges);
     const analysis::FinishedTest finished = analysis::runTest(application, arguments, circumstances.ranges);
-    const auto writeTo = [&](Output& output) { write(finished, arguments, data, output); };
+    const std::vector<std::string> warnings = warningsOnPlace(finished, arguments);
+    const auto writeTo = [&](Output& output) { write(finished, arguments, data, warnings, output); };
     if (!arguments.save.empty()) {
         progress.next("Saving " + arguments.save);
         const std::string saved = saveReport(finished, arguments, writeTo);
         progress.end();
+        warn(warnings);
         tell(saved + '\n');
         return;
     }
     progress.end();
+    warn(warnings);
     Output output(stdout);
     writeTo(output);
     output.finish();

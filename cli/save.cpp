@@ -27,20 +27,6 @@ std::string endingOf(const std::string& file) {
     return foldCase(fs::path(file).extension().string());
 }
 
-/// Whether the data come from a workbook that a report can be placed into: .xlsx or .xlsm, by its contents.
-bool readsWorkbook(const Arguments& arguments) {
-    // What comes out of a pipe comes only once.
-    std::error_code error;
-    if (arguments.file == "-" || !fs::is_regular_file(arguments.file, error)) {
-        return false;
-    }
-    std::ifstream file(arguments.file, std::ios::binary);
-    std::string beginning(4, '\0');
-    file.read(beginning.data(), 4);
-    const std::string ending = endingOf(arguments.file);
-    return beginning == "PK\x03\x04" && ending != ".ods";
-}
-
 bool namesTheInput(const Arguments& arguments) {
     std::error_code error;
     return arguments.file != "-" && fs::equivalent(arguments.file, arguments.save, error) && !error;
@@ -107,6 +93,19 @@ auto asProgram(const Action& action) try {
 }
 
 }  // namespace
+
+bool readsWorkbook(const Arguments& arguments) {
+    // What comes out of a pipe comes only once.
+    std::error_code error;
+    if (arguments.file == "-" || !fs::is_regular_file(arguments.file, error)) {
+        return false;
+    }
+    std::ifstream file(arguments.file, std::ios::binary);
+    std::string beginning(4, '\0');
+    file.read(beginning.data(), 4);
+    const std::string ending = endingOf(arguments.file);
+    return beginning == "PK\x03\x04" && ending != ".ods";
+}
 
 void checkSaving(const Arguments& arguments) {
     asProgram([&] {

@@ -9,6 +9,9 @@
 
 namespace TBVNonPara::cli {
 
+/// Whether the data come from a workbook that a report can be placed into: .xlsx or .xlsm, by its contents.
+[[nodiscard]] bool readsWorkbook(const Arguments& arguments);
+
 /// Raises the host's error when the file that is to be saved cannot be, before any work is done.
 void checkSaving(const Arguments& arguments);
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -10,8 +11,9 @@
 namespace TBVNonPara::rendering {
 
 /// Writes a report as one JSON object: the test's name, the report's address and all its cells, the results
-/// by name.
+/// by name, and warnings where there are any.
 void writeJson(std::string_view test, std::string_view address, const ReportBlock& report,
-               const std::vector<analysis::NamedResult>& results, Output& output);
+               const std::vector<analysis::NamedResult>& results, Output& output,
+               const std::vector<std::string>& warnings = {});
 
 }  // namespace TBVNonPara::rendering
