@@ -1,7 +1,9 @@
 #include "cli/program.hpp"
 
+#include <algorithm>
 #include <cstdio>
 #include <fmt/format.h>
+#include <iterator>
 #include <system_error>
 
 #include "cli/arguments.hpp"
@@ -106,9 +108,10 @@ void analyse(const Arguments& arguments, Circumstances& circumstances) {
     }
     progress.next("Analysing");
     // The picture shows the data as they are before a report is put over them.
+    std::vector<std::string> warnings = warningsOnData(*application, arguments, circumstances.ranges);
     const rendering::PictureData data = dataToDraw(*application, arguments, circumstances.ranges);
     const analysis::FinishedTest finished = analysis::runTest(application, arguments, circumstances.ranges);
-    const std::vector<std::string> warnings = warningsOnPlace(finished, arguments);
+    std::ranges::move(warningsOnPlace(finished, arguments), std::back_inserter(warnings));
     const auto writeTo = [&](Output& output) { write(finished, arguments, data, warnings, output); };
     if (!arguments.save.empty()) {
         progress.next("Saving " + arguments.save);

@@ -1,6 +1,7 @@
 #include "cli/warnings.hpp"
 
 #include <fmt/format.h>
+#include <unordered_set>
 
 #include "cli/save.hpp"
 #include "tbvnonpara/files/xlsx/drawings.hpp"
@@ -16,7 +17,35 @@ std::string plain(const workbook::Rectangle& area) {
     return address;
 }
 
+/// Whether there are more different numbers than a third of the rows.
+bool holdsManyNumbers(const ValueGrid& cells, Index firstRow) {
+    std::unordered_set<double> different;
+    const Index rows = toIndex(cells.rows());
+    for (Index row = firstRow; row <= rows; ++row) {
+        if (const double* number = std::get_if<double>(&cells(row, 1))) {
+            different.insert(*number);
+        }
+        if (3 * static_cast<Index>(different.size()) > rows - firstRow + 1) {
+            return true;
+        }
+    }
+    return false;
+}
+
 }  // namespace
+
+std::vector<std::string> warningsOnData(const workbook::EmbeddedApplication& application,
+                                        const Arguments& arguments, const analysis::ChosenRanges& ranges) {
+    if (arguments.test->method != tbvNPWWRuns ||
+        !holdsManyNumbers(application.GetRange(ranges.y)->GetValue(), ranges.headers ? 2 : 1)) {
+        return {};
+    }
+    return {
+        fmt::format("The numbers in {} are so varied that there are more than a third as many categories as "
+                    "rows: each number counts as one. For runs above and below a value, name a column that "
+                    "says of each number on which side it lies.",
+                    ranges.y)};
+}
 
 std::vector<std::string> warningsOnPlace(const analysis::FinishedTest& finished,
                                          const Arguments& arguments) try {

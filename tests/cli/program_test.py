@@ -39,6 +39,23 @@ class Statuses(unittest.TestCase):
         self.assertIn('stdin!B2 holds the text "x"', result.stderr)
 
 
+class Warnings(unittest.TestCase):
+    def warned(self, cells, *words):
+        result = run("runs", "-", *words, text="\n".join(map(str, cells)) + "\n")
+        self.assertEqual(result.returncode, 0, result.stderr)
+        return "tbvnonpara: warning: The numbers in stdin!A1:A" in result.stderr
+
+    def test_runs_of_mostly_different_numbers_are_one(self):
+        self.assertTrue(self.warned([1, 2, 3, 4, 1, 2, 3, 4, 1, 2]))
+        self.assertFalse(self.warned([1, 2, 3, 1, 2, 3, 1, 2, 3]))
+        self.assertTrue(self.warned(["Level", 1, 2, 3, 1, 2, 3, 1, 2]))
+        self.assertFalse(self.warned(["Level", 1, 2, 3, 1, 2, 3, 1, 2, 3]))
+
+    def test_texts_are_categories_without_a_warning(self):
+        self.assertFalse(self.warned("abcdabcdab"))
+        self.assertNotIn("warning", run("mann-whitney", PLANTS).stderr)
+
+
 class Faults(unittest.TestCase):
     """Data without a result: what each test says, and under which number."""
 
