@@ -4,6 +4,7 @@
 #include "tbvnonpara/core/enumerations.hpp"
 #include "tests/adapters/com/client_cases.hpp"
 #include "tests/adapters/com/desk.hpp"
+#include "tests/adapters/com/peer_range.hpp"
 
 namespace TBVNonPara::com {
 

@@ -6,23 +6,20 @@ namespace TBVNonPara::Peer {
 
 namespace {
 
-using workbook::AddressArea;
-using workbook::Rectangle;
-
 std::string inFront(const std::string& list) {
     return list.empty() ? "" : ",";
 }
 
 std::string shown(const Rectangle& cells) {
-    const std::string left = '$' + workbook::columnLetters(cells.left);
-    const std::string right = '$' + workbook::columnLetters(cells.right);
-    if (cells.rows() == workbook::sheetRows) {
+    const std::string left = '$' + columnLetters(cells.left);
+    const std::string right = '$' + columnLetters(cells.right);
+    if (cells.rows() == sheetRows) {
         return left + ':' + right;
     }
-    if (cells.columns() == workbook::sheetColumns) {
+    if (cells.columns() == sheetColumns) {
         return '$' + std::to_string(cells.top) + ":$" + std::to_string(cells.bottom);
     }
-    return workbook::absoluteAddress(cells);
+    return absoluteAddress(cells);
 }
 
 }  // namespace
@@ -31,8 +28,8 @@ std::string asApplicationsReadIt(std::string_view address, std::string_view acti
     std::string result;
     for (const AddressArea& area : workbook::parseAddress(address)) {
         const std::string sheet(area.sheet ? *area.sheet : activeSheet);
-        result += inFront(result) + (sheet.empty() ? "" : workbook::quotedSheetName(sheet) + '!') +
-                  workbook::absoluteAddress(area.cells);
+        result += inFront(result) + (sheet.empty() ? "" : quotedSheetName(sheet) + '!') +
+                  absoluteAddress(area.cells);
     }
     return result;
 }
@@ -52,7 +49,7 @@ Rectangle placeOf(const Range& range) {
 RangeRef usedRange(const Worksheet& sheet) {
     const Rectangle rows = placeOf(*sheet.GetRange("A:XFD"));
     const Rectangle columns = placeOf(*sheet.GetRange("1:1048576"));
-    return sheet.GetRange(workbook::absoluteAddress({rows.top, columns.left, rows.bottom, columns.right}));
+    return sheet.GetRange(absoluteAddress({rows.top, columns.left, rows.bottom, columns.right}));
 }
 
 }  // namespace TBVNonPara::Peer

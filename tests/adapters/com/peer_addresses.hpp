@@ -19,7 +19,7 @@ namespace TBVNonPara::Peer {
 [[nodiscard]] std::string addressOf(const Range& range);
 
 /// Where a range's first area lies.
-[[nodiscard]] workbook::Rectangle placeOf(const Range& range);
+[[nodiscard]] Rectangle placeOf(const Range& range);
 
 /// The rectangle around all values of a sheet.
 [[nodiscard]] RangeRef usedRange(const Worksheet& sheet);

@@ -118,10 +118,10 @@ class RegisteredHost : public ScenarioHost {
         const auto twin = std::dynamic_pointer_cast<workbook::Sheet>(twins->GetWorksheet().shared());
         for (Long row = 1; row <= ours->GetRowsCount(); ++row) {
             for (Long column = 1; column <= ours->GetColumnsCount(); ++column) {
-                const workbook::Rectangle cell =
+                const Rectangle cell =
                     workbook::parseAddress(ours->GetCells(row, column)->GetAddress()).front().cells;
                 if (sheet->format(cell.top, cell.left) != twin->format(cell.top, cell.left)) {
-                    return withoutDollars(workbook::absoluteAddress(cell));
+                    return withoutDollars(absoluteAddress(cell));
                 }
             }
         }
