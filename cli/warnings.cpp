@@ -4,18 +4,12 @@
 #include <unordered_set>
 
 #include "cli/save.hpp"
+#include "tbvnonpara/core/a1.hpp"
 #include "tbvnonpara/files/xlsx/drawings.hpp"
-#include "tbvnonpara/workbook/address.hpp"
 
 namespace TBVNonPara::cli {
 
 namespace {
-
-std::string plain(const workbook::Rectangle& area) {
-    std::string address = workbook::absoluteAddress(area);
-    std::erase(address, '$');
-    return address;
-}
 
 /// Whether there are more different numbers than a third of the rows.
 bool holdsManyNumbers(const ValueGrid& cells, Index firstRow) {
@@ -59,7 +53,7 @@ std::vector<std::string> warningsOnPlace(const analysis::FinishedTest& finished,
         warnings.push_back(
             fmt::format("The report at {} lies under {}, which covers {}; move it, or choose "
                         "another place with --output.",
-                        finished.address(), drawing.words, plain(drawing.cells)));
+                        finished.address(), drawing.words, plainAddress(drawing.cells)));
     }
     return warnings;
 } catch (const Error& error) {

@@ -123,6 +123,7 @@ constexpr auto germanCauses = std::to_array<GermanCause>({
     {Cause::OutputOffSheet, "Der Bericht passt dort nicht; bitte eine Zelle weiter oben oder links wählen."},
     {Cause::OutputOccupied, "% enthält schon einen Wert; bitte eine andere Stelle wählen oder ersetzen lassen."},
     {Cause::NoContingencyTable, "Es sind weniger als zwei Gruppen, oder keine enthält einen Wert; bitte mindestens zwei Gruppen mit Werten angeben."},
+    {Cause::RunInProgress, "Ein Test läuft bereits, und dieser würde seinen Bericht auf demselben Blatt aufbauen; bitte danach noch einmal starten."},
     {Cause::OutOfMemory, "Der Speicher reicht für so viele Zellen nicht."},
     {Cause::NoNumber, "Eine Zelle der Daten ist keine Zahl."},
     {Cause::AllValuesEqual, "Alle Werte sind gleich; es gibt nichts in eine Rangfolge zu bringen."},

@@ -151,7 +151,7 @@ class Lookup {
 
     const workbook::EmbeddedApplication& m_Application;
     std::shared_ptr<Sheet> m_Sheet;
-    std::optional<workbook::Rectangle> m_Used;
+    std::optional<Rectangle> m_Used;
     HeaderLookup m_Lookup;
     std::int32_t m_BadRange;
     std::map<std::string, std::vector<Index>, std::less<>> m_Headed;

@@ -68,7 +68,7 @@ Choice columnsInOrder(const EmbeddedApplication& application, DataShape shape,
     }
     Choice choice{{sheet, {}, false}, {sheet, {}, false}, true, ""};
     if (beginsWithRowNames(*sheet, columns, headers)) {
-        choice.rowNames = workbook::columnLetters(columns.front().cells.left);
+        choice.rowNames = columnLetters(columns.front().cells.left);
         columns.erase(columns.begin());
     }
     if (takesManyColumns(shape)) {

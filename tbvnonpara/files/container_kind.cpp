@@ -8,8 +8,6 @@ namespace {
 
 using namespace std::string_view_literals;
 
-constexpr std::string_view saveAs = "; save it as .xlsx, .ods or .csv";
-
 struct Signature {
     std::string_view bytes;
     std::string_view kind;

@@ -8,6 +8,9 @@
 
 namespace TBVNonPara::workbook {
 
+/// How the refusal of a file ends that another program can turn into one that is read.
+constexpr std::string_view saveAs = "; save it as .xlsx, .ods or .csv";
+
 /// How many bytes tell what a file is.
 constexpr std::size_t enoughToTell = 4096;
 

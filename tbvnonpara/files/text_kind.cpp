@@ -4,14 +4,13 @@
 #include <array>
 
 #include "tbvnonpara/core/utf8.hpp"
+#include "tbvnonpara/files/container_kind.hpp"
 
 namespace TBVNonPara::workbook {
 
 namespace {
 
 constexpr std::string_view blanks = " \t\r\n";
-constexpr std::string_view saveAs = "; save it as .xlsx, .ods or .csv";
-
 /// Upper and lower case are the same.
 struct TextSignature {
     std::string_view beginning;

@@ -61,11 +61,11 @@ class clsNonPara {
     struct Run {
         RangeRef yRange;
         RangeRef xRange;
-        bool headers;
-        bool outputDescriptives;
-        bool ignoreTies;
-        TBVNPTails tails;
-        TBVNPMethod method;
+        bool headers = false;
+        bool outputDescriptives = false;
+        bool ignoreTies = false;
+        TBVNPTails tails = tbvNPTwoTailed;
+        TBVNPMethod method = tbvNPMannU;
 
         friend bool operator==(const Run&, const Run&) = default;
     };

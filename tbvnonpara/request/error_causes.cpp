@@ -42,6 +42,7 @@ constexpr auto namedNumbers = std::to_array<NamedNumber>({
     {tbvNPOutputOffSheet,                           "tbvNPOutputOffSheet",     Cause::OutputOffSheet},
     {tbvNPOutputOccupied,                           "tbvNPOutputOccupied",     Cause::OutputOccupied},
     {tbvNPNoContingencyTable,                       "tbvNPNoContingencyTable", Cause::NoContingencyTable},
+    {tbvNPRunInProgress,                            "tbvNPRunInProgress",      Cause::RunInProgress},
     {numberOf(RuntimeError::InvalidProcedureCall),  "InvalidProcedureCall",    Cause::Unknown},
     {numberOf(RuntimeError::Overflow),              "Overflow",                Cause::Unknown},
     {numberOf(RuntimeError::OutOfMemory),           "OutOfMemory",             Cause::OutOfMemory},
@@ -103,6 +104,7 @@ constexpr auto causeWords = std::to_array<CauseWords>({
     {Cause::OutputOffSheet, "The report does not fit on the sheet there.", "Choose a cell further up or to the left."},
     {Cause::OutputOccupied, "The report would replace cells.", "Choose another place, or let them be replaced."},
     {Cause::NoContingencyTable, "The counts around the median form no table with degrees of freedom: there are fewer than two groups, or no group holds a value.", "Name two groups or more that hold values."},
+    {Cause::RunInProgress, "A test is being run already, and this run would build its report on the same sheet.", "Run it again when the other has ended."},
     {Cause::OutOfMemory, "There is not enough memory for these data.", "Name fewer rows, or leave the descriptive tables out."},
     {Cause::NoNumber, "A cell of the data is no number.", "Correct it."},
     {Cause::AllValuesEqual, "All values of {y} and {x} are equal, so there is nothing to rank.", "Check the columns."},
@@ -129,8 +131,9 @@ const CauseWords* wordsFor(Cause cause) noexcept {
 
 /// The text with its marks replaced, once each: braces of a sheet's name are none.
 std::string filledIn(std::string_view text, const RequestNames& names) {
-    const std::pair<std::string_view, std::string> marks[] = {
-        {"{test}", names.test}, {"{Test}", capitalised(names.test)}, {"{y}", names.y}, {"{x}", names.x}};
+    using Mark = std::pair<std::string_view, std::string>;
+    const std::array<Mark, 4> marks = {Mark("{test}", names.test), Mark("{Test}", capitalised(names.test)),
+                                       Mark("{y}", names.y), Mark("{x}", names.x)};
     std::string filled;
     while (!text.empty()) {
         const auto* const mark = std::ranges::find_if(

@@ -32,6 +32,7 @@ enum class Cause : std::uint8_t {
     OutputOffSheet,
     OutputOccupied,
     NoContingencyTable,
+    RunInProgress,  ///< a run inside another
     OutOfMemory,
     NoNumber,
     AllValuesEqual,          ///< of the samples: nothing to rank

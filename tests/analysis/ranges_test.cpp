@@ -157,29 +157,29 @@ TEST(ChoosingRanges, TheNoteSaysWhatWasChosen) {
 const std::string rowNames = "\"\",\"speed\",\"dist\"\n\"1\",4,2\n\"2\",7,9\n\"3\",8,5\n";
 
 TEST(ChoosingRanges, AFirstColumnThatAloneHasNoHeaderIsTakenForRowNames) {
-    const ChosenRanges chosen = chooseRanges(*workbookOf(rowNames), argumentsFor("spearman"));
+    const ChosenRanges chosen = chooseRanges(*workbookOf(rowNames), choicesFor("spearman"));
     EXPECT_EQ(chosen.y + " " + chosen.x, "Data!B1:B4 Data!C1:C4");
     EXPECT_EQ(
         chosen.note,
         "using Data!B1:B4 and Data!C1:C4 (first row is headers; column A, which has no header, is taken "
         "for row names)");
-    EXPECT_EQ(chooseRanges(*workbookOf(rowNames), argumentsFor("friedman")).y, "Data!B1:C4");
-    EXPECT_EQ(chooseRanges(*workbookOf(rowNames), argumentsFor("runs")).y, "Data!B1:B4");
+    EXPECT_EQ(chooseRanges(*workbookOf(rowNames), choicesFor("friedman")).y, "Data!B1:C4");
+    EXPECT_EQ(chooseRanges(*workbookOf(rowNames), choicesFor("runs")).y, "Data!B1:B4");
 }
 
 TEST(ChoosingRanges, RowNamesAreUsedWhenTheyAreNamed) {
-    const ChosenRanges chosen = chooseRanges(*workbookOf(rowNames), argumentsFor("spearman", "A", "speed"));
+    const ChosenRanges chosen = chooseRanges(*workbookOf(rowNames), choicesFor("spearman", "A", "speed"));
     EXPECT_EQ(chosen.y + " " + chosen.x, "Data!A1:A4 Data!B1:B4");
 }
 
 TEST(ChoosingRanges, AFirstColumnIsNoRowNamesWhereThereAreNoHeaders) {
-    Arguments arguments = argumentsFor("spearman");
-    arguments.headers = false;
-    EXPECT_EQ(chooseRanges(*workbookOf(rowNames), arguments).y, "Data!A1:A4");
-    arguments.headers = true;
-    EXPECT_EQ(chooseRanges(*workbookOf(",2019,2020\n1,2,3\n4,5,6\n"), arguments).y, "Data!B1:B3");
+    Choices choices = choicesFor("spearman");
+    choices.headers = false;
+    EXPECT_EQ(chooseRanges(*workbookOf(rowNames), choices).y, "Data!A1:A4");
+    choices.headers = true;
+    EXPECT_EQ(chooseRanges(*workbookOf(",2019,2020\n1,2,3\n4,5,6\n"), choices).y, "Data!B1:B3");
     for (const char* const csv : {",2\n3,4\n", ",,b\n1,2,3\n", ",a,\n1,2,3\n", "\"\"\n1\n", "n,a\n1,2\n"}) {
-        EXPECT_EQ(chooseRanges(*workbookOf(csv), argumentsFor("runs")).y.substr(0, 6), "Data!A") << csv;
+        EXPECT_EQ(chooseRanges(*workbookOf(csv), choicesFor("runs")).y.substr(0, 6), "Data!A") << csv;
     }
 }
 

@@ -53,12 +53,15 @@ class Sample {
         return m_Records.empty() ? 0 : static_cast<double>(most) / static_cast<double>(m_Records.size());
     }
 
-    /// Missing in the header and in half of all records: it stands in some texts of one column.
+    /// Missing in the header and in half of the records below it: it stands in some texts of one column.
     [[nodiscard]] bool isStray(std::size_t candidate) const {
+        if (m_Records.empty() || m_Records.front()[candidate] > 0) {
+            return false;
+        }
         const auto without =
-            std::ranges::count_if(m_Records, [=](const Counts& counts) { return counts[candidate] == 0; });
-        return !m_Records.empty() && m_Records.front()[candidate] == 0 &&
-               2 * static_cast<std::size_t>(without) >= m_Records.size();
+            std::count_if(m_Records.begin() + 1, m_Records.end(),
+                          [candidate](const Counts& counts) { return counts[candidate] == 0; });
+        return 2 * static_cast<std::size_t>(without) >= m_Records.size() - 1;
     }
 
     /// One column of numbers with decimal commas under a heading without one.

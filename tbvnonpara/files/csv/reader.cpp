@@ -89,11 +89,14 @@ std::optional<char> decimalMarkFor(char delimiter, const CsvOptions& options) {
     if (options.decimalMark) {
         return options.decimalMark;
     }
-    const bool grouped = options.thousands == '.' || options.thousands == ',';
-    if (!grouped) {
-        return delimiter == ',' ? std::optional('.') : std::nullopt;
+    switch (options.thousands.value_or('\0')) {
+        case '.':
+            return ',';
+        case ',':
+            return '.';
+        default:
+            return delimiter == ',' ? std::optional('.') : std::nullopt;
     }
-    return options.thousands == '.' ? ',' : '.';
 }
 
 /// Walks through the text, field by field, from a position on that begins a line.

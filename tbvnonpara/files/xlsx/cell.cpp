@@ -71,7 +71,7 @@ CellValue meaningOf(const XlsxCell& cell, const XlsxTexts& texts) {
         case XlsxType::Date:
             return required(serialOfDate(cell.value, texts.dates), cell.value, "date");
         case XlsxType::Unknown:
-            refuse("there is no type of cells \"" + shortened(cell.unknownType) + '"');
+            refuse("there is no type of cells " + inQuotes(shortened(cell.unknownType, shownBytes)));
     }
     return {};
 }

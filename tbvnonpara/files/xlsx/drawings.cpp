@@ -8,6 +8,7 @@
 
 #include "tbvnonpara/core/conversions.hpp"
 #include "tbvnonpara/files/xlsx/cell_sizes.hpp"
+#include "tbvnonpara/files/xlsx/relationships.hpp"
 #include "tbvnonpara/files/xlsx/workbook.hpp"
 #include "tbvnonpara/files/xml_reader.hpp"
 
