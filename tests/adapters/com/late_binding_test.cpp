@@ -183,7 +183,7 @@ TEST_F(LateBinding, ARangeInsteadOfAnAddressIsRefusedByTheNameOfItsAddress) {
                              reference(VT_VARIANT, &variable), values.get()};
     for (const VARIANT& value : given) {
         for (const DISPID member : {6, 7, 8}) {
-            for (const WORD flags : {DISPATCH_PROPERTYPUT, DISPATCH_PROPERTYPUTREF}) {
+            for (const WORD flags : {WORD(DISPATCH_PROPERTYPUT), WORD(DISPATCH_PROPERTYPUTREF)}) {
                 expectNamesTheAddress(invoke(member, flags, {value}, {DISPID_PROPERTYPUT}));
             }
         }
