@@ -21,8 +21,9 @@ class Whole {
  public:
     constexpr Whole() noexcept = default;
 
+    /// A truth is no number, also where an alternative of several types is looked for.
     template <std::integral Other>
-    constexpr Whole(Other value) : m_Value(narrow(value)) {}
+    requires(!std::same_as<Other, bool>) constexpr Whole(Other value) : m_Value(narrow(value)) {}
 
     [[nodiscard]] constexpr Width value() const noexcept { return m_Value; }
 

@@ -37,10 +37,14 @@ struct ReadCell {
 };
 
 template <typename Read>
-[[nodiscard]] ReadCell readCell(Read read) try {
-    return {read(), ""};
-} catch (const Error& error) {
-    return {unreadable, error.description()};
+[[nodiscard]] ReadCell readCell(Read read) {
+    ReadCell cell;
+    try {
+        cell.value = read();
+    } catch (const Error& error) {
+        cell = {unreadable, error.description()};
+    }
+    return cell;
 }
 
 /// Makes the sheet on top one that can be seen, where there is any.
