@@ -1,11 +1,15 @@
 # How the tests are compiled, on every host.
 find_package(GTest REQUIRED)
 
+# With this, or CMAKE_UNITY_BUILD, the tests of a folder are one unit: names at the top of a file of tests are unique
+# within their folder.
+option(TBVNONPARA_TEST_UNITS "Compile each program of tests as one unit" ${CMAKE_UNITY_BUILD})
+
 # What is compiled once and run once is not worth optimizing. Programs are compiled as libraries are (not -fPIE), so
 # that both take the same precompiled headers.
 function(tbvnonpara_compile_as_test target)
     tbvnonpara_compile_as_project(${target})
-    set_target_properties(${target} PROPERTIES UNITY_BUILD OFF)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ${TBVNONPARA_TEST_UNITS} UNITY_BUILD_BATCH_SIZE 0)
     target_compile_options(${target} PRIVATE -O0)
     if(NOT WIN32)
         target_compile_options(${target} PRIVATE -fPIC)

@@ -6,16 +6,16 @@
 #include "tests/distributions/asked_normal.hpp"
 #include "tests/support/raised.hpp"
 #include "tests/support/reference_rows.hpp"
+#include "tests/support/tails_outside_the_list.hpp"
 
 namespace TBVNonPara {
 namespace {
 
 using Support::AskedNormal;
+using Support::noNormal;
 using Support::raisedBy;
 using Support::referenceRows;
-
-constexpr auto tailsOutsideTheList = static_cast<TBVNPTails>(3);
-const NormalTail noNormal;  // calling it would throw
+using Support::tailsOutsideTheList;
 
 struct ExactRs {
     std::string name;

@@ -8,13 +8,13 @@ namespace {
 
 using namespace Support;
 
-constexpr const char* here = " Line 0 in TBVNonPara.clsNonParaBO.AnalyseFriedman";
+constexpr const char* inAnalyseFriedman = " Line 0 in TBVNonPara.clsNonParaBO.AnalyseFriedman";
 
-using Loaded = Samples<tbvNPFriedman>;
-using Analysed = AnalysedSamples<tbvNPFriedman>;
+using LoadedFriedman = Samples<tbvNPFriedman>;
+using AnalysedFriedman = AnalysedSamples<tbvNPFriedman>;
 
 TEST(Friedman, RanksEachBlockByItself) {
-    const Analysed test(columns({{1, 10, 100, 21}, {2, 20, 200, 20}, {3, 30, 300, 22}}));
+    const AnalysedFriedman test(columns({{1, 10, 100, 21}, {2, 20, 200, 20}, {3, 30, 300, 22}}));
     const clsNonParaBO& engine = test.engine;
     EXPECT_EQ(rowsOf(engine.GetData()), (Rows{{1, 2, 3}, {10, 20, 30}, {100, 200, 300}, {21, 20, 22}}));
     EXPECT_EQ(rowsOf(engine.GetRanks()), (Rows{{1, 2, 3}, {1, 2, 3}, {1, 2, 3}, {2, 1, 3}}));
@@ -61,7 +61,7 @@ const StatisticCase statisticCases[] = {
 class FriedmanStatistic : public testing::TestWithParam<StatisticCase> {};
 
 TEST_P(FriedmanStatistic, IsCorrectedForTiesAndFIsNot) {
-    const Analysed test(columns(GetParam().treatments));
+    const AnalysedFriedman test(columns(GetParam().treatments));
     EXPECT_NEAR(test.engine.GetChiSq(), GetParam().chiSquare, 1e-14);
     EXPECT_NEAR(test.engine.GetAlternateStat(), GetParam().F, 1e-14);
 }
@@ -70,7 +70,7 @@ INSTANTIATE_TEST_SUITE_P(, FriedmanStatistic, testing::ValuesIn(statisticCases),
                          [](const auto& instance) { return instance.param.name; });
 
 TEST(FriedmanQuirks, AnEmptyCellIsRankedAsZeroWithTheOthers) {
-    const Analysed test(columns({{-1, 4}, {blank, 2}, {1, blank}}));
+    const AnalysedFriedman test(columns({{-1, 4}, {blank, 2}, {1, blank}}));
     EXPECT_EQ(rowsOf(test.engine.GetData()), (Rows{{-1, 0, 1}, {4, 2, 0}}));
     EXPECT_EQ(rowsOf(test.engine.GetRanks()), (Rows{{1, 2, 3}, {3, 2, 1}}));
     EXPECT_EQ(numbers(test.engine.GetNsRaw()), (std::vector<double>{2, 2, 2}));
@@ -79,13 +79,13 @@ TEST(FriedmanQuirks, AnEmptyCellIsRankedAsZeroWithTheOthers) {
 TEST(FriedmanQuirks, TwoUnequalBlocksOfTiesKeepTheAsymmetryOfF) {
     // Three treatments: ranks 1 2.5 2.5, 1 2 3: R = 2 4.5 5.5, S = 54.5, X = 654 / 24 - 24 = 3.25,
     // CF = 1 - 6 / 48, ChiSq = 26 / 7, F = 3.25 / 0.75 (from ChiSq it would be 13).
-    const Analysed test(columns({{1, 1}, {2, 2}, {2, 3}}));
+    const AnalysedFriedman test(columns({{1, 1}, {2, 2}, {2, 3}}));
     EXPECT_DOUBLE_EQ(test.engine.GetChiSq(), 26.0 / 7);
     EXPECT_DOUBLE_EQ(test.engine.GetAlternateStat(), 13.0 / 3);
 }
 
 // clang-format off
-const SamplesFailure failureCases[] = {
+const SamplesFailure friedmanFailures[] = {
     {"EveryBlockWhollyTied",               {{5, 7}, {5, 7}, {5, 7}},     6},
     {"NothingButEmptyCells",               {{blank, blank}, {blank}},    6},
     {"OneTreatment",                       {{1, 2, 3}},                  6},
@@ -100,22 +100,22 @@ class FriedmanFailure : public testing::TestWithParam<SamplesFailure> {};
 
 TEST_P(FriedmanFailure, NamesTheProcedure) {
     EXPECT_EQ(failureOfSamples<tbvNPFriedman>(columns(GetParam().samples)),
-              std::to_string(GetParam().number) + here);
+              std::to_string(GetParam().number) + inAnalyseFriedman);
 }
 
-INSTANTIATE_TEST_SUITE_P(, FriedmanFailure, testing::ValuesIn(failureCases),
+INSTANTIATE_TEST_SUITE_P(, FriedmanFailure, testing::ValuesIn(friedmanFailures),
                          [](const auto& instance) { return instance.param.name; });
 
 TEST(Friedman, OneOrderInEveryBlockFailsAfterItsProbabilityIsStored) {
-    Loaded test(columns({{1, 4}, {2, 5}, {3, 6}}));
-    EXPECT_EQ(failureOf([&] { test.engine.Analyse(); }), std::string("11") + here);
+    LoadedFriedman test(columns({{1, 4}, {2, 5}, {3, 6}}));
+    EXPECT_EQ(failureOf([&] { test.engine.Analyse(); }), std::string("11") + inAnalyseFriedman);
     EXPECT_EQ(test.engine.GetChiSq(), 4);
     EXPECT_NEAR(test.engine.GetP(), std::exp(-2.0), 1e-15);
     EXPECT_FALSE(test.engine.GetAlternateDF().allocated());
 }
 
 TEST(Friedman, OneBlockWithATieHasNoSecondDegreesOfFreedomForTheHost) {
-    Loaded test(columns({{1}, {2}, {2}}));
+    LoadedFriedman test(columns({{1}, {2}, {2}}));
     EXPECT_NE(failureOf([&] { test.engine.Analyse(); }), "none");
     EXPECT_EQ(test.engine.GetAlternateStat(), 0);
     EXPECT_EQ(numbers(test.engine.GetAlternateDF()), (std::vector<double>{2, 0}));
@@ -125,13 +125,13 @@ TEST(Friedman, OneBlockWithATieHasNoSecondDegreesOfFreedomForTheHost) {
 TEST(Friedman, WithoutAGridThereAreNoBounds) {
     clsNonParaBO engine(engineCompanions());
     engine.LetMethod(tbvNPFriedman);
-    EXPECT_EQ(failureOf([&] { engine.Analyse(); }), std::string("9") + here);
+    EXPECT_EQ(failureOf([&] { engine.Analyse(); }), std::string("9") + inAnalyseFriedman);
 }
 
 TEST(Friedman, AHostsErrorPassesThroughAndWhatWasStoredStays) {
-    Loaded test(columns({{1, 3, 5}, {2, 1, 4}}));
+    LoadedFriedman test(columns({{1, 3, 5}, {2, 1, 4}}));
     test.application->functions.failure = hostError();
-    EXPECT_EQ(failureOf([&] { test.engine.Analyse(); }), std::string("1004") + here);
+    EXPECT_EQ(failureOf([&] { test.engine.Analyse(); }), std::string("1004") + inAnalyseFriedman);
     EXPECT_NEAR(test.engine.GetChiSq(), 1.0 / 3, 1e-14);
     EXPECT_EQ(numbers(test.engine.GetDF()), (std::vector<double>{1}));
     EXPECT_EQ(test.engine.GetP(), 0);
@@ -143,8 +143,8 @@ TEST(Friedman, AProductOfCountsBeyond32BitsOverflowsBehindTheDescription) {
     for (Long i = 1; i <= oneBlock.columns(); ++i) {
         oneBlock(1, i) = toDouble(i);
     }
-    Loaded test(oneBlock);
-    EXPECT_EQ(failureOf([&] { test.engine.Analyse(); }), std::string("6") + here);
+    LoadedFriedman test(oneBlock);
+    EXPECT_EQ(failureOf([&] { test.engine.Analyse(); }), std::string("6") + inAnalyseFriedman);
     EXPECT_EQ(test.engine.GetSumsRank()(46341), 46341);
     EXPECT_FALSE(test.engine.GetDF().allocated());
 }
@@ -154,14 +154,14 @@ TEST(Friedman, OneTreatmentFewerStaysWithinTheRange) {
     for (Long i = 1; i <= oneBlock.columns(); ++i) {
         oneBlock(1, i) = toDouble(i);
     }
-    Loaded test(oneBlock);
+    LoadedFriedman test(oneBlock);
     EXPECT_NE(failureOf([&] { test.engine.Analyse(); }), "none");
     EXPECT_TRUE(test.engine.GetDF().allocated());
 }
 
 TEST(Friedman, TailsTiesAndDescriptivesSettingsChangeNothing) {
     const ValueGrid treatments = columns({{1, 2, 2, 4}, {2, 1, 2, 3}});
-    Loaded test(treatments);
+    LoadedFriedman test(treatments);
     test.engine.LetTails(tbvNPVar1LTVar2);
     test.engine.LetIgnoreTies(true);
     test.engine.LetDescriptives(false);
@@ -176,7 +176,7 @@ TEST(Friedman, FollowsKruskalWallisOnOneEngineWithoutATrace) {
     reused.engine.Analyse();
     reused.load(tbvNPFriedman, tbvNPTwoTailed, treatments, CellValue());
     reused.engine.Analyse();
-    const Analysed fresh(treatments);
+    const AnalysedFriedman fresh(treatments);
     EXPECT_EQ(reused.engine.GetRanks(), fresh.engine.GetRanks());
     EXPECT_EQ(reused.engine.GetNsRaw(), fresh.engine.GetNsRaw());
     EXPECT_EQ(reused.engine.GetAlternateDF(), fresh.engine.GetAlternateDF());
@@ -192,7 +192,7 @@ TEST(Friedman, AMillionBlocksAreRankedOneByOne) {
             cell = std::floor(state / 1e8);
         }
     }
-    Loaded test(treatments);
+    LoadedFriedman test(treatments);
     test.engine.Analyse();
     EXPECT_GT(test.engine.GetP(), 0);
 }
@@ -205,7 +205,7 @@ TEST(FriedmanBlocks, AreRankedAlikeHoweverWideTheyAre) {
             block(1, i) = pair;
             block(2, i) = -pair;
         }
-        Loaded test(block);
+        LoadedFriedman test(block);
         test.engine.Analyse();
         const Grid<double> ranks = test.engine.GetRanks();
         const bool lastIsAlone = k == Long(33);

@@ -12,7 +12,7 @@ using Counts = std::optional<Array<Long>>;
 using Numbers = std::vector<double>;
 using Support::numbers;
 
-struct Case {
+struct SummaryCase {
     std::string name;
     Grid<double> data;
     Grid<double> ranks;
@@ -21,10 +21,10 @@ struct Case {
     Numbers mediansRank, sumsRank, nsRank;
 };
 
-class GroupSummaryTest : public testing::TestWithParam<Case> {};
+class GroupSummaryTest : public testing::TestWithParam<SummaryCase> {};
 
 TEST_P(GroupSummaryTest, GivesMedianSumAndCountOfEachColumn) {
-    const Case& test = GetParam();
+    const SummaryCase& test = GetParam();
     const GroupSummaries all = summariseGroups(test.data, test.ranks, *createArrayUtility(), test.counts);
     EXPECT_EQ(numbers(all.raw.medians), test.mediansRaw);
     EXPECT_EQ(numbers(all.raw.sums), test.sumsRaw);
@@ -35,24 +35,24 @@ TEST_P(GroupSummaryTest, GivesMedianSumAndCountOfEachColumn) {
 }
 
 const Grid<double> data{{9, 40}, {7, 10}, {8, 30}};
-const Grid<double> ranks{{3, 6}, {1, 4}, {2, 5}};
+const Grid<double> ownRanks{{3, 6}, {1, 4}, {2, 5}};
 const Grid<double> threeGroups{{3, 6, 1}, {1, 4, 0}, {2, 0, 0}};
 
 // clang-format off
-const Case cases[] = {
+const SummaryCase summaryCases[] = {
     // name                              data                                 ranks        counts                   raw: medians, sums, ns          rank: medians, sums, ns
-    {"WithoutCountsAllRows",             data,                                ranks,       std::nullopt,            {8, 30}, {24, 80}, {3, 3},      {2, 5}, {6, 15}, {3, 3}},
-    {"OneCountAColumnHoldsForBoth",      data,                                ranks,       Array<Long>{3, 2},       {8, 35}, {24, 70}, {3, 2},      {2, 5.5}, {6, 11}, {3, 2}},
+    {"WithoutCountsAllRows",             data,                                ownRanks,    std::nullopt,            {8, 30}, {24, 80}, {3, 3},      {2, 5}, {6, 15}, {3, 3}},
+    {"OneCountAColumnHoldsForBoth",      data,                                ownRanks,    Array<Long>{3, 2},       {8, 35}, {24, 70}, {3, 2},      {2, 5.5}, {6, 11}, {3, 2}},
     {"MoreCountsAreDataThenRanks",       data,                                threeGroups, Array<Long>{3, 3, 3, 2, 1}, {8, 30}, {24, 80}, {3, 3},   {2, 5, 1}, {6, 10, 1}, {3, 2, 1}},
-    {"ACountOfNoneIsZeros",              data,                                ranks,       Array<Long>{0, 3},       {0, 30}, {0, 80}, {0, 3},       {0, 5}, {0, 15}, {0, 3}},
-    {"ACountOfOne",                      data,                                ranks,       Array<Long>{1, 1},       {9, 40}, {9, 40}, {1, 1},       {3, 6}, {3, 6}, {1, 1}},
+    {"ACountOfNoneIsZeros",              data,                                ownRanks,    Array<Long>{0, 3},       {0, 30}, {0, 80}, {0, 3},       {0, 5}, {0, 15}, {0, 3}},
+    {"ACountOfOne",                      data,                                ownRanks,    Array<Long>{1, 1},       {9, 40}, {9, 40}, {1, 1},       {3, 6}, {3, 6}, {1, 1}},
     {"UnfilledCellsSortFirst",           {{5, 2}, {0, 1}},                    {{3, 2}, {0, 1}}, Array<Long>{1, 2},  {5, 1.5}, {5, 3}, {1, 2},       {3, 1.5}, {3, 3}, {1, 2}},
     {"ButNotBelowNegativeValues",        {{-5, 2}, {0, 1}},                   {{3, 2}, {0, 1}}, Array<Long>{1, 2},  {0, 1.5}, {0, 3}, {1, 2},       {3, 1.5}, {3, 3}, {1, 2}},
     {"FourValuesHaveTheMeanOfTwo",       {{4}, {1}, {3}, {10}},               {{3}, {1}, {2}, {4}}, std::nullopt,   {3.5}, {18}, {4},               {2.5}, {10}, {4}},
 };
 // clang-format on
 
-INSTANTIATE_TEST_SUITE_P(Of, GroupSummaryTest, testing::ValuesIn(cases),
+INSTANTIATE_TEST_SUITE_P(Of, GroupSummaryTest, testing::ValuesIn(summaryCases),
                          [](const auto& test) { return test.param.name; });
 
 TEST(SummariseGroups, RaisesWhatItsSubscriptsAndSumsRaise) {

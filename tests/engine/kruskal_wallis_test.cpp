@@ -8,13 +8,13 @@ namespace {
 
 using namespace Support;
 
-constexpr const char* here = " Line 0 in TBVNonPara.clsNonParaBO.AnalyseKWallis";
+constexpr const char* inAnalyseKWallis = " Line 0 in TBVNonPara.clsNonParaBO.AnalyseKWallis";
 
-using Loaded = Samples<tbvNPKWallis>;
-using Analysed = AnalysedSamples<tbvNPKWallis>;
+using LoadedKruskalWallis = Samples<tbvNPKWallis>;
+using AnalysedKruskalWallis = AnalysedSamples<tbvNPKWallis>;
 
 TEST(KruskalWallis, RanksAllGroupsTogether) {
-    const Analysed test(columns({{1, 2, 3}, {4, 5, 6}, {7, 8, 9}}));
+    const AnalysedKruskalWallis test(columns({{1, 2, 3}, {4, 5, 6}, {7, 8, 9}}));
     // S = (36 + 225 + 576) / 3 = 279, H = 12 x 279 / 90 - 30
     EXPECT_DOUBLE_EQ(test.engine.GetChiSq(), 7.2);
     EXPECT_EQ(numbers(test.engine.GetDF()), (std::vector<double>{2}));
@@ -53,7 +53,7 @@ const CorrectionCase correctionCases[] = {
 class KruskalWallisCorrection : public testing::TestWithParam<CorrectionCase> {};
 
 TEST_P(KruskalWallisCorrection, GivesTheStatistic) {
-    const Analysed test(columns(GetParam().groups));
+    const AnalysedKruskalWallis test(columns(GetParam().groups));
     // The difference of two numbers of about 3 (N + 1), at most 21, keeps their rounding.
     EXPECT_NEAR(test.engine.GetChiSq(), GetParam().chiSquare, 1e-13);
 }
@@ -62,13 +62,13 @@ INSTANTIATE_TEST_SUITE_P(, KruskalWallisCorrection, testing::ValuesIn(correction
                          [](const auto& instance) { return instance.param.name; });
 
 TEST(KruskalWallis, WithoutTiesTheCorrectionIsExactlyOne) {
-    const Analysed test(columns({{1, 4}, {2, 6, 7}, {3, 5}}));
+    const AnalysedKruskalWallis test(columns({{1, 4}, {2, 6, 7}, {3, 5}}));
     const double S = 25.0 / 2 + 225.0 / 3 + 64.0 / 2;
     EXPECT_EQ(test.engine.GetChiSq(), 12.0 * S / 56 - 24);
 }
 
 TEST(KruskalWallis, GroupsOfUnequalSizeAreCompacted) {
-    const Analysed test(columns({{blank, 5, blank, 1}, {7}, {3, blank, 9}}));
+    const AnalysedKruskalWallis test(columns({{blank, 5, blank, 1}, {7}, {3, blank, 9}}));
     const clsNonParaBO& engine = test.engine;
     EXPECT_EQ(rowsOf(engine.GetData()), (Rows{{5, 7, 3}, {1, 0, 9}, {0, 0, 0}, {0, 0, 0}}));
     EXPECT_EQ(rowsOf(engine.GetRanks()), (Rows{{3, 4, 2}, {1, 0, 5}, {0, 0, 0}, {0, 0, 0}}));
@@ -82,40 +82,40 @@ TEST(KruskalWallis, GroupsOfUnequalSizeAreCompacted) {
 }
 
 TEST(KruskalWallis, TiedValuesShareTheirMeanRankInEntryOrder) {
-    const Analysed test(columns({{2, 9}, {2, 1}, {9, 2}}));
+    const AnalysedKruskalWallis test(columns({{2, 9}, {2, 1}, {9, 2}}));
     EXPECT_EQ(rowsOf(test.engine.GetRanks()), (Rows{{3, 3, 5.5}, {5.5, 1, 3}}));
 }
 
 TEST(KruskalWallis, GroupsAreDescribedWhetherAskedForOrNot) {
-    Loaded test(columns({{1, 2}, {3, 5}}));
+    LoadedKruskalWallis test(columns({{1, 2}, {3, 5}}));
     test.engine.LetDescriptives(false);
     test.engine.Analyse();
     EXPECT_EQ(numbers(test.engine.GetMediansRaw()), (std::vector<double>{1.5, 4}));
 }
 
 TEST(KruskalWallis, TailsAndTiesSettingsChangeNothing) {
-    Loaded test(columns({{1, 1, 2}, {2, 3, 4}}));
+    LoadedKruskalWallis test(columns({{1, 1, 2}, {2, 3, 4}}));
     test.engine.LetTails(tbvNPVar1GTVar2);
     test.engine.LetIgnoreTies(true);
     test.engine.Analyse();
-    const Analysed plain(columns({{1, 1, 2}, {2, 3, 4}}));
+    const AnalysedKruskalWallis plain(columns({{1, 1, 2}, {2, 3, 4}}));
     EXPECT_EQ(test.engine.GetChiSq(), plain.engine.GetChiSq());
     EXPECT_EQ(test.engine.GetP(), plain.engine.GetP());
 }
 
 TEST(KruskalWallisQuirks, TheSecondDegreesOfFreedomAreOneBelowTheUsual) {
-    const Analysed test(columns({{1, 5, 3}, {2, 6, 4}}));
+    const AnalysedKruskalWallis test(columns({{1, 5, 3}, {2, 6, 4}}));
     EXPECT_EQ(numbers(test.engine.GetAlternateDF()), (std::vector<double>{1, 3}));
 }
 
 TEST(KruskalWallisQuirks, FIsComputedFromTheStatisticCorrectedForTies) {
     // ChiSq 1.5 from H 1.35: F = 2 x 1.5 / ((4 - 1.5 - 1) x 1); from H it would be 1.63...
-    const Analysed test(columns({{1, 2}, {2, 3}}));
+    const AnalysedKruskalWallis test(columns({{1, 2}, {2, 3}}));
     EXPECT_NEAR(test.engine.GetAlternateStat(), 2, 1e-12);
 }
 
 TEST(KruskalWallisQuirks, ZerosOfUnfilledCellsEnterTheSummaryOfAShortNegativeGroup) {
-    const Analysed test(columns({{1, 2, 3}, {-5, -3}}));
+    const AnalysedKruskalWallis test(columns({{1, 2, 3}, {-5, -3}}));
     EXPECT_EQ(numbers(test.engine.GetSumsRaw()), (std::vector<double>{6, -3}));
     EXPECT_EQ(numbers(test.engine.GetMediansRaw()), (std::vector<double>{2, -1.5}));
     // Ranks are positive, so theirs is right, and with it the statistic.
@@ -124,7 +124,7 @@ TEST(KruskalWallisQuirks, ZerosOfUnfilledCellsEnterTheSummaryOfAShortNegativeGro
 }
 
 // clang-format off
-const SamplesFailure failureCases[] = {
+const SamplesFailure kruskalWallisFailures[] = {
     {"AGroupWithoutValues",                {{1, 2}, {blank, blank}, {3, 4}},  6},
     {"NoValueAtAll",                       {{blank}, {blank}},                6},
     {"AllValuesEqual",                     {{5, 5}, {5, 5, 5}},               6},
@@ -140,43 +140,43 @@ class KruskalWallisFailure : public testing::TestWithParam<SamplesFailure> {};
 
 TEST_P(KruskalWallisFailure, NamesTheProcedure) {
     EXPECT_EQ(failureOfSamples<tbvNPKWallis>(columns(GetParam().samples)),
-              std::to_string(GetParam().number) + here);
+              std::to_string(GetParam().number) + inAnalyseKWallis);
 }
 
-INSTANTIATE_TEST_SUITE_P(, KruskalWallisFailure, testing::ValuesIn(failureCases),
+INSTANTIATE_TEST_SUITE_P(, KruskalWallisFailure, testing::ValuesIn(kruskalWallisFailures),
                          [](const auto& instance) { return instance.param.name; });
 
 TEST(KruskalWallis, SeparatedGroupsOfEqualValuesDivideByZeroInF) {
     // Ranks 2 2 2 | 5 5 5: H = 12 x 87 / 42 - 21 = 27 / 7, CF = 1 - 48 / 210 = 27 / 35, ChiSq = 5 = N - 1.
-    Loaded test(columns({{1, 1, 1}, {2, 2, 2}}));
-    EXPECT_EQ(failureOf([&] { test.engine.Analyse(); }), std::string("11") + here);
+    LoadedKruskalWallis test(columns({{1, 1, 1}, {2, 2, 2}}));
+    EXPECT_EQ(failureOf([&] { test.engine.Analyse(); }), std::string("11") + inAnalyseKWallis);
     EXPECT_EQ(test.engine.GetChiSq(), 5);
 }
 
 TEST(KruskalWallis, WithoutAGridThereAreNoBounds) {
     clsNonParaBO engine(engineCompanions());
     engine.LetMethod(tbvNPKWallis);
-    EXPECT_EQ(failureOf([&] { engine.Analyse(); }), std::string("9") + here);
+    EXPECT_EQ(failureOf([&] { engine.Analyse(); }), std::string("9") + inAnalyseKWallis);
 }
 
 TEST(KruskalWallis, WithoutAnApplicationThereAreNoProbabilities) {
     clsNonParaBO engine(engineCompanions(nullptr));
     engine.LetMethod(tbvNPKWallis);
     engine.LetYs(columns({{1, 2}, {3, 5}}));
-    EXPECT_EQ(failureOf([&] { engine.Analyse(); }), std::string("91") + here);
+    EXPECT_EQ(failureOf([&] { engine.Analyse(); }), std::string("91") + inAnalyseKWallis);
 }
 
 TEST(KruskalWallis, ASingleGroupFailsInTheHostsDistribution) {
-    Loaded test(columns({{1, 2, 4}}));
+    LoadedKruskalWallis test(columns({{1, 2, 4}}));
     EXPECT_NE(failureOf([&] { test.engine.Analyse(); }), "none");
     EXPECT_EQ(test.application->functions.calls, (std::vector<std::string>{"ChiDist"}));
     EXPECT_EQ(numbers(test.engine.GetDF()), (std::vector<double>{0}));
 }
 
 TEST(KruskalWallis, AHostsErrorPassesThroughAndWhatWasStoredStays) {
-    Loaded test(columns({{1, 2, 3}, {4, 5, 6}, {7, 8, 9}}));
+    LoadedKruskalWallis test(columns({{1, 2, 3}, {4, 5, 6}, {7, 8, 9}}));
     test.application->functions.failure = hostError();
-    EXPECT_EQ(failureOf([&] { test.engine.Analyse(); }), std::string("1004") + here);
+    EXPECT_EQ(failureOf([&] { test.engine.Analyse(); }), std::string("1004") + inAnalyseKWallis);
     EXPECT_EQ(numbers(test.engine.GetSumsRank()), (std::vector<double>{6, 15, 24}));
     EXPECT_DOUBLE_EQ(test.engine.GetChiSq(), 7.2);
     EXPECT_EQ(numbers(test.engine.GetDF()), (std::vector<double>{2}));
@@ -186,7 +186,7 @@ TEST(KruskalWallis, AHostsErrorPassesThroughAndWhatWasStoredStays) {
 }
 
 TEST(KruskalWallis, AGroupWithoutValuesLeavesTheDescriptionOfTheGroups) {
-    Loaded test(columns({{1, 2}, {blank}}));
+    LoadedKruskalWallis test(columns({{1, 2}, {blank}}));
     EXPECT_NE(failureOf([&] { test.engine.Analyse(); }), "none");
     EXPECT_EQ(numbers(test.engine.GetNsRaw()), (std::vector<double>{2, 0}));
     EXPECT_EQ(numbers(test.engine.GetMediansRaw()), (std::vector<double>{1.5, 0}));
@@ -194,15 +194,15 @@ TEST(KruskalWallis, AGroupWithoutValuesLeavesTheDescriptionOfTheGroups) {
 }
 
 TEST(KruskalWallis, ACellThatIsNoNumberLeavesEverythingAsItWas) {
-    Analysed test(columns({{1, 2}, {3, 5}}));
+    AnalysedKruskalWallis test(columns({{1, 2}, {3, 5}}));
     test.engine.LetYs(columns({{1, "n/a"}, {3, 5}}));
-    EXPECT_EQ(failureOf([&] { test.engine.Analyse(); }), std::string("13") + here);
+    EXPECT_EQ(failureOf([&] { test.engine.Analyse(); }), std::string("13") + inAnalyseKWallis);
     EXPECT_EQ(rowsOf(test.engine.GetData()), (Rows{{1, 3}, {2, 5}}));
-    EXPECT_EQ(test.engine.GetChiSq(), Analysed(columns({{1, 2}, {3, 5}})).engine.GetChiSq());
+    EXPECT_EQ(test.engine.GetChiSq(), AnalysedKruskalWallis(columns({{1, 2}, {3, 5}})).engine.GetChiSq());
 }
 
 TEST(KruskalWallis, ASecondRunOverwritesTheFirst) {
-    Analysed test(columns({{1, 1, 2, 8}, {2, 3, 4, 4}, {7, 7, 0, 1}}));
+    AnalysedKruskalWallis test(columns({{1, 1, 2, 8}, {2, 3, 4, 4}, {7, 7, 0, 1}}));
     test.engine.LetYs(columns({{1, 2, 3}, {4, 5, 6}, {7, 8, 9}}));
     test.engine.Analyse();
     EXPECT_DOUBLE_EQ(test.engine.GetChiSq(), 7.2);
@@ -218,7 +218,7 @@ TEST(KruskalWallis, AMillionRowsAreRankedTogether) {
             cell = state;
         }
     }
-    Loaded test(groups);
+    LoadedKruskalWallis test(groups);
     test.engine.Analyse();
     EXPECT_GT(test.engine.GetP(), 0);
 }

@@ -1,15 +1,14 @@
 #include <gmock/gmock.h>
 
 #include "tests/engine/two_samples.hpp"
+#include "tests/support/tails_outside_the_list.hpp"
 
 namespace TBVNonPara {
 namespace {
 
 using namespace Support;
 
-constexpr auto tailsOutsideTheList = static_cast<TBVNPTails>(7);
-
-struct Case {
+struct MannWhitneyCase {
     std::string name;
     Cells ys;
     Cells xs;
@@ -18,7 +17,7 @@ struct Case {
     double P;
 };
 
-class MannWhitney : public testing::TestWithParam<Case> {};
+class MannWhitney : public testing::TestWithParam<MannWhitneyCase> {};
 
 TEST_P(MannWhitney, ReportsUAndItsProbability) {
     const auto& [name, ys, xs, tails, U, P] = GetParam();
@@ -31,7 +30,7 @@ TEST_P(MannWhitney, ReportsUAndItsProbability) {
 }
 
 // clang-format off
-const Case cases[] = {
+const MannWhitneyCase mannWhitneyCases[] = {
     // name                                    ys               xs            tails                U    P
     {"FirstBelowSecond_TwoTailed",             {1, 2, 3},       {4, 5, 6},    tbvNPTwoTailed,      9,   0.1},
     {"FirstBelowSecond_FirstSmaller",          {1, 2, 3},       {4, 5, 6},    tbvNPVar1LTVar2,     9,   0.05},
@@ -51,7 +50,7 @@ const Case cases[] = {
 };
 // clang-format on
 
-INSTANTIATE_TEST_SUITE_P(Of, MannWhitney, testing::ValuesIn(cases),
+INSTANTIATE_TEST_SUITE_P(Of, MannWhitney, testing::ValuesIn(mannWhitneyCases),
                          [](const auto& test) { return test.param.name; });
 
 TEST(MannWhitneyReference, AgreesWithAnotherPackage) {
@@ -123,7 +122,7 @@ TEST(MannWhitneyQuirks, ABlankWithDescriptivesReadsBeyondTheTable) {
     EXPECT_FALSE(loaded.engine.GetDF().allocated()) << "what comes after the fault is not stored";
 }
 
-struct Failure {
+struct MannWhitneyFailure {
     std::string name;
     ValueGrid ys;
     ValueGrid xs;
@@ -144,7 +143,7 @@ ValueGrid ascending(Long rows) {
 }
 
 TEST(MannWhitneyFailure, NamesTheProcedure) {
-    const Failure failures[] = {
+    const MannWhitneyFailure failures[] = {
         {"a text", column({"a", 2}), column({3}), tbvNPTwoTailed, 13},
         {"a U below 0", column({1, blank, blank}), column({2}), tbvNPVar1GTVar2, 9},
         {"no spread", sameValue(250), sameValue(200), tbvNPTwoTailed, 11},

@@ -10,7 +10,7 @@ namespace {
 
 using namespace Support;
 
-constexpr const char* here = " Line 0 in TBVNonPara.clsNonParaBO.AnalyseMedian";
+constexpr const char* inAnalyseMedian = " Line 0 in TBVNonPara.clsNonParaBO.AnalyseMedian";
 
 /// An engine for the median test whose contingency tables are the project's own.
 struct MedianEngine {
@@ -32,8 +32,8 @@ struct MedianEngine {
 };
 
 /// The same with the analysis done.
-struct Analysed : MedianEngine {
-    explicit Analysed(const ValueGrid& groups, bool descriptives = false)
+struct AnalysedMedian : MedianEngine {
+    explicit AnalysedMedian(const ValueGrid& groups, bool descriptives = false)
         : MedianEngine(groups, descriptives) {
         engine.Analyse();
     }
@@ -80,7 +80,7 @@ const CountCase countCases[] = {
 class MedianCounts : public testing::TestWithParam<CountCase> {};
 
 TEST_P(MedianCounts, StandAboveTheMedianAndNotAboveIt) {
-    const Analysed test(columns(GetParam().groups));
+    const AnalysedMedian test(columns(GetParam().groups));
     EXPECT_EQ(test.engine.GetGrandMedian(), GetParam().median);
     EXPECT_EQ(plainCounts(test.engine), GetParam().counts);
 }
@@ -89,7 +89,7 @@ INSTANTIATE_TEST_SUITE_P(, MedianCounts, testing::ValuesIn(countCases),
                          [](const auto& instance) { return instance.param.name; });
 
 TEST(Median, TheTableOfCountsCarriesLabels) {
-    const Analysed test(columns({{1, 2, 3}, {4, 5, 6}, {7, 8, 9}}));
+    const AnalysedMedian test(columns({{1, 2, 3}, {4, 5, 6}, {7, 8, 9}}));
     const ValueGrid expected{
         {Empty(), "COL1", "COL2", "COL3"}, {"ROW1", 0.0, 1.0, 3.0}, {"ROW2", 3.0, 2.0, 0.0}};
     EXPECT_EQ(countsOf(test.engine), expected);
@@ -97,7 +97,7 @@ TEST(Median, TheTableOfCountsCarriesLabels) {
 
 TEST(Median, AgreesWithSciPy) {
     for (const auto& row : referenceRows("median.csv")) {
-        const Analysed test(asColumns(numberLists(row.at(0))));
+        const AnalysedMedian test(asColumns(numberLists(row.at(0))));
         const auto table = test.engine.GetContingencyResults();
         const std::string& result = row.at(1);
         const double actual = result == "grand_median" ? test.engine.GetGrandMedian()
@@ -113,13 +113,13 @@ TEST(Median, AgreesWithSciPy) {
 }
 
 TEST(Median, TheContingencyTableHasTheDegreesOfFreedomOfAllGroups) {
-    const Analysed test(columns({{1, 2, 7}, {blank}, {3, 9}}));
+    const AnalysedMedian test(columns({{1, 2, 7}, {blank}, {3, 9}}));
     EXPECT_EQ(test.engine.GetContingencyResults()->GetDF(), Long(2));
     EXPECT_EQ(test.application->functions.calls, (std::vector<std::string>{"ChiDist", "ChiDist"}));
 }
 
 TEST(Median, DescribesTheGroupsWhenAsked) {
-    const Analysed test(columns({{blank, 5, 1}, {7}, {3, blank, 9}}), true);
+    const AnalysedMedian test(columns({{blank, 5, 1}, {7}, {3, blank, 9}}), true);
     const clsNonParaBO& engine = test.engine;
     EXPECT_EQ(rowsOf(engine.GetData()), (Rows{{5, 7, 3}, {1, 0, 9}, {0, 0, 0}}));
     EXPECT_EQ(rowsOf(engine.GetRanks()), (Rows{{3, 4, 2}, {1, 0, 5}, {0, 0, 0}}));
@@ -129,11 +129,11 @@ TEST(Median, DescribesTheGroupsWhenAsked) {
 }
 
 TEST(Median, WithoutDescriptivesDataAndRanksAreNotTouched) {
-    const Analysed fresh(columns({{1, 2}, {3, 4}}));
+    const AnalysedMedian fresh(columns({{1, 2}, {3, 4}}));
     EXPECT_FALSE(fresh.engine.GetData().allocated());
     EXPECT_FALSE(fresh.engine.GetSumsRank().allocated());
 
-    Analysed reused(columns({{1, 2}, {3, 4}}), true);
+    AnalysedMedian reused(columns({{1, 2}, {3, 4}}), true);
     reused.engine.LetDescriptives(false);
     reused.engine.LetYs(columns({{9, 9}, {8, 7}}));
     reused.engine.Analyse();
@@ -155,7 +155,7 @@ TEST(Median, LeavesTheResultsOfOtherTestsAlone) {
 }
 
 TEST(Median, EveryAnalysisHasATableOfItsOwn) {
-    Analysed test(columns({{1, 2}, {3, 4}}));
+    AnalysedMedian test(columns({{1, 2}, {3, 4}}));
     const auto first = test.engine.GetContingencyResults();
     test.engine.Analyse();
     EXPECT_NE(first.shared(), test.engine.GetContingencyResults().shared());
@@ -168,9 +168,10 @@ TEST(Median, BeforeAnyRunThereIsNoTable) {
 }
 
 TEST(MedianQuirks, WithoutAnyValueTheGrandMedianKeepsItsPreviousValue) {
-    Analysed test(columns({{1, 2}, {3, 6}}));
+    AnalysedMedian test(columns({{1, 2}, {3, 6}}));
     test.engine.LetYs(columns({{blank}, {blank}}));
-    EXPECT_EQ(failureOf([&] { test.engine.Analyse(); }), std::to_string(tbvNPNoContingencyTable) + here);
+    EXPECT_EQ(failureOf([&] { test.engine.Analyse(); }),
+              std::to_string(tbvNPNoContingencyTable) + inAnalyseMedian);
     EXPECT_EQ(test.engine.GetGrandMedian(), 2.5);
     EXPECT_EQ(plainCounts(test.engine), (Rows{{0, 0}, {0, 0}}));
 }
@@ -181,7 +182,7 @@ TEST(Median, OneGroupIsRefusedByTheContingencyTableWithADescription) {
     ASSERT_TRUE(error.has_value());
     EXPECT_EQ(error->number(), tbvNPNoContingencyTable);
     EXPECT_NE(error->description(), "");
-    EXPECT_EQ(' ' + error->source(), here);
+    EXPECT_EQ(' ' + error->source(), inAnalyseMedian);
     EXPECT_EQ(test.engine.GetGrandMedian(), 2);
     EXPECT_TRUE(test.engine.GetContingencyResults().isSet());
 }
@@ -189,7 +190,7 @@ TEST(Median, OneGroupIsRefusedByTheContingencyTableWithADescription) {
 TEST(Median, ACellThatIsNoNumberIsATypeMismatch) {
     for (const Cell& cell : {Cell("n/a"), Cell(""), Cell(CellValue(CellError::Number))}) {
         MedianEngine test(columns({{1, cell}, {3, 4}}));
-        EXPECT_EQ(failureOf([&] { test.engine.Analyse(); }), std::string("13") + here);
+        EXPECT_EQ(failureOf([&] { test.engine.Analyse(); }), std::string("13") + inAnalyseMedian);
         EXPECT_TRUE(std::holds_alternative<Empty>(test.engine.GetOther()));
     }
 }
@@ -197,7 +198,7 @@ TEST(Median, ACellThatIsNoNumberIsATypeMismatch) {
 TEST(Median, AHostsErrorPassesThroughAndTheCountsStay) {
     MedianEngine test(columns({{1, 2}, {3, 4}}), true);
     test.application->functions.failure = hostError();
-    EXPECT_EQ(failureOf([&] { test.engine.Analyse(); }), std::string("1004") + here);
+    EXPECT_EQ(failureOf([&] { test.engine.Analyse(); }), std::string("1004") + inAnalyseMedian);
     EXPECT_EQ(test.engine.GetGrandMedian(), 2.5);
     EXPECT_EQ(plainCounts(test.engine), (Rows{{0, 2}, {2, 0}}));
     EXPECT_TRUE(test.engine.GetContingencyResults().isSet());
@@ -207,7 +208,7 @@ TEST(Median, AHostsErrorPassesThroughAndTheCountsStay) {
 TEST(Median, WithoutAGridThereAreNoBounds) {
     clsNonParaBO engine(engineCompanions());
     engine.LetMethod(tbvNPMedian);
-    EXPECT_EQ(failureOf([&] { engine.Analyse(); }), std::string("9") + here);
+    EXPECT_EQ(failureOf([&] { engine.Analyse(); }), std::string("9") + inAnalyseMedian);
 }
 
 TEST(Median, AComponentThatIsNotCreatedIsAnObjectNotSet) {
@@ -216,13 +217,13 @@ TEST(Median, AComponentThatIsNotCreatedIsAnObjectNotSet) {
     clsNonParaBO engine(companions);
     engine.LetMethod(tbvNPMedian);
     engine.LetYs(columns({{1, 2}, {3, 4}}));
-    EXPECT_EQ(failureOf([&] { engine.Analyse(); }), std::string("91") + here);
+    EXPECT_EQ(failureOf([&] { engine.Analyse(); }), std::string("91") + inAnalyseMedian);
     EXPECT_EQ(engine.GetGrandMedian(), 2.5);
 }
 
 TEST(Median, TheMeanOfTheMiddleTwoMayOverflow) {
     MedianEngine test(columns({{1e308, 1.5e308}, {1, 1.6e308}}));
-    EXPECT_EQ(failureOf([&] { test.engine.Analyse(); }), std::string("6") + here);
+    EXPECT_EQ(failureOf([&] { test.engine.Analyse(); }), std::string("6") + inAnalyseMedian);
 }
 
 /// A component that notes what it is asked.

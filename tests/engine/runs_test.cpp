@@ -10,15 +10,15 @@ namespace {
 
 using namespace Support;
 
-constexpr const char* here = " Line 0 in TBVNonPara.clsNonParaBO.AnalyseWWRuns";
+constexpr const char* inAnalyseWWRuns = " Line 0 in TBVNonPara.clsNonParaBO.AnalyseWWRuns";
 
 LoadedEngine loaded(const ValueGrid& sequence, TBVNPTails tails = tbvNPTwoTailed) {
     return {tbvNPWWRuns, tails, sequence, CellValue()};
 }
 
 /// An engine with the analysis done.
-struct Analysed : LoadedEngine {
-    explicit Analysed(const ValueGrid& sequence, TBVNPTails tails = tbvNPTwoTailed)
+struct AnalysedRuns : LoadedEngine {
+    explicit AnalysedRuns(const ValueGrid& sequence, TBVNPTails tails = tbvNPTwoTailed)
         : LoadedEngine(tbvNPWWRuns, tails, sequence, CellValue()) {
         engine.Analyse();
     }
@@ -40,18 +40,20 @@ TEST(Runs, AgreeWithAListOfAllArrangements) {
     for (const auto& row : referenceRows("runs.csv")) {
         ASSERT_EQ(row.size(), 7U);
         const ValueGrid sequence = sequenceOf(row[0]);
-        const Analysed two(sequence);
+        const AnalysedRuns two(sequence);
         EXPECT_EQ(two.engine.GetNumRuns(), Long(std::stoi(row[1]))) << row[0];
         EXPECT_DOUBLE_EQ(two.engine.ExpectedRuns(), std::stod(row[2])) << row[0];
         EXPECT_NEAR(two.engine.GetZ(), std::stod(row[3]), 1e-13) << row[0];
         EXPECT_NEAR(two.engine.GetP(), std::stod(row[4]), 1e-13) << row[0];
-        EXPECT_NEAR(Analysed(sequence, tbvNPVar1GTVar2).engine.GetP(), std::stod(row[5]), 1e-13) << row[0];
-        EXPECT_NEAR(Analysed(sequence, tbvNPVar1LTVar2).engine.GetP(), std::stod(row[6]), 1e-13) << row[0];
+        EXPECT_NEAR(AnalysedRuns(sequence, tbvNPVar1GTVar2).engine.GetP(), std::stod(row[5]), 1e-13)
+            << row[0];
+        EXPECT_NEAR(AnalysedRuns(sequence, tbvNPVar1LTVar2).engine.GetP(), std::stod(row[6]), 1e-13)
+            << row[0];
     }
 }
 
 TEST(Runs, AreCountedAgainstTheirExpectation) {
-    const Analysed test(column({"A", "A", "B", "B", "A", "B"}));
+    const AnalysedRuns test(column({"A", "A", "B", "B", "A", "B"}));
     EXPECT_EQ(test.engine.GetNumRuns(), Long(4));
     EXPECT_EQ(test.engine.ExpectedRuns(), 4);
     EXPECT_DOUBLE_EQ(test.engine.GetZ(), -0.5 / std::sqrt(1.2));
@@ -59,7 +61,7 @@ TEST(Runs, AreCountedAgainstTheirExpectation) {
 }
 
 TEST(RunsQuirks, RunsWithinAHalfOfTheExpectationGiveANegativeStatisticAndPAboveOne) {
-    const Analysed test(column({"A", "A", "B", "B", "A", "B"}));
+    const AnalysedRuns test(column({"A", "A", "B", "B", "A", "B"}));
     EXPECT_LT(test.engine.GetZ(), 0);
     EXPECT_GT(test.engine.GetP(), 1);
 }
@@ -95,7 +97,7 @@ class RunsCategories : public testing::TestWithParam<CategoryCase> {};
 
 TEST_P(RunsCategories, AreToldApart) {
     const CategoryCase& expected = GetParam();
-    const Analysed test(column(expected.sequence));
+    const AnalysedRuns test(column(expected.sequence));
     EXPECT_EQ(test.engine.GetNumRuns(), Long(expected.runs));
     EXPECT_EQ(numbers(test.engine.GetNsRaw()), expected.counts);
     const Array<CellValue> categories = categoriesOf(test.engine);
@@ -111,37 +113,38 @@ INSTANTIATE_TEST_SUITE_P(, RunsCategories, testing::ValuesIn(categoryCases),
 TEST(Runs, ErrorValuesAreCategoriesToo) {
     const Cell missing = CellValue(CellError::NotAvailable);
     const Cell quotient = CellValue(CellError::DivisionByZero);
-    const Analysed test(column({missing, missing, quotient, missing}));
+    const AnalysedRuns test(column({missing, missing, quotient, missing}));
     EXPECT_EQ(numbers(test.engine.GetNsRaw()), (std::vector<double>{3, 1}));
 }
 
 TEST(Runs, OnlyTheFirstColumnIsRead) {
-    const Analysed test(columns({{"A", "A", "B", "A"}, {1, 2, 3, 4}}));
+    const AnalysedRuns test(columns({{"A", "A", "B", "A"}, {1, 2, 3, 4}}));
     EXPECT_EQ(numbers(test.engine.GetNsRaw()), (std::vector<double>{3, 1}));
 }
 
 TEST(Runs, ATailTheDataLeanAgainstTakesTheOtherSide) {
     const ValueGrid few = sequenceOf("A A A A A B B B B B");
-    const double half = Analysed(few).engine.GetP() / 2;
-    EXPECT_EQ(Analysed(few, tbvNPVar1GTVar2).engine.GetP(), half);
-    EXPECT_EQ(Analysed(few, tbvNPVar1LTVar2).engine.GetP(), 1 - half);
+    const double half = AnalysedRuns(few).engine.GetP() / 2;
+    EXPECT_EQ(AnalysedRuns(few, tbvNPVar1GTVar2).engine.GetP(), half);
+    EXPECT_EQ(AnalysedRuns(few, tbvNPVar1LTVar2).engine.GetP(), 1 - half);
     const ValueGrid many = sequenceOf("A B A B A B A B");
-    const double otherHalf = Analysed(many).engine.GetP() / 2;
-    EXPECT_EQ(Analysed(many, tbvNPVar1GTVar2).engine.GetP(), 1 - otherHalf);
-    EXPECT_EQ(Analysed(many, tbvNPVar1LTVar2).engine.GetP(), otherHalf);
+    const double otherHalf = AnalysedRuns(many).engine.GetP() / 2;
+    EXPECT_EQ(AnalysedRuns(many, tbvNPVar1GTVar2).engine.GetP(), 1 - otherHalf);
+    EXPECT_EQ(AnalysedRuns(many, tbvNPVar1LTVar2).engine.GetP(), otherHalf);
 }
 
 TEST(Runs, AtTheExpectationBothTailsAreHalves) {
     const ValueGrid level = sequenceOf("A A B B A B");
-    const double half = Analysed(level).engine.GetP() / 2;
-    EXPECT_EQ(Analysed(level, tbvNPVar1GTVar2).engine.GetP(), half);
-    EXPECT_EQ(Analysed(level, tbvNPVar1LTVar2).engine.GetP(), half);
+    const double half = AnalysedRuns(level).engine.GetP() / 2;
+    EXPECT_EQ(AnalysedRuns(level, tbvNPVar1GTVar2).engine.GetP(), half);
+    EXPECT_EQ(AnalysedRuns(level, tbvNPVar1LTVar2).engine.GetP(), half);
 }
 
 TEST(Runs, TailsOutsideTheListAreTwoTailed) {
     const ValueGrid few = sequenceOf("A A A A A B B B B B");
     for (const int tails : {3, -1, 99}) {
-        EXPECT_EQ(Analysed(few, static_cast<TBVNPTails>(tails)).engine.GetP(), Analysed(few).engine.GetP());
+        EXPECT_EQ(AnalysedRuns(few, static_cast<TBVNPTails>(tails)).engine.GetP(),
+                  AnalysedRuns(few).engine.GetP());
     }
 }
 
@@ -153,7 +156,7 @@ struct FailureCase {
 };
 
 // clang-format off
-const FailureCase failureCases[] = {
+const FailureCase runsFailures[] = {
     {"OneCategory_DividesByZero",        {"A", "A", "A"},        11},
     {"EmptyCellsAlone_AreOneCategory",   {blank, blank, blank},  11},
     {"NoTwoCellsAlike_DividesByZero",    {1, 2, 3, 4},           11},
@@ -167,32 +170,32 @@ class RunsFailure : public testing::TestWithParam<FailureCase> {};
 
 TEST_P(RunsFailure, NamesTheProcedureAndStoresNothing) {
     LoadedEngine test = loaded(column(GetParam().sequence));
-    EXPECT_EQ(failureOf([&] { test.engine.Analyse(); }), std::to_string(GetParam().number) + here);
+    EXPECT_EQ(failureOf([&] { test.engine.Analyse(); }), std::to_string(GetParam().number) + inAnalyseWWRuns);
     EXPECT_EQ(test.engine.GetNumRuns(), Long(0));
     EXPECT_FALSE(test.engine.GetNsRaw().allocated());
     EXPECT_TRUE(std::holds_alternative<Empty>(test.engine.GetOther()));
 }
 
-INSTANTIATE_TEST_SUITE_P(, RunsFailure, testing::ValuesIn(failureCases),
+INSTANTIATE_TEST_SUITE_P(, RunsFailure, testing::ValuesIn(runsFailures),
                          [](const auto& instance) { return instance.param.name; });
 
 TEST(Runs, WithoutAGridThereAreNoBounds) {
     clsNonParaBO engine(engineCompanions());
     engine.LetMethod(tbvNPWWRuns);
-    EXPECT_EQ(failureOf([&] { engine.Analyse(); }), std::string("9") + here);
+    EXPECT_EQ(failureOf([&] { engine.Analyse(); }), std::string("9") + inAnalyseWWRuns);
 }
 
 TEST(Runs, AHostsErrorPassesThroughAndEarlierResultsStay) {
-    Analysed test(sequenceOf("A A B B A B"));
+    AnalysedRuns test(sequenceOf("A A B B A B"));
     test.engine.LetYs(sequenceOf("A B A B A B A B"));
     test.application->functions.failure = hostError();
-    EXPECT_EQ(failureOf([&] { test.engine.Analyse(); }), std::string("1004") + here);
+    EXPECT_EQ(failureOf([&] { test.engine.Analyse(); }), std::string("1004") + inAnalyseWWRuns);
     EXPECT_EQ(test.engine.GetNumRuns(), Long(4));
     EXPECT_EQ(numbers(test.engine.GetNsRaw()), (std::vector<double>{3, 3}));
 }
 
 TEST(Runs, TheHostIsAskedOnce) {
-    EXPECT_EQ(Analysed(sequenceOf("A A B B A B")).application->functions.calls,
+    EXPECT_EQ(AnalysedRuns(sequenceOf("A A B B A B")).application->functions.calls,
               (std::vector<std::string>{"NORMSDIST"}));
 }
 
@@ -211,7 +214,7 @@ TEST(Runs, OneOddCellInAMillionHasTheVarianceOfTheTwoEnds) {
     constexpr int N = 1000000;
     ValueGrid sequence(N, 1, "A");
     sequence(1, 1) = "B";
-    const Analysed test(sequence);
+    const AnalysedRuns test(sequence);
     const double p = 2.0 / N;
     EXPECT_EQ(test.engine.GetNumRuns(), Long(2));
     EXPECT_DOUBLE_EQ(test.engine.ExpectedRuns(), 3 - p);
@@ -220,7 +223,8 @@ TEST(Runs, OneOddCellInAMillionHasTheVarianceOfTheTwoEnds) {
 }
 
 TEST(Runs, AMillionEqualCellsDivideByZeroAsThreeDo) {
-    EXPECT_EQ(failureOf([] { (void)Analysed(ValueGrid(1000000, 1, "A")); }), std::string("11") + here);
+    EXPECT_EQ(failureOf([] { (void)AnalysedRuns(ValueGrid(1000000, 1, "A")); }),
+              std::string("11") + inAnalyseWWRuns);
 }
 
 TEST(Runs, AMillionDistinctValuesAreAMillionCategories) {
@@ -232,7 +236,7 @@ TEST(Runs, AMillionDistinctValuesAreAMillionCategories) {
     EXPECT_EQ(categories.values.size(), Long(1000000));
     EXPECT_EQ(categories.values(777), sequence(777, 1));
     // Every arrangement has a million runs, so the variance is 0.
-    EXPECT_EQ(failureOf([&] { (void)Analysed(sequence); }), std::string("11") + here);
+    EXPECT_EQ(failureOf([&] { (void)AnalysedRuns(sequence); }), std::string("11") + inAnalyseWWRuns);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "tests/support/engine_fixture.hpp"
 #include "tests/support/raised.hpp"
 #include "tests/support/reference_rows.hpp"
+#include "tests/support/tails_outside_the_list.hpp"
 
 namespace TBVNonPara {
 namespace {
@@ -15,12 +16,11 @@ using Support::LoadedEngine;
 using Support::numbers;
 using Support::raisedBy;
 
-constexpr auto tailsOutsideTheList = static_cast<TBVNPTails>(3);
 constexpr TBVNPTails two = tbvNPTwoTailed;
 constexpr TBVNPTails greater = tbvNPVar1GTVar2;
 constexpr TBVNPTails less = tbvNPVar1LTVar2;
 
-struct Case {
+struct SignCase {
     std::string name;
     Cells ys;
     Cells xs;
@@ -29,7 +29,7 @@ struct Case {
     double P;
 };
 
-class Sign : public testing::TestWithParam<Case> {};
+class Sign : public testing::TestWithParam<SignCase> {};
 
 TEST_P(Sign, CountsSignsAndReportsTheirProbability) {
     const auto& [name, ys, xs, counts, tails, P] = GetParam();
@@ -44,7 +44,7 @@ const Cells codes{1, 1, 1, -1, 0};
 const Cells mostlyNegative{-1, -1, 1, -1};
 
 // clang-format off
-const Case cases[] = {
+const SignCase signCases[] = {
     // name                                  ys                            xs            counts     tails    P
     {"Codes_FirstGreater",                   codes,                        none,         {3, 1, 1}, greater, 5.0 / 16},
     {"Codes_TwoTailed",                      codes,                        none,         {3, 1, 1}, two,     10.0 / 16},
@@ -73,7 +73,7 @@ const Case cases[] = {
 };
 // clang-format on
 
-INSTANTIATE_TEST_SUITE_P(Of, Sign, testing::ValuesIn(cases),
+INSTANTIATE_TEST_SUITE_P(Of, Sign, testing::ValuesIn(signCases),
                          [](const auto& test) { return test.param.name; });
 
 TEST(SignReference, AgreesWithAnotherPackage) {
@@ -132,7 +132,7 @@ TEST(SignState, OtherResultsStayAsTheyAre) {
     EXPECT_EQ(loaded.engine.GetP(), 0.625);
 }
 
-struct Failure {
+struct SignFailure {
     std::string name;
     ValueGrid ys;
     ValueGrid xs;
@@ -140,7 +140,7 @@ struct Failure {
 };
 
 TEST(SignFailure, NamesTheProcedureAndStoresNothing) {
-    const Failure failures[] = {
+    const SignFailure failures[] = {
         {"a shorter second variable", column({1, 2}), column({1}), 9},
         {"a text in two variables", column({"a"}), column({1}), 13},
         {"an error in two variables", column({1}), {{CellError::Value}}, 13},

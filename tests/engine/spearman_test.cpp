@@ -1,19 +1,18 @@
 #include <gmock/gmock.h>
 
 #include "tests/engine/two_samples.hpp"
+#include "tests/support/tails_outside_the_list.hpp"
 
 namespace TBVNonPara {
 namespace {
 
 using namespace Support;
 
-constexpr auto tailsOutsideTheList = static_cast<TBVNPTails>(3);
-
 double upperNormalTail(double z) {
     return 0.5 * std::erfc(z / std::sqrt(2.0));
 }
 
-struct Case {
+struct SpearmanCase {
     std::string name;
     Cells ys;
     Cells xs;
@@ -24,7 +23,7 @@ struct Case {
     double alternateP;
 };
 
-class Spearman : public testing::TestWithParam<Case> {};
+class Spearman : public testing::TestWithParam<SpearmanCase> {};
 
 TEST_P(Spearman, ReportsTheCorrelationAndTwoProbabilities) {
     const auto& [name, ys, xs, tails, rs, P, Z, alternateP] = GetParam();
@@ -45,7 +44,7 @@ const double root3 = std::sqrt(3.0);
 const double tied = 8 / std::sqrt(70.0);
 
 // clang-format off
-const Case cases[] = {
+const SpearmanCase spearmanCases[] = {
     // name                                     ys            xs            tails                rs    P          Z             P of Z
     {"SameOrder_TwoTailed",                     up,           {2, 4, 6, 8}, tbvNPTwoTailed,      1,    1.0 / 12,  root3,        2 * upperNormalTail(root3)},
     {"SameOrder_Positive",                      up,           {2, 4, 6, 8}, tbvNPVar1GTVar2,     1,    1.0 / 24,  root3,        upperNormalTail(root3)},
@@ -62,7 +61,7 @@ const Case cases[] = {
 };
 // clang-format on
 
-INSTANTIATE_TEST_SUITE_P(Of, Spearman, testing::ValuesIn(cases),
+INSTANTIATE_TEST_SUITE_P(Of, Spearman, testing::ValuesIn(spearmanCases),
                          [](const auto& test) { return test.param.name; });
 
 TEST(SpearmanReference, AgreesWithAnotherPackage) {

@@ -1,15 +1,14 @@
 #include <gmock/gmock.h>
 
 #include "tests/engine/two_samples.hpp"
+#include "tests/support/tails_outside_the_list.hpp"
 
 namespace TBVNonPara {
 namespace {
 
 using namespace Support;
 
-constexpr auto tailsOutsideTheList = static_cast<TBVNPTails>(-1);
-
-struct Case {
+struct WilcoxonCase {
     std::string name;
     Cells ys;
     Cells xs;
@@ -20,7 +19,7 @@ struct Case {
     double DF;
 };
 
-class Wilcoxon : public testing::TestWithParam<Case> {};
+class Wilcoxon : public testing::TestWithParam<WilcoxonCase> {};
 
 TEST_P(Wilcoxon, ReportsTAndItsProbability) {
     const auto& [name, ys, xs, ignoreTies, tails, T, P, DF] = GetParam();
@@ -40,7 +39,7 @@ const Cells first{5, 4, 2, 7};
 const Cells second{3, 4, 6, 1};
 
 // clang-format off
-const Case cases[] = {
+const WilcoxonCase wilcoxonCases[] = {
     // name                                  ys             xs             ignore tails                T    P         DF
     {"ZeroLeftOut_TwoTailed",                first,         second,        true,  tbvNPTwoTailed,      2,   6.0 / 8,  3},
     {"ZeroLeftOut_FirstGreater",             first,         second,        true,  tbvNPVar1GTVar2,     2,   3.0 / 8,  3},
@@ -58,7 +57,7 @@ const Case cases[] = {
 };
 // clang-format on
 
-INSTANTIATE_TEST_SUITE_P(Of, Wilcoxon, testing::ValuesIn(cases),
+INSTANTIATE_TEST_SUITE_P(Of, Wilcoxon, testing::ValuesIn(wilcoxonCases),
                          [](const auto& test) { return test.param.name; });
 
 TEST(WilcoxonReference, AgreesWithAnotherPackage) {

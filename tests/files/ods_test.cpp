@@ -14,35 +14,35 @@ FileContents contentsOf(const std::string& rows, const std::string& settings = "
     return readOds(TextParts(odsParts(rows, settings)));
 }
 
-std::string cellsOf(const std::string& rows, const std::string& settings = "") {
+std::string odsCellsOf(const std::string& rows, const std::string& settings = "") {
     return shownCells(contentsOf(rows, settings).sheets.at(0).cells);
 }
 
-struct Case {
+struct OdsCase {
     const char* name;
     const char* attributes;
     const char* inside;
     const char* shown;
 };
 
-void PrintTo(const Case& test, std::ostream* stream) {
+void PrintTo(const OdsCase& test, std::ostream* stream) {
     *stream << test.attributes << ' ' << test.inside;
 }
 
-std::string rowWith(const Case& test) {
+std::string rowWith(const OdsCase& test) {
     return "<table:table-row><table:table-cell " + std::string(test.attributes) + ">" + test.inside +
            "</table:table-cell></table:table-row>";
 }
 
-class OdsCells : public testing::TestWithParam<Case> {};
+class OdsCells : public testing::TestWithParam<OdsCase> {};
 
 TEST_P(OdsCells, MeanWhatTheirTypeSays) {
     const std::string shown = GetParam().shown;
-    EXPECT_EQ(cellsOf(rowWith(GetParam())), shown.empty() ? shown : "A1=" + shown);
+    EXPECT_EQ(odsCellsOf(rowWith(GetParam())), shown.empty() ? shown : "A1=" + shown);
 }
 
 // clang-format off
-const Case cellCases[] = {
+const OdsCase odsCellCases[] = {
     {"Number",                 "office:value-type='float' office:value='0.1'", "<text:p>0</text:p>",               "0.1"},
     {"NumberExactlyRounded",   "office:value-type='float' office:value='9007199254740993.00000000000000001'", "", "9007199254740994"},
     {"NumberSubnormal",        "office:value-type='float' office:value='4.9406564584124654E-324'", "",            "5e-324"},
@@ -93,10 +93,10 @@ const Case cellCases[] = {
 };
 // clang-format on
 
-INSTANTIATE_TEST_SUITE_P(All, OdsCells, testing::ValuesIn(cellCases),
+INSTANTIATE_TEST_SUITE_P(All, OdsCells, testing::ValuesIn(odsCellCases),
                          [](const auto& test) { return std::string(test.param.name); });
 
-class OdsCellsUnreadable : public testing::TestWithParam<Case> {};
+class OdsCellsUnreadable : public testing::TestWithParam<OdsCase> {};
 
 TEST_P(OdsCellsUnreadable, WaitUntilTheyAreTouchedAndSayWhy) {
     const FileContents contents = contentsOf(rowWith(GetParam()));
@@ -106,7 +106,7 @@ TEST_P(OdsCellsUnreadable, WaitUntilTheyAreTouchedAndSayWhy) {
 }
 
 // clang-format off
-const Case unreadableCases[] = {
+const OdsCase odsUnreadableCases[] = {
     {"NumberMissing",   "office:value-type='float'", "",                                  "\"\" is no value of the type float"},
     {"NotANumber",      "office:value-type='float' office:value='NaN'", "",               "\"NaN\" is no value of the type float"},
     {"NoDay",           "office:value-type='date' office:date-value='2021-02-29'", "",    "is no value of the type date"},
@@ -117,7 +117,7 @@ const Case unreadableCases[] = {
 };
 // clang-format on
 
-INSTANTIATE_TEST_SUITE_P(All, OdsCellsUnreadable, testing::ValuesIn(unreadableCases),
+INSTANTIATE_TEST_SUITE_P(All, OdsCellsUnreadable, testing::ValuesIn(odsUnreadableCases),
                          [](const auto& test) { return std::string(test.param.name); });
 
 TEST(OdsCellsRepeated, ThatCannotBeReadAreAllMarked) {
@@ -128,19 +128,19 @@ TEST(OdsCellsRepeated, ThatCannotBeReadAreAllMarked) {
               "A1=unreadable B1=unreadable A2=unreadable B2=unreadable");
 }
 
-class OdsCellsRefused : public testing::TestWithParam<Case> {};
+class OdsCellsRefused : public testing::TestWithParam<OdsCase> {};
 
 TEST_P(OdsCellsRefused, AreNamed) {
-    expectRefused([] { (void)cellsOf(rowWith(GetParam())); }, GetParam().shown);
+    expectRefused([] { (void)odsCellsOf(rowWith(GetParam())); }, GetParam().shown);
 }
 
 // clang-format off
-const Case refusedCases[] = {
+const OdsCase odsRefusedCases[] = {
     {"TooManyColumns",  "table:number-columns-repeated='16385' office:value-type='float' office:value='1'", "", "filled cells beyond column 16384"},
 };
 // clang-format on
 
-INSTANTIATE_TEST_SUITE_P(All, OdsCellsRefused, testing::ValuesIn(refusedCases),
+INSTANTIATE_TEST_SUITE_P(All, OdsCellsRefused, testing::ValuesIn(odsRefusedCases),
                          [](const auto& test) { return std::string(test.param.name); });
 
 std::string filled(const std::string& value, const std::string& more = "") {
@@ -152,9 +152,9 @@ std::string row(const std::string& cells, const std::string& more = "") {
 }
 
 TEST(OdsRepeats, StandForThatManyCellsAndRows) {
-    EXPECT_EQ(cellsOf(row(filled("1", "table:number-columns-repeated='2'") + filled("2"),
-                          "table:number-rows-repeated='2'") +
-                      row(filled("3"))),
+    EXPECT_EQ(odsCellsOf(row(filled("1", "table:number-columns-repeated='2'") + filled("2"),
+                             "table:number-rows-repeated='2'") +
+                         row(filled("3"))),
               "A1=1 B1=1 C1=2 A2=1 B2=1 C2=2 A3=3");
 }
 
@@ -169,45 +169,46 @@ TEST(OdsRepeats, OfNothingCostNothing) {
 }
 
 TEST(OdsRepeats, OfNothingMayReachBeyondTheSheet) {
-    EXPECT_EQ(cellsOf(row("<table:table-cell table:number-columns-repeated='99999999999999999999'/>",
-                          "table:number-rows-repeated='99999999999999999999'")),
+    EXPECT_EQ(odsCellsOf(row("<table:table-cell table:number-columns-repeated='99999999999999999999'/>",
+                             "table:number-rows-repeated='99999999999999999999'")),
               "");
 }
 
 TEST(OdsRepeats, OfValuesEndWithTheSheet) {
-    EXPECT_EQ(cellsOf(row("<table:table-cell/>", "table:number-rows-repeated='1048575'") + row(filled("1"))),
-              "A1048576=1");
-    expectRefused([] { (void)cellsOf(row(filled("1"), "table:number-rows-repeated='1048577'")); },
+    EXPECT_EQ(
+        odsCellsOf(row("<table:table-cell/>", "table:number-rows-repeated='1048575'") + row(filled("1"))),
+        "A1048576=1");
+    expectRefused([] { (void)odsCellsOf(row(filled("1"), "table:number-rows-repeated='1048577'")); },
                   "row 1048577 lies outside a sheet");
 }
 
 TEST(OdsRepeats, OfValuesWithoutEndAreRefused) {
     expectRefused(
         [] {
-            (void)cellsOf(row(filled("1", "table:number-columns-repeated='16384'"),
-                              "table:number-rows-repeated='1048576'"));
+            (void)odsCellsOf(row(filled("1", "table:number-columns-repeated='16384'"),
+                                 "table:number-rows-repeated='1048576'"));
         },
         "cells that stand for more than 16777216 filled cells");
 }
 
 TEST(OdsRows, MayStandInGroups) {
-    EXPECT_EQ(cellsOf("<table:table-header-rows>" + row(filled("1")) +
-                      "</table:table-header-rows><table:table-row-group><table:table-rows>" +
-                      row(filled("2")) + "</table:table-rows></table:table-row-group>" + row(filled("3"))),
+    EXPECT_EQ(odsCellsOf("<table:table-header-rows>" + row(filled("1")) +
+                         "</table:table-header-rows><table:table-row-group><table:table-rows>" +
+                         row(filled("2")) + "</table:table-rows></table:table-row-group>" + row(filled("3"))),
               "A1=1 A2=2 A3=3");
 }
 
 TEST(OdsRows, HoldCoveredCellsToo) {
-    EXPECT_EQ(
-        cellsOf(row(filled("1") + "<table:covered-table-cell/>"
-                                  "<table:covered-table-cell office:value-type='float' office:value='2'/>")),
-        "A1=1 C1=2");
+    EXPECT_EQ(odsCellsOf(row(filled("1") +
+                             "<table:covered-table-cell/>"
+                             "<table:covered-table-cell office:value-type='float' office:value='2'/>")),
+              "A1=1 C1=2");
 }
 
 TEST(OdsDates, CountFromTheDayThatTheFileNames) {
-    EXPECT_EQ(cellsOf(row("<table:table-cell office:value-type='date' office:date-value='1904-01-02'/>"),
-                      "<table:calculation-settings><table:null-date table:date-value='1904-01-01'/>"
-                      "</table:calculation-settings>"),
+    EXPECT_EQ(odsCellsOf(row("<table:table-cell office:value-type='date' office:date-value='1904-01-02'/>"),
+                         "<table:calculation-settings><table:null-date table:date-value='1904-01-01'/>"
+                         "</table:calculation-settings>"),
               "A1=1");
 }
 
@@ -227,8 +228,8 @@ TEST(OdsParts, MayHaveOtherPrefixesForTheirNamespaces) {
 }
 
 TEST(OdsParts, OfOtherNamespacesAreNoCells) {
-    EXPECT_EQ(cellsOf(row("<table-cell xmlns='urn:other' office:value-type='float' office:value='9'/>" +
-                          filled("1"))),
+    EXPECT_EQ(odsCellsOf(row("<table-cell xmlns='urn:other' office:value-type='float' office:value='9'/>" +
+                             filled("1"))),
               "A1=1");
 }
 
@@ -258,8 +259,8 @@ TEST(OdsSheets, AreAllReadButCopiesOfOtherFiles) {
 }
 
 TEST(OdsSheets, WithOldContentsOfTrackedChangesAreReadWithoutThem) {
-    EXPECT_EQ(cellsOf(row(filled("1")), "<table:tracked-changes><table:table table:name='x'>" +
-                                            row(filled("9")) + "</table:table></table:tracked-changes>"),
+    EXPECT_EQ(odsCellsOf(row(filled("1")), "<table:tracked-changes><table:table table:name='x'>" +
+                                               row(filled("9")) + "</table:table></table:tracked-changes>"),
               "A1=1");
 }
 

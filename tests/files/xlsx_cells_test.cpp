@@ -9,33 +9,34 @@
 namespace TBVNonPara::workbook {
 namespace {
 
-std::string cellsOf(const std::string& rows, const std::string& shared = "") {
+std::string xlsxCellsOf(const std::string& rows, const std::string& shared = "") {
     return shownCells(readXlsx(TextParts(xlsxParts(rows, shared))).sheets.at(0).cells);
 }
 
-struct Case {
+struct XlsxCase {
     const char* name;
     const char* cell;
     const char* shown;
 };
 
-void PrintTo(const Case& test, std::ostream* stream) {
+void PrintTo(const XlsxCase& test, std::ostream* stream) {
     *stream << test.cell;
 }
 
-class XlsxCells : public testing::TestWithParam<Case> {};
+class XlsxCells : public testing::TestWithParam<XlsxCase> {};
 
 TEST_P(XlsxCells, MeanWhatTheirTypeSays) {
     const std::string shown = GetParam().shown;
-    EXPECT_EQ(cellsOf("<row r='1'>" + std::string(GetParam().cell) + "</row>",
-                      "<si><t>zero</t></si><si><t/></si><si><r><t>ri</t></r><r><rPr><b/></rPr><t>ch</t></r>"
-                      "<rPh sb='0' eb='2'><t>phonetic</t></rPh><phoneticPr fontId='1'/></si>"
-                      "<si><t>_x0041__x000D_&#10;_x005F_x0041_</t></si>"),
-              shown.empty() ? shown : "A1=" + shown);
+    EXPECT_EQ(
+        xlsxCellsOf("<row r='1'>" + std::string(GetParam().cell) + "</row>",
+                    "<si><t>zero</t></si><si><t/></si><si><r><t>ri</t></r><r><rPr><b/></rPr><t>ch</t></r>"
+                    "<rPh sb='0' eb='2'><t>phonetic</t></rPh><phoneticPr fontId='1'/></si>"
+                    "<si><t>_x0041__x000D_&#10;_x005F_x0041_</t></si>"),
+        shown.empty() ? shown : "A1=" + shown);
 }
 
 // clang-format off
-const Case cellCases[] = {
+const XlsxCase xlsxCellCases[] = {
     {"Number",                        "<c r='A1'><v>1.5</v></c>",                                  "1.5"},
     {"NumberByName",                  "<c r='A1' t='n'><v>-2</v></c>",                             "-2"},
     {"NumberWithBlanksAround",        "<c r='A1'><v>\n 7 </v></c>",                                "7"},
@@ -82,10 +83,10 @@ const Case cellCases[] = {
 };
 // clang-format on
 
-INSTANTIATE_TEST_SUITE_P(All, XlsxCells, testing::ValuesIn(cellCases),
+INSTANTIATE_TEST_SUITE_P(All, XlsxCells, testing::ValuesIn(xlsxCellCases),
                          [](const auto& test) { return std::string(test.param.name); });
 
-class XlsxCellsUnreadable : public testing::TestWithParam<Case> {};
+class XlsxCellsUnreadable : public testing::TestWithParam<XlsxCase> {};
 
 TEST_P(XlsxCellsUnreadable, WaitUntilTheyAreTouchedAndSayWhy) {
     const std::string row = "<row r='7'>" + std::string(GetParam().cell) + "<c r='D7'><v>1</v></c></row>";
@@ -98,7 +99,7 @@ TEST_P(XlsxCellsUnreadable, WaitUntilTheyAreTouchedAndSayWhy) {
 }
 
 // clang-format off
-const Case unreadableCases[] = {
+const XlsxCase xlsxUnreadableCases[] = {
     {"TextForANumber",      "<c r='B7'><v>abc</v></c>",              "\"abc\" is no number"},
     {"NotANumber",          "<c r='B7'><v>NaN</v></c>",              "\"NaN\" is no number"},
     {"Infinity",            "<c r='B7'><v>-inf</v></c>",             "is no number"},
@@ -114,18 +115,18 @@ const Case unreadableCases[] = {
 };
 // clang-format on
 
-INSTANTIATE_TEST_SUITE_P(All, XlsxCellsUnreadable, testing::ValuesIn(unreadableCases),
+INSTANTIATE_TEST_SUITE_P(All, XlsxCellsUnreadable, testing::ValuesIn(xlsxUnreadableCases),
                          [](const auto& test) { return std::string(test.param.name); });
 
-class XlsxCellsRefused : public testing::TestWithParam<Case> {};
+class XlsxCellsRefused : public testing::TestWithParam<XlsxCase> {};
 
 TEST_P(XlsxCellsRefused, AreNamed) {
-    expectRefused([] { (void)cellsOf("<row r='1'>" + std::string(GetParam().cell) + "</row>", "<si/>"); },
+    expectRefused([] { (void)xlsxCellsOf("<row r='1'>" + std::string(GetParam().cell) + "</row>", "<si/>"); },
                   GetParam().shown);
 }
 
 // clang-format off
-const Case refusedCases[] = {
+const XlsxCase xlsxRefusedCases[] = {
     {"NoReference",         "<c r='1A'><v>1</v></c>",                "\"1A\" is no cell"},
     {"BehindTheLastColumn", "<c r='XFE1'><v>1</v></c>",              "column 16385 lies outside a sheet"},
     {"BehindTheLastRow",    "<c r='A1048577'><v>1</v></c>",          "row 1048577 lies outside a sheet"},
@@ -134,34 +135,34 @@ const Case refusedCases[] = {
 };
 // clang-format on
 
-INSTANTIATE_TEST_SUITE_P(All, XlsxCellsRefused, testing::ValuesIn(refusedCases),
+INSTANTIATE_TEST_SUITE_P(All, XlsxCellsRefused, testing::ValuesIn(xlsxRefusedCases),
                          [](const auto& test) { return std::string(test.param.name); });
 
 TEST(XlsxPlaces, FollowTheOneBeforeWhenTheyAreNotWritten) {
-    EXPECT_EQ(cellsOf("<row><c><v>1</v></c><c><v>2</v></c></row><row><c><v>3</v></c></row>"),
+    EXPECT_EQ(xlsxCellsOf("<row><c><v>1</v></c><c><v>2</v></c></row><row><c><v>3</v></c></row>"),
               "A1=1 B1=2 A2=3");
-    EXPECT_EQ(cellsOf("<row r='3'><c r='B3'><v>1</v></c><c><v>2</v></c></row><row><c><v>3</v></c></row>"),
+    EXPECT_EQ(xlsxCellsOf("<row r='3'><c r='B3'><v>1</v></c><c><v>2</v></c></row><row><c><v>3</v></c></row>"),
               "B3=1 C3=2 A4=3");
 }
 
 TEST(XlsxPlaces, MayComeInAnyOrder) {
-    EXPECT_EQ(cellsOf("<row r='2'><c r='B2'><v>1</v></c><c r='A2'><v>2</v></c></row>"
-                      "<row r='1'><c r='A1'><v>3</v></c></row>"),
+    EXPECT_EQ(xlsxCellsOf("<row r='2'><c r='B2'><v>1</v></c><c r='A2'><v>2</v></c></row>"
+                          "<row r='1'><c r='A1'><v>3</v></c></row>"),
               "A1=3 A2=2 B2=1");
 }
 
 TEST(XlsxPlaces, ReachToTheEndOfASheet) {
-    EXPECT_EQ(cellsOf("<row r='1048576'><c r='XFD1048576'><v>1</v></c></row>"), "XFD1048576=1");
+    EXPECT_EQ(xlsxCellsOf("<row r='1048576'><c r='XFD1048576'><v>1</v></c></row>"), "XFD1048576=1");
 }
 
 TEST(XlsxPlaces, OfARowThatIsNoRowAreRefused) {
-    expectRefused([] { (void)cellsOf("<row r='x'/>"); }, "row \"x\" is no row");
-    expectRefused([] { (void)cellsOf("<row r='99999999999'><c><v>1</v></c></row>"); },
+    expectRefused([] { (void)xlsxCellsOf("<row r='x'/>"); }, "row \"x\" is no row");
+    expectRefused([] { (void)xlsxCellsOf("<row r='99999999999'><c><v>1</v></c></row>"); },
                   "row 1048577 lies outside a sheet");
 }
 
 TEST(XlsxMessages, NameThePartAndTheLine) {
-    expectRefused([] { (void)cellsOf("<row>\n<c r='x'/></row>"); },
+    expectRefused([] { (void)xlsxCellsOf("<row>\n<c r='x'/></row>"); },
                   "part xl/worksheets/sheet1.xml, line 2, column ");
 }
 

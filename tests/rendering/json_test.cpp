@@ -75,7 +75,7 @@ TEST(JsonReport, HoldsTestAddressCellsAndResults) {
 )");
 }
 
-const std::string samples = "a,b\n1.1,4\n2.7,5.3\n3,9.1\n8,\n";
+const std::string unequalSamples = "a,b\n1.1,4\n2.7,5.3\n3,9.1\n8,\n";
 
 ReportBlock blockOf(const FinishedTest& test) {
     return {test.sheet(), test.block()};
@@ -94,7 +94,7 @@ nlohmann::json read(std::string_view test, const FinishedTest& finished) {
 }
 
 TEST(JsonOfATest, NumbersAreThoseOfTheEngineBitForBit) {
-    const FinishedTest test = finished(samples, choicesFor("spearman", "A1:A4", "B1:B4"));
+    const FinishedTest test = finished(unequalSamples, choicesFor("spearman", "A1:A4", "B1:B4"));
     const clsNonParaBO& engine = test.engine();
     const auto results = read("spearman", test)["results"];
     EXPECT_TRUE(sameBits(results["rs"], engine.GetWilcoxonT()));
@@ -107,7 +107,7 @@ TEST(JsonOfATest, NumbersAreThoseOfTheEngineBitForBit) {
 TEST(JsonOfATest, RowsAreTheReportsCellsBitForBit) {
     Choices choices = choicesFor("mann-whitney");
     choices.descriptives = true;
-    const FinishedTest test = finished(samples, choices);
+    const FinishedTest test = finished(unequalSamples, choices);
     const ReportBlock report = blockOf(test);
     const auto rows = read("mann-whitney", test)["report"]["rows"];
     ASSERT_EQ(rows.size(), static_cast<std::size_t>(report.rows()));

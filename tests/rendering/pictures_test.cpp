@@ -22,7 +22,7 @@ PictureData otherData() {
     return {{{"One", cells}}, {{"Two", cells}}};
 }
 
-const std::string samples = "a,b\n1,4\n2,9\n3,5\n5,5\n";
+const std::string tiedSamples = "a,b\n1,4\n2,9\n3,5\n5,5\n";
 
 TEST(Pictures, SignsAreThoseOfTheEngine) {
     const auto test = finished("a\n1\n-1\n1\n0\n1\n", choicesFor("sign"));
@@ -31,7 +31,7 @@ TEST(Pictures, SignsAreThoseOfTheEngine) {
 }
 
 TEST(Pictures, RanksAreThoseOfTheEngine) {
-    const auto test = finished(samples, choicesFor("spearman"));
+    const auto test = finished(tiedSamples, choicesFor("spearman"));
     const std::string picture = dataPicture(tbvNPSpearman, otherData(), test.engine());
     EXPECT_THAT(picture, HasSubstr("The ranks of One against those of Two, 4 pairs."));
     // Ranks 1 to 4 against 1, 4, 2.5 and 2.5 on scales from 0 to 5 that are 400 wide and 274 high.
@@ -42,7 +42,7 @@ TEST(Pictures, RanksAreThoseOfTheEngine) {
 }
 
 TEST(Pictures, DifferencesAndTheirSignsAreThoseOfTheEngine) {
-    const auto test = finished(samples, choicesFor("wilcoxon"));
+    const auto test = finished(tiedSamples, choicesFor("wilcoxon"));
     EXPECT_THAT(
         dataPicture(tbvNPWilcoxon, otherData(), test.engine()),
         HasSubstr("One minus Two, pair by pair: 0 above zero, 3 below, 1 equal. The line is their median, "
@@ -52,10 +52,10 @@ TEST(Pictures, DifferencesAndTheirSignsAreThoseOfTheEngine) {
 TEST(Pictures, MediansAreThoseOfTheEngineWhereItHoldsThem) {
     analysis::Choices choices = choicesFor("mann-whitney");
     choices.descriptives = true;
-    EXPECT_THAT(dataPicture(tbvNPMannU, otherData(), finished(samples, choices).engine()),
+    EXPECT_THAT(dataPicture(tbvNPMannU, otherData(), finished(tiedSamples, choices).engine()),
                 HasSubstr("Medians: One 2.5, Two 5."));
     choices.descriptives = false;
-    EXPECT_THAT(dataPicture(tbvNPMannU, otherData(), finished(samples, choices).engine()),
+    EXPECT_THAT(dataPicture(tbvNPMannU, otherData(), finished(tiedSamples, choices).engine()),
                 HasSubstr("Medians: One 200, Two 200."));
 }
 
@@ -74,7 +74,7 @@ TEST(Pictures, ShowTheDataAsTheyWereBeforeAReportIsPutOverThem) {
 }
 
 TEST(Pictures, WithoutASecondRangeTwoColumnsAreNotDrawn) {
-    const auto test = finished(samples, choicesFor("spearman"));
+    const auto test = finished(tiedSamples, choicesFor("spearman"));
     EXPECT_EQ(dataPicture(tbvNPSpearman, {otherData().y, {}}, test.engine()), "");
 }
 

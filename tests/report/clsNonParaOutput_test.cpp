@@ -44,7 +44,7 @@ INSTANTIATE_TEST_SUITE_P(Report, Header, ::testing::ValuesIn(headerCases),
                          caseName<::testing::TestParamInfo<HeaderCase>>);
 
 // clang-format off
-const SectionCase cases[] = {
+const SectionCase writerCases[] = {
     {"ACommentWithTwoBlankLinesAtRow10_LeavesRow13",
      [](clsNonParaOutput& writer) { writer.OutputComment("x", 2, false); },
      {"x"}, {"FormatTitle A10 False"}, "A1:F13", 10},
@@ -63,7 +63,7 @@ TEST_P(Cursor, StandsBelowWhatWasWritten) {
     expectSection(GetParam());
 }
 
-INSTANTIATE_TEST_SUITE_P(Report, Cursor, ::testing::ValuesIn(cases),
+INSTANTIATE_TEST_SUITE_P(Report, Cursor, ::testing::ValuesIn(writerCases),
                          caseName<::testing::TestParamInfo<SectionCase>>);
 
 TEST(ReportBlock, EndsWithTheRowUnderTheCursorAndEmphasisesIt) {

@@ -4,19 +4,21 @@ namespace TBVNonPara {
 namespace {
 
 /// Two groups of three and two values.
-void writeTable(clsNonParaOutput& writer, const Labels& labels, const Array<Long>& nsRaw,
-                TBVNPMethod method) {
+void groupsWriteTable(clsNonParaOutput& writer, const Labels& labels, const Array<Long>& nsRaw,
+                      TBVNPMethod method) {
     const Grid<double> data = {{1.5, 7}, {2.5, 2.5}, {4, 0}};
     const Grid<double> ranks = {{1, 5}, {2.5, 2.5}, {4, 0}};
     writer.OutputMWDescriptives(labels, data, {2.5, 4.75}, {8, 9.5}, nsRaw, ranks, {2.5, 3.75}, {7.5, 7.5},
                                 {3, 2}, method);
 }
 
-std::function<void(clsNonParaOutput&)> table(TBVNPMethod method) {
-    return [method](clsNonParaOutput& writer) { writeTable(writer, {"Before", "After"}, {3, 2}, method); };
+std::function<void(clsNonParaOutput&)> groupsTable(TBVNPMethod method) {
+    return [method](clsNonParaOutput& writer) {
+        groupsWriteTable(writer, {"Before", "After"}, {3, 2}, method);
+    };
 }
 
-const std::vector<std::string> formatting = {
+const std::vector<std::string> groupsFormatting = {
     "FormatTitle A5 False",
     "FormatTable A6:E7 False",
     "FormatTable A6:E10 False",
@@ -40,10 +42,10 @@ Support::SheetText lines(const std::string& rankHeading) {
 }
 
 // clang-format off
-const SectionCase cases[] = {
-    {"UnequalGroups_KeepTheirSummariesInLine", table(tbvNPMannU), lines("Rank"), formatting, "A1:E14"},
-    {"Friedman_RanksWithinBlocks", table(tbvNPFriedman), lines("Within Block Rank"), formatting, "A1:E14"},
-    {"KruskalWallis_Ranks", table(tbvNPKWallis), lines("Rank"), formatting, "A1:E14"},
+const SectionCase groupsCases[] = {
+    {"UnequalGroups_KeepTheirSummariesInLine", groupsTable(tbvNPMannU), lines("Rank"), groupsFormatting, "A1:E14"},
+    {"Friedman_RanksWithinBlocks", groupsTable(tbvNPFriedman), lines("Within Block Rank"), groupsFormatting, "A1:E14"},
+    {"KruskalWallis_Ranks", groupsTable(tbvNPKWallis), lines("Rank"), groupsFormatting, "A1:E14"},
 };
 // clang-format on
 
@@ -53,20 +55,20 @@ TEST_P(GroupDescriptives, StandBesideTheirRanks) {
     expectSection(GetParam());
 }
 
-INSTANTIATE_TEST_SUITE_P(Report, GroupDescriptives, ::testing::ValuesIn(cases),
+INSTANTIATE_TEST_SUITE_P(Report, GroupDescriptives, ::testing::ValuesIn(groupsCases),
                          caseName<::testing::TestParamInfo<SectionCase>>);
 
 TEST(GroupDescriptivesTable, ASecondOneStartsBelowTheCountsWithoutAGap) {
     ReportDesk desk;
-    table(tbvNPMannU)(desk.writer);
-    table(tbvNPMannU)(desk.writer);
+    groupsTable(tbvNPMannU)(desk.writer);
+    groupsTable(tbvNPMannU)(desk.writer);
     EXPECT_EQ(desk.cells("A9:A10"), (Support::SheetText{"N", "Descriptive Statistics"}));
     EXPECT_EQ(Support::plainAddress(desk.writer.GetResults()), "A1:E19");
 }
 
 TEST(GroupDescriptivesTable, RankCountsShowAsWholeNumbersUnderRanksWithOneDecimal) {
     ReportDesk desk;
-    table(tbvNPMannU)(desk.writer);
+    groupsTable(tbvNPMannU)(desk.writer);
     EXPECT_EQ(desk.record->calls.end()[-2], "NumberFormat D4:E9 \"0.0\"");
     EXPECT_EQ(desk.record->calls.end()[-1], "NumberFormat B9:E9 \"0\"");
 }
@@ -86,7 +88,7 @@ TEST(GroupDescriptivesTable, OfTenThousandRowsTakesFewHostCalls) {
 TEST(GroupDescriptivesErrors, ACountAboveTheRowsOfDataIsAFaultAfterTheGroupsCells) {
     ReportDesk desk;
     EXPECT_EQ(Support::raisedBy([&] {
-                  writeTable(desk.writer, {"a", "b"}, {4, 2}, tbvNPMannU);
+                  groupsWriteTable(desk.writer, {"a", "b"}, {4, 2}, tbvNPMannU);
               }),
               Support::in("clsNonParaOutput.OutputMWDescriptives", 9));
     EXPECT_EQ(desk.cells("A3:E9"),
@@ -96,7 +98,7 @@ TEST(GroupDescriptivesErrors, ACountAboveTheRowsOfDataIsAFaultAfterTheGroupsCell
 TEST(GroupDescriptivesErrors, MoreLabelsThanColumnsOfDataIsAFault) {
     ReportDesk desk;
     EXPECT_EQ(Support::raisedBy([&] {
-                  writeTable(desk.writer, {"a", "b", "c"}, {3, 2, 1}, tbvNPMannU);
+                  groupsWriteTable(desk.writer, {"a", "b", "c"}, {3, 2, 1}, tbvNPMannU);
               }),
               Support::in("clsNonParaOutput.OutputMWDescriptives", 9));
 }

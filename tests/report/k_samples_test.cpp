@@ -3,20 +3,20 @@
 namespace TBVNonPara {
 namespace {
 
-void writeTable(clsNonParaOutput& writer) {
+void kSamplesWriteTable(clsNonParaOutput& writer) {
     writer.OutputKWallis(7.5, {3}, 0.0625, 2.75, {3, 16}, 0.09375);
 }
 
-const std::vector<std::string> formatting = {
+const std::vector<std::string> kSamplesFormatting = {
     "FormatTitle A5 False",   "FormatTable A6:E6 False",  "FormatTable A7:A8 True",
     "FormatBody B7:E8 False", "NumberFormat C7:D8 \"0\"",
 };
 
 // clang-format off
-const SectionCase cases[] = {
-    {"TheChiSquareRowHasADashForItsSecondDF", writeTable,
+const SectionCase kSamplesCases[] = {
+    {"TheChiSquareRowHasADashForItsSecondDF", kSamplesWriteTable,
      {"Test Results", "Statistic|Value|DF 1|DF 2|P", "Chi-Square|7.5|3|-|0.0625", "F|2.75|3|16|0.09375"},
-     formatting, "A1:E9"},
+     kSamplesFormatting, "A1:E9"},
 };
 // clang-format on
 
@@ -26,13 +26,13 @@ TEST_P(KSamplesSection, WritesBothStatistics) {
     expectSection(GetParam());
 }
 
-INSTANTIATE_TEST_SUITE_P(Report, KSamplesSection, ::testing::ValuesIn(cases),
+INSTANTIATE_TEST_SUITE_P(Report, KSamplesSection, ::testing::ValuesIn(kSamplesCases),
                          caseName<::testing::TestParamInfo<SectionCase>>);
 
 TEST(KSamplesSectionWidth, NeverDecreases) {
     ReportDesk desk;
     desk.writer.OutputMedianCounts(Labels(7), ValueGrid(3, 8));
-    writeTable(desk.writer);
+    kSamplesWriteTable(desk.writer);
     EXPECT_EQ(Support::plainAddress(desk.writer.GetResults()), "A1:H9");
 }
 

@@ -3,14 +3,14 @@
 namespace TBVNonPara {
 namespace {
 
-const Labels names = {"Before", "After"};
+const Labels mannWhitneyNames = {"Before", "After"};
 const Array<Long> DF = {3, 4};
 
-std::function<void(clsNonParaOutput&)> testTable(const Labels& labels, TBVNPTails tails) {
+std::function<void(clsNonParaOutput&)> mannWhitneyTestTable(const Labels& labels, TBVNPTails tails) {
     return [labels, tails](clsNonParaOutput& writer) { writer.OutputMWTest(labels, 9.5, DF, 0.125, tails); };
 }
 
-const std::vector<std::string> formatting = {
+const std::vector<std::string> mannWhitneyFormatting = {
     "FormatTitle A5 False",
     "FormatTable A6:D6 False",
     "FormatBody A7:D7 False",
@@ -18,11 +18,11 @@ const std::vector<std::string> formatting = {
 };
 
 // clang-format off
-const SectionCase cases[] = {
-    {"TwoTailed_DoesNotReadTheNames", testTable({}, tbvNPTwoTailed),
-     {"2-tailed Test", "U|DF 1|DF 2|P", "9.5|3|4|0.125"}, formatting, "A1:D8"},
-    {"TailsOutsideTheList_IsTwoTailed", testTable({}, TBVNPTails(9)),
-     {"2-tailed Test", "U|DF 1|DF 2|P", "9.5|3|4|0.125"}, formatting, "A1:D8"},
+const SectionCase mannWhitneyCases[] = {
+    {"TwoTailed_DoesNotReadTheNames", mannWhitneyTestTable({}, tbvNPTwoTailed),
+     {"2-tailed Test", "U|DF 1|DF 2|P", "9.5|3|4|0.125"}, mannWhitneyFormatting, "A1:D8"},
+    {"TailsOutsideTheList_IsTwoTailed", mannWhitneyTestTable({}, TBVNPTails(9)),
+     {"2-tailed Test", "U|DF 1|DF 2|P", "9.5|3|4|0.125"}, mannWhitneyFormatting, "A1:D8"},
 };
 // clang-format on
 
@@ -32,7 +32,7 @@ TEST_P(MannWhitneySection, WritesItsRowsAndLeavesTheCursorBelow) {
     expectSection(GetParam());
 }
 
-INSTANTIATE_TEST_SUITE_P(Report, MannWhitneySection, ::testing::ValuesIn(cases),
+INSTANTIATE_TEST_SUITE_P(Report, MannWhitneySection, ::testing::ValuesIn(mannWhitneyCases),
                          caseName<::testing::TestParamInfo<SectionCase>>);
 
 TEST(MannWhitneySectionErrors, AOneTailedStatementNeedsBothNames) {
@@ -43,8 +43,9 @@ TEST(MannWhitneySectionErrors, AOneTailedStatementNeedsBothNames) {
 
 TEST(MannWhitneySectionErrors, CellsWrittenBeforeAFaultStay) {
     ReportDesk desk;
-    EXPECT_EQ(Support::raisedBy([&] { desk.writer.OutputMWTest(names, 1, {3}, 1, tbvNPTwoTailed); }),
-              Support::in("clsNonParaOutput.OutputMWTest", 9));
+    EXPECT_EQ(
+        Support::raisedBy([&] { desk.writer.OutputMWTest(mannWhitneyNames, 1, {3}, 1, tbvNPTwoTailed); }),
+        Support::in("clsNonParaOutput.OutputMWTest", 9));
     EXPECT_EQ(desk.cells("A1:D5"), (Support::SheetText{"2-tailed Test", "U|DF 1|DF 2|P", "1|3"}));
 }
 

@@ -3,14 +3,14 @@
 namespace TBVNonPara {
 namespace {
 
-const ValueGrid counts = {
+const ValueGrid medianCounts = {
     {Empty(), "a", "b", "c"},
     {"> Grand Median", 3.0, 0.0, 2.0},
     {"<= Grand Median", 1.0, 0.0, 4.0},
 };
 
 std::function<void(clsNonParaOutput&)> countsTable(const Labels& names) {
-    return [names](clsNonParaOutput& writer) { writer.OutputMedianCounts(names, counts); };
+    return [names](clsNonParaOutput& writer) { writer.OutputMedianCounts(names, medianCounts); };
 }
 
 // clang-format off
@@ -86,10 +86,10 @@ INSTANTIATE_TEST_SUITE_P(Report, ContingencySection, ::testing::ValuesIn(conting
 TEST(MedianSectionErrors, CarryTheSectionsNames) {
     ReportDesk desk;
     EXPECT_EQ(Support::raisedBy([&] {
-                  desk.writer.OutputMedianCounts({"a", "b", "c", "d"}, counts);
+                  desk.writer.OutputMedianCounts({"a", "b", "c", "d"}, medianCounts);
               }),
               Support::in("clsNonParaOutput.OutputMedianCounts", 9));
-    EXPECT_EQ(Support::raisedBy([&] { desk.writer.OutputMedianCounts({}, counts); }),
+    EXPECT_EQ(Support::raisedBy([&] { desk.writer.OutputMedianCounts({}, medianCounts); }),
               Support::in("clsNonParaOutput.OutputMedianCounts", 9));
 }
 

@@ -11,7 +11,7 @@ std::function<void(clsNonParaOutput&)> runsTable(const Array<CellValue>& categor
 }
 
 // clang-format off
-const SectionCase cases[] = {
+const SectionCase runsCases[] = {
     {"TwoCategories_EnteringAtRow4_LeavesRow17", runsTable({"A", "B"}, {5, 4}, tbvNPTwoTailed),
      {"Counts", "Group|Count", "A|5", "B|4", "", "Runs", "Observed|6", "Expected|5.5", "", "",
       "2-tailed Test", "Z adjusted|P", "0.25|0.75"},
@@ -49,7 +49,7 @@ TEST_P(RunsSection, WritesItsThreeBlocks) {
     expectSection(GetParam());
 }
 
-INSTANTIATE_TEST_SUITE_P(Report, RunsSection, ::testing::ValuesIn(cases),
+INSTANTIATE_TEST_SUITE_P(Report, RunsSection, ::testing::ValuesIn(runsCases),
                          caseName<::testing::TestParamInfo<SectionCase>>);
 
 TEST(RunsSectionQuirks, ReportsItsErrorsUnderTheTwoSampleSectionsName) {

@@ -11,26 +11,26 @@ std::function<void(clsNonParaOutput&)> signTable(const std::string& first, const
     };
 }
 
-Support::SheetText table(const std::string& title) {
+Support::SheetText signTable(const std::string& title) {
     return {"Counts", "1 > 2|1 = 2|1 < 2", "5|2|3", "", title, "P = |0.7265625"};
 }
 
-const std::vector<std::string> formatting = {
+const std::vector<std::string> signFormatting = {
     "FormatTitle A5 False",     "FormatTable A6:C6 False",          "FormatBody A7:C7 False",
     "NumberFormat A7:C7 \"0\"", "HorizontalAlignment A7:C7 Centre", "FormatTitle A9 False",
     "FormatBody A10:B10 True",
 };
 
 // clang-format off
-const SectionCase cases[] = {
+const SectionCase signCases[] = {
     {"EmptyLabels_AreVar1AndVar2",     signTable("", "", tbvNPVar1GTVar2),
-     table("1-tailed Test (Var 1 > Var 2)"), formatting, "A1:C11"},
+     signTable("1-tailed Test (Var 1 > Var 2)"), signFormatting, "A1:C11"},
     {"FirstSmaller_NamesTheVariables", signTable("Old", "New", tbvNPVar1LTVar2),
-     table("1-tailed Test (Old < New)"), formatting, "A1:C11"},
+     signTable("1-tailed Test (Old < New)"), signFormatting, "A1:C11"},
     {"OneEmptyLabel_IsReplacedAlone",  signTable("Old", "", tbvNPVar1LTVar2),
-     table("1-tailed Test (Old < Var 2)"), formatting, "A1:C11"},
+     signTable("1-tailed Test (Old < Var 2)"), signFormatting, "A1:C11"},
     {"TwoTailed_WhateverTheLabels",    signTable("Old", "New", tbvNPTwoTailed),
-     table("2-tailed Test"), formatting, "A1:C11"},
+     signTable("2-tailed Test"), signFormatting, "A1:C11"},
 };
 // clang-format on
 
@@ -40,7 +40,7 @@ TEST_P(SignSection, EndsSixRowsBelowItsStart) {
     expectSection(GetParam());
 }
 
-INSTANTIATE_TEST_SUITE_P(Report, SignSection, ::testing::ValuesIn(cases),
+INSTANTIATE_TEST_SUITE_P(Report, SignSection, ::testing::ValuesIn(signCases),
                          caseName<::testing::TestParamInfo<SectionCase>>);
 
 TEST(SignSectionQuirks, EmptyLabelsAreReplacedInTheCallersArray) {

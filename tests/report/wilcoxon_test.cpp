@@ -3,12 +3,12 @@
 namespace TBVNonPara {
 namespace {
 
-const Labels names = {"Before", "After"};
+const Labels wilcoxonNames = {"Before", "After"};
 const Grid<double> pairs = {{5, 3}, {4, 4}, {1, 6}};
 
 std::function<void(clsNonParaOutput&)> descriptives(const Grid<double>& differences) {
     return [differences](clsNonParaOutput& writer) {
-        writer.OutputWilcoxonDescriptives(names, pairs, {4, 4}, {10, 13}, {3, 3}, differences);
+        writer.OutputWilcoxonDescriptives(wilcoxonNames, pairs, {4, 4}, {10, 13}, {3, 3}, differences);
     };
 }
 
@@ -78,7 +78,8 @@ TEST_P(WilcoxonRanks, SummarisesTheThreeKindsOfDifference) {
 INSTANTIATE_TEST_SUITE_P(Report, WilcoxonRanks, ::testing::ValuesIn(ranksCases),
                          caseName<::testing::TestParamInfo<SectionCase>>);
 
-std::function<void(clsNonParaOutput&)> testTable(const Labels& labels, TBVNPTails tails, bool useApprox) {
+std::function<void(clsNonParaOutput&)> wilcoxonTestTable(const Labels& labels, TBVNPTails tails,
+                                                         bool useApprox) {
     return [=](clsNonParaOutput& writer) {
         writer.OutputWilcoxonTest(labels, 3.5, {12, 99}, 0.25, tails, useApprox);
     };
@@ -89,15 +90,15 @@ const std::vector<std::string> testFormatting = {"FormatTitle A5 False", "Format
 
 // clang-format off
 const SectionCase testCases[] = {
-    {"Exact_TwoTailed",           testTable({}, tbvNPTwoTailed, false),
+    {"Exact_TwoTailed",           wilcoxonTestTable({}, tbvNPTwoTailed, false),
      {"2-tailed Exact Test", "T|N|P", "3.5|12|0.25"}, testFormatting, "A1:C8"},
-    {"Exact_FirstGreater",        testTable(names, tbvNPVar1GTVar2, false),
+    {"Exact_FirstGreater",        wilcoxonTestTable(wilcoxonNames, tbvNPVar1GTVar2, false),
      {"1-tailed Exact Test (Before > After)", "T|N|P", "3.5|12|0.25"}, testFormatting, "A1:C8"},
-    {"Approximate_TwoTailed_KeepsItsSpelling", testTable({}, tbvNPTwoTailed, true),
+    {"Approximate_TwoTailed_KeepsItsSpelling", wilcoxonTestTable({}, tbvNPTwoTailed, true),
      {"2-tailed Asymptopic Test", "Z|N|P", "3.5|12|0.25"}, testFormatting, "A1:C8"},
-    {"Approximate_FirstGreater",  testTable(names, tbvNPVar1GTVar2, true),
+    {"Approximate_FirstGreater",  wilcoxonTestTable(wilcoxonNames, tbvNPVar1GTVar2, true),
      {"1-tailed Asymptopic Test (Before > After)", "Z|N|P", "3.5|12|0.25"}, testFormatting, "A1:C8"},
-    {"Approximate_FirstSmaller",  testTable(names, tbvNPVar1LTVar2, true),
+    {"Approximate_FirstSmaller",  wilcoxonTestTable(wilcoxonNames, tbvNPVar1LTVar2, true),
      {"1-tailed Asymptopic Test (Before < After)", "Z|N|P", "3.5|12|0.25"}, testFormatting, "A1:C8"},
 };
 // clang-format on
@@ -117,7 +118,7 @@ TEST(WilcoxonSections, ThreeSectionsAreSixColumnsWide) {
     desk.writer.InsertBlankLines(1);
     ranks(0, 0, 1)(desk.writer);
     desk.writer.InsertBlankLines(1);
-    testTable(names, tbvNPTwoTailed, false)(desk.writer);
+    wilcoxonTestTable(wilcoxonNames, tbvNPTwoTailed, false)(desk.writer);
     desk.writer.InsertBlankLines(1);
     EXPECT_EQ(Support::plainAddress(desk.writer.GetResults()), "A1:F20");
 }

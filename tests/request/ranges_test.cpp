@@ -19,7 +19,7 @@ std::function<void(clsNonPara&)> yRange(TBVNPMethod method, const std::string& a
 }
 
 // clang-format off
-const RangeCase cases[] = {
+const RangeCase rangesCases[] = {
     {"YRange_Empty",                     yRange(tbvNPMannU, ""),               tbvNPNoYRange},
     {"YRange_NoAddress",                 yRange(tbvNPMannU, "no such place"),  tbvNPBadYRange},
     {"YRange_NoSuchSheet",               yRange(tbvNPMannU, "Nowhere!A1:A3"),  tbvNPBadYRange},
@@ -54,7 +54,7 @@ TEST_P(RangeProperty, RaisesABareNumber) {
     EXPECT_EQ(raised.description, "");
 }
 
-INSTANTIATE_TEST_SUITE_P(Request, RangeProperty, ::testing::ValuesIn(cases),
+INSTANTIATE_TEST_SUITE_P(Request, RangeProperty, ::testing::ValuesIn(rangesCases),
                          [](const auto& test) { return test.param.name; });
 
 TEST(RangePropertyFilter, LetsErrorsOfTheLibrarysBandPassUnchanged) {

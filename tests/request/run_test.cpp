@@ -30,7 +30,7 @@ ValueGrid rows(Long first, Long second) {
 const ValueGrid withBlank = {{1.0, 4.0}, {2.0, blank}, {3.0, 6.5}, {2.5, 7.0}};
 
 // clang-format off
-const CheckedRun cases[] = {
+const CheckedRun runCases[] = {
     {"NoYRange",                   tbvNPMannU,    false, threeAndThree, "", "Data!B1:B3", tbvNPNoYRange},
     {"MannWhitneyWithoutXRange",   tbvNPMannU,    false, threeAndThree, "Data!A1:A3", "", tbvNPNoXRange},
     {"WilcoxonWithoutXRange",      tbvNPWilcoxon, false, threeAndThree, "Data!A1:A3", "", tbvNPNoXRange},
@@ -83,7 +83,7 @@ TEST_P(Run, ChecksTheRangesAndLeavesTheSheetsAlone) {
     EXPECT_EQ(desk.cells("Out!A1:H60"), Support::SheetText());
 }
 
-INSTANTIATE_TEST_SUITE_P(Request, Run, ::testing::ValuesIn(cases),
+INSTANTIATE_TEST_SUITE_P(Request, Run, ::testing::ValuesIn(runCases),
                          [](const auto& test) { return test.param.name; });
 
 struct MannWhitneyDesk : RequestDesk {

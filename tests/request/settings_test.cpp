@@ -37,7 +37,7 @@ struct SettingCase {
 };
 
 // clang-format off
-const SettingCase cases[] = {
+const SettingCase settingsCases[] = {
     {"Nothing",                  [](clsNonPara&) {}, true},
     {"TheSameMethod",            [](clsNonPara& r) { r.LetMethod(tbvNPMannU); }, true},
     {"AnotherMethod",            [](clsNonPara& r) { r.LetMethod(tbvNPWilcoxon); }, false},
@@ -65,7 +65,7 @@ TEST_P(Setting, KeepsTheUnpastedReportOnlyWhenNothingChanges) {
     EXPECT_EQ(desk.pastesTheEarlierReport(), GetParam().keepsTheReport);
 }
 
-INSTANTIATE_TEST_SUITE_P(Request, Setting, ::testing::ValuesIn(cases),
+INSTANTIATE_TEST_SUITE_P(Request, Setting, ::testing::ValuesIn(settingsCases),
                          [](const auto& test) { return test.param.name; });
 
 TEST(UnpastedReport, GoesToAnotherPlaceThatIsNamedMeanwhile) {

@@ -21,17 +21,17 @@ ObjectRef<EmbeddedApplication> withSheets() {
     return application;
 }
 
-struct Case {
+struct AddressCase {
     const char* name;
     const char* address;
     const char* expected;
 };
 
-std::string nameOf(const testing::TestParamInfo<Case>& info) {
+std::string nameOf(const testing::TestParamInfo<AddressCase>& info) {
     return info.param.name;
 }
 
-class Resolve : public testing::TestWithParam<Case> {};
+class Resolve : public testing::TestWithParam<AddressCase> {};
 
 TEST_P(Resolve, GivesTheCellsThatAreMeant) {
     const auto application = withSheets();
@@ -41,7 +41,7 @@ TEST_P(Resolve, GivesTheCellsThatAreMeant) {
 }
 
 // clang-format off
-const Case resolved[] = {
+const AddressCase resolved[] = {
     {"OneCell",                            "A1",                         "Data|$A$1"},
     {"OneCellAsAnArea",                    "C7:C7",                      "Data|$C$7"},
     {"AbsoluteArea",                       "Data!$A$1:$B$9",             "Data|$A$1:$B$9"},
@@ -71,7 +71,7 @@ const Case resolved[] = {
 // clang-format on
 INSTANTIATE_TEST_SUITE_P(Address, Resolve, testing::ValuesIn(resolved), nameOf);
 
-class Unresolved : public testing::TestWithParam<Case> {};
+class Unresolved : public testing::TestWithParam<AddressCase> {};
 
 TEST_P(Unresolved, IsRefusedInPlainWords) {
     const auto application = withSheets();
@@ -79,7 +79,7 @@ TEST_P(Unresolved, IsRefusedInPlainWords) {
 }
 
 // clang-format off
-const Case unresolved[] = {
+const AddressCase unresolved[] = {
     {"Nothing",                    "",                 "the cells are missing"},
     {"NoCells",                    "Data!",            "the cells are missing"},
     {"NothingAfterAComma",         "A1,",              "the cells are missing"},

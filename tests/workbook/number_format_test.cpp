@@ -5,14 +5,14 @@
 namespace TBVNonPara::workbook {
 namespace {
 
-struct Case {
+struct FormatCase {
     CellValue value;
     const char* format;
     const char* shown;
 };
 
 // clang-format off
-const Case cases[] = {
+const FormatCase cases[] = {
     // value                format      shown
     {2.5,                   "0",        "3"},
     {-2.5,                  "0",        "-3"},
@@ -63,7 +63,7 @@ const Case cases[] = {
 // clang-format on
 
 TEST(NumberFormat, ShowsValuesAsASheetDoes) {
-    for (const Case& c : cases) {
+    for (const FormatCase& c : cases) {
         EXPECT_EQ(displayText(c.value, c.format), c.shown) << c.format << " of " << toText(c.value);
     }
 }
