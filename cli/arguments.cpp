@@ -8,6 +8,7 @@
 #include "cli/save_options.hpp"
 #include "cli/test_words.hpp"
 #include "cli/version.hpp"
+#include "tbvnonpara/rendering/display_width.hpp"
 
 namespace TBVNonPara::cli {
 
@@ -172,9 +173,9 @@ bool isTestOrOption(std::string_view word) {
 }
 
 std::string noSuchTest(std::string_view word) {
-    std::string text = word.empty()
-                           ? "tbvnonpara: Name a test:"
-                           : fmt::format("tbvnonpara: There is no test \"{}\"; the tests are:", word);
+    std::string text = word.empty() ? "tbvnonpara: Name a test:"
+                                    : fmt::format("tbvnonpara: There is no test \"{}\"; the tests are:",
+                                                  rendering::escaped(word));
     for (const OfferedTest& test : offeredTests()) {
         text += fmt::format(" {}", test.name);
     }
@@ -224,7 +225,9 @@ std::variant<Arguments, Answer> parseArguments(int count, const char* const* wor
     } catch (const CLI::CallForVersion&) {
         return Answer{fmt::format("tbvnonpara {}\n", version), 0};
     } catch (const CLI::ParseError& error) {
-        return Answer{fmt::format("tbvnonpara: {}\nTry: tbvnonpara --help\n", error.what()), usageStatus};
+        return Answer{
+            fmt::format("tbvnonpara: {}\nTry: tbvnonpara --help\n", rendering::escaped(error.what())),
+            usageStatus};
     }
     if (found.delimiter == "," && found.decimal == ",") {
         return Answer{"tbvnonpara: --delimiter and --decimal cannot both be a comma\n", usageStatus};
@@ -235,7 +238,7 @@ std::variant<Arguments, Answer> parseArguments(int count, const char* const* wor
     const bool formatGiven = !found.format.empty();
     Arguments arguments = finish(std::move(found));
     if (const std::optional<std::string> wrong = settleSaving(arguments, formatGiven)) {
-        return Answer{fmt::format("tbvnonpara: {}\n", *wrong), usageStatus};
+        return Answer{fmt::format("tbvnonpara: {}\n", rendering::escaped(*wrong)), usageStatus};
     }
     return arguments;
 }

@@ -4,6 +4,7 @@
 #include <array>
 #include <fmt/format.h>
 
+#include "tbvnonpara/rendering/display_width.hpp"
 #include "tbvnonpara/rendering/json_values.hpp"
 #include "tbvnonpara/request/error_causes.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
@@ -74,8 +75,9 @@ std::string explain(const Error& error, const Circumstances& circumstances) {
 }
 
 std::string errorText(const Error& error, const Circumstances& circumstances) {
-    const std::string source = error.source().empty() ? "" : ": " + error.source();
-    return fmt::format("tbvnonpara: {}\n  error {} ({}){}\n", explain(error, circumstances), error.number(),
+    const std::string source = error.source().empty() ? "" : ": " + rendering::escaped(error.source());
+    return fmt::format("tbvnonpara: {}\n  error {} ({}){}\n",
+                       rendering::escaped(explain(error, circumstances)), error.number(),
                        nameOf(error.number()), source);
 }
 

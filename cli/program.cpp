@@ -18,6 +18,7 @@
 #include "tbvnonpara/analysis/run_test.hpp"
 #include "tbvnonpara/rendering/csv_report.hpp"
 #include "tbvnonpara/rendering/data_picture.hpp"
+#include "tbvnonpara/rendering/display_width.hpp"
 #include "tbvnonpara/rendering/html_report.hpp"
 #include "tbvnonpara/rendering/json_report.hpp"
 #include "tbvnonpara/rendering/text_report.hpp"
@@ -34,9 +35,23 @@ void tell(std::string_view text) {
     std::fwrite(text.data(), 1, text.size(), stderr);
 }
 
+/// What names sheets cannot act on the terminal; the lines stay.
+std::string escapedLines(std::string_view text) {
+    std::string lines;
+    for (;;) {
+        const std::size_t end = std::min(text.find('\n'), text.size());
+        lines += rendering::escaped(text.substr(0, end));
+        if (end == text.size()) {
+            return lines;
+        }
+        lines += '\n';
+        text.remove_prefix(end + 1);
+    }
+}
+
 void warn(const std::vector<std::string>& warnings) {
     for (const std::string& warning : warnings) {
-        tell(fmt::format("tbvnonpara: warning: {}\n", warning));
+        tell(fmt::format("tbvnonpara: warning: {}\n", rendering::escaped(warning)));
     }
 }
 
@@ -54,9 +69,10 @@ int answer(const Answer& answer) {
 void write(const analysis::FinishedTest& finished, const Arguments& arguments,
            const rendering::PictureData& data, const std::vector<std::string>& warnings, Output& output) {
     const rendering::ReportBlock report(finished.sheet(), finished.block());
+    const bool shown = arguments.save.empty();
     switch (arguments.format) {
         case OutputFormat::Text:
-            rendering::writeText(report, arguments.save.empty() && wantsColour(), output);
+            rendering::writeText(report, shown && wantsColour(), output);
             break;
         case OutputFormat::Json:
             rendering::writeJson(arguments.test->name, finished.address(), report,
@@ -64,7 +80,7 @@ void write(const analysis::FinishedTest& finished, const Arguments& arguments,
                                  warnings);
             break;
         case OutputFormat::Csv:
-            rendering::writeCsv(report, output);
+            rendering::writeCsv(report, output, shown && writesToTerminal());
             break;
         case OutputFormat::Html:
             rendering::writeHtml(report, arguments.test->title,
@@ -96,15 +112,15 @@ rendering::PictureData dataToDraw(const workbook::EmbeddedApplication& applicati
 
 void analyse(const Arguments& arguments, Circumstances& circumstances) {
     checkSaving(arguments);
-    Progress progress("Reading " + arguments.file);
+    Progress progress("Reading " + rendering::escaped(arguments.file));
     std::string remark;
     const ObjectRef<workbook::EmbeddedApplication> application = open(arguments, &remark);
     if (!remark.empty()) {
-        tell(remark + '\n');
+        tell(rendering::escaped(remark) + '\n');
     }
     circumstances.ranges = analysis::chooseRanges(*application, arguments);
     if (!circumstances.ranges.note.empty()) {
-        tell(circumstances.ranges.note + '\n');
+        tell(escapedLines(circumstances.ranges.note) + '\n');
     }
     progress.next("Analysing");
     // The picture shows the data as they are before a report is put over them.
@@ -114,11 +130,11 @@ void analyse(const Arguments& arguments, Circumstances& circumstances) {
     std::ranges::move(warningsOnPlace(finished, arguments), std::back_inserter(warnings));
     const auto writeTo = [&](Output& output) { write(finished, arguments, data, warnings, output); };
     if (!arguments.save.empty()) {
-        progress.next("Saving " + arguments.save);
+        progress.next("Saving " + rendering::escaped(arguments.save));
         const std::string saved = saveReport(finished, arguments, writeTo);
         progress.end();
         warn(warnings);
-        tell(saved + '\n');
+        tell(rendering::escaped(saved) + '\n');
         return;
     }
     progress.end();
@@ -163,7 +179,7 @@ int runProgram(int count, const char* const* words) try {
                      failure.code().message()));
     return failureStatus;
 } catch (const std::exception& failure) {
-    tell(fmt::format("tbvnonpara: {}\n", failure.what()));
+    tell(fmt::format("tbvnonpara: {}\n", rendering::escaped(failure.what())));
     return failureStatus;
 }
 

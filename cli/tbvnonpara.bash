@@ -1,8 +1,8 @@
 # bash completion for tbvnonpara
 
 _tbvnonpara_options() {
-    local options="--y --sheet --headers --no-headers --format --delimiter --decimal --thousands --encoding --comment --save --output --overwrite --with-data
-        --help"
+    local options="--y --sheet --headers --no-headers --format --delimiter --decimal --thousands --encoding --comment
+        --save --output --overwrite --with-data --help"
     case $1 in
         mann-whitney | wilcoxon | spearman | sign) options+=" --x" ;;
     esac
@@ -27,6 +27,51 @@ _tbvnonpara_tails() {
     esac
 }
 
+# A name as the shell reads it, with nothing in it that would act on the terminal.
+_tbvnonpara_quoted() {
+    local text=$1 quoted="" character code i
+    for ((i = 0; i < ${#text}; i++)); do
+        character=${text:i:1}
+        printf -v code %d "'$character"
+        if ((code == 127 || (code >= 0 && code < 32))); then
+            printf -v character '\\%03o' "$code"
+        elif (((code >= 0x80 && code < 0xA0) || (code >= 0x2028 && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069))); then
+            printf -v character '\\u%04x' "$code"
+        elif [[ $character == [\\\'] ]]; then
+            character="\\$character"
+        fi
+        quoted+=$character
+    done
+    printf '%s' "\$'$quoted'"
+}
+
+# Offers the names of files and folders on standard input. Only where one of them would act on the terminal are they
+# quoted here, otherwise by the shell, which also tells folders apart.
+_tbvnonpara_offer_files() {
+    local name turning=$'\u2028\u2029\u202A\u202B\u202C\u202D\u202E\u2066\u2067\u2068\u2069'
+    # Only a locale with these characters can show them.
+    ((${#turning} == 11)) || turning=""
+    local acting="[[:cntrl:]$turning]"
+    mapfile -t COMPREPLY
+    if [[ ${COMPREPLY[*]} != *$acting* ]]; then
+        compopt -o filenames 2>/dev/null
+        return
+    fi
+    local names=("${COMPREPLY[@]}")
+    COMPREPLY=()
+    compopt -o nospace 2>/dev/null
+    for name in "${names[@]}"; do
+        # A line break in a name makes two of it that are not there.
+        [[ -e $name ]] || continue
+        [[ -d $name ]] && name+=/
+        if [[ $name == *$acting* ]]; then
+            COMPREPLY+=("$(_tbvnonpara_quoted "$name")")
+        else
+            COMPREPLY+=("$(printf %q "$name")")
+        fi
+    done
+}
+
 _tbvnonpara() {
     local tests="mann-whitney wilcoxon spearman sign median friedman kruskal-wallis runs"
     local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} test=${COMP_WORDS[1]}
@@ -43,16 +88,14 @@ _tbvnonpara() {
         --encoding) mapfile -t COMPREPLY < <(compgen -W "utf-8 latin1 windows-1252" -- "$word") ;;
         --decimal | --comment | --y | --x | --sheet | --output) ;;
         --save)
-            compopt -o filenames 2>/dev/null
-            mapfile -t COMPREPLY < <(compgen -f -- "$word")
+            _tbvnonpara_offer_files < <(compgen -f -- "$word")
             ;;
         *)
             if [[ $word == -* ]]; then
                 mapfile -t COMPREPLY < <(compgen -W "$(_tbvnonpara_options "$test")" -- "$word")
             else
                 # Folders are offered as well: a file may lie in one.
-                compopt -o filenames 2>/dev/null
-                mapfile -t COMPREPLY < <(
+                _tbvnonpara_offer_files < <(
                     compgen -d -- "$word"
                     compgen -f -X '!*.csv' -- "$word"
                     compgen -f -X '!*.tsv' -- "$word"

@@ -24,6 +24,10 @@ bool wantsColour() {
     return variable("NO_COLOR").empty() && isCapable() && isatty(STDOUT_FILENO) != 0;
 }
 
+bool writesToTerminal() {
+    return isatty(STDOUT_FILENO) != 0;
+}
+
 bool showsProgress() {
     return isCapable() && isatty(STDERR_FILENO) != 0;
 }

@@ -6,6 +6,9 @@ namespace TBVNonPara::cli {
 /// terminal.
 [[nodiscard]] bool wantsColour();
 
+/// Whether standard output is a terminal of any kind.
+[[nodiscard]] bool writesToTerminal();
+
 /// Whether standard error is a terminal that can rewrite a line.
 [[nodiscard]] bool showsProgress();
 

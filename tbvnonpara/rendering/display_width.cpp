@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <fmt/format.h>
 #include <iterator>
 #include <span>
 
@@ -110,7 +112,30 @@ bool isControl(char32_t character) noexcept {
     return character < 0x20 || (character >= 0x7F && character < 0xA0);
 }
 
+/// What breaks a line, or embeds or overrides a direction of writing.
+bool turnsOrBreaks(char32_t character) noexcept {
+    return (character >= 0x2028 && character <= 0x202E) || (character >= 0x2066 && character <= 0x2069);
+}
+
+std::string escapeOf(char32_t character) {
+    switch (character) {
+        case U'\n':
+            return "\\n";
+        case U'\r':
+            return "\\r";
+        case U'\t':
+            return "\\t";
+        default:
+            return character < 0x100 ? fmt::format("\\x{:02X}", static_cast<std::uint32_t>(character))
+                                     : fmt::format("\\u{:04X}", static_cast<std::uint32_t>(character));
+    }
+}
+
 }  // namespace
+
+bool actsOnTerminal(char32_t character) noexcept {
+    return isControl(character) || turnsOrBreaks(character);
+}
 
 std::size_t displayWidth(std::string_view text) noexcept {
     std::size_t total = 0;
@@ -125,9 +150,27 @@ std::string onOneLine(std::string_view text) {
     while (!text.empty()) {
         const char32_t character = takeCharacter(text);
         const bool isBlank = character >= U'\t' && character <= U'\r';
-        appendCharacter(line, isBlank ? U' ' : isControl(character) ? U'\uFFFD' : character);
+        appendCharacter(line, isBlank ? U' ' : actsOnTerminal(character) ? U'\uFFFD' : character);
     }
     return line;
+}
+
+std::string escaped(std::string_view text) {
+    std::string visible;
+    while (!text.empty()) {
+        const std::string_view before = text;
+        const char32_t character = takeCharacter(text);
+        const std::string_view bytes = before.substr(0, before.size() - text.size());
+        const auto first = static_cast<unsigned char>(bytes.front());
+        if (bytes.size() == 1 && first >= 0x80) {
+            visible += escapeOf(first);
+        } else if (actsOnTerminal(character)) {
+            visible += escapeOf(character);
+        } else {
+            visible += bytes;
+        }
+    }
+    return visible;
 }
 
 }  // namespace TBVNonPara::rendering

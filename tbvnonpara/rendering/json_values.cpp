@@ -1,10 +1,14 @@
 #include "tbvnonpara/rendering/json_values.hpp"
 
 #include <cmath>
+#include <cstdint>
+#include <fmt/format.h>
 #include <nlohmann/json.hpp>
 #include <span>
 #include <utility>
 
+#include "tbvnonpara/core/utf8.hpp"
+#include "tbvnonpara/rendering/display_width.hpp"
 #include "tbvnonpara/rendering/numbers.hpp"
 
 namespace TBVNonPara::rendering {
@@ -50,6 +54,20 @@ std::pair<std::string_view, std::string_view> partsOf(std::string_view name) {
                                          : std::pair(name.substr(0, dot), name.substr(dot + 1));
 }
 
+/// JSON that holds what acts on a terminal only as an escape, which reads as the same text.
+std::string withoutEffect(const std::string& json) {
+    std::string harmless;
+    for (std::string_view rest = json; !rest.empty();) {
+        const char32_t character = takeCharacter(rest);
+        if (actsOnTerminal(character)) {
+            harmless += fmt::format("\\u{:04x}", static_cast<std::uint32_t>(character));
+        } else {
+            appendCharacter(harmless, character);
+        }
+    }
+    return harmless;
+}
+
 }  // namespace
 
 std::string numberInJson(double number) {
@@ -58,7 +76,7 @@ std::string numberInJson(double number) {
 
 std::string textInJson(std::string_view text) {
     using Json = nlohmann::json;
-    return Json(text).dump(-1, ' ', false, Json::error_handler_t::replace);
+    return withoutEffect(Json(text).dump(-1, ' ', false, Json::error_handler_t::replace));
 }
 
 std::string cellInJson(const CellValue& value) {

@@ -144,7 +144,8 @@ class Documents(unittest.TestCase):
         script = ('source "$1"; shift; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); _tbvnonpara; '
                   'printf "%s\\n" "${COMPREPLY[@]}"')
         result = subprocess.run(["bash", "-c", script, "bash", str(PROJECT / "cli/tbvnonpara.bash"), "tbvnonpara",
-                                 *words], capture_output=True, encoding="utf-8", cwd=PROJECT, check=True)
+                                 *words], capture_output=True, encoding="utf-8", cwd=PROJECT, check=True,
+                                env={**os.environ, "LC_ALL": "C.UTF-8"})
         return set(result.stdout.split())
 
     def test_completion_offers_the_tests_and_exactly_their_options(self):
@@ -165,6 +166,13 @@ class Documents(unittest.TestCase):
     def test_completion_offers_data_files_and_folders(self):
         self.assertEqual(self.completed("runs", "examples/h"), {"examples/huron.csv"})
         self.assertEqual(self.completed("runs", "exa"), {"examples"})
+
+    def test_completion_shows_names_that_would_act_on_the_terminal_as_the_shell_quotes_them(self):
+        with tempfile.TemporaryDirectory() as folder:
+            for name in ("a\x1b[31m\u202e.csv", "a\nb.csv", "a'c.csv"):
+                open(os.path.join(folder, name), "w", encoding="utf-8").close()
+            offered = self.completed("runs", folder + "/a")
+        self.assertEqual(offered, {f"$'{folder}/a\\033[31m\\u202e.csv'", f"{folder}/a\\'c.csv"})
 
     def test_the_manual_and_the_page_on_the_program_name_every_option_and_test(self):
         manual = (PROJECT / "cli/tbvnonpara.1").read_text(encoding="utf-8").replace("\\-", "-")

@@ -1,12 +1,13 @@
 """Statuses, errors and files: program_test.py PROGRAM PROJECT_FOLDER."""
 
 import json
+import os
 import pathlib
 import subprocess
 import tempfile
 import unittest
 
-from program import EXAMPLES, PLANTS, PROGRAM, run
+from program import EXAMPLES, PLANTS, PROGRAM, on_a_terminal, run
 
 
 class Statuses(unittest.TestCase):
@@ -37,6 +38,51 @@ class Statuses(unittest.TestCase):
         result = run("mann-whitney", "-", text="a,b\n1,x\n2,3\n")
         self.assertEqual(result.returncode, 1)
         self.assertIn('stdin!B2 holds the text "x"', result.stderr)
+
+
+class Terminals(unittest.TestCase):
+    """What a header, a sheet or a file's name holds is shown, never sent."""
+
+    NAME = "a\x1b[31m\u202eb\n.csv"
+
+    def in_file(self, *words, text="x,y\n1,4\n2,5\n3,6\n"):
+        with tempfile.TemporaryDirectory() as folder:
+            path = pathlib.Path(folder) / self.NAME
+            path.write_text(text, encoding="utf-8")
+            return run("mann-whitney", str(path), *words)
+
+    def assert_harmless(self, text):
+        self.assertNotRegex(text, "[\x1b\u202e]")
+
+    def test_names_of_files_and_sheets_are_escaped_in_messages(self):
+        cases = (
+            ([], r"using a__31m\u202Eb_!A1:A4"),
+            (["--y", "nothing\x1b"], r'no column "nothing\x1B"'),
+            (["--y", "A", "--x", "no\x1bthing"], r'no column "no\x1Bthing"'),
+            (["--sheet", "no\x1bthing"], r'no\x1Bthing'),
+            (["--output", "no\x1bthing!A1"], "tbvNPBadOutputRange"),
+            (["--save", "no\x1bthing"], r"no\x1Bthing"),
+            (["--tails", "\x1b"], r"\x1B"),
+            (["--\x1b"], r"--\x1B"),
+        )
+        for words, shown in cases:
+            result = self.in_file(*words)
+            self.assertIn(shown, result.stderr, words)
+            self.assert_harmless(result.stderr)
+        self.assertIn(r'no test "an\x1Bova"', run("an\x1bova").stderr)
+        with tempfile.TemporaryDirectory() as folder:
+            self.assertIn(self.NAME.encode("unicode_escape").decode().replace("x1b", "x1B").replace("u202e", "u202E"),
+                          run("runs", os.path.join(folder, self.NAME)).stderr)
+
+    def test_csv_is_escaped_on_a_terminal_and_exact_elsewhere(self):
+        with tempfile.TemporaryDirectory() as folder:
+            path = pathlib.Path(folder) / "data.csv"
+            path.write_text("x\x1b[31m,y\n1,4\n2,5\n3,6\n", encoding="utf-8")
+            words = ("mann-whitney", str(path), "--headers", "--tails", "less", "--format", "csv")
+            self.assertIn("1-tailed Test (x\x1b[31m < y)", run(*words).stdout)
+            shown = on_a_terminal(*words)
+            self.assertIn(r"1-tailed Test (x\x1B[31m < y)", shown)
+            self.assert_harmless(shown)
 
 
 class Warnings(unittest.TestCase):

@@ -45,6 +45,19 @@ TEST(OnOneLine, BytesThatAreNoTextBecomeReplacementCharacters) {
     EXPECT_EQ(displayWidth("a\xB5z"), 3U);
 }
 
+TEST(OnOneLine, NothingTurnsTheDirectionOfWriting) {
+    EXPECT_EQ(onOneLine("a\u202Eb\u2067c\u2028d"), "a\uFFFDb\uFFFDc\uFFFDd");
+    EXPECT_EQ(onOneLine("אב\u200F"), "אב\u200F");
+}
+
+TEST(Escaped, ShowsWhatWouldActOnATerminal) {
+    EXPECT_EQ(escaped("a\nb\r\tc"), "a\\nb\\r\\tc");
+    EXPECT_EQ(escaped("\033[31m\x7F\u009B"), "\\x1B[31m\\x7F\\x9B");
+    EXPECT_EQ(escaped("\u202Eabc\u2069\u2028"), "\\u202Eabc\\u2069\\u2028");
+    EXPECT_EQ(escaped("\x9B"), "\\x9B");
+    EXPECT_EQ(escaped("Größe 前 😀 אב"), "Größe 前 😀 אב");
+}
+
 TEST(WithoutBlankEnd, KeepsEverythingElse) {
     EXPECT_EQ(withoutBlankEnd("P = "), "P =");
     EXPECT_EQ(withoutBlankEnd("  x"), "  x");

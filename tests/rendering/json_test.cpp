@@ -44,6 +44,14 @@ TEST(JsonValues, ATextIsEscapedAndBytesThatAreNoTextAreReplaced) {
     EXPECT_EQ(textInJson("a\xff"), "\"a\xEF\xBF\xBD\"");
 }
 
+TEST(JsonValues, WhatActsOnATerminalIsEscapedAndReadsAsTheSame) {
+    const std::string text = "a\033\x7F\u009B\u2028\u202E\u2069 Größe 😀 אב\u200F";
+    const std::string json = textInJson(text);
+    EXPECT_EQ(json, R"("a\u001b\u007f\u009b\u2028\u202e\u2069 Größe 😀 אב)"
+                    "\u200F\"");
+    EXPECT_EQ(nlohmann::json::parse(json).get<std::string>(), text);
+}
+
 TEST(JsonValues, OfCellsKeepTheirKind) {
     EXPECT_EQ(cellInJson(Empty()), "null");
     EXPECT_EQ(cellInJson(2.5), "2.5");

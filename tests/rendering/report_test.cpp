@@ -200,6 +200,12 @@ TEST_F(CsvReport, HoldsEveryCellAndQuotesWhereNeeded) {
               ",,\r\n");
 }
 
+TEST_F(CsvReport, WhatActsOnATerminalIsShownWhenAskedFor) {
+    put("A1", Text("a\033b\u202E"));
+    const std::string text = writtenBy([&](Output& output) { writeCsv(block(1, 1), output, true); });
+    EXPECT_EQ(text, "a\\x1Bb\\u202E\r\n");
+}
+
 TEST(Numbers, AreTheShortestThatReadBackAsTheSame) {
     EXPECT_EQ(shortest(9), "9");
     EXPECT_EQ(shortest(0.1), "0.1");
