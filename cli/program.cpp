@@ -72,7 +72,7 @@ void write(const analysis::FinishedTest& finished, const Arguments& arguments,
     const bool shown = arguments.save.empty();
     switch (arguments.format) {
         case OutputFormat::Text:
-            rendering::writeText(report, shown && wantsColour(), output);
+            rendering::writeText(report, shown && wantsColour(), output, shown ? terminalWidth() : 0);
             break;
         case OutputFormat::Json:
             rendering::writeJson(arguments.test->name, finished.address(), report,

@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <string_view>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 namespace TBVNonPara::cli {
@@ -26,6 +27,11 @@ bool wantsColour() {
 
 bool writesToTerminal() {
     return isatty(STDOUT_FILENO) != 0;
+}
+
+std::size_t terminalWidth() {
+    winsize size{};
+    return writesToTerminal() && ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
 }
 
 bool showsProgress() {

@@ -131,6 +131,30 @@ std::string escapeOf(char32_t character) {
     }
 }
 
+/// As much of a text as takes so many columns.
+std::string_view columnsFrom(std::string_view text, std::size_t most) noexcept {
+    std::string_view rest = text;
+    std::size_t taken = 0;
+    while (!rest.empty()) {
+        std::string_view behind = rest;
+        taken += width(takeCharacter(behind));
+        if (taken > most) {
+            break;
+        }
+        rest = behind;
+    }
+    return text.substr(0, text.size() - rest.size());
+}
+
+/// The end of a text that takes at most so many columns.
+std::string_view columnsUpToEnd(std::string_view text, std::size_t most) noexcept {
+    std::size_t spare = displayWidth(text);
+    while (spare > most) {
+        spare -= width(takeCharacter(text));
+    }
+    return text;
+}
+
 }  // namespace
 
 bool actsOnTerminal(char32_t character) noexcept {
@@ -171,6 +195,38 @@ std::string escaped(std::string_view text) {
         }
     }
     return visible;
+}
+
+std::string shortened(const std::string& text, std::size_t most) {
+    // No character takes more columns than bytes.
+    if (text.size() <= most || displayWidth(text) <= most) {
+        return text;
+    }
+    const std::size_t kept = std::max<std::size_t>(most, 1) - 1;
+    const std::string_view beginning = columnsFrom(text, kept - kept / 2);
+    return std::string(beginning).append("…").append(columnsUpToEnd(text, kept / 2));
+}
+
+std::vector<std::string> folded(std::string_view text, std::size_t most) {
+    std::vector<std::string> lines;
+    while (displayWidth(text) > most) {
+        std::string_view line = columnsFrom(text, most);
+        if (line.empty()) {  // not even one character fits
+            std::string_view behind = text;
+            takeCharacter(behind);
+            line = text.substr(0, text.size() - behind.size());
+        }
+        if (const std::size_t blank = line.rfind(' '); blank != std::string_view::npos && blank > 0) {
+            line = line.substr(0, blank);
+        }
+        lines.emplace_back(withoutBlankEnd(line));
+        text.remove_prefix(line.size());
+        text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+    }
+    if (lines.empty() || !text.empty()) {
+        lines.emplace_back(text);
+    }
+    return lines;
 }
 
 }  // namespace TBVNonPara::rendering

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace TBVNonPara::rendering {
 
@@ -19,6 +20,12 @@ namespace TBVNonPara::rendering {
 /// The text with everything that acts on a terminal in visible form: \n and \t, \x1B for other control
 /// characters and bytes that are no UTF-8, \u202E for what breaks lines or turns the direction of writing.
 [[nodiscard]] std::string escaped(std::string_view text);
+
+/// At most so many columns of a text: its beginning and its end with "…" between them.
+[[nodiscard]] std::string shortened(const std::string& text, std::size_t most);
+
+/// The text in lines of at most so many columns, cut at blanks where there are any.
+[[nodiscard]] std::vector<std::string> folded(std::string_view text, std::size_t most);
 
 /// The text without the blanks at its end.
 [[nodiscard]] constexpr std::string_view withoutBlankEnd(std::string_view text) noexcept {

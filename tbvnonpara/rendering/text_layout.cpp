@@ -1,14 +1,15 @@
 #include "tbvnonpara/rendering/text_layout.hpp"
 
 #include <algorithm>
+#include <iterator>
+#include <limits>
+#include <numeric>
 
 #include "tbvnonpara/rendering/display_width.hpp"
 
 namespace TBVNonPara::rendering {
 
 namespace {
-
-constexpr std::size_t gap = 2;
 
 bool isCentredAcross(const ReportBlock& report, Index row, Index column) {
     return report.format(row, column).alignment == AlignCentreAcrossSelection;
@@ -18,8 +19,8 @@ bool isShown(const ReportBlock& report, Index row, Index column) {
     return !isEmpty(report.value(row, column));
 }
 
-std::size_t shownWidth(const ReportBlock& report, Index row, Index column) {
-    return displayWidth(withoutBlankEnd(report.shown(row, column)));
+std::size_t shownWidth(const ReportBlock& report, Index row, Index column, std::size_t mostOfText) {
+    return displayWidth(withoutBlankEnd(shownShort(report, row, column, mostOfText)));
 }
 
 Side sideOfNumber(HorizontalAlignment alignment) {
@@ -38,7 +39,38 @@ Side sideOfText(HorizontalAlignment alignment) {
     return alignment == AlignGeneral ? Side::Left : sideOfNumber(alignment);
 }
 
+/// The width of some columns side by side.
+std::size_t together(const std::vector<std::size_t>& widths, const std::vector<Index>& columns) {
+    std::size_t total = 0;
+    for (const Index column : columns) {
+        const std::size_t own = widths[static_cast<std::size_t>(column - 1)];
+        total += own == 0 ? 0 : own + (total == 0 ? 0 : gap);
+    }
+    return total;
+}
+
+/// Whether a section's last row begins with a text over or beside numbers.
+bool beginsWithLabels(const ReportBlock& report, Section rows) {
+    for (Index column = 1; column <= report.columns(); ++column) {
+        if (isShown(report, rows.last, column)) {
+            return std::holds_alternative<Text>(report.value(rows.last, column)) &&
+                   !standsAlone(report, rows.last, column);
+        }
+    }
+    return false;
+}
+
 }  // namespace
+
+std::string shownShort(const ReportBlock& report, Index row, Index column, std::size_t mostOfText) {
+    constexpr std::size_t mostAlone = 400;
+    const std::string text = report.shown(row, column);
+    // No character takes more columns than bytes, and a number is never cut.
+    if (text.size() <= mostOfText || !std::holds_alternative<Text>(report.value(row, column))) {
+        return text;
+    }
+    return shortened(text, standsAlone(report, row, column) ? mostAlone : mostOfText);
+}
 
 bool standsAlone(const ReportBlock& report, Index row, Index column) {
     for (Index other = 1; other <= report.columns(); ++other) {
@@ -96,47 +128,91 @@ Section sectionAt(const ReportBlock& report, Index row) {
     return section;
 }
 
-TextLayout::TextLayout(const ReportBlock& report, Section rows)
-    : m_Widths(static_cast<std::size_t>(report.columns())), m_Starts(m_Widths.size()) {
-    measureCells(report, rows);
-    widenForSpans(report, rows);
-    place();
+TextLayout::TextLayout(const ReportBlock& report, Section rows, std::size_t mostOfText)
+    : m_Widths(static_cast<std::size_t>(report.columns())),
+      m_Starts(m_Widths.size()),
+      m_BeginsWithLabels(beginsWithLabels(report, rows)) {
+    measureCells(report, rows, mostOfText);
+    std::vector<Index> all(m_Widths.size());
+    std::iota(all.begin(), all.end(), Index{1});
+    arrange(all, std::numeric_limits<std::size_t>::max());
+    // A column that holds nothing but a part of a heading is one to be shown, too.
+    std::ranges::transform(m_Widths, m_Placed, m_Widths.begin(),
+                           [](std::size_t own, std::size_t placed) { return own == 0 ? placed : own; });
 }
 
-void TextLayout::measureCells(const ReportBlock& report, Section rows) {
+void TextLayout::measureCells(const ReportBlock& report, Section rows, std::size_t mostOfText) {
     for (Index row = rows.first; row <= rows.last; ++row) {
         for (Index column = 1; column <= report.columns(); ++column) {
-            if (!isShown(report, row, column) || lastOfSpan(report, row, column) > column ||
-                standsAlone(report, row, column)) {
+            if (!isShown(report, row, column) || standsAlone(report, row, column)) {
                 continue;
             }
-            std::size_t& widest = m_Widths[at(column)];
-            widest = std::max(widest, shownWidth(report, row, column));
-        }
-    }
-}
-
-void TextLayout::widenForSpans(const ReportBlock& report, Section rows) {
-    for (Index row = rows.first; row <= rows.last; ++row) {
-        for (Index column = 1; column <= report.columns(); ++column) {
-            const Index last = isShown(report, row, column) ? lastOfSpan(report, row, column) : column;
-            if (last == column) {
-                continue;
-            }
-            const std::size_t wanted = shownWidth(report, row, column);
-            for (Index next = last; width(column, last) < wanted; next = next == column ? last : next - 1) {
-                m_Widths[at(next)] += 1;
+            const std::size_t wanted = shownWidth(report, row, column, mostOfText);
+            if (const Index last = lastOfSpan(report, row, column); last > column) {
+                m_Spans.push_back({column, last, wanted});
+            } else {
+                m_Widths[at(column)] = std::max(m_Widths[at(column)], wanted);
             }
         }
     }
 }
 
-void TextLayout::place() {
+bool TextLayout::fits(const std::vector<Index>& columns, std::size_t most) const {
+    return together(m_Widths, columns) <= most;
+}
+
+void TextLayout::arrange(const std::vector<Index>& columns, std::size_t most) {
+    m_Placed.assign(m_Widths.size(), 0);
+    for (const Index column : columns) {
+        m_Placed[at(column)] = m_Widths[at(column)];
+    }
+    for (const Span& span : m_Spans) {
+        widen(span, columns, most);
+    }
     std::size_t start = 0;
-    for (std::size_t i = 0; i < m_Widths.size(); ++i) {
+    for (std::size_t i = 0; i < m_Placed.size(); ++i) {
         m_Starts[i] = start;
-        start += m_Widths[i] == 0 ? 0 : m_Widths[i] + gap;
+        start += m_Placed[i] == 0 ? 0 : m_Placed[i] + gap;
     }
+}
+
+void TextLayout::widen(const Span& span, const std::vector<Index>& columns, std::size_t most) {
+    std::vector<Index> own;
+    std::ranges::copy_if(columns, std::back_inserter(own),
+                         [&](Index column) { return column >= span.first && column <= span.last; });
+    if (own.empty()) {
+        return;
+    }
+    const std::size_t beside = together(m_Placed, columns) - together(m_Placed, own);
+    const std::size_t wanted = std::min(span.wanted, most - std::min(most, beside));
+    for (auto next = own.rbegin(); together(m_Placed, own) < wanted;
+         next = next + 1 == own.rend() ? own.rbegin() : next + 1) {
+        m_Placed[at(*next)] += 1;
+    }
+}
+
+std::vector<std::vector<Index>> TextLayout::parts(std::size_t most) const {
+    std::vector<std::vector<Index>> parts(1);
+    std::size_t taken = 0;
+    Index labels = 0;
+    for (Index column = 1; column <= static_cast<Index>(m_Widths.size()); ++column) {
+        const std::size_t own = m_Widths[at(column)];
+        labels = labels == 0 && own > 0 && m_BeginsWithLabels ? column : labels;
+        const bool empty = parts.back().size() == (labels != 0 && parts.size() > 1 ? 1U : 0U);
+        if (own > 0 && !empty && taken + gap + own > most) {
+            parts.emplace_back();
+            taken = 0;
+            if (labels != 0) {
+                parts.back().push_back(labels);
+                taken = m_Widths[at(labels)];
+            }
+        }
+        taken += own == 0 ? 0 : own + (taken == 0 ? 0 : gap);
+        if (own > 0) {
+            parts.back().push_back(column);
+        }
+    }
+    return parts;
 }
 
 std::size_t TextLayout::width(Index first, Index last) const {

@@ -1,5 +1,7 @@
 #include "tbvnonpara/rendering/text_report.hpp"
 
+#include <algorithm>
+
 #include "tbvnonpara/rendering/display_width.hpp"
 #include "tbvnonpara/rendering/text_layout.hpp"
 
@@ -41,21 +43,85 @@ class Line {
 /// Writes the rows of one section.
 class SectionWriter {
  public:
-    SectionWriter(const ReportBlock& report, Section rows, bool colour, Output& output)
-        : m_Report(report), m_Layout(report, rows), m_Rows(rows), m_Colour(colour), m_Output(output) {}
+    SectionWriter(const ReportBlock& report, Section rows, bool colour, std::size_t width, Output& output)
+        : m_Report(report),
+          m_Layout(report, rows),
+          m_Rows(rows),
+          m_Colour(colour),
+          m_Width(width),
+          m_Output(output) {}
 
     void write() {
-        for (Index row = m_Rows.first; row <= m_Rows.last; ++row) {
-            emit(cells(row));
-            emit(rule(row));
+        if (m_Width == 0 || m_Layout.width(1, m_Report.columns()) <= m_Width) {
+            writeRows();
+            return;
+        }
+        for (const std::vector<Index>& part : parts()) {
+            if (m_IsContinued) {
+                m_Output.write("\n");
+            }
+            m_Layout.arrange(part, m_Width);
+            writeRows();
+            m_IsContinued = true;
         }
     }
 
  private:
+    /// Where labels and one more column are wider than the terminal, texts are shortened until they fit.
+    [[nodiscard]] std::vector<std::vector<Index>> parts() {
+        const std::vector<std::vector<Index>> parts = m_Layout.parts(m_Width);
+        if (std::ranges::all_of(parts, [&](const auto& part) { return m_Layout.fits(part, m_Width); })) {
+            return parts;
+        }
+        m_MostOfText = std::min(mostInTable, std::max(m_Width, gap + 2) / 2 - gap / 2);
+        m_Layout = TextLayout(m_Report, m_Rows, m_MostOfText);
+        return m_Layout.parts(m_Width);
+    }
+
+    void writeRows() {
+        for (Index row = m_Rows.first; row <= m_Rows.last; ++row) {
+            if (const Index alone = onlyCell(row); alone != 0) {
+                writeAlone(row, alone);
+            } else {
+                emit(cells(row));
+            }
+            emit(rule(row));
+        }
+    }
+
+    /// The column of a cell that would be wider than the terminal by itself; 0 for any other row.
+    [[nodiscard]] Index onlyCell(Index row) const {
+        if (m_Width == 0) {
+            return 0;
+        }
+        for (Index column = 1; column <= m_Report.columns(); ++column) {
+            if (!m_Report.shown(row, column).empty()) {
+                return standsAlone(m_Report, row, column) ? column : 0;
+            }
+        }
+        return 0;
+    }
+
+    void writeAlone(Index row, Index column) {
+        if (m_IsContinued) {
+            return;
+        }
+        const std::string text = shownShort(m_Report, row, column, m_MostOfText);
+        if (m_Layout.start(column) + displayWidth(text) <= m_Width) {
+            emit(cells(row));
+            return;
+        }
+        for (const std::string& piece : folded(text, m_Width)) {
+            Line line(m_Colour);
+            line.put(0, piece, displayWidth(piece), m_Report.format(row, column).bold ? bold : "");
+            emit(line);
+        }
+    }
+
     [[nodiscard]] Line cells(Index row) const {
         Line line(m_Colour);
         for (Index column = 1; column <= m_Report.columns(); ++column) {
-            const std::string text = m_Report.shown(row, column);
+            const std::string text = shownShort(m_Report, row, column, m_MostOfText);
             if (!text.empty()) {
                 place(line, row, column, text);
             }
@@ -64,11 +130,17 @@ class SectionWriter {
     }
 
     void place(Line& line, Index row, Index column, const std::string& text) const {
+        const bool alone = standsAlone(m_Report, row, column);
         const std::size_t room = m_Layout.width(column, lastOfSpan(m_Report, row, column));
-        const Side side = sideOf(m_Report, row, column);
-        const std::string_view shown = withoutBlankEnd(text);
+        if (room == 0 && !alone) {
+            return;  // it stands in another part of the table
+        }
+        // Of a heading over several columns only some may be in this part.
+        const std::string whole(withoutBlankEnd(text));
+        const std::string shown = alone ? whole : shortened(whole, room);
         const std::size_t taken = displayWidth(shown);
         const std::size_t spare = room > taken ? room - taken : 0;
+        const Side side = sideOf(m_Report, row, column);
         const std::size_t before = side == Side::Left ? 0 : side == Side::Right ? spare : spare / 2;
         const std::string_view style = m_Report.format(row, column).bold ? bold : "";
         line.put(m_Layout.start(column) + before, shown, taken, style);
@@ -82,7 +154,7 @@ class SectionWriter {
             while (column <= m_Report.columns() && isRuled(row, column)) {
                 column += 1;
             }
-            if (column > first) {
+            if (column > first && m_Layout.width(first, column - 1) > 0) {
                 const std::size_t width = m_Layout.width(first, column - 1);
                 std::string dashes;
                 for (std::size_t i = 0; i < width; ++i) {
@@ -110,12 +182,15 @@ class SectionWriter {
     TextLayout m_Layout;
     Section m_Rows;
     bool m_Colour;
+    std::size_t m_Width;
+    std::size_t m_MostOfText = mostInTable;
+    bool m_IsContinued = false;
     Output& m_Output;
 };
 
 }  // namespace
 
-void writeText(const ReportBlock& report, bool colour, Output& output) {
+void writeText(const ReportBlock& report, bool colour, Output& output, std::size_t width) {
     std::string blankLines;  // held back until something follows
     for (Index row = 1; row <= report.rows(); ++row) {
         const Section section = sectionAt(report, row);
@@ -125,7 +200,7 @@ void writeText(const ReportBlock& report, bool colour, Output& output) {
         }
         output.write(blankLines);
         blankLines.clear();
-        SectionWriter(report, section, colour, output).write();
+        SectionWriter(report, section, colour, width, output).write();
         row = section.last;
     }
 }

@@ -1,12 +1,15 @@
 """Runs the program as its users do. A test is called with PROGRAM and PROJECT_FOLDER."""
 
 import csv
+import fcntl
 import os
 import pathlib
 import pty
 import select
+import struct
 import subprocess
 import sys
+import termios
 
 PROGRAM = os.path.abspath(sys.argv.pop(1))
 PROJECT = pathlib.Path(sys.argv.pop(1)).resolve()
@@ -20,9 +23,10 @@ def run(*words, text=None, environment=None, **options):
                           env={**os.environ, **(environment or {})}, **options)
 
 
-def on_a_terminal(*words, environment=None):
+def on_a_terminal(*words, environment=None, columns=0):
     """What the program writes when standard output is a terminal."""
     leader, follower = pty.openpty()
+    fcntl.ioctl(follower, termios.TIOCSWINSZ, struct.pack("HHHH", 24, columns, 0, 0))
     with subprocess.Popen([PROGRAM, *words], stdout=follower, stderr=subprocess.DEVNULL,
                           env={**os.environ, "TERM": "xterm", **(environment or {})}) as process:
         os.close(follower)

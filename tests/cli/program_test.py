@@ -84,6 +84,23 @@ class Terminals(unittest.TestCase):
             self.assertIn(r"1-tailed Test (x\x1B[31m < y)", shown)
             self.assert_harmless(shown)
 
+    def test_no_line_is_wider_than_the_terminal(self):
+        words = ("kruskal-wallis", str(EXAMPLES / "chicks.csv"), "--descriptives")
+        lines = on_a_terminal(*words, columns=50, environment={"NO_COLOR": "1"}).replace("\r", "").split("\n")
+        self.assertLessEqual(max(map(len, lines)), 50)
+        text = run(*words).stdout
+        self.assertGreater(max(map(len, text.split("\n"))), 50)
+        # Nothing is left out: the same words, labels and headings aside.
+        self.assertEqual(set(" ".join(lines).replace("─", "").split()), set(text.replace("─", "").split()))
+
+    def test_long_headers_are_shortened_in_text_and_whole_in_json(self):
+        text = "a" * 10000 + ",b\n1,4\n2,5\n3,6\n"
+        words = ("mann-whitney", "-", "--tails", "less", "--descriptives")
+        report = run(*words, text=text).stdout
+        self.assertLessEqual(max(map(len, report.split("\n"))), 400)
+        self.assertIn("aaa…aaa", report)
+        self.assertIn("a" * 10000, run(*words, "--format", "json", text=text).stdout)
+
 
 class Warnings(unittest.TestCase):
     def warned(self, cells, *words):

@@ -1,6 +1,8 @@
 #include "tbvnonpara/rendering/display_width.hpp"
 
 #include <gtest/gtest.h>
+#include <string>
+#include <vector>
 
 namespace TBVNonPara::rendering {
 
@@ -56,6 +58,21 @@ TEST(Escaped, ShowsWhatWouldActOnATerminal) {
     EXPECT_EQ(escaped("\u202Eabc\u2069\u2028"), "\\u202Eabc\\u2069\\u2028");
     EXPECT_EQ(escaped("\x9B"), "\\x9B");
     EXPECT_EQ(escaped("Größe 前 😀 אב"), "Größe 前 😀 אב");
+}
+
+TEST(Shortened, KeepsBothEnds) {
+    EXPECT_EQ(shortened("abcdefghij", 10), "abcdefghij");
+    EXPECT_EQ(shortened("abcdefghijk", 10), "abcde…hijk");
+    EXPECT_EQ(shortened("試験試験試験", 7), "試…験");
+    EXPECT_EQ(displayWidth(shortened(std::string(10'000, 'a'), 80)), 80U);
+    EXPECT_EQ(shortened("abc", 1), "…");
+}
+
+TEST(Folded, CutsAtBlanksAndLongWordsAnywhere) {
+    const std::vector<std::string> lines{"one two", "three", "fourfour", "four"};
+    EXPECT_EQ(folded("one two three fourfourfour", 8), lines);
+    EXPECT_EQ(folded("short", 8), std::vector<std::string>{"short"});
+    EXPECT_EQ(folded("試験", 1), (std::vector<std::string>{"試", "験"}));
 }
 
 TEST(WithoutBlankEnd, KeepsEverythingElse) {

@@ -18,8 +18,9 @@ class Reports : public testing::Test {
     [[nodiscard]] ReportBlock block(Index rows, Index columns) const {
         return {m_Sheet->values(), m_Sheet->formats(), {1, 1, rows, columns}};
     }
-    [[nodiscard]] std::string text(Index rows, Index columns, bool colour = false) const {
-        return writtenBy([&](Output& output) { writeText(block(rows, columns), colour, output); });
+    [[nodiscard]] std::string text(Index rows, Index columns, bool colour = false,
+                                   std::size_t width = 0) const {
+        return writtenBy([&](Output& output) { writeText(block(rows, columns), colour, output, width); });
     }
     [[nodiscard]] std::string csv(Index rows, Index columns) const {
         return writtenBy([&](Output& output) { writeCsv(block(rows, columns), output); });
@@ -182,6 +183,72 @@ TEST_F(TextReport, WithColourBoldCellsAreBoldAndRulesFaint) {
     range("A1")->LetBorder(BorderEdge::Bottom, BorderLine::Thin);
     EXPECT_EQ(text(2, 2, true), "\033[1mP\033[0m\n\033[2m───\033[0m\n0.5  1\n");
     EXPECT_EQ(text(2, 2, false), "P\n───\n0.5  1\n");
+}
+
+TEST_F(TextReport, ColumnsThatDoNotFitFollowBelowBehindTheLabels) {
+    put("A1", "Group");
+    put("B1", "First");
+    put("C1", "Second");
+    put("A2", "Median");
+    put("B2", 1.5);
+    put("C2", 2.5);
+    range("A1:C1")->LetBorder(BorderEdge::Bottom, BorderLine::Thin);
+    EXPECT_EQ(text(2, 3, false, 14),
+              "Group   First\n"
+              "─────────────\n"
+              "Median    1.5\n"
+              "\n"
+              "Group   Second\n"
+              "──────────────\n"
+              "Median     2.5\n");
+    EXPECT_EQ(text(2, 3, false, 21), text(2, 3));
+}
+
+TEST_F(TextReport, AHeadingOverColumnsIsRepeatedOverThoseThatFollow) {
+    put("A1", "Value");
+    put("A2", 1.0);
+    put("B2", 2.0);
+    put("C2", 1234567.0);
+    range("A1:C1")->LetHorizontalAlignment(AlignCentreAcrossSelection);
+    EXPECT_EQ(text(2, 3, false, 8), "Value\n1   2\n\n Value\n1234567\n");
+}
+
+TEST_F(TextReport, AHeadingOverEmptyColumnsStaysWhenColumnsFollowBelow) {
+    put("A1", "Group");
+    put("B1", "Value");
+    put("A2", "Median");
+    put("D2", 1.5);
+    range("B1:C1")->LetHorizontalAlignment(AlignCentreAcrossSelection);
+    EXPECT_EQ(text(2, 4, false, 14), "Group   Value\nMedian\n\nGroup\nMedian  1.5\n");
+}
+
+TEST_F(TextReport, LongLabelsLeaveRoomForTheirNumbers) {
+    put("A1", Text(std::string(60, 'x')));
+    put("B1", 1.5);
+    put("C1", 2.5);
+    EXPECT_EQ(text(1, 3, false, 20), "xxxx…xxxx  1.5  2.5\n");
+    EXPECT_EQ(text(1, 3, false, 70), std::string(60, 'x') + "  1.5  2.5\n");
+    EXPECT_EQ(text(1, 3, false, 66), std::string(60, 'x') + "  1.5\n\n" + std::string(60, 'x') + "  2.5\n");
+}
+
+TEST_F(TextReport, NumbersAreNeverShortened) {
+    put("A1", 123456789.0);
+    put("B1", 1.5);
+    EXPECT_EQ(text(1, 2, false, 4), "123456789\n\n1.5\n");
+}
+
+TEST_F(TextReport, ALineByItselfIsFolded) {
+    put("A1", "Kruskal-Wallis Test Results for:");
+    put("A2", 1.0);
+    put("B2", 2.0);
+    EXPECT_EQ(text(2, 2, false, 20), "Kruskal-Wallis Test\nResults for:\n1  2\n");
+}
+
+TEST_F(TextReport, LongTextsAreShortened) {
+    put("A1", Text(std::string(10'000, 'x')));
+    put("B1", 1.0);
+    const std::string half(39, 'x');
+    EXPECT_EQ(text(1, 2), half + "x…" + half + "  1\n");
 }
 
 TEST_F(TextReport, AnEmptyBlockWritesNothing) {
