@@ -104,6 +104,8 @@ void offerFileAndForm(CLI::App& command, Words& words) {
     command.add_option("--format", words.format, "the form of the report: text, json, csv, html or xlsx")
         ->type_name("WORD")
         ->check(CLI::IsMember({"text", "json", "csv", "html", "xlsx"}).description(""));
+    command.add_flag("--safe-csv", words.arguments.safeCsv,
+                     "in csv, put a ' before texts that a spreadsheet would take for formulas");
     command.add_option("--delimiter", words.delimiter, "what stands between two fields: , ; | tab or space")
         ->type_name("CHARACTER")
         ->check(CLI::IsMember({",", ";", "|", "tab", "space"}).description(""));

@@ -14,6 +14,7 @@ struct Arguments : analysis::Choices {
     OutputFormat format = OutputFormat::Text;
     std::string save;  ///< the file that the report is saved in; empty for standard output
     bool withData = false;
+    bool safeCsv = false;  ///< a text that reads as a formula gets a mark in front
 };
 
 /// The program's answer when no test is to be run: help and version with status 0, a usage error with 2.

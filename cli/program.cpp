@@ -80,7 +80,7 @@ void write(const analysis::FinishedTest& finished, const Arguments& arguments,
                                  warnings);
             break;
         case OutputFormat::Csv:
-            rendering::writeCsv(report, output, shown && writesToTerminal());
+            rendering::writeCsv(report, output, {arguments.safeCsv, shown && writesToTerminal()});
             break;
         case OutputFormat::Html:
             rendering::writeHtml(report, arguments.test->title,

@@ -38,12 +38,10 @@ std::optional<OutputFormat> formatOf(const std::string& file) {
 }  // namespace
 
 std::optional<std::string> settleSaving(Arguments& arguments, bool formatGiven) {
-    if (arguments.save.empty()) {
-        return arguments.format == OutputFormat::Xlsx
-                   ? std::optional<std::string>("--format xlsx needs a file: add --save FILE")
-                   : std::nullopt;
+    if (arguments.save.empty() && arguments.format == OutputFormat::Xlsx) {
+        return "--format xlsx needs a file: add --save FILE";
     }
-    if (!formatGiven) {
+    if (!arguments.save.empty() && !formatGiven) {
         const std::optional<OutputFormat> format = formatOf(arguments.save);
         if (!format) {
             return fmt::format(
@@ -52,6 +50,9 @@ std::optional<std::string> settleSaving(Arguments& arguments, bool formatGiven) 
                 arguments.save);
         }
         arguments.format = *format;
+    }
+    if (arguments.safeCsv && arguments.format != OutputFormat::Csv) {
+        return "--safe-csv needs the report in csv: add --format csv";
     }
     if (arguments.withData && arguments.format != OutputFormat::Xlsx) {
         return "--with-data needs a workbook: save the report as .xlsx";

@@ -1,7 +1,7 @@
 # bash completion for tbvnonpara
 
 _tbvnonpara_options() {
-    local options="--y --sheet --headers --no-headers --format --delimiter --decimal --thousands --encoding --comment
+    local options="--y --sheet --headers --no-headers --format --safe-csv --delimiter --decimal --thousands --encoding --comment
         --save --output --overwrite --with-data --help"
     case $1 in
         mann-whitney | wilcoxon | spearman | sign) options+=" --x" ;;

@@ -1,5 +1,7 @@
 #include "tbvnonpara/rendering/csv_report.hpp"
 
+#include <string_view>
+
 #include "tbvnonpara/rendering/display_width.hpp"
 #include "tbvnonpara/rendering/numbers.hpp"
 
@@ -18,24 +20,33 @@ std::string quotedField(const std::string& text) {
     return field + '"';
 }
 
-std::string field(const CellValue& value, bool visible) {
+/// A lone dash stands for no value and is none.
+bool readsAsFormula(const std::string& text) {
+    constexpr std::string_view beginnings = "=+-@\t\r\n";
+    return text.size() > 1 && beginnings.find(text.front()) != std::string_view::npos;
+}
+
+std::string field(const CellValue& value, const CsvFields& fields) {
     if (const auto* number = std::get_if<double>(&value)) {
         return shortest(*number);
     }
     if (isEmpty(value)) {
         return "";
     }
-    const std::string text = toText(value);
-    return quotedField(visible ? escaped(text) : text);
+    std::string text = toText(value);
+    if (fields.plainTexts && readsAsFormula(text)) {
+        text.insert(text.begin(), '\'');
+    }
+    return quotedField(fields.visible ? escaped(text) : text);
 }
 
 }  // namespace
 
-void writeCsv(const ReportBlock& report, Output& output, bool visible) {
+void writeCsv(const ReportBlock& report, Output& output, const CsvFields& fields) {
     for (Index row = 1; row <= report.rows(); ++row) {
         for (Index column = 1; column <= report.columns(); ++column) {
             output.write(column == 1 ? "" : ",");
-            output.write(field(report.value(row, column), visible));
+            output.write(field(report.value(row, column), fields));
         }
         output.write("\r\n");
     }

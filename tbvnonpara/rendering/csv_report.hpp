@@ -5,8 +5,14 @@
 
 namespace TBVNonPara::rendering {
 
+/// What a field of CSV may do where it is read.
+struct CsvFields {
+    bool plainTexts = false;  ///< a text that a spreadsheet would take for a formula gets a mark in front: '
+    bool visible = false;     ///< what acts on a terminal is escaped
+};
+
 /// Writes every cell of a report as comma-separated values after RFC 4180: lines end in CR LF, numbers are
-/// the shortest that read back as the same. Where the field is `visible`, what acts on a terminal is escaped.
-void writeCsv(const ReportBlock& report, Output& output, bool visible = false);
+/// the shortest that read back as the same.
+void writeCsv(const ReportBlock& report, Output& output, const CsvFields& fields = {});
 
 }  // namespace TBVNonPara::rendering

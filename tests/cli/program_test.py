@@ -102,6 +102,24 @@ class Terminals(unittest.TestCase):
         self.assertIn("a" * 10000, run(*words, "--format", "json", text=text).stdout)
 
 
+class SafeCsv(unittest.TestCase):
+    TEXT = "=1+1,@x\n1,4\n2,5\n3,6\n"
+
+    def test_formulas_are_quoted_when_asked_for(self):
+        words = ("mann-whitney", "-", "--headers", "--descriptives", "--format", "csv")
+        plain = run(*words, text=self.TEXT).stdout
+        safe = run(*words, "--safe-csv", text=self.TEXT).stdout
+        self.assertIn(",=1+1,", plain)
+        self.assertIn(",'=1+1,", safe)
+        self.assertIn(",'@x", safe)
+        self.assertEqual(safe.replace("'=", "=").replace("'@", "@"), plain)
+
+    def test_another_form_is_refused(self):
+        result = run("mann-whitney", PLANTS, "--safe-csv")
+        self.assertEqual((result.returncode, result.stdout), (2, ""))
+        self.assertIn("add --format csv", result.stderr)
+
+
 class Warnings(unittest.TestCase):
     def warned(self, cells, *words):
         result = run("runs", "-", *words, text="\n".join(map(str, cells)) + "\n")

@@ -267,9 +267,20 @@ TEST_F(CsvReport, HoldsEveryCellAndQuotesWhereNeeded) {
               ",,\r\n");
 }
 
+TEST_F(CsvReport, TextsThatReadAsFormulasAreMarkedWhenAskedFor) {
+    put("A1", Text("=1+1"));
+    put("B1", Text("+a,b"));
+    put("C1", Text("-"));
+    put("A2", -1.5);
+    put("B2", Text("@x"));
+    put("C2", Text("a=b"));
+    const std::string text = writtenBy([&](Output& output) { writeCsv(block(2, 3), output, {true, false}); });
+    EXPECT_EQ(text, "'=1+1,\"'+a,b\",-\r\n-1.5,'@x,a=b\r\n");
+}
+
 TEST_F(CsvReport, WhatActsOnATerminalIsShownWhenAskedFor) {
     put("A1", Text("a\033b\u202E"));
-    const std::string text = writtenBy([&](Output& output) { writeCsv(block(1, 1), output, true); });
+    const std::string text = writtenBy([&](Output& output) { writeCsv(block(1, 1), output, {false, true}); });
     EXPECT_EQ(text, "a\\x1Bb\\u202E\r\n");
 }
 
