@@ -184,6 +184,13 @@ std::string noSuchTest(std::string_view word) {
     return text + "\nTry: tbvnonpara --help\n";
 }
 
+/// What is wrong, and where to read more: in the test's own help when a test was named.
+std::string usageText(std::string_view wrong, std::string_view first) {
+    const bool named = isTestOrOption(first) && !first.starts_with('-');
+    const std::string test = named ? fmt::format("{} ", first) : "";
+    return fmt::format("tbvnonpara: {}\nTry: tbvnonpara {}--help\n", rendering::escaped(wrong), test);
+}
+
 Arguments finish(Words words) {
     Arguments& arguments = words.arguments;
     arguments.tails = tailsOf(*arguments.test, words.tails);
@@ -227,20 +234,18 @@ std::variant<Arguments, Answer> parseArguments(int count, const char* const* wor
     } catch (const CLI::CallForVersion&) {
         return Answer{fmt::format("tbvnonpara {}\n", version), 0};
     } catch (const CLI::ParseError& error) {
-        return Answer{
-            fmt::format("tbvnonpara: {}\nTry: tbvnonpara --help\n", rendering::escaped(error.what())),
-            usageStatus};
+        return Answer{usageText(error.what(), words[1]), usageStatus};
     }
     if (found.delimiter == "," && found.decimal == ",") {
-        return Answer{"tbvnonpara: --delimiter and --decimal cannot both be a comma\n", usageStatus};
+        return Answer{usageText("--delimiter and --decimal cannot both be a comma", words[1]), usageStatus};
     }
     if (!found.thousands.empty() && found.thousands == found.decimal) {
-        return Answer{"tbvnonpara: --thousands and --decimal cannot both be the same\n", usageStatus};
+        return Answer{usageText("--thousands and --decimal cannot both be the same", words[1]), usageStatus};
     }
     const bool formatGiven = !found.format.empty();
     Arguments arguments = finish(std::move(found));
     if (const std::optional<std::string> wrong = settleSaving(arguments, formatGiven)) {
-        return Answer{fmt::format("tbvnonpara: {}\n", rendering::escaped(*wrong)), usageStatus};
+        return Answer{usageText(*wrong, words[1]), usageStatus};
     }
     return arguments;
 }

@@ -23,10 +23,13 @@ class Statuses(unittest.TestCase):
             self.assertEqual((result.returncode, result.stderr), (0, ""), words)
 
     def test_usage_errors_have_status_2_and_print_nothing(self):
-        for words in ([], ["anova", PLANTS], ["runs"], ["runs", PLANTS, "--x", "B"], ["sign", PLANTS, "--tails", "up"]):
+        for words in ([], ["anova", PLANTS], ["runs"], ["runs", PLANTS, "--x", "B"], ["sign", PLANTS, "--tails", "up"],
+                      ["runs", PLANTS, "--delimiter", ",", "--decimal", ","], ["runs", PLANTS, "--format", "xlsx"],
+                      ["sign", PLANTS, "--thousands", ".", "--decimal", "."]):
             result = run(*words)
             self.assertEqual((result.returncode, result.stdout), (2, ""), words)
-            self.assertIn("Try: tbvnonpara --help", result.stderr)
+            test = words[0] + " " if words and words[0] != "anova" else ""
+            self.assertIn(f"Try: tbvnonpara {test}--help\n", result.stderr)
 
     def test_analysis_errors_have_status_1_with_number_name_and_source(self):
         result = run("mann-whitney", PLANTS, "--y", "A")
