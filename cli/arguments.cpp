@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 #include <map>
 
+#include "cli/installed.hpp"
 #include "cli/save_options.hpp"
 #include "cli/test_words.hpp"
 #include "cli/version.hpp"
@@ -47,12 +48,18 @@ char characterOf(const std::string& word) {
     return word == "tab" ? '\t' : word == "space" ? ' ' : word.front();
 }
 
+/// A line below others, or nothing in the project's folder, where the examples lie as they are named.
+std::string whereExamplesLie() {
+    const auto folder = installedDocuments();
+    return folder ? fmt::format("\nThe files of the examples lie below {}", folder->string()) : "";
+}
+
 std::string examples() {
-    std::string text = "Examples:\n";
+    std::string text = "Examples:";
     for (const OfferedTest& test : offeredTests()) {
-        text += fmt::format("  tbvnonpara {}\n", wordsOf(test).example);
+        text += fmt::format("\n  tbvnonpara {}", wordsOf(test).example);
     }
-    return text + "\nEvery test explains its options: tbvnonpara wilcoxon --help";
+    return text + whereExamplesLie() + "\n\nEvery test explains its options: tbvnonpara wilcoxon --help";
 }
 
 /// An empty address is a forgotten one, not a choice left to the program.
@@ -158,7 +165,7 @@ void offer(CLI::App& program, const OfferedTest& test, Words& words) {
     if (test.tails) {
         offerTails(command, test, words);
     }
-    command.footer(fmt::format("Example: tbvnonpara {}", wordsOf(test).example));
+    command.footer(fmt::format("Example: tbvnonpara {}{}", wordsOf(test).example, whereExamplesLie()));
     command.callback([&words, &test] { words.arguments.test = &test; });
 }
 

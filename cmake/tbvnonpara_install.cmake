@@ -23,6 +23,14 @@ endif()
 # Debian's name for the licence file is "copyright".
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tbvnonpara RENAME copyright)
 
+# The guides and the data that they and the program's help use, laid out as here, so that links and examples hold.
+install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/CHANGELOG.md ${PROJECT_SOURCE_DIR}/CONTRIBUTING.md
+        ${PROJECT_SOURCE_DIR}/LICENSE
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tbvnonpara)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs ${PROJECT_SOURCE_DIR}/examples
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tbvnonpara
+        FILES_MATCHING PATTERN *.md PATTERN *.png PATTERN *.svg PATTERN *.csv PATTERN *.R)
+
 set(CPACK_PACKAGE_NAME tbvnonpara)
 set(CPACK_PACKAGE_VENDOR "TBVNonPara developers")
 set(CPACK_PACKAGE_CONTACT "TBVNonPara developers <tbvnonpara@localhost>")
@@ -30,7 +38,6 @@ set(CPACK_PACKAGE_DESCRIPTION
     "Eight nonparametric tests, from Mann-Whitney to Wald-Wolfowitz, on the columns of a data file, reported as a
  spreadsheet would show them: a program and a C++ library.")
 set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
-set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_GENERATOR DEB TGZ)
 set(CPACK_DEBIAN_PACKAGE_SECTION math)
