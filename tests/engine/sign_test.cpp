@@ -15,6 +15,7 @@ using Support::column;
 using Support::LoadedEngine;
 using Support::numbers;
 using Support::raisedBy;
+using Support::tailsOutsideTheList;
 
 constexpr TBVNPTails two = tbvNPTwoTailed;
 constexpr TBVNPTails greater = tbvNPVar1GTVar2;
