@@ -121,7 +121,8 @@ class TextFiles(Habits):
                       "for row names)", note)
 
     def test_of_write_table_are_read_without_their_row_names(self):
-        for name, mark, options in (("cars.tsv", "\t", []), ("cars.txt", " ", ["--delimiter", "space"])):
+        for name, mark, options in (("cars.tsv", "\t", []), ("cars.txt", " ", []),
+                                    ("cars.txt", " ", ["--delimiter", "space"])):
             rows = "".join(f'"r {i}"{mark}{x}{mark}{y}\n' for i, (x, y) in enumerate(zip(SPEED, DIST)))
             report, note = self.spearman(name, f'"speed"{mark}"dist"\n' + rows, *options)
             self.expect_the_plain_report(report, "cars!$B$1:$B$9")

@@ -17,8 +17,12 @@ constexpr std::size_t comma = 3;
 constexpr std::size_t longestSample = 65'536;
 constexpr std::size_t mostRecords = 500;
 
-/// How often each candidate stands outside quotes in one record.
-using Counts = std::array<int, candidates.size()>;
+/// One record of a sample: how often each candidate stands outside its quotes, and what those hold.
+struct Record {
+    std::array<int, candidates.size()> counts{};
+    bool beginsQuoted = false;
+    bool isAllQuoted = true;  ///< nothing but candidates stands outside quotes
+};
 
 constexpr bool isDigit(char c) noexcept {
     return c >= '0' && c <= '9';
@@ -27,8 +31,8 @@ constexpr bool isDigit(char c) noexcept {
 /// Walks the sample once.
 class Sample {
  public:
-    Sample(std::string_view text, std::string_view comment)
-        : m_Text(text.substr(0, longestSample)), m_Comment(comment) {
+    Sample(std::string_view text, std::string_view comment, std::string_view marks = candidates)
+        : m_Text(text.substr(0, longestSample)), m_Comment(comment), m_Marks(marks) {
         for (std::size_t i = 0; i < m_Text.size() && m_Records.size() < mostRecords; ++i) {
             look(i);
         }
@@ -41,9 +45,9 @@ class Sample {
     /// The share of records that have the most frequent number of this delimiter, if they have any.
     [[nodiscard]] double share(std::size_t candidate) const {
         std::map<int, int> frequencies;
-        for (const Counts& counts : m_Records) {
-            if (counts[candidate] > 0) {
-                frequencies[counts[candidate]] += 1;
+        for (const Record& record : m_Records) {
+            if (record.counts[candidate] > 0) {
+                frequencies[record.counts[candidate]] += 1;
             }
         }
         int most = 0;
@@ -55,19 +59,34 @@ class Sample {
 
     /// Missing in the header and in half of the records below it: it stands in some texts of one column.
     [[nodiscard]] bool isStray(std::size_t candidate) const {
-        if (m_Records.empty() || m_Records.front()[candidate] > 0) {
+        if (m_Records.empty() || m_Records.front().counts[candidate] > 0) {
             return false;
         }
         const auto without =
             std::count_if(m_Records.begin() + 1, m_Records.end(),
-                          [candidate](const Counts& counts) { return counts[candidate] == 0; });
+                          [candidate](const Record& record) { return record.counts[candidate] == 0; });
         return 2 * static_cast<std::size_t>(without) >= m_Records.size() - 1;
     }
 
     /// One column of numbers with decimal commas under a heading without one.
     [[nodiscard]] bool commasAreDecimal() const {
-        return m_CommasBetweenDigits && !m_Records.empty() && m_Records.front()[comma] == 0 &&
-               std::ranges::all_of(m_Records, [](const Counts& counts) { return counts[comma] <= 1; });
+        return m_CommasBetweenDigits && !m_Records.empty() && m_Records.front().counts[comma] == 0 &&
+               std::ranges::all_of(m_Records, [](const Record& record) { return record.counts[comma] <= 1; });
+    }
+
+    /// A header of quoted labels above rows of as many fields, or above named rows of one more; the marks
+    /// are one.
+    [[nodiscard]] bool isTableUnderQuotedLabels() const {
+        if (m_Records.size() < 2 || !m_Records.front().isAllQuoted || !m_Records.front().beginsQuoted) {
+            return false;
+        }
+        const int above = m_Records.front().counts.front();
+        const int below = m_Records[1].counts.front();
+        const bool named = below == above + 1;
+        return below > 0 && (named || below == above) &&
+               std::all_of(m_Records.begin() + 1, m_Records.end(), [=](const Record& record) {
+                   return record.counts.front() == below && (record.beginsQuoted || !named);
+               });
     }
 
  private:
@@ -89,13 +108,15 @@ class Sample {
             endRecord();
             return;
         }
-        const std::size_t candidate = candidates.find(c);
+        const std::size_t candidate = m_Marks.find(c);
         if (candidate != std::string_view::npos) {
-            m_Counts[candidate] += 1;
+            m_Record.counts[candidate] += 1;
             m_CommasBetweenDigits = m_CommasBetweenDigits && (candidate != comma || betweenDigits(i));
         }
         // A doubled quote inside a quoted field closes and opens it again, which changes nothing here.
         m_Quoted = c == '"' && (m_Blank || m_MayOpen);
+        m_Record.beginsQuoted = m_Record.beginsQuoted || (m_Quoted && m_Blank);
+        m_Record.isAllQuoted = m_Record.isAllQuoted && (m_Quoted || candidate != std::string_view::npos);
         m_MayOpen = candidate != std::string_view::npos || c == '"';
         m_Blank = false;
     }
@@ -106,9 +127,9 @@ class Sample {
 
     void endRecord() {
         if (!m_Blank) {
-            m_Records.push_back(m_Counts);
+            m_Records.push_back(m_Record);
         }
-        m_Counts = {};
+        m_Record = {};
         m_Blank = true;
         m_MayOpen = false;
     }
@@ -116,8 +137,9 @@ class Sample {
     std::string_view m_Text;
     std::string_view m_Comment;
     bool m_InComment = false;
-    std::vector<Counts> m_Records;
-    Counts m_Counts{};
+    std::string_view m_Marks;
+    std::vector<Record> m_Records;
+    Record m_Record;
     bool m_Blank = true;
     bool m_MayOpen = false;
     bool m_Quoted = false;
@@ -127,6 +149,10 @@ class Sample {
 }  // namespace
 
 std::optional<char> sniffDelimiter(std::string_view text, std::string_view comment) {
+    // Blanks stand in texts, too, so only a table that shows with its quotes what its fields are is divided.
+    if (Sample(text, comment, " ").isTableUnderQuotedLabels()) {
+        return ' ';
+    }
     const Sample sample(text, comment);
     const bool decimalCommas = sample.commasAreDecimal();
     std::optional<char> best;
