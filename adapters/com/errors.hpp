@@ -11,8 +11,8 @@ namespace TBVNonPara::com {
 /// How the application object is refused. The numbers lie in the library's band, so that the range properties
 /// pass them on; both carry a description that says what to do.
 enum HostAccessErrors : std::int32_t {
-    noApplication = objectErrorBase + 5060,
-    applicationElsewhere = objectErrorBase + 5061,
+    tbvNPNoApplication = objectErrorBase + 5060,
+    tbvNPApplicationElsewhere = objectErrorBase + 5061,
 };
 
 /// Error 438 of the runtime: the application has no such member.

@@ -136,7 +136,7 @@ bool isOfThisProcess(const ComPtr<IDispatch>& application) {
 void requireThisProcess(const ComPtr<IDispatch>& application) {
     if (!isOfThisProcess(application)) {
         throw Error(
-            applicationElsewhere,
+            tbvNPApplicationElsewhere,
             "The spreadsheet application runs in another process. Create TBVNonPara.clsNonPara inside "
             "the application, from a macro or an add-in.");
     }
@@ -156,7 +156,7 @@ ComPtr<IDispatch> findApplication() {
         return application;
     }
     throw Error(
-        noApplication,
+        tbvNPNoApplication,
         "No spreadsheet application was found in this process. Create TBVNonPara.clsNonPara inside the "
         "application, from a macro or an add-in.");
 }

@@ -93,7 +93,7 @@ class FindingTheApplication : public testing::Test {
 
 TEST_F(FindingTheApplication, NoneIsAnErrorThatSaysWhatToDo) {
     const Seen refusal = setRange();
-    EXPECT_EQ(refusal.status, noApplication);
+    EXPECT_EQ(refusal.status, tbvNPNoApplication);
     EXPECT_NE(refusal.description.find("macro"), std::string::npos) << refusal.description;
 }
 
@@ -129,14 +129,14 @@ TEST_F(FindingTheApplication, AnActiveOneOfAnotherProcessIsRefused) {
     call(*elsewhere.get(), L"Publish");
     const Seen refusal = setRange();
     call(*elsewhere.get(), L"Withdraw");
-    EXPECT_EQ(refusal.status, applicationElsewhere);
+    EXPECT_EQ(refusal.status, tbvNPApplicationElsewhere);
     EXPECT_NE(refusal.description.find("another process"), std::string::npos) << refusal.description;
 }
 
 TEST_F(FindingTheApplication, AHookedOneOfAnotherProcessIsRefused) {
     const ComPtr<IDispatch> elsewhere = applicationElsewhereRunning();
-    EXPECT_EQ(seen(m_Server.setApplication(elsewhere.get())).status, applicationElsewhere);
-    EXPECT_EQ(setRange().status, noApplication);
+    EXPECT_EQ(seen(m_Server.setApplication(elsewhere.get())).status, tbvNPApplicationElsewhere);
+    EXPECT_EQ(setRange().status, tbvNPNoApplication);
 }
 
 }  // namespace

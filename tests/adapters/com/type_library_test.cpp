@@ -1,4 +1,8 @@
+#include <algorithm>
+#include <fstream>
 #include <gtest/gtest.h>
+#include <regex>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -6,6 +10,7 @@
 #include "adapters/com/com_ptr.hpp"
 #include "adapters/com/errors.hpp"
 #include "adapters/com/text.hpp"
+#include "tbvnonpara/core/enumerations.hpp"
 #include "tests/adapters/com/server_under_test.hpp"
 
 namespace TBVNonPara::com {
@@ -87,8 +92,8 @@ TEST_F(TypeLibrary, HoldsTheEnumerationsTheInterfaceAndTheClass) {
     for (UINT k = 0; k < m_Library->GetTypeInfoCount(); ++k) {
         types.push_back(documentation(static_cast<INT>(k)).name);
     }
-    EXPECT_EQ(types, (std::vector<std::string>{"TBVNPMethod", "TBVNPTails", "tbvNonParaErrors", "_clsNonPara",
-                                               "clsNonPara"}));
+    EXPECT_EQ(types, (std::vector<std::string>{"TBVNPMethod", "TBVNPTails", "tbvNonParaErrors", "TBVNPErrors",
+                                               "_clsNonPara", "clsNonPara"}));
 }
 
 TEST_F(TypeLibrary, NumbersTheTests) {
@@ -106,6 +111,39 @@ TEST_F(TypeLibrary, NumbersTheAlternatives) {
 TEST_F(TypeLibrary, NumbersTheNamedError) {
     EXPECT_EQ(constants(L"tbvNonParaErrors"),
               (std::vector<std::string>{"tbvNPInvalidSignSymbols = -2147215504"}));
+}
+
+/// The errors that a header of the library numbers, as `constants` writes them.
+std::vector<std::string> errorsIn(const std::string& header) {
+    std::ifstream file(TBVNONPARA_TESTS "/../" + header);
+    std::ostringstream read;
+    read << file.rdbuf();
+    const std::string text = read.str();
+    const std::regex error(R"((\w+) = objectErrorBase \+ (\d+))");
+    std::vector<std::string> errors;
+    for (std::sregex_iterator found(text.begin(), text.end(), error), end; found != end; ++found) {
+        errors.push_back((*found)[1].str() + " = " +
+                         std::to_string(objectErrorBase + std::stoi((*found)[2])));
+    }
+    return errors;
+}
+
+TEST_F(TypeLibrary, HoldsEveryErrorOfTheLibraryAndNoOther) {
+    std::vector<std::string> held = constants(L"tbvNonParaErrors");
+    std::ranges::copy(constants(L"TBVNPErrors"), std::back_inserter(held));
+    std::vector<std::string> raised = errorsIn("tbvnonpara/core/enumerations.hpp");
+    ASSERT_GE(raised.size(), 20U);
+    std::ranges::copy(errorsIn("adapters/com/errors.hpp"), std::back_inserter(raised));
+    std::ranges::sort(held);
+    std::ranges::sort(raised);
+    EXPECT_EQ(held, raised);
+}
+
+TEST_F(TypeLibrary, SaysOfEachTypeWhatItIsFor) {
+    for (UINT k = 0; k < m_Library->GetTypeInfoCount(); ++k) {
+        const Documentation said = documentation(static_cast<INT>(k));
+        EXPECT_GE(said.help.size(), 10U) << said.name;
+    }
 }
 
 TEST_F(TypeLibrary, ClassIsCreatableAndItsDefaultIsTheInterface) {
@@ -213,6 +251,18 @@ TEST_F(Interface, IsDualAndFixed) {
     EXPECT_EQ(m_Attributes->guid, __uuidof(_clsNonPara));
     EXPECT_NE(m_Attributes->wTypeFlags & TYPEFLAG_FDUAL, 0);
     EXPECT_NE(m_Attributes->wTypeFlags & TYPEFLAG_FNONEXTENSIBLE, 0);
+}
+
+TEST_F(Interface, SaysOfEachMemberWhatItIsFor) {
+    ASSERT_GT(m_Attributes->cFuncs, inherited);
+    for (UINT k = inherited; k < m_Attributes->cFuncs; ++k) {
+        FUNCDESC* function = nullptr;
+        check(m_Interface->GetFuncDesc(k, &function));
+        BSTR help = nullptr;
+        check(m_Interface->GetDocumentation(function->memid, nullptr, &help, nullptr, nullptr));
+        EXPECT_GE(take(help).size(), 10U) << names(*m_Interface.get(), function->memid).front();
+        m_Interface->ReleaseFuncDesc(function);
+    }
 }
 
 TEST_F(Interface, HasTheNineMembersInOrderAndNoOther) {
