@@ -37,6 +37,7 @@ const Completion completions[] = {
     {"BlanksAroundAnAreaDoNotMatter",        "Data!A1 , B1",               "Data!A1,Data!B1"},
     {"ANameOfTheWorkbookStands",             "Data!A1,Rates",              "Data!A1,Rates"},
     {"BehindANameNothingIsKnown",            "Data!A1,Rates,B1",           "Data!A1,Rates,B1"},
+    {"ANameLikeACellOutsideTheSheetStands",  "Data!A1,XYZ12,B1",           "Data!A1,XYZ12,B1"},
     {"WhatCannotBeReadStands",               "Data!A1,R1C1:R3C1,??,",      "Data!A1,R1C1:R3C1,??,"},
 };
 // clang-format on
@@ -74,6 +75,7 @@ const Completion endings[] = {
     {"AColumnToTheLastRow",     "$A$1:$A$1048576",           "A1:A57"},
     {"AColumnOfAnOlderSheet",   "$A$1:$A$65536",             "A1:A57"},
     {"TheWholeSheet",           "$1:$1048576",               "A1:D57"},
+    {"ColumnsInTheOtherOrder",  "$C:$A",                     "A1:C57"},
     {"CellsStay",               "$A$1:$A$9",                 "as it is"},
     {"ACellStays",              "$A$1",                      "as it is"},
     {"CellsToTheLastRowStay",   "$A$2:$A$1048576",           "as it is"},
