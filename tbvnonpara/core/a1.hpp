@@ -10,8 +10,8 @@
 
 namespace TBVNonPara {
 
-/// Far outside every sheet, and far from overflowing: what is left of a longer number.
-constexpr Index farOutside = Index(1) << 31U;
+/// Far outside every sheet, and far from overflowing with 32 bits, too: what is left of a longer number.
+constexpr Index farOutside = Index(1) << 26U;
 
 /// Takes a column's letters, in either case, from the front of a text; 0 where there are none.
 [[nodiscard]] constexpr Index takeColumn(std::string_view& text) noexcept {

@@ -21,7 +21,7 @@ class Grid {
         : m_Allocated(true),
           m_Rows(checkedSize(rows)),
           m_Columns(checkedSize(columns)),
-          m_Elements(m_Rows * m_Columns, element) {}
+          m_Elements(cells(m_Rows, m_Columns), element) {}
 
     /// A grid written as it looks: rows of equal length.
     Grid(std::initializer_list<std::initializer_list<Element>> rows)
@@ -68,6 +68,14 @@ class Grid {
             raise(RuntimeError::SubscriptOutOfRange);
         }
         return static_cast<std::size_t>(size.value());
+    }
+
+    /// So many cells, where the address space has room for them.
+    static std::size_t cells(std::uint64_t rows, std::uint64_t columns) {
+        if (!std::in_range<std::size_t>(rows * columns)) {
+            raise(RuntimeError::OutOfMemory);
+        }
+        return static_cast<std::size_t>(rows * columns);
     }
 
     [[nodiscard]] Long upperBound(std::size_t bound) const {

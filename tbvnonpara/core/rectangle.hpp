@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstdint>
 #include <vector>
 
 #include "tbvnonpara/core/whole_numbers.hpp"
@@ -20,7 +21,7 @@ struct Rectangle {
 
     [[nodiscard]] constexpr Index rows() const noexcept { return bottom - top + 1; }
     [[nodiscard]] constexpr Index columns() const noexcept { return right - left + 1; }
-    [[nodiscard]] constexpr Index cells() const noexcept { return rows() * columns(); }
+    [[nodiscard]] constexpr std::int64_t cells() const noexcept { return std::int64_t(rows()) * columns(); }
     [[nodiscard]] constexpr bool onSheet() const noexcept {
         return top >= 1 && left >= 1 && bottom <= sheetRows && right <= sheetColumns;
     }

@@ -15,7 +15,7 @@ namespace {
 std::size_t hashOf(double number) noexcept {
     constexpr std::uint64_t goldenRatio = 0x9E3779B97F4A7C15;
     const auto bits = std::bit_cast<std::uint64_t>(number + 0.0) * goldenRatio;
-    return ((bits >> 32) ^ bits) * goldenRatio >> 32;
+    return static_cast<std::size_t>(((bits >> 32) ^ bits) * goldenRatio >> 32);
 }
 
 std::size_t hashOf(const CellValue& cell) noexcept {

@@ -112,7 +112,7 @@ bool hasFewKeys(const KeySpan& keys, std::size_t values) noexcept {
 std::vector<std::uint32_t> countKeys(std::span<const double> values, const KeySpan& keys) {
     std::vector<std::uint32_t> counts(std::size_t(1) << keys.width());
     for (const double value : values) {
-        counts[keys.excess(value) >> keys.bits.low] += 1;
+        counts[keys.place(value)] += 1;
     }
     return counts;
 }
@@ -131,7 +131,7 @@ AscendingOrder orderByCounting(std::span<const double> values, const KeySpan& ke
     order.positions.resize(values.size());
     std::uint32_t position = 0;
     for (const double value : values) {
-        order.positions[places[keys.excess(value) >> keys.bits.low]++] = position++;
+        order.positions[places[keys.place(value)]++] = position++;
     }
     return order;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <bit>
+#include <cstddef>
 #include <cstdint>
 #include <span>
 
@@ -29,6 +30,10 @@ struct KeySpan {
     explicit KeySpan(std::span<const double> values) noexcept;
 
     [[nodiscard]] std::uint64_t excess(double value) const noexcept { return keyOf(value) - smallest; }
+    /// A value's place among the keys that differ, for spans of few keys.
+    [[nodiscard]] std::size_t place(double value) const noexcept {
+        return static_cast<std::size_t>(excess(value) >> bits.low);
+    }
     [[nodiscard]] int width() const noexcept { return bits.high - bits.low; }
 };
 

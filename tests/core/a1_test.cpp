@@ -59,7 +59,7 @@ TEST(CellPlaces, AreLettersOfEitherCaseAndDigits) {
     };
     EXPECT_EQ(placed("A1"), "1|1");
     EXPECT_EQ(placed("xFd1048576"), "1048576|16384");
-    EXPECT_EQ(placed("ZZZZZZZZZZZZ9999999999999999999"), "2147483648|2147483648");
+    EXPECT_EQ(placed("ZZZZZZZZZZZZ9999999999999999999"), "67108864|67108864");
     for (const char* other : {"", "A", "1", "1A", "$A$1", "A1 ", "A-1", "@1", "[1", "`1", "{1",
                               "\xC1"
                               "1"}) {
@@ -76,6 +76,10 @@ TEST(ColumnLetters, RunFromAToXFD) {
         EXPECT_EQ(takeColumn(text), column);
         EXPECT_EQ(text, "");
     }
+}
+
+TEST(WholeSheet, HasMoreCellsThan32BitsCount) {
+    EXPECT_EQ(wholeSheet.cells(), 17'179'869'184);
 }
 
 TEST(SheetNames, StandInQuotesWhereTheyNeedThem) {

@@ -257,5 +257,16 @@ TEST(CellErrors, OfLibreOfficeBecomeTheNearestOfTheSeven) {
     }
 }
 
+#if SIZE_MAX == UINT32_MAX
+TEST(GridSize, BeyondTheAddressSpaceIsOutOfMemory) {
+    try {
+        const Grid<char> grid(65'536, 65'537);
+        FAIL() << "a grid of " << grid.rows().value() << " rows";
+    } catch (const Error& error) {
+        EXPECT_EQ(error.number(), static_cast<std::int32_t>(RuntimeError::OutOfMemory));
+    }
+}
+#endif
+
 }  // namespace
 }  // namespace TBVNonPara
