@@ -3,10 +3,9 @@
 #include "adapters/com/errors.hpp"
 #include "adapters/com/host_object.hpp"
 #include "adapters/com/text.hpp"
-#include "tbvnonpara/workbook/embedded_application.hpp"
 #include "tests/adapters/com/peer_application.hpp"
 #include "tests/adapters/com/registered_request.hpp"
-#include "tests/whole/scenarios/library_host.hpp"
+#include "tests/whole/scenarios/embedded_host.hpp"
 
 // The scenarios through the registered class, in the process of a peer application. The environment variable
 // TBVNONPARA_BINDING says how the object is used: early, or else late.
@@ -15,22 +14,7 @@ namespace TBVNonPara::Scenarios {
 
 namespace {
 
-using Embedded = ObjectRef<workbook::EmbeddedApplication>;
-
-/// What the library itself does on a workbook of its own: the formats that a report must have are those that
-/// it has there, for nobody sees what the registered class asks of its formatter.
-class Twin : public LibraryHost {
- public:
-    explicit Twin(Embedded workbook) : LibraryHost(workbook), m_Workbook(std::move(workbook)) {}
-
-    void addSheet(std::string_view name, const ValueGrid& cells) override {
-        m_Workbook->addSheet(name, cells);
-    }
-    [[nodiscard]] const workbook::EmbeddedApplication& workbook() const { return *m_Workbook; }
-
- private:
-    Embedded m_Workbook;
-};
+using Embedded = EmbeddedHost::Embedded;
 
 /// Carries a request out by the registered class, and again by the twin, whose errors are nobody's.
 class TwofoldRequest : public Request {
@@ -131,7 +115,9 @@ class RegisteredHost : public ScenarioHost {
     Embedded m_Workbook = workbook::makeApplication();
     com::HostObject m_Peer{Peer::peerApplication(m_Workbook).as<IDispatch>(), com::Kind::Application,
                            std::make_shared<com::ObjectModel>()};
-    Twin m_Twin{workbook::makeApplication()};
+    // What the library itself does on a workbook of its own: the formats that a report must have are those
+    // that it has there, for nobody sees what the registered class asks of its formatter.
+    EmbeddedHost m_Twin{workbook::makeApplication()};
     RangeRef m_Copied;
     std::string m_Report;
 };
