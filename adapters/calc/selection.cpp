@@ -75,6 +75,7 @@ SheetAreas selectedCells(const DocumentRef& document) {
     }
     cells.sheet = sheetAt(document, selection.front().Sheet);
     std::vector<CellArea> pieces;
+    pieces.reserve(selection.size());
     for (const CellRangeAddress& address : selection) {
         pieces.push_back(normalised(address));
     }

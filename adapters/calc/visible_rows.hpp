@@ -29,7 +29,7 @@ struct RowStretch {
 [[nodiscard]] bool isFiltered(const SheetRef& sheet, std::int32_t row);
 
 /// Whether a filter hides any of these stretches' rows.
-[[nodiscard]] bool anyFiltered(const SheetRef& sheet, std::span<const RowStretch> rows);
+[[nodiscard]] bool anyFiltered(const SheetRef& sheet, std::span<const RowStretch> stretches);
 
 /// How many rows of some ranges are not shown, and whether it is a filter that hides some of them.
 struct HiddenCount {

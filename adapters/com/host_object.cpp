@@ -48,7 +48,7 @@ std::string HostObject::getText(const wchar_t* name) const {
 HRESULT HostObject::tryInvoke(const wchar_t* name, WORD flags, Arguments arguments, Variant& result) const {
     const DISPID id = (*m_Model)[static_cast<std::size_t>(m_Kind)].find(*m_Object.get(), name);
     // Arguments travel in reverse, the last one first, and are only lent to the call.
-    std::array<VARIANTARG, mostArguments> lent;
+    std::array<VARIANTARG, mostArguments> lent{};
     std::ranges::transform(arguments, lent.rend() - static_cast<std::ptrdiff_t>(arguments.size()),
                            &Variant::get);
     // The value of a property travels under this name.

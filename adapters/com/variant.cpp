@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <limits>
 #include <string>
 
@@ -84,7 +85,7 @@ std::size_t extent(SAFEARRAY* array, UINT dimension) {
     LONG last = 0;
     check(SafeArrayGetLBound(array, dimension, &first));
     check(SafeArrayGetUBound(array, dimension, &last));
-    return static_cast<std::size_t>(last - first + 1);
+    return static_cast<std::size_t>(std::int64_t{last} - first + 1);
 }
 
 void requireTable(SAFEARRAY* array) {

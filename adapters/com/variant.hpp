@@ -53,7 +53,7 @@ class Variant {
         return m_Value;
     }
 
-    VARIANT m_Value;
+    VARIANT m_Value{};
 };
 
 /// The text as it must be entered for a cell to hold it: with a leading apostrophe unless it is plainly

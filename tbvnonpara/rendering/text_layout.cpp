@@ -64,7 +64,7 @@ bool beginsWithLabels(const ReportBlock& report, Section rows) {
 
 std::string shownShort(const ReportBlock& report, Index row, Index column, std::size_t mostOfText) {
     constexpr std::size_t mostAlone = 400;
-    const std::string text = report.shown(row, column);
+    std::string text = report.shown(row, column);
     // No character takes more columns than bytes, and a number is never cut.
     if (text.size() <= mostOfText || !std::holds_alternative<Text>(report.value(row, column))) {
         return text;

@@ -69,7 +69,7 @@ class SectionWriter {
  private:
     /// Where labels and one more column are wider than the terminal, texts are shortened until they fit.
     [[nodiscard]] std::vector<std::vector<Index>> parts() {
-        const std::vector<std::vector<Index>> parts = m_Layout.parts(m_Width);
+        std::vector<std::vector<Index>> parts = m_Layout.parts(m_Width);
         if (std::ranges::all_of(parts, [&](const auto& part) { return m_Layout.fits(part, m_Width); })) {
             return parts;
         }

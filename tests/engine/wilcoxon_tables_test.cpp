@@ -24,6 +24,7 @@ DataTable ranked(const std::vector<std::pair<double, double>>& signsAndRanks) {
 
 DataTable ranked(const std::vector<double>& ranks) {
     std::vector<std::pair<double, double>> rows;
+    rows.reserve(ranks.size());
     for (const double rank : ranks) {
         rows.emplace_back(Positive, rank);
     }

@@ -92,7 +92,7 @@ TEST(XlsxParts, MayBeUtf16) {
     for (const bool bigEndian : {false, true}) {
         PartTexts parts = xlsxParts("<row r='1'><c r='A1' t='s'><v>0</v></c></row>", "<si><t>x</t></si>");
         for (auto& [name, text] : parts) {
-            text = utf16("<?xml version='1.0' encoding='UTF-16'?>" + text, bigEndian);
+            text = utf16(std::string("<?xml version='1.0' encoding='UTF-16'?>").append(text), bigEndian);
         }
         EXPECT_EQ(firstSheet(parts), "A1=\"x\"");
     }

@@ -9,6 +9,6 @@ namespace TBVNonPara::Peer {
 /// applications share. A text that is entered becomes what it looks like unless an apostrophe stands before
 /// it. Beside them stand members for tests: AddSheet(name) and those of
 /// peer_tests.hpp.
-[[nodiscard]] PeerRef peerApplication(const ObjectRef<workbook::EmbeddedApplication>& application);
+[[nodiscard]] PeerRef peerApplication(const ObjectRef<workbook::EmbeddedApplication>& host);
 
 }  // namespace TBVNonPara::Peer

@@ -5,9 +5,9 @@
 namespace TBVNonPara::com {
 
 std::wstring serverPath() {
-    wchar_t path[MAX_PATH] = L"";
-    GetModuleFileNameW(nullptr, path, MAX_PATH);
-    const std::wstring program(path);
+    wchar_t name[MAX_PATH] = L"";
+    GetModuleFileNameW(nullptr, name, MAX_PATH);
+    const std::wstring program(name);
     return program.substr(0, program.find_last_of(L'\\') + 1) + L"TBVNonPara.dll";
 }
 
