@@ -19,13 +19,14 @@ def named_value(name, value):
 
 
 class InsideTheOffice(TestCase):
-    def run_inside(self, tests, at_least):
+    def run_inside(self, tests, at_least, through=""):
         with Office() as office:
             # Loaded by its file: a component of tests needs no registration.
             loader = office.create("com.sun.star.loader.SharedLibrary")
             factory = loader.activate("TBVNonPara.Scenarios", "", "file://" + COMPONENT, None)
             job = factory.createInstanceWithContext(office.context)
-            status = job.execute((named_value("filter", tests), named_value("brief", "1")))
+            status = job.execute((named_value("filter", tests), named_value("brief", "1"),
+                                  named_value("through", through)))
             log = office.log.read_text(errors="replace")
         said = "\n".join(line for line in log.splitlines() if "javaldx" not in line)
         print("\n" + said)
@@ -35,6 +36,10 @@ class InsideTheOffice(TestCase):
     def test_every_scenario_gives_the_report_of_the_embedded_workbook(self):
         own = os.environ.get("TBVNONPARA_SCENARIO_FOLDER")
         self.run_inside("*Scenario*", 1 if own else 60)
+
+    def test_every_scenario_gives_it_through_the_service_that_is_installed(self):
+        own = os.environ.get("TBVNONPARA_SCENARIO_FOLDER")
+        self.run_inside("*Scenario*", 1 if own else 60, through="service")
 
     def test_cells_functions_and_views_are_used_as_the_library_needs_them(self):
         self.run_inside("Host.*:Reports.*", 11)
