@@ -204,7 +204,10 @@ void CalcRange::Clear() {
 
 void CalcRange::LetNumberFormat(std::string_view format) {
     change([&](const CellArea& area) {
-        setNumberFormat(m_Cells.document, block(area), format);
+        // As the numbers around the report's place are shown, with the comma or the point of the user's
+        // document.
+        const css::lang::Locale locale = localeOfNumbers(m_Session->document());
+        setNumberFormat(m_Cells.document, block(area), format, locale);
         for (const CellArea& cell : m_Session->booleansIn(m_Cells.sheet, area)) {
             setNumberFormat(m_Cells.document, block(cell), "BOOLEAN");
         }

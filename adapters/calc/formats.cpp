@@ -2,6 +2,8 @@
 
 #include <array>
 #include <com/sun/star/awt/FontWeight.hpp>
+#include <com/sun/star/container/XNameAccess.hpp>
+#include <com/sun/star/style/XStyleFamiliesSupplier.hpp>
 #include <com/sun/star/table/BorderLine2.hpp>
 #include <com/sun/star/table/CellHoriJustify.hpp>
 #include <com/sun/star/table/TableBorder2.hpp>
@@ -48,14 +50,25 @@ void moveRight(const Reference<css::text::XTextCursor>& cursor, Long characters,
 
 }  // namespace
 
-void setNumberFormat(const DocumentRef& document, const Cells& cells, std::string_view format) {
+css::lang::Locale localeOfNumbers(const DocumentRef& document) {
+    const auto families = query<css::style::XStyleFamiliesSupplier>(document)->getStyleFamilies();
+    const Reference<css::container::XNameAccess> styles(families->getByName("CellStyles"),
+                                                        css::uno::UNO_QUERY_THROW);
+    const Reference<css::beans::XPropertySet> ordinary(styles->getByName("Default"),
+                                                       css::uno::UNO_QUERY_THROW);
+    sal_Int32 key = 0;
+    ordinary->getPropertyValue("NumberFormat") >>= key;
+    const auto formats = query<css::util::XNumberFormatsSupplier>(document)->getNumberFormats();
+    css::lang::Locale locale;
+    property(formats->getByKey(key), "Locale") >>= locale;
+    return locale;
+}
+
+void setNumberFormat(const DocumentRef& document, const Cells& cells, std::string_view format,
+                     const css::lang::Locale& locale) {
     const css::lang::Locale english("en", "US", {});
     const auto formats = query<css::util::XNumberFormatsSupplier>(document)->getNumberFormats();
-    sal_Int32 key = formats->queryKey(fromUtf8(format), english, false);
-    if (key < 0) {
-        key = formats->addNew(fromUtf8(format), english);
-    }
-    setProperty(cells, "NumberFormat", key);
+    setProperty(cells, "NumberFormat", formats->addNewConverted(fromUtf8(format), english, locale));
 }
 
 void setAlignment(const Cells& cells, HorizontalAlignment alignment) {

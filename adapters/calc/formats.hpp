@@ -1,5 +1,6 @@
 #pragma once
 
+#include <com/sun/star/lang/Locale.hpp>
 #include <com/sun/star/table/XCell.hpp>
 #include <com/sun/star/uno/XInterface.hpp>
 #include <string_view>
@@ -12,8 +13,14 @@ namespace TBVNonPara::calc {
 
 using Cells = Reference<css::uno::XInterface>;
 
-/// A number format in the notation of English (USA), "General" and "BOOLEAN" among them.
-void setNumberFormat(const DocumentRef& document, const Cells& cells, std::string_view format);
+/// The locale in which a document shows the numbers of cells without a format of their own; an empty one is
+/// that of the office.
+[[nodiscard]] css::lang::Locale localeOfNumbers(const DocumentRef& document);
+
+/// A number format in the notation of English (USA), "General" and "BOOLEAN" among them. Numbers are shown as
+/// is usual in `locale`.
+void setNumberFormat(const DocumentRef& document, const Cells& cells, std::string_view format,
+                     const css::lang::Locale& locale = {});
 
 /// The spreadsheet cannot centre over several cells: a heading is centred in its own.
 void setAlignment(const Cells& cells, HorizontalAlignment alignment);

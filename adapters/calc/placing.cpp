@@ -14,6 +14,7 @@
 #include <com/sun/star/sheet/XSpreadsheets2.hpp>
 #include <com/sun/star/view/XSelectionSupplier.hpp>
 
+#include "adapters/calc/column_widths.hpp"
 #include "adapters/calc/main_thread.hpp"
 #include "adapters/calc/obstacles.hpp"
 #include "adapters/calc/reading.hpp"
@@ -193,6 +194,9 @@ void place(Session& session, const SheetAreas& source, const SheetAreas& target,
         case PasteKind::All:
             placeAll(session, source, target, block);
             noteRowsLeftOut(session, target.sheet, block);
+            if (source.document != target.document) {
+                widenColumns(source, target, block);
+            }
             break;
         case PasteKind::Values:
             writeCells(target.document, target.sheet, block, readCells(source.document, source.sheet, from));

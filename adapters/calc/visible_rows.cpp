@@ -45,7 +45,7 @@ Reference<css::container::XIndexAccess> rowsOf(const SheetRef& sheet) {
 }
 
 /// Stretches that touch or overlap become one.
-std::vector<RowStretch> joined(std::vector<RowStretch> stretches) {
+std::vector<RowStretch> mergedStretches(std::vector<RowStretch> stretches) {
     std::ranges::sort(stretches, {}, &RowStretch::first);
     std::vector<RowStretch> result;
     for (const RowStretch& stretch : stretches) {
@@ -100,7 +100,7 @@ std::vector<RowStretch> visibleRows(const SheetRef& sheet, std::int32_t top, std
     for (const css::table::CellRangeAddress& address : cells->queryVisibleCells()->getRangeAddresses()) {
         stretches.push_back({address.StartRow, address.EndRow});
     }
-    return joined(std::move(stretches));
+    return mergedStretches(std::move(stretches));
 }
 
 std::vector<RowStretch> hiddenRows(const SheetRef& sheet, std::int32_t top, std::int32_t bottom) {
@@ -139,7 +139,7 @@ HiddenCount countHiddenRows(std::span<const SheetAreas> ranges) {
     HiddenCount count;
     for (auto& [position, named] : sheets) {
         const SheetRef& sheet = named.first;
-        for (const RowStretch& rows : joined(std::move(named.second))) {
+        for (const RowStretch& rows : mergedStretches(std::move(named.second))) {
             const std::vector<RowStretch> hidden = hiddenRows(sheet, rows.first, rows.last);
             count.all += rows.last - rows.first + 1;
             count.hidden += rowsIn(hidden);

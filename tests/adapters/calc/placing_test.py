@@ -117,6 +117,73 @@ class Placing(TestCase):
         self.assertEqual(cell("E6").HoriJustify.value, "CENTER")
         self.assertEqual(cell("D16").CharWeight, 150)
 
+    def test_numbers_are_shown_as_those_of_the_document_are(self):
+        german = uno.createUnoStruct("com.sun.star.lang.Locale", "de", "DE", "")
+        ordinary = self.document.StyleFamilies.getByName("CellStyles").getByName("Default")
+        ordinary.NumberFormat = self.document.NumberFormats.getStandardIndex(german)
+        self.sheet.getCellRangeByName("K1").Value = 0.5
+        self.assertEqual(self.sheet.getCellRangeByName("K1").String, "0,5")
+        self.make_request("Data!D1").Results()
+        texts = [self.sheet.getCellRangeByName(address).String for address in ("E8", "G8", "E13", "G17")]
+        self.assertEqual(texts, ["1,0000", "1,0", "3", "0,1000"])
+
+    def test_numbers_follow_the_settings_of_the_office_where_the_documents_do(self):
+        self.make_request("Data!D1").Results()
+        formats = self.document.NumberFormats
+        for address in ("E8", "G8", "E13", "G17", "K1"):
+            cell = self.sheet.getCellRangeByName(address)
+            self.assertEqual(formats.getByKey(cell.NumberFormat).Locale.Language, "", address)
+
+    def large(self):
+        """2 x 2,000 rows: U is 2,000,000 and more."""
+        for column, first in enumerate((1.5, 2.25)):
+            rows = tuple((first + row,) for row in range(2000))
+            self.sheet.getCellRangeByPosition(column, 1, column, 2000).setDataArray(rows)
+
+    def large_request(self, output=None):
+        request = self.make_request(output)
+        request.OutputDescriptives = False
+        request.YRange, request.XRange = "Data!A1:A2001", "Data!B1:B2001"
+        return request
+
+    def test_a_new_sheet_shows_its_numbers_and_headings_whole(self):
+        self.large()
+        self.sheet.getCellRangeByName("A1").String = "A label that is much longer than a column is wide"
+        request = self.large_request()
+        request.OutputDescriptives = True
+        request.Results()
+        report = self.document.Sheets.getByIndex(1)
+        columns = report.getColumns()
+        # The label heads two columns of the tables, values and ranks; the title runs over the empty cells.
+        fitted = [columns.getByIndex(column).Width for column in range(5)]
+        columns.getByIndex(1).OptimalWidth = True
+        self.assertGreaterEqual(fitted[1], columns.getByIndex(1).Width)
+        self.assertGreater(fitted[1], 6000)
+        self.assertGreater(fitted[3], 6000)
+        self.assertLess(fitted[0], 3500)
+
+    def test_beside_data_only_columns_without_any_are_widened_for_words_and_all_for_numbers(self):
+        self.large()
+        width = self.sheet.getColumns().getByIndex(3).Width
+        self.sheet.getCellRangeByName("D500").String = "mine"
+        self.large_request("Data!D1").Results()
+        columns = self.sheet.getColumns()
+        self.assertEqual(self.sheet.getCellRangeByName("D6").String, "U")
+        # By hand: of the 4,000,000 pairs the first is above in those with a larger whole part.
+        self.assertEqual(self.sheet.getCellRangeByName("D7").Value, 2001000)
+        self.assertEqual(self.sheet.getCellRangeByName("D7").String, "2001000.0000")
+        self.assertGreater(columns.getByIndex(3).Width, width)
+        for column in range(0, 3):
+            self.assertEqual(columns.getByIndex(column).Width, width)
+
+    def test_undo_gives_back_the_widths(self):
+        self.large()
+        widths = [self.sheet.getColumns().getByIndex(column).Width for column in range(8)]
+        self.large_request("Data!D1").Results()
+        self.assertNotEqual([self.sheet.getColumns().getByIndex(c).Width for c in range(8)], widths)
+        self.document.UndoManager.undo()
+        self.assertEqual([self.sheet.getColumns().getByIndex(c).Width for c in range(8)], widths)
+
     def test_subscripts_arrive(self):
         request = self.make_request("Data!D1", method=2)
         request.Results()

@@ -1,0 +1,165 @@
+#include "adapters/calc/column_widths.hpp"
+
+#include <algorithm>
+#include <com/sun/star/container/XIndexAccess.hpp>
+#include <com/sun/star/sheet/CellFlags.hpp>
+#include <com/sun/star/sheet/XCellRangeData.hpp>
+#include <com/sun/star/sheet/XCellRangeMovement.hpp>
+#include <com/sun/star/sheet/XCellRangesQuery.hpp>
+#include <com/sun/star/sheet/XSheetCellRanges.hpp>
+#include <com/sun/star/sheet/XSheetOperation.hpp>
+#include <com/sun/star/table/XColumnRowRange.hpp>
+#include <set>
+
+namespace TBVNonPara::calc {
+
+namespace {
+
+namespace Flags = css::sheet::CellFlags;
+using css::uno::Any;
+using css::uno::Sequence;
+using Columns = Reference<css::container::XIndexAccess>;
+
+/// In hundredths of a millimetre: a longer label is cut, as the report would not fit on a screen otherwise.
+constexpr std::int32_t widest = 12'000;
+
+Reference<css::table::XCellRange> cellsIn(const SheetRef& sheet, const CellArea& area) {
+    return sheet->getCellRangeByPosition(area.left, area.top, area.right, area.bottom);
+}
+
+Columns columnsUnder(const Reference<css::table::XCellRange>& cells) {
+    return query<css::container::XIndexAccess>(query<css::table::XColumnRowRange>(cells)->getColumns());
+}
+
+std::int32_t widthOf(const Columns& columns, std::int32_t position) {
+    std::int32_t width = 0;
+    property(Reference<css::beans::XPropertySet>(columns->getByIndex(position), css::uno::UNO_QUERY_THROW),
+             "Width") >>= width;
+    return width;
+}
+
+/// The rows of a report that are measured: all of a short one; of a long one its ends and, between them, the
+/// largest and the smallest number of each column.
+std::set<std::int32_t> rowsToMeasure(const Sequence<Sequence<Any>>& cells) {
+    constexpr std::int32_t end = 200;
+    const std::int32_t rows = cells.getLength();
+    std::set<std::int32_t> measured;
+    for (std::int32_t row = 0; row < std::min(rows, end); ++row) {
+        measured.insert({row, rows - 1 - row});
+    }
+    for (std::int32_t column = 0; column < cells[0].getLength(); ++column) {
+        std::int32_t largest = 0;
+        std::int32_t smallest = 0;
+        const auto number = [&](std::int32_t row) {
+            double value = 0;
+            cells[row][column] >>= value;
+            return value;
+        };
+        for (std::int32_t row = 1; row < rows; ++row) {
+            largest = number(row) > number(largest) ? row : largest;
+            smallest = number(row) < number(smallest) ? row : smallest;
+        }
+        measured.insert({largest, smallest});
+    }
+    return measured;
+}
+
+/// A text alone in its line may run over the empty cells beside it.
+bool isLineOfText(const Sequence<Any>& row) {
+    const auto isFilled = [](const Any& cell) {
+        return cell.getValueTypeClass() != css::uno::TypeClass_STRING ||
+               !static_cast<const OUString*>(cell.getValue())->isEmpty();
+    };
+    return row[0].getValueTypeClass() == css::uno::TypeClass_STRING &&
+           std::none_of(row.begin() + 1, row.end(), isFilled);
+}
+
+/// A sheet in the report's document that is there while this lives.
+class MeasuringSheet {
+ public:
+    explicit MeasuringSheet(const SheetAreas& report) : m_Report(report) {
+        m_Report.document->getSheets()->insertNewByName(name(), 1);
+        m_Sheet = sheetNamed(m_Report.document, name());
+    }
+    ~MeasuringSheet() {
+        try {
+            m_Report.document->getSheets()->removeByName(name());
+        } catch (const css::uno::Exception&) {
+            // The document was closed in the meantime, and the sheet with it.
+        }
+    }
+    MeasuringSheet(const MeasuringSheet&) = delete;
+    MeasuringSheet& operator=(const MeasuringSheet&) = delete;
+
+    void fill() {
+        const CellArea& area = m_Report.areas.front();
+        const auto cells = query<css::sheet::XCellRangeData>(cellsIn(m_Report.sheet, area))->getDataArray();
+        for (const std::int32_t row : rowsToMeasure(cells)) {
+            if (!isLineOfText(cells[row])) {
+                query<css::sheet::XCellRangeMovement>(m_Sheet)->copyRange(
+                    {positionOf(m_Sheet), 0, m_Rows},
+                    {positionOf(m_Report.sheet), area.left, area.top + row, area.right, area.top + row});
+                m_Rows += 1;
+            }
+        }
+    }
+
+    /// What the columns need for all that is on the sheet.
+    [[nodiscard]] std::vector<std::int32_t> widths() const {
+        const Columns columns = columnsUnder(block());
+        setProperty(columns, "OptimalWidth", true);
+        std::vector<std::int32_t> widths;
+        for (std::int32_t column = 0; column < columns->getCount(); ++column) {
+            widths.push_back(std::min(widest, widthOf(columns, column)));
+        }
+        return widths;
+    }
+
+    void removeTexts() const { query<css::sheet::XSheetOperation>(block())->clearContents(Flags::STRING); }
+
+ private:
+    static OUString name() { return "Widths"; }
+    [[nodiscard]] Reference<css::table::XCellRange> block() const {
+        return cellsIn(m_Sheet, {0, 0, m_Report.areas.front().columns() - 1, std::max(0, m_Rows - 1)});
+    }
+
+    SheetAreas m_Report;
+    SheetRef m_Sheet;
+    std::int32_t m_Rows = 0;
+};
+
+bool standsAloneIn(const SheetRef& sheet, const CellArea& column, const CellArea& block) {
+    constexpr auto anything =
+        static_cast<sal_Int16>(Flags::VALUE | Flags::DATETIME | Flags::STRING | Flags::FORMULA);
+    const auto filled =
+        query<css::sheet::XCellRangesQuery>(cellsIn(sheet, column))->queryContentCells(anything);
+    const auto addresses = filled->getRangeAddresses();
+    return std::all_of(addresses.begin(), addresses.end(), [&](const css::table::CellRangeAddress& address) {
+        return block.contains(normalised(address));
+    });
+}
+
+}  // namespace
+
+void widenColumns(const SheetAreas& report, const SheetAreas& target, const CellArea& block) {
+    MeasuringSheet measure(report);
+    measure.fill();
+    const std::vector<std::int32_t> forAll = measure.widths();
+    measure.removeTexts();
+    const std::vector<std::int32_t> forNumbers = measure.widths();
+
+    const Columns columns = columnsUnder(query<css::table::XCellRange>(target.sheet));
+    const std::int32_t lastRow = query<css::table::XColumnRowRange>(target.sheet)->getRows()->getCount() - 1;
+    for (std::int32_t column = block.left; column <= block.right; ++column) {
+        const auto place = static_cast<std::size_t>(column - block.left);
+        const bool alone = standsAloneIn(target.sheet, {column, 0, column, lastRow}, block);
+        const std::int32_t wanted = alone ? forAll[place] : forNumbers[place];
+        if (wanted > widthOf(columns, column)) {
+            const Reference<css::beans::XPropertySet> widened(columns->getByIndex(column),
+                                                              css::uno::UNO_QUERY_THROW);
+            widened->setPropertyValue("Width", Any(wanted));
+        }
+    }
+}
+
+}  // namespace TBVNonPara::calc
