@@ -7,7 +7,7 @@
 #include <com/sun/star/frame/TerminationVetoException.hpp>
 #include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/task/XStatusIndicatorFactory.hpp>
-#include <optional>
+#include <cppuhelper/weakref.hxx>
 
 #include "adapters/calc/office_language.hpp"
 
@@ -15,10 +15,14 @@ namespace TBVNonPara::calc {
 
 namespace {
 
-/// What the last dialog was left with; it lasts as long as the office runs.
-std::optional<AnalysisSettings>& lastSettings() {
-    static std::optional<AnalysisSettings> settings;
-    return settings;
+/// What the last dialog of a document was left with; it lasts as long as the document is open.
+AnalysisSettings& lastSettings(const DocumentRef& document) {
+    using Remembered = std::pair<css::uno::WeakReference<css::sheet::XSpreadsheetDocument>, AnalysisSettings>;
+    static std::vector<Remembered> all;
+    std::erase_if(all, [](const Remembered& one) { return !one.first.get().is(); });
+    const auto found =
+        std::ranges::find_if(all, [&](const Remembered& one) { return one.first.get() == document; });
+    return found != all.end() ? found->second : all.emplace_back(document, AnalysisSettings()).second;
 }
 
 /// The dialogs that are open: one for a window at most.
@@ -84,7 +88,7 @@ void AnalysisDialog::close() {
     }
     const rtl::Reference<AnalysisDialog> whileClosing(this);
     m_Open = false;
-    lastSettings() = settings();
+    rememberSettings();
     std::erase(openDialogs(), this);
     if (m_Run) {
         m_Run->cancel();
@@ -93,8 +97,16 @@ void AnalysisDialog::close() {
     m_View.close();
 }
 
+void AnalysisDialog::rememberSettings() const {
+    // A window that is closed has no document any more.
+    const Reference<css::frame::XController> controller = m_Frame->getController();
+    if (controller.is() && controller->getModel().is()) {
+        lastSettings(document()) = settings();
+    }
+}
+
 void AnalysisDialog::showSettings() {
-    const AnalysisSettings last = lastSettings().value_or(AnalysisSettings());
+    const AnalysisSettings& last = lastSettings(document());
     m_View.select(controls::test, last.method);
     m_View.fill(controls::alternative, alternativesOf(last.method, true, m_Language));
     m_View.select(controls::alternative, last.tails);
@@ -210,6 +222,7 @@ AnalysisSettings AnalysisDialog::settings() const {
     settings.secondRange = m_State.secondRange ? m_View.text(Field::Second) : std::string();
     settings.outputCell = m_View.checked(controls::cell) ? m_View.text(Field::Output) : std::string();
     settings.overWrite = m_View.checked(controls::overwrite);
+    settings.newSheetName = m_Texts.sheets[static_cast<std::size_t>(settings.method)];
     settings.visibleRowsOnly = m_State.hiddenRows && m_View.checked(controls::visibleRows);
     return settings;
 }

@@ -50,6 +50,7 @@ class AnalysisDialog
     void open();
     void close();
     void showSettings();
+    void rememberSettings() const;
     void prefill();
     /// Counts the hidden rows of the ranges anew; whether they are others than before.
     bool countHidden();

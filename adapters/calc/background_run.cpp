@@ -45,6 +45,7 @@ void BackgroundRun::step() {
 void BackgroundRun::analyse() {
     const auto session = std::make_shared<Session>(m_Context, m_Document);
     session->onStep([this] { step(); });
+    session->nameNewSheets(m_Settings.newSheetName);
     if (m_Settings.visibleRowsOnly) {
         session->leaveOutHiddenRows();
     }

@@ -24,6 +24,7 @@ struct AnalysisSettings {
     std::string outputCell;  ///< empty: a new sheet
     bool overWrite = false;
     bool visibleRowsOnly = false;
+    std::string newSheetName;
 };
 
 /// How a run ended: well, by an error, or because the user wanted it to.

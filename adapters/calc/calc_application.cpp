@@ -23,6 +23,15 @@ OUString freeName(const Reference<css::sheet::XSpreadsheets>& sheets) {
     return name;
 }
 
+/// A name, or the first of "Wilcoxon (2)", "Wilcoxon (3)" and so on that is free.
+OUString freeName(const Reference<css::sheet::XSpreadsheets>& sheets, const OUString& wanted) {
+    OUString name = wanted;
+    for (sal_Int32 number = 2; sheets->hasByName(name); ++number) {
+        name = wanted + " (" + OUString::number(number) + ")";
+    }
+    return name;
+}
+
 }  // namespace
 
 CalcApplication::CalcApplication(std::shared_ptr<Session> session)
@@ -59,7 +68,8 @@ WorksheetRef CalcApplication::AddWorksheets() {
                 "protection or choose a cell for the report.");
         }
         const auto sheets = document->getSheets();
-        const OUString name = freeName(sheets);
+        const OUString wanted = m_Session->newSheetName();
+        const OUString name = wanted.isEmpty() ? freeName(sheets) : freeName(sheets, wanted);
         const std::int16_t position = positionOf(activeSheet(document));
         sheets->insertNewByName(name, position);
         const SheetRef sheet = sheetNamed(document, name);

@@ -19,5 +19,6 @@ constexpr std::int32_t pickerWidth = 44;
 constexpr std::int32_t buttonWidth = 52;
 constexpr std::int32_t buttonHeight = 15;
 constexpr std::int32_t messageColour = 0xB00020;
+constexpr std::int32_t messageColourOnDark = 0xFF9A8C;
 
 }  // namespace TBVNonPara::calc::measures

@@ -13,7 +13,8 @@ namespace TBVNonPara::calc {
 struct DialogTexts {
     std::string_view title;
     std::string_view test;
-    std::array<std::string_view, 8> tests;  ///< by the tests' numbers
+    std::array<std::string_view, 8> tests;   ///< by the tests' numbers
+    std::array<std::string_view, 8> sheets;  ///< what their reports' sheets are called
     std::string_view alternative;
     std::string_view firstRange;
     std::string_view secondRange;

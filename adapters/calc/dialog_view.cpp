@@ -7,6 +7,7 @@
 #include <com/sun/star/awt/XButton.hpp>
 #include <com/sun/star/awt/XListBox.hpp>
 #include <com/sun/star/awt/XRadioButton.hpp>
+#include <com/sun/star/awt/XStyleSettingsSupplier.hpp>
 #include <com/sun/star/awt/XTextComponent.hpp>
 #include <com/sun/star/awt/XTopWindow.hpp>
 #include <com/sun/star/container/XNameContainer.hpp>
@@ -22,6 +23,12 @@ namespace {
 
 using css::beans::XPropertySet;
 using css::uno::Any;
+
+std::string withoutLetter(std::string_view label) {
+    std::string text(label);
+    std::erase(text, '~');
+    return text;
+}
 
 /// A label as it is read out: without the mark of its letter and the colon.
 std::string spoken(std::string_view label) {
@@ -84,7 +91,8 @@ void DialogView::addControls() {
     add("FixedLine", "Report")->setPropertyValue("Label", Any(fromUtf8(m_Texts.report)));
     addBox("RadioButton", controls::newSheet, m_Texts.newSheet);
     addBox("RadioButton", controls::cell, m_Texts.cell);
-    addField(Field::Output, m_Texts.cell);
+    // The letter belongs to the button: the field's own label is for screen readers alone.
+    addField(Field::Output, withoutLetter(m_Texts.cell));
     addBox("CheckBox", controls::overwrite, m_Texts.overwrite);
     addBox("CheckBox", controls::labels, m_Texts.labels);
     addBox("CheckBox", controls::descriptives, m_Texts.descriptives);
@@ -96,7 +104,6 @@ void DialogView::addControls() {
     for (const Field field : {Field::First, Field::Second, Field::Output, Field::None}) {
         const OUString name = messageOf(ascii(nameOf(field)));
         set(name, "MultiLine", Any(true));
-        set(name, "TextColor", Any(measures::messageColour));
         set(name, "EnableVisible", Any(false));
     }
 }
@@ -156,8 +163,22 @@ void DialogView::open(const Reference<css::awt::XWindowPeer>& parent) {
     m_Dialog->createPeer(
         Reference<css::awt::XToolkit>(css::awt::Toolkit::create(m_Context), css::uno::UNO_QUERY_THROW),
         parent);
+    setMessageColour();
     centreOn(query<css::awt::XWindow>(parent));
     window->setVisible(true);
+}
+
+/// The desktop's colours are known once the window is there: on a dark one dark red could not be read.
+void DialogView::setMessageColour() {
+    const auto style = query<css::awt::XStyleSettingsSupplier>(m_Dialog->getPeer())->getStyleSettings();
+    const std::int32_t ground = style->getDialogColor();
+    const std::int32_t brightness =
+        ((ground >> 16) & 0xFF) * 3 + ((ground >> 8) & 0xFF) * 6 + (ground & 0xFF);
+    constexpr std::int32_t middle = 1280;
+    for (const Field field : {Field::First, Field::Second, Field::Output, Field::None}) {
+        set(messageOf(ascii(nameOf(field))), "TextColor",
+            Any(brightness < middle ? measures::messageColourOnDark : measures::messageColour));
+    }
 }
 
 void DialogView::centreOn(const Reference<css::awt::XWindow>& parent) {

@@ -87,6 +87,7 @@ class DialogView {
  private:
     struct Place;
 
+    void setMessageColour();
     void centreOn(const Reference<css::awt::XWindow>& parent);
 
     Reference<css::beans::XPropertySet> add(const char* kind, const OUString& name);

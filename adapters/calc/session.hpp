@@ -23,6 +23,10 @@ class Session {
     [[nodiscard]] DocumentRef document() const;
     void workOn(const DocumentRef& document) { m_Document = document; }
 
+    /// What a new sheet is called, as far as the name is free; without one it gets the spreadsheet's own.
+    void nameNewSheets(std::string_view name) { m_NewSheetName = fromUtf8(name); }
+    [[nodiscard]] const OUString& newSheetName() const noexcept { return m_NewSheetName; }
+
     void copy(SheetAreas cells) { m_Copied = std::move(cells); }
     [[nodiscard]] const SheetAreas& copied() const;
 
@@ -82,6 +86,7 @@ class Session {
 
     Context m_Context;
     DocumentRef m_Document;
+    OUString m_NewSheetName;
     SheetAreas m_Copied;
     bool m_Running = false;
     std::vector<Reading> m_Readings;

@@ -7,6 +7,7 @@ import unittest
 
 import uno  # noqa: F401
 from com.sun.star.accessibility.AccessibleRole import MENU_BAR, RADIO_BUTTON
+from com.sun.star.accessibility.AccessibleStateType import CHECKED
 from com.sun.star.awt.Key import N
 from com.sun.star.awt.KeyModifier import MOD1, MOD2
 from com.sun.star.container import NoSuchElementException
@@ -99,6 +100,13 @@ class Input(DialogCase):
         left, top, _, _ = self.field("First range:").box
         self.screen.mouse("mousemove", left + 5, top + 5, "click", 1, "key", "Escape")
         self.assertTrue(wait_for(lambda: self.find() is None))
+
+    def test_alt_and_c_choose_a_cell_for_the_report(self):
+        self.open_dialog()
+        self.assertFalse(self.control("a cell:", RADIO_BUTTON).has(CHECKED))
+        left, top, _, _ = self.field("First range:").box
+        self.screen.mouse("mousemove", left + 5, top + 5, "click", 1, "key", "alt+c")
+        self.assertTrue(wait_for(lambda: self.control("a cell:", RADIO_BUTTON).has(CHECKED), 30))
 
     def test_letters_with_alt_go_to_their_fields(self):
         self.open_dialog()
