@@ -1,5 +1,6 @@
 #include <cmath>
 #include <com/sun/star/frame/XModel.hpp>
+#include <com/sun/star/text/XText.hpp>
 #include <gtest/gtest.h>
 #include <limits>
 
@@ -159,13 +160,47 @@ TEST_F(Reports, FreeTheViewsWhereverTheyAreBrokenOff) {
     EXPECT_GT(lastStep, 20);
 }
 
-TEST_F(Reports, AFormatThatDidNotArriveIsNoticed) {
-    analyse();
-    const SheetAreas placed = resolve(open.document(), open.sheet(), "D1:G7");
-    const DocumentRef scratch = documentNamed(officeContext(), scratchWorkbookName);
-    EXPECT_TRUE(lostFormats(scratch, placed).empty());
+/// A report in D1:G7, its formats compared with those of the scratch workbook.
+class PlacedFormats : public Reports {
+ protected:
+    void SetUp() override {
+        Reports::SetUp();
+        analyse();
+        scratch = documentNamed(officeContext(), scratchWorkbookName);
+    }
+
+    [[nodiscard]] std::vector<std::string> lost(const char* block = "D1:G7") const {
+        return lostFormats(scratch, resolve(open.document(), open.sheet(), block));
+    }
+
+    DocumentRef scratch;
+};
+
+TEST_F(PlacedFormats, AFormatThatDidNotArriveIsNoticed) {
+    EXPECT_TRUE(lost().empty());
     setProperty(open.sheet()->getCellByPosition(3, 0), "CharWeight", 100.0F);
-    EXPECT_EQ(lostFormats(scratch, placed).size(), 1U);
+    ASSERT_EQ(lost().size(), 1U);
+    EXPECT_TRUE(lost().front().starts_with("$A$1 has weight 100")) << lost().front();
+}
+
+TEST_F(PlacedFormats, OneThatIsLostInManyCellsIsToldInALineForEachColumnAtMost) {
+    // Below the report both sheets are empty.
+    setProperty(open.sheet()->getCellRangeByPosition(3, 99, 6, 19'998), "CellBackColor", sal_Int32(0xFF0000));
+    const std::vector<std::string> formats = lost("D1:G20000");
+    EXPECT_GE(formats.size(), 1U);
+    EXPECT_LE(formats.size(), 4U);
+    for (const std::string& format : formats) {
+        EXPECT_NE(format.find("$19999 has "), std::string::npos) << format;
+    }
+}
+
+TEST_F(PlacedFormats, CharactersThatAreNotLoweredAreNoticed) {
+    const auto text = query<css::text::XText>(sheetAt(scratch, 0)->getCellByPosition(0, 0));
+    const auto cursor = text->createTextCursor();
+    cursor->gotoStart(false);
+    cursor->goRight(1, true);
+    setProperty(cursor, "CharEscapement", sal_Int16(-33));
+    EXPECT_EQ(lost(), std::vector<std::string>{"$A$1 wants lowered M-33"});
 }
 
 }  // namespace
