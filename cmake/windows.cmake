@@ -1,11 +1,21 @@
-# Compiles for 64-bit Windows on Debian and runs what it compiled under Wine; what the tests use and no package
-# offers for Windows comes from cmake/windows/.
+# Compiles for Windows on Debian and runs what it compiled under Wine; what the tests use and no package offers for
+# Windows comes from cmake/windows/. TBVNONPARA_WINDOWS_PROCESSOR is x86_64 or i686.
+set(TBVNONPARA_WINDOWS_PROCESSOR x86_64 CACHE STRING "The processor of the automation server: x86_64 or i686")
+list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES TBVNONPARA_WINDOWS_PROCESSOR)
+set(windows_triple ${TBVNONPARA_WINDOWS_PROCESSOR}-w64-mingw32)
 set(CMAKE_SYSTEM_NAME Windows)
-set(CMAKE_SYSTEM_PROCESSOR x86_64)
-set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
-set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
-set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
-set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32)
+set(CMAKE_SYSTEM_PROCESSOR ${TBVNONPARA_WINDOWS_PROCESSOR})
+set(CMAKE_C_COMPILER ${windows_triple}-gcc-posix)
+set(CMAKE_CXX_COMPILER ${windows_triple}-g++-posix)
+set(CMAKE_RC_COMPILER ${windows_triple}-windres)
+set(CMAKE_FIND_ROOT_PATH /usr/${windows_triple})
+if(TBVNONPARA_WINDOWS_PROCESSOR STREQUAL i686)
+    # Numbers are those of 64 bits: doubles are never held with more digits. Callers align the stack to four bytes,
+    # these registers want sixteen.
+    foreach(language C CXX)
+        set(CMAKE_${language}_FLAGS_INIT "-msse2 -mfpmath=sse -mstackrealign")
+    endforeach()
+endif()
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)

@@ -11,6 +11,7 @@ namespace TBVNonPara::com {
 
 namespace {
 
+constexpr bool is64Bit = sizeof(void*) == 8;
 constexpr wchar_t path[] = L"C:\\Programs\\Tabvance\\TBVNonPara.dll";
 
 /// Two branches of the registry of the test's own, the second for the user.
@@ -73,7 +74,7 @@ TEST_F(Registration, WritesTheClassItsNameAndItsTypeLibrary) {
     EXPECT_EQ(value(m_Machine, "TBVNonPara.clsNonPara\\CLSID"), idOf(__uuidof(::clsNonPara)));
     const std::string library = "TypeLib\\" + value(m_Machine, classKey + "\\TypeLib") + "\\1.0";
     EXPECT_EQ(value(m_Machine, library), "Tabvance Nonparametrics");
-    EXPECT_EQ(value(m_Machine, library + "\\0\\win64"), file);
+    EXPECT_EQ(value(m_Machine, library + (is64Bit ? "\\0\\win64" : "\\0\\win32")), file);
     EXPECT_EQ(value(m_Machine, library + "\\HELPDIR"), "C:\\Programs\\Tabvance");
     EXPECT_EQ(value(m_Machine, "Interface\\" + idOf(__uuidof(_clsNonPara))), "_clsNonPara");
     EXPECT_EQ(keysBelow(m_User), 0U);
@@ -94,7 +95,6 @@ TEST_F(Registration, UnregisteringLeavesNotOneKey) {
 }
 
 TEST_F(Registration, LeavesTheLibraryOfTheOtherWidthItsTypeLibrary) {
-    constexpr bool is64Bit = sizeof(void*) == 8;
     ASSERT_EQ(registerServer(m_Machine, m_User, path), S_OK);
     const std::string library =
         "TypeLib\\" + value(m_Machine, "CLSID\\" + idOf(__uuidof(::clsNonPara)) + "\\TypeLib") + "\\1.0\\0";
