@@ -106,7 +106,7 @@ std::string fullText(const Error& error) {
 AnalysisObject::AnalysisObject(const Context& context)
     : m_Context(context),
       m_Session(std::make_shared<Session>(context)),
-      m_Request(ownCompanions(makeObject<CalcApplication>(m_Session))) {
+      m_Request(calcCompanions(m_Session)) {
 }
 
 AnalysisException AnalysisObject::exceptionOf(const Error& error) {

@@ -49,7 +49,7 @@ void BackgroundRun::analyse() {
     if (m_Settings.visibleRowsOnly) {
         session->leaveOutHiddenRows();
     }
-    clsNonPara request(ownCompanions(makeObject<CalcApplication>(session)));
+    clsNonPara request(calcCompanions(session));
     request.LetMethod(m_Settings.method);
     request.LetTails(m_Settings.tails);
     request.LetHeaders(m_Settings.headers);

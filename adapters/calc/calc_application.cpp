@@ -34,6 +34,13 @@ OUString freeName(const Reference<css::sheet::XSpreadsheets>& sheets, const OUSt
 
 }  // namespace
 
+CompanionLibrary calcCompanions(const std::shared_ptr<Session>& session) {
+    static const auto running = std::make_shared<std::atomic<bool>>(false);
+    CompanionLibrary companions = ownCompanions(makeObject<CalcApplication>(session));
+    companions.running = running;
+    return companions;
+}
+
 CalcApplication::CalcApplication(std::shared_ptr<Session> session)
     : m_Session(std::move(session)), m_Functions(m_Session) {
 }

@@ -4,6 +4,7 @@
 
 #include "adapters/calc/session.hpp"
 #include "adapters/calc/worksheet_functions.hpp"
+#include "tbvnonpara/companion/CompanionLibrary.hpp"
 #include "tbvnonpara/host/Application.hpp"
 
 namespace TBVNonPara::calc {
@@ -24,5 +25,9 @@ class CalcApplication : public Application {
     std::shared_ptr<Session> m_Session;
     CalcFunctions m_Functions;
 };
+
+/// What a request of the add-in works with. All requests build their reports in one scratch document, so that
+/// there is one flag for all of them that says whether a run is going on.
+[[nodiscard]] CompanionLibrary calcCompanions(const std::shared_ptr<Session>& session);
 
 }  // namespace TBVNonPara::calc

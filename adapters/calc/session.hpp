@@ -36,6 +36,7 @@ class Session {
     [[nodiscard]] std::optional<ValueGrid> remembered(const SheetRef& sheet, const CellArea& area) const;
     void remember(const SheetRef& sheet, const CellArea& area, Values values);
 
+    [[nodiscard]] bool isRunning() const noexcept { return m_Running; }
     void beginRun(const RowRules& rules);
     void endRun() noexcept;
 
@@ -115,18 +116,27 @@ class DataRangeScope {
     Session& m_Session;
 };
 
-/// One run: whatever happens in it, the views are released and the undo step is closed at its end.
+/// One run: whatever happens in it, the views are released and the undo step is closed at its end. Another
+/// one within it, which the request refuses, leaves them as they are.
 class Run {
  public:
-    explicit Run(Session& session, const RowRules& rules = {}) : m_Session(session) {
-        m_Session.beginRun(rules);
+    explicit Run(Session& session, const RowRules& rules = {})
+        : m_Session(session), m_IsOutermost(!session.isRunning()) {
+        if (m_IsOutermost) {
+            m_Session.beginRun(rules);
+        }
     }
-    ~Run() { m_Session.endRun(); }
+    ~Run() {
+        if (m_IsOutermost) {
+            m_Session.endRun();
+        }
+    }
     Run(const Run&) = delete;
     Run& operator=(const Run&) = delete;
 
  private:
     Session& m_Session;
+    bool m_IsOutermost;
 };
 
 }  // namespace TBVNonPara::calc
