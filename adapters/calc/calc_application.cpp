@@ -78,7 +78,9 @@ WorksheetRef CalcApplication::AddWorksheets() {
         const OUString wanted = m_Session->newSheetName();
         const OUString name = wanted.isEmpty() ? freeName(sheets) : freeName(sheets, wanted);
         const std::int16_t position = positionOf(activeSheet(document));
+        const MacroModules before(document);
         sheets->insertNewByName(name, position);
+        m_Session->rememberAddedSheet(document, name, before);
         const SheetRef sheet = sheetNamed(document, name);
         activate(*m_Session, document, sheet);
         return makeObject<CalcWorksheet>(m_Session, document, sheet);

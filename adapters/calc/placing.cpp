@@ -15,6 +15,7 @@
 #include <com/sun/star/view/XSelectionSupplier.hpp>
 
 #include "adapters/calc/column_widths.hpp"
+#include "adapters/calc/macro_modules.hpp"
 #include "adapters/calc/main_thread.hpp"
 #include "adapters/calc/obstacles.hpp"
 #include "adapters/calc/reading.hpp"
@@ -66,21 +67,27 @@ void transfer(const SheetRef& source, const CellArea& area, const Reference<XSpr
     query<css::datatransfer::XTransferableSupplier>(targetView)->insertTransferable(report);
 }
 
-/// Without the views: the whole sheet comes over, the cells are copied from it and it goes again.
+/// Without the views: the whole sheet comes over, the cells are copied from it and it goes again, also where
+/// the office brought it and failed afterwards.
 void copyThroughImportedSheet(const SheetAreas& source, const SheetAreas& target, const CellArea& block) {
-    const auto sheets = target.document->getSheets();
-    const auto last = query<css::container::XIndexAccess>(sheets)->getCount();
-    const sal_Int32 position =
-        query<css::sheet::XSpreadsheets2>(sheets)->importSheet(source.document, nameOf(source.sheet), last);
-    const SheetRef imported = sheetAt(target.document, position);
-    const OUString name = nameOf(imported);
+    const auto sheets = query<css::sheet::XSpreadsheets2>(target.document->getSheets());
+    const auto positions = query<css::container::XIndexAccess>(sheets);
+    const sal_Int32 last = positions->getCount();
+    const MacroModules modules(target.document);
+    const auto removeImported = [&] {
+        if (positions->getCount() > last) {
+            sheets->removeByName(nameOf(sheetAt(target.document, last)));
+        }
+        modules.removeAdded();
+    };
     try {
-        copyWithin(imported, source.areas.front(), target.sheet, block);
+        sheets->importSheet(source.document, nameOf(source.sheet), last);
+        copyWithin(sheetAt(target.document, last), source.areas.front(), target.sheet, block);
     } catch (...) {
-        sheets->removeByName(name);
+        removeImported();
         throw;
     }
-    sheets->removeByName(name);
+    removeImported();
 }
 
 void paste(const Session& session, const SheetAreas& source, const SheetAreas& target,
@@ -124,6 +131,7 @@ class HeldCells {
         } else {
             session.takeBack();
         }
+        session.removeAddedSheet();
     }
 
  private:

@@ -8,6 +8,8 @@
 #include <com/sun/star/frame/XTitle.hpp>
 #include <com/sun/star/util/XModifiable2.hpp>
 
+#include "adapters/calc/macro_modules.hpp"
+
 namespace TBVNonPara::calc {
 
 namespace {
@@ -44,6 +46,7 @@ DocumentRef makeScratch(const Context& context) {
     query<css::frame::XTitle>(document)->setTitle(fromUtf8(scratchWorkbookName));
     setProperty(document, "IsUndoEnabled", false);
     keepOneSheet(document);
+    giveModule(document, sheetAt(document, 0));
     // It must neither ask to be saved when the office ends nor draw what nobody sees.
     const auto modifiable = query<css::util::XModifiable2>(document);
     modifiable->setModified(false);

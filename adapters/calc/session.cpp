@@ -64,6 +64,7 @@ void Session::beginRun(const RowRules& rules) {
 void Session::endRun() noexcept {
     m_Running = false;
     m_Readings.clear();
+    m_AddedSheet = {};
     m_Step.close();
     releaseViews();
 }
@@ -90,6 +91,14 @@ void Session::beforeChange(const DocumentRef& document) {
     m_Readings.clear();
     if (m_Running && !m_Step.isOpen() && !isScratch(document)) {
         m_Step.open(document, reportTitle());
+    }
+}
+
+void Session::removeAddedSheet() {
+    const AddedSheet added = std::exchange(m_AddedSheet, {});
+    if (added.document.is() && added.document->getSheets()->hasByName(added.name)) {
+        added.document->getSheets()->removeByName(added.name);
+        added.before.removeAdded();
     }
 }
 

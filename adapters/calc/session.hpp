@@ -7,6 +7,7 @@
 
 #include "adapters/calc/addresses.hpp"
 #include "adapters/calc/data_rows.hpp"
+#include "adapters/calc/macro_modules.hpp"
 #include "adapters/calc/undo_step.hpp"
 #include "tbvnonpara/core/cell_value.hpp"
 
@@ -52,6 +53,13 @@ class Session {
     [[nodiscard]] bool canTakeBack() const { return m_Step.canTakeBack(); }
     void takeBack() { m_Step.takeBack(); }
 
+    /// A sheet that was added for the report of this run, and its end where the report does not arrive.
+    /// (Without undo steps, and where the document's macros are in the VBA mode, nothing else takes it away.)
+    void rememberAddedSheet(const DocumentRef& document, const OUString& name, const MacroModules& before) {
+        m_AddedSheet = {document, name, before};
+    }
+    void removeAddedSheet();
+
     /// Only visible rows of the data ranges take part from now on.
     void leaveOutHiddenRows() { m_DataRows = std::make_unique<DataRows>(); }
     /// Where only visible rows take part, and nothing otherwise.
@@ -83,6 +91,12 @@ class Session {
         CellArea cell;
     };
 
+    struct AddedSheet {
+        DocumentRef document;
+        OUString name;
+        MacroModules before;
+    };
+
     [[nodiscard]] OUString reportTitle() const;
 
     Context m_Context;
@@ -94,6 +108,7 @@ class Session {
     std::vector<BooleanCell> m_Booleans;
     DocumentRef m_Held;
     UndoStep m_Step;
+    AddedSheet m_AddedSheet;
     std::unique_ptr<DataRows> m_DataRows;
     std::optional<DataRange> m_ResolvingFor;
     std::function<void()> m_OnStep;

@@ -1,4 +1,4 @@
-"""Documents with macros: those that start while a report is made."""
+"""Documents with macros: those in the VBA mode, as .xlsm files are, and macros that start while a report is made."""
 
 import unittest
 
@@ -14,6 +14,23 @@ OBJECT_ERROR = -2147221504
 RUN_IN_PROGRESS = OBJECT_ERROR + 5062
 TITLE = "Mann-Whitney Test Results for:"
 COLUMNS = [["Before", 1, 2, 3], ["After", 4, 5, 6]]
+MACRO = """
+Option VBASupport 1
+Function Analyse(place) As String
+    Dim request As Object
+    On Error GoTo Failed
+    Set request = TBVNonPara.clsNonPara.createFor(ThisComponent)
+    request.Headers = True
+    request.YRange = "Data!A1:A4"
+    request.XRange = "Data!B1:B4"
+    request.OutputRange = place
+    request.Results
+    Analyse = ""
+    Exit Function
+Failed:
+    Analyse = Error$
+End Function
+"""
 
 
 class Listener(unohelper.Base, XModifyListener):
@@ -55,6 +72,48 @@ class DocumentCase(TestCase):
 
     def sheets(self):
         return self.document.getSheets().ElementNames
+
+
+class VbaMode(DocumentCase):
+    def open(self, **properties):
+        super().open(**properties)
+        libraries = self.document.BasicLibraries
+        if not libraries.hasByName("Standard"):
+            libraries.createLibrary("Standard")
+        libraries.loadLibrary("Standard")
+        self.modules = libraries.getByName("Standard")
+        self.modules.insertByName("Module", MACRO)
+        libraries.VBACompatibilityMode = True
+
+    def call(self, place):
+        return self.document.getScriptProvider().getScript(
+            "vnd.sun.star.script:Standard.Module.Analyse?language=Basic&location=document").invoke(
+                (place,), (), ())[0]
+
+    def test_a_macro_gets_its_report_on_a_new_sheet(self):
+        for hidden in (False, True):
+            with self.subTest(hidden=hidden):
+                self.open(Hidden=hidden)
+                self.assertEqual(self.call(""), "")
+                self.assertEqual(self.sheets(), ("Data", "Sheet2"))
+                self.assertEqual(cells_of(self.document.getSheets().getByIndex(1))[0][0], TITLE)
+
+    def test_a_macro_gets_its_report_at_a_cell_and_no_sheet_or_module_besides(self):
+        for hidden in (False, True):
+            with self.subTest(hidden=hidden):
+                self.open(Hidden=hidden)
+                modules = self.modules.ElementNames
+                self.assertEqual(self.call("Data!D1"), "")
+                self.assertEqual(self.sheet.getCellRangeByName("D1").String, TITLE)
+                self.assertEqual((self.sheets(), self.modules.ElementNames), (("Data",), modules))
+
+    def test_one_undo_empties_the_new_sheet(self):
+        self.open()
+        self.call("")
+        self.document.UndoManager.undo()
+        sheet = self.document.getSheets().getByName("Sheet2")
+        self.assertEqual(cells_of(sheet), (("",),))
+        self.assertEqual(cells_of(self.sheet), tuple(zip(*COLUMNS)))
 
 
 class MacrosDuringARun(DocumentCase):

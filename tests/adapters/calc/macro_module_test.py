@@ -11,13 +11,11 @@ from office import Office, TestCase, cells_of
 ROOT = pathlib.Path(__file__).resolve().parents[3]
 MODULE = ROOT / "adapters/com/package/TBVNonPara.bas"
 
-# What the office lacks of a Windows application: its classes, and boxes that nobody has to answer. (The add-in's
-# report cannot be brought into a document whose macros are in the VBA mode.)
+# What the office lacks of a Windows application: its classes, and boxes that nobody has to answer.
 SURROUNDINGS = """
 Option VBASupport 1
 Public message As String
 Function CreateObject(name)
-    ThisComponent.BasicLibraries.VBACompatibilityMode = False
     CreateObject = CreateUnoService(name)
 End Function
 Function MsgBox(text)
@@ -69,14 +67,13 @@ class MacroModule(TestCase):
         libraries.loadLibrary("Standard")
         source = SURROUNDINGS + MODULE.read_text(encoding="ascii") + CALLS
         libraries.getByName("Standard").insertByName("Module", source)
+        libraries.VBACompatibilityMode = True
 
     @classmethod
     def tearDownClass(cls):
         cls.document.close(True)
-        
 
     def call(self, name, *arguments):
-        self.document.BasicLibraries.VBACompatibilityMode = True
         script = self.document.getScriptProvider().getScript(
             f"vnd.sun.star.script:Standard.Module.{name}?language=Basic&location=document")
         return script.invoke(arguments, (), ())[0]
