@@ -3,8 +3,8 @@
 #include <chrono>
 #include <gtest/gtest.h>
 
-#include "data_sheet.hpp"
 #include "tbvnonpara/analysis/column_address.hpp"
+#include "tests/analysis/data_sheet.hpp"
 #include "tests/support/raised.hpp"
 
 namespace TBVNonPara::analysis {

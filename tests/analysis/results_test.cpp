@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 #include <stdexcept>
 
-#include "data_sheet.hpp"
+#include "tests/analysis/data_sheet.hpp"
 
 namespace TBVNonPara::analysis {
 

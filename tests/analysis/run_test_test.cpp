@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "data_sheet.hpp"
 #include "tbvnonpara/files/csv/file.hpp"
+#include "tests/analysis/data_sheet.hpp"
 
 namespace TBVNonPara::analysis {
 

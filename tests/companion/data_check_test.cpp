@@ -27,7 +27,7 @@ std::string caseName(const ::testing::TestParamInfo<CheckCase>& info) {
 /// The cells on a sheet "Data" from B2 on.
 RangeRef dataRange(const ObjectRef<Application>& host, const ValueGrid& cells) {
     const RangeRef first = host->GetRange("Data!B2");
-    const RangeRef range = host->GetRange(first, first->GetCells(cells.rows(), cells.columns()));
+    RangeRef range = host->GetRange(first, first->GetCells(cells.rows(), cells.columns()));
     range->LetValue(cells);
     return range;
 }

@@ -95,8 +95,8 @@ TEST(CellValues, ReadAsNumbers) {
 
 TEST(CellValues, ShareTheirTextWhenCopied) {
     const CellValue value = "Before";
-    const CellValue copy =
-        value;  // NOLINT(performance-unnecessary-copy-initialization): the copy is the point
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the copy is the point
+    const CellValue copy = value;
     EXPECT_EQ(&std::get<Text>(value).string(), &std::get<Text>(copy).string());
     EXPECT_EQ(value, CellValue(std::string("Before")));
     EXPECT_NE(value, CellValue("After"));

@@ -106,7 +106,8 @@ class Arrangements {
         for (int m = 0; m <= most; ++m) {
             for (int n = 0; n <= most; ++n) {
                 auto& counts = of(m, n);
-                counts.assign(static_cast<std::size_t>(m * n + 1), m == 0 || n == 0 ? 1 : 0);
+                counts.assign(static_cast<std::size_t>(m) * static_cast<std::size_t>(n) + 1,
+                              m == 0 || n == 0 ? 1 : 0);
                 for (int u = 0; u <= m * n && m > 0 && n > 0; ++u) {
                     counts[static_cast<std::size_t>(u)] = at(m - 1, n, u - n) + at(m, n - 1, u);
                 }
@@ -126,7 +127,8 @@ class Arrangements {
 
  private:
     std::vector<std::int64_t>& of(int m, int n) {
-        return m_Counts[static_cast<std::size_t>(m * (m_Most + 1) + n)];
+        return m_Counts[static_cast<std::size_t>(m) * static_cast<std::size_t>(m_Most + 1) +
+                        static_cast<std::size_t>(n)];
     }
     std::int64_t at(int m, int n, int u) {
         return u < 0 || u > m * n ? 0 : of(m, n)[static_cast<std::size_t>(u)];

@@ -6,7 +6,7 @@
 #include "tbvnonpara/rendering/json_report.hpp"
 #include "tbvnonpara/rendering/json_values.hpp"
 #include "tests/analysis/data_sheet.hpp"
-#include "written.hpp"
+#include "tests/rendering/written.hpp"
 
 namespace TBVNonPara::rendering {
 

@@ -4,7 +4,7 @@
 #include "tbvnonpara/rendering/numbers.hpp"
 #include "tbvnonpara/rendering/text_report.hpp"
 #include "tbvnonpara/workbook/embedded_application.hpp"
-#include "written.hpp"
+#include "tests/rendering/written.hpp"
 
 namespace TBVNonPara::rendering {
 

@@ -120,7 +120,7 @@ TEST_F(Properties, SignSwapsItsDirectionWithTheVariablesUnlessTheSignsBalance) {
         const Sample xs = random.sample(pairs, random.between(1, 3));
         int balance = 0;
         for (std::size_t pair = 0; pair < ys.size(); pair += 1) {
-            balance += (ys[pair] > xs[pair]) - (ys[pair] < xs[pair]);
+            balance += ys[pair] > xs[pair] ? 1 : ys[pair] < xs[pair] ? -1 : 0;
         }
         if (balance != 0) {
             expectSame(analyse(request, ys, xs), analyse(turned, xs, ys));

@@ -106,7 +106,7 @@ class Player {
         return report(expected, area, elsewhere);
     }
 
-    Block error(const Block& expected) const {
+    [[nodiscard]] Block error(const Block& expected) const {
         Block received{"error", std::to_string(m_Error->number()) + " \"" + m_Error->source() + '"', {}};
         // Without a description in the scenario it may be any: hosts word their own errors.
         if (expected.keyword != "error" || expected.argument != received.argument ||
@@ -119,8 +119,8 @@ class Player {
         return received;
     }
 
-    PlayedBlock report(const Block& expected, const AddressArea& area,
-                       const std::vector<std::string>& elsewhere) const {
+    [[nodiscard]] PlayedBlock report(const Block& expected, const AddressArea& area,
+                                     const std::vector<std::string>& elsewhere) const {
         const std::string address = m_Host.reportAddress();
         const bool there = expected.keyword == "report" && sameBlock(areaOf(expected.argument), area);
         ComparedReport cells =
@@ -140,12 +140,12 @@ class Player {
         return {std::move(received), std::move(cells.differences)};
     }
 
-    PlayedBlock unchanged(const Block& expected) const {
+    [[nodiscard]] PlayedBlock unchanged(const Block& expected) const {
         const std::vector<std::string> changes = m_Sheets.changes(std::nullopt);
         return compared(expected, {changes.empty() ? "unchanged" : "changed", {}, changes});
     }
 
-    PlayedBlock formatting(const Block& expected) const {
+    [[nodiscard]] PlayedBlock formatting(const Block& expected) const {
         const std::vector<std::string> calls = m_Host.formatting();
         if (splitList(expected.lines) == calls) {
             return {expected, {}};

@@ -19,9 +19,11 @@ class StubHost : public ScenarioHost {
  public:
     void addSheet(std::string_view, const ValueGrid&) override {}
     std::unique_ptr<Request> createRequest() override { return std::make_unique<StubRequest>(); }
-    const Application& application() const override { throw std::logic_error("no sheets here"); }
-    std::string reportAddress() const override { return {}; }
-    std::vector<std::string> formatting() const override {
+    [[nodiscard]] const Application& application() const override {
+        throw std::logic_error("no sheets here");
+    }
+    [[nodiscard]] std::string reportAddress() const override { return {}; }
+    [[nodiscard]] std::vector<std::string> formatting() const override {
         return {"FormatTitle A1 True", "FormatBody B2 False"};
     }
 
