@@ -29,6 +29,11 @@ def run(*words, stdin=None):
     return subprocess.run([PROGRAM, *map(str, words)], input=stdin, capture_output=True, check=False, timeout=120)
 
 
+def fill(pipe, file):
+    """Writes a file into a pipe while another reads it. A pipe that nobody reads does not keep the tests from ending."""
+    threading.Thread(target=lambda: pipe.write_bytes(file.read_bytes()), daemon=True).start()
+
+
 def workbook_parts(cells, sheets='<sheet name="Data" sheetId="1" r:id="a"/>'):
     """The parts of a workbook with one sheet: rows of cells as XML, or as numbers."""
     rows = "".join("<row>" + "".join(cell if isinstance(cell, str) else f"<c><v>{cell}</v></c>" for cell in row) + "</row>"
@@ -193,20 +198,16 @@ class Workbooks(Habits):
         pipe = self.path / "pipe"
         os.mkfifo(pipe)
         for save in ([], ["--save", self.path / "report.txt"]):
-            writer = threading.Thread(target=lambda: pipe.write_bytes(file.read_bytes()))
-            writer.start()
+            fill(pipe, file)
             report, _ = self.report("mann-whitney", pipe, *words, *save)
-            writer.join()
             self.assertEqual((self.path / "report.txt").read_text() if save else report, expected)
         self.assertEqual(self.report("mann-whitney", "/dev/stdin", *words, stdin=file.read_bytes())[0], expected)
 
     def test_of_a_pipe_can_be_saved_with_the_report(self):
         pipe = self.path / "pipe"
         os.mkfifo(pipe)
-        writer = threading.Thread(target=lambda: pipe.write_bytes((MADE / "xlsxwriter.xlsx").read_bytes()))
-        writer.start()
+        fill(pipe, MADE / "xlsxwriter.xlsx")
         self.report("mann-whitney", pipe, "--y", "A2:A9", "--x", "I6:I9", "--save", self.path / "a.xlsx")
-        writer.join()
         self.assertTrue(zipfile.is_zipfile(self.path / "a.xlsx"))
 
     def test_with_a_cell_that_cannot_be_read_are_read_beside_it(self):
