@@ -1,8 +1,10 @@
 #include "tbvnonpara/files/file_cells.hpp"
 
 #include <set>
+#include <string>
 #include <utility>
 
+#include "tbvnonpara/core/a1.hpp"
 #include "tbvnonpara/core/utf8.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
 
@@ -26,13 +28,17 @@ constexpr std::size_t longestText = std::size_t(16) << 20U;
 constexpr std::size_t mostTextsShared = 1U << 16U;
 constexpr std::size_t longestTextShared = 64;
 
+/// A number of a row or column; of a very long one no more than its least is known.
+std::string numberOf(Index place) {
+    return std::to_string(place) + (place < farOutside ? "" : " or more");
+}
+
 void requireOnSheet(Index row, Index column) {
     if (row < 1 || row > sheetRows) {
-        refuse("row " + std::to_string(row) + " lies outside a sheet, whose last row is 1048576");
+        refuse("row " + numberOf(row) + " lies outside a sheet, whose last row is 1048576");
     }
     if (column < 1 || column > sheetColumns) {
-        refuse("column " + std::to_string(column) +
-               " lies outside a sheet, whose last column is 16384 (XFD)");
+        refuse("column " + numberOf(column) + " lies outside a sheet, whose last column is 16384 (XFD)");
     }
 }
 

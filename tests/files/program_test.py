@@ -210,7 +210,7 @@ class HarmfulFiles(unittest.TestCase):
 
     def test_are_refused_when_cells_lie_outside_a_sheet(self):
         xlsx(self.file, ["<row><c r='ZZZZZZZ99999999999999999999'><v>1</v></c></row>"])
-        self.expect_refusal("row 2147483648 lies outside a sheet")
+        self.expect_refusal("row 67108864 or more lies outside a sheet")
         ods(self.file, "<t:table-row><t:table-cell t:number-columns-repeated='99999999'/>"
                        "<t:table-cell o:value-type='float' o:value='1'/></t:table-row>")
         self.expect_refusal("filled cells beyond column 16384 (XFD)")
