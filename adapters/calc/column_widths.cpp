@@ -10,6 +10,7 @@
 #include <com/sun/star/sheet/XSheetOperation.hpp>
 #include <com/sun/star/table/XColumnRowRange.hpp>
 #include <set>
+#include <utility>
 
 namespace TBVNonPara::calc {
 
@@ -77,7 +78,7 @@ bool isLineOfText(const Sequence<Any>& row) {
 /// A sheet in the report's document that is there while this lives.
 class MeasuringSheet {
  public:
-    explicit MeasuringSheet(const SheetAreas& report) : m_Report(report) {
+    explicit MeasuringSheet(SheetAreas report) : m_Report(std::move(report)) {
         m_Report.document->getSheets()->insertNewByName(name(), 1);
         m_Sheet = sheetNamed(m_Report.document, name());
     }
@@ -109,6 +110,7 @@ class MeasuringSheet {
         const Columns columns = columnsUnder(block());
         setProperty(columns, "OptimalWidth", true);
         std::vector<std::int32_t> widths;
+        widths.reserve(static_cast<std::size_t>(columns->getCount()));
         for (std::int32_t column = 0; column < columns->getCount(); ++column) {
             widths.push_back(std::min(widest, widthOf(columns, column)));
         }
