@@ -145,10 +145,10 @@ void addLostCharacters(const PlacedReport& wanted, const PlacedReport& found,
                        std::vector<std::string>& lost) {
     const auto foundCharacters = loweredCharacters(found);
     const auto wantedCharacters = loweredCharacters(wanted);
-    const auto addUnlessIn = [&](const auto& others, const auto& characters, const char* what) {
-        for (const auto& [cell, text] : characters) {
-            const auto other = others.find(cell);
-            if (other == others.end() || other->second != text) {
+    const auto addUnlessIn = [&](const auto& elsewhere, const auto& here, const char* what) {
+        for (const auto& [cell, text] : here) {
+            const auto other = elsewhere.find(cell);
+            if (other == elsewhere.end() || other->second != text) {
                 lost.push_back(cell + what + text);
             }
         }

@@ -26,8 +26,8 @@ std::string descriptionIn(const AnalysisException& error) {
 /// One request of the installed service, with the same one on the embedded workbook beside it.
 class ServiceRequest : public Request {
  public:
-    ServiceRequest(Reference<XclsNonPara> service, std::unique_ptr<Request> embedded)
-        : m_Service(std::move(service)), m_Embedded(std::move(embedded)) {}
+    ServiceRequest(const Reference<XclsNonPara>& service, std::unique_ptr<Request> embedded)
+        : m_Service(service), m_Embedded(std::move(embedded)) {}
 
     void LetMethod(TBVNPMethod method) override {
         both([&] { m_Service->setMethod(method); }, [&] { m_Embedded->LetMethod(method); });
@@ -95,7 +95,7 @@ std::unique_ptr<Request> ServiceHost::createRequest() {
 }
 
 std::string ServiceHost::reportAddress() const {
-    const std::string wanted = m_Embedded.reportAddress();
+    std::string wanted = m_Embedded.reportAddress();
     const auto selected = queryIfAny<css::sheet::XCellRangeAddressable>(
         query<css::frame::XModel>(document())->getCurrentSelection());
     if (wanted.empty() || !selected.is()) {
