@@ -65,10 +65,10 @@ css::lang::Locale localeOfNumbers(const DocumentRef& document) {
 }
 
 void setNumberFormat(const DocumentRef& document, const Cells& cells, std::string_view format,
-                     const css::lang::Locale& locale) {
-    const css::lang::Locale reports("en", "US", {});
+                     const css::lang::Locale& language) {
+    const css::lang::Locale english("en", "US", {});
     const auto formats = query<css::util::XNumberFormatsSupplier>(document)->getNumberFormats();
-    setProperty(cells, "NumberFormat", formats->addNewConverted(fromUtf8(format), reports, locale));
+    setProperty(cells, "NumberFormat", formats->addNewConverted(fromUtf8(format), english, language));
 }
 
 void setAlignment(const Cells& cells, HorizontalAlignment alignment) {

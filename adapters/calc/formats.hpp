@@ -18,9 +18,9 @@ using Cells = Reference<css::uno::XInterface>;
 [[nodiscard]] css::lang::Locale localeOfNumbers(const DocumentRef& document);
 
 /// A number format in the notation of English (USA), "General" and "BOOLEAN" among them. Numbers are shown as
-/// is usual in `locale`.
+/// is usual in `language`.
 void setNumberFormat(const DocumentRef& document, const Cells& cells, std::string_view format,
-                     const css::lang::Locale& locale = {});
+                     const css::lang::Locale& language = {});
 
 /// The spreadsheet cannot centre over several cells: a heading is centred in its own.
 void setAlignment(const Cells& cells, HorizontalAlignment alignment);
