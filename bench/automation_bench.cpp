@@ -11,7 +11,7 @@
 #include "adapters/com/text.hpp"
 #include "adapters/com/variant.hpp"
 #include "tests/adapters/com/peer_application.hpp"
-#include "tests/adapters/com/server_under_test.hpp"
+#include "tests/adapters/com/tested_server.hpp"
 
 namespace TBVNonPara::com {
 

@@ -25,9 +25,4 @@ class AskedNormal {
 /// No normal distribution: calling it would throw.
 inline const NormalTail noNormal;
 
-/// What a host without an answer may raise: a number of its own, a text, no source.
-inline Error hostError() {
-    return Error(1004, "The worksheet function failed");
-}
-
 }  // namespace TBVNonPara::Support

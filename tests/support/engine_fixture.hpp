@@ -29,11 +29,6 @@ class FakeApplication : public Application {
     FakeFunctions functions;
 };
 
-/// An error that a host may raise: a number of its own, a text, no source.
-inline Error hostError() {
-    return Error(1004, "The worksheet function failed");
-}
-
 /// The engine's companions on an application; a test adds the factories that it needs besides the array
 /// utility.
 inline CompanionLibrary engineCompanions(

@@ -23,6 +23,11 @@ struct Raised {
     }
 };
 
+/// An error that a host may raise: a number of its own, a text, no source.
+inline Error hostError() {
+    return Error(1004, "The worksheet function failed");
+}
+
 /// The error that an action raises, if it raises one.
 inline std::optional<Error> errorOf(const std::function<void()>& action) {
     try {

@@ -11,7 +11,7 @@
 #include "adapters/com/errors.hpp"
 #include "adapters/com/text.hpp"
 #include "tbvnonpara/core/enumerations.hpp"
-#include "tests/adapters/com/server_under_test.hpp"
+#include "tests/adapters/com/tested_server.hpp"
 
 namespace TBVNonPara::com {
 

@@ -104,7 +104,7 @@ inline void analyse(clsNonParaBO& engine, TBVNPMethod method, const ValueGrid& Y
     engine.Analyse();
 }
 
-inline std::function<void()> analysis(TBVNPMethod method, const ValueGrid& Ys, const ValueGrid& Xs = {}) {
+inline std::function<void()> analysing(TBVNPMethod method, const ValueGrid& Ys, const ValueGrid& Xs = {}) {
     return [=] {
         clsNonParaBO engine(refusing(""));
         analyse(engine, method, Ys, Xs);

@@ -1,4 +1,4 @@
-#include "tests/adapters/com/server_under_test.hpp"
+#include "tests/adapters/com/tested_server.hpp"
 
 #include "adapters/com/errors.hpp"
 
