@@ -117,7 +117,7 @@ class HtmlTable {
 
     [[nodiscard]] std::string classesOf(Index row, Index column, Index lastColumn) const {
         const workbook::CellFormat& format = m_Report.format(row, column);
-        const Side side = sideOf(m_Report, row, column);
+        const Side side = sideOf(m_Report, row, column, standsAlone(m_Report, row, column));
         std::string classes = side == Side::Left ? "l" : side == Side::Centre ? "c" : "r";
         classes += format.bold ? " b" : "";
         classes += format.borders.top ? " bt" : "";

@@ -1,9 +1,9 @@
 #include "tbvnonpara/rendering/text_layout.hpp"
 
 #include <algorithm>
-#include <iterator>
 #include <limits>
 #include <numeric>
+#include <utility>
 
 #include "tbvnonpara/rendering/display_width.hpp"
 
@@ -20,7 +20,7 @@ bool isShown(const ReportBlock& report, Index row, Index column) {
 }
 
 std::size_t shownWidth(const ReportBlock& report, Index row, Index column, std::size_t mostOfText) {
-    return displayWidth(withoutBlankEnd(shownShort(report, row, column, mostOfText)));
+    return displayWidth(withoutBlankEnd(shownShort(report, row, column, false, mostOfText)));
 }
 
 Side sideOfNumber(HorizontalAlignment alignment) {
@@ -39,16 +39,6 @@ Side sideOfText(HorizontalAlignment alignment) {
     return alignment == AlignGeneral ? Side::Left : sideOfNumber(alignment);
 }
 
-/// The width of some columns side by side.
-std::size_t together(const std::vector<std::size_t>& widths, const std::vector<Index>& columns) {
-    std::size_t total = 0;
-    for (const Index column : columns) {
-        const std::size_t own = widths[static_cast<std::size_t>(column - 1)];
-        total += own == 0 ? 0 : own + (total == 0 ? 0 : gap);
-    }
-    return total;
-}
-
 /// Whether a section's last row begins with a text over or beside numbers.
 bool beginsWithLabels(const ReportBlock& report, Section rows) {
     for (Index column = 1; column <= report.columns(); ++column) {
@@ -62,14 +52,15 @@ bool beginsWithLabels(const ReportBlock& report, Section rows) {
 
 }  // namespace
 
-std::string shownShort(const ReportBlock& report, Index row, Index column, std::size_t mostOfText) {
+std::string shownShort(const ReportBlock& report, Index row, Index column, bool alone,
+                       std::size_t mostOfText) {
     constexpr std::size_t mostAlone = 400;
     std::string text = report.shown(row, column);
     // No character takes more columns than bytes, and a number is never cut.
     if (text.size() <= mostOfText || !std::holds_alternative<Text>(report.value(row, column))) {
         return text;
     }
-    return shortened(text, standsAlone(report, row, column) ? mostAlone : mostOfText);
+    return shortened(text, alone ? mostAlone : mostOfText);
 }
 
 bool standsAlone(const ReportBlock& report, Index row, Index column) {
@@ -92,13 +83,13 @@ Index lastOfSpan(const ReportBlock& report, Index row, Index column) {
     return last;
 }
 
-Side sideOf(const ReportBlock& report, Index row, Index column) {
+Side sideOf(const ReportBlock& report, Index row, Index column, bool alone) {
     const HorizontalAlignment alignment = report.format(row, column).alignment;
     const bool isText = std::holds_alternative<Text>(report.value(row, column));
     if (!isText) {
         return sideOfNumber(alignment);
     }
-    if (alignment != AlignGeneral || standsAlone(report, row, column)) {
+    if (alignment != AlignGeneral || alone) {
         return sideOfText(alignment);
     }
     // Headings and dashes stand near their numbers; a long column of texts is not walked to its end.
@@ -130,64 +121,117 @@ Section sectionAt(const ReportBlock& report, Index row) {
 
 TextLayout::TextLayout(const ReportBlock& report, Section rows, std::size_t mostOfText)
     : m_Widths(static_cast<std::size_t>(report.columns())),
-      m_Starts(m_Widths.size()),
       m_BeginsWithLabels(beginsWithLabels(report, rows)) {
-    measureCells(report, rows, mostOfText);
+    for (Index row = rows.first; row <= rows.last; ++row) {
+        measureRow(report, row, mostOfText);
+    }
     std::vector<Index> all(m_Widths.size());
     std::iota(all.begin(), all.end(), Index{1});
-    arrange(all, std::numeric_limits<std::size_t>::max());
+    arrange(std::move(all), std::numeric_limits<std::size_t>::max());
     // A column that holds nothing but a part of a heading is one to be shown, too.
     std::ranges::transform(m_Widths, m_Placed, m_Widths.begin(),
                            [](std::size_t own, std::size_t placed) { return own == 0 ? placed : own; });
 }
 
-void TextLayout::measureCells(const ReportBlock& report, Section rows, std::size_t mostOfText) {
-    for (Index row = rows.first; row <= rows.last; ++row) {
-        for (Index column = 1; column <= report.columns(); ++column) {
-            if (!isShown(report, row, column) || standsAlone(report, row, column)) {
-                continue;
-            }
-            const std::size_t wanted = shownWidth(report, row, column, mostOfText);
-            if (const Index last = lastOfSpan(report, row, column); last > column) {
-                m_Spans.push_back({column, last, wanted});
-            } else {
-                m_Widths[at(column)] = std::max(m_Widths[at(column)], wanted);
-            }
+void TextLayout::measureRow(const ReportBlock& report, Index row, std::size_t mostOfText) {
+    std::vector<Index> cells;
+    for (Index column = 1; column <= report.columns(); ++column) {
+        if (isShown(report, row, column)) {
+            cells.push_back(column);
+        }
+    }
+    if (cells.size() == 1 && !isCentredAcross(report, row, cells[0])) {
+        m_OnlyCells[row] = cells[0];
+        return;
+    }
+    for (const Index column : cells) {
+        const std::size_t wanted = shownWidth(report, row, column, mostOfText);
+        if (const Index last = lastOfSpan(report, row, column); last > column) {
+            m_Headings[row].push_back({{column, last}, wanted});
+        } else {
+            m_Widths[at(column)] = std::max(m_Widths[at(column)], wanted);
         }
     }
 }
 
+Index TextLayout::onlyCell(Index row) const {
+    const auto found = m_OnlyCells.find(row);
+    return found == m_OnlyCells.end() ? 0 : found->second;
+}
+
+Run TextLayout::across(Index row, Index column) const {
+    const auto found = m_Headings.find(row);
+    const Heading* heading = found == m_Headings.end() ? nullptr : runAt(found->second, column);
+    return heading == nullptr ? Run{column, column} : static_cast<const Run&>(*heading);
+}
+
+void TextLayout::Taken::add(std::size_t width) {
+    widths += width;
+    columns += width == 0 ? 0 : 1;
+}
+
+std::size_t TextLayout::placeOf(Index column) const {
+    return static_cast<std::size_t>(std::ranges::lower_bound(m_Columns, column) - m_Columns.begin());
+}
+
+TextLayout::Taken TextLayout::taken(Run run) const {
+    Taken taken;
+    for (std::size_t i = placeOf(run.first); i < m_Columns.size() && m_Columns[i] <= run.last; ++i) {
+        taken.add(m_Placed[i]);
+    }
+    return taken;
+}
+
+std::size_t TextLayout::width(Run run) const {
+    return taken(run).total();
+}
+
 bool TextLayout::fits(const std::vector<Index>& columns, std::size_t most) const {
-    return together(m_Widths, columns) <= most;
-}
-
-void TextLayout::arrange(const std::vector<Index>& columns, std::size_t most) {
-    m_Placed.assign(m_Widths.size(), 0);
+    Taken taken;
     for (const Index column : columns) {
-        m_Placed[at(column)] = m_Widths[at(column)];
+        taken.add(m_Widths[at(column)]);
     }
-    for (const Span& span : m_Spans) {
-        widen(span, columns, most);
+    return taken.total() <= most;
+}
+
+void TextLayout::arrange(std::vector<Index> columns, std::size_t most) {
+    m_Columns = std::move(columns);
+    m_Placed.clear();
+    Taken whole;
+    for (const Index column : m_Columns) {
+        m_Placed.push_back(m_Widths[at(column)]);
+        whole.add(m_Placed.back());
     }
-    std::size_t start = 0;
-    for (std::size_t i = 0; i < m_Placed.size(); ++i) {
-        m_Starts[i] = start;
-        start += m_Placed[i] == 0 ? 0 : m_Placed[i] + gap;
+    for (const auto& [row, headings] : m_Headings) {
+        const Heading* last = nullptr;
+        for (const Index column : m_Columns) {
+            const Heading* heading = runAt(headings, column);
+            if (heading != nullptr && heading != last) {
+                widen(*heading, whole, most);
+            }
+            last = heading;
+        }
+    }
+    m_Starts.assign(1, 0);
+    for (const std::size_t width : m_Placed) {
+        m_Starts.push_back(m_Starts.back() + (width == 0 ? 0 : width + gap));
     }
 }
 
-void TextLayout::widen(const Span& span, const std::vector<Index>& columns, std::size_t most) {
-    std::vector<Index> own;
-    std::ranges::copy_if(columns, std::back_inserter(own),
-                         [&](Index column) { return column >= span.first && column <= span.last; });
-    if (own.empty()) {
-        return;
-    }
-    const std::size_t beside = together(m_Placed, columns) - together(m_Placed, own);
-    const std::size_t wanted = std::min(span.wanted, most - std::min(most, beside));
-    for (auto next = own.rbegin(); together(m_Placed, own) < wanted;
-         next = next + 1 == own.rend() ? own.rbegin() : next + 1) {
-        m_Placed[at(*next)] += 1;
+void TextLayout::widen(const Heading& heading, Taken& whole, std::size_t most) {
+    const std::size_t first = placeOf(heading.first);
+    const std::size_t end = placeOf(heading.last + 1);
+    Taken own = taken(heading);
+    const std::size_t beside = whole.total() - own.total();
+    const std::size_t wanted = std::min(heading.wanted, most - std::min(most, beside));
+    // Columns to the right take what is missing first.
+    for (std::size_t next = end; own.total() < wanted; next = next == first + 1 ? end : next - 1) {
+        std::size_t& width = m_Placed[next - 1];
+        own.columns += width == 0 ? 1 : 0;
+        whole.columns += width == 0 ? 1 : 0;
+        width += 1;
+        own.widths += 1;
+        whole.widths += 1;
     }
 }
 
@@ -213,15 +257,6 @@ std::vector<std::vector<Index>> TextLayout::parts(std::size_t most) const {
         }
     }
     return parts;
-}
-
-std::size_t TextLayout::width(Index first, Index last) const {
-    std::size_t total = 0;
-    for (Index column = first; column <= last; ++column) {
-        const std::size_t own = width(column);
-        total += own == 0 ? 0 : own + (total == 0 ? 0 : gap);
-    }
-    return total;
 }
 
 }  // namespace TBVNonPara::rendering

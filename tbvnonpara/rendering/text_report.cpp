@@ -1,6 +1,8 @@
 #include "tbvnonpara/rendering/text_report.hpp"
 
 #include <algorithm>
+#include <map>
+#include <utility>
 
 #include "tbvnonpara/rendering/display_width.hpp"
 #include "tbvnonpara/rendering/text_layout.hpp"
@@ -52,15 +54,16 @@ class SectionWriter {
           m_Output(output) {}
 
     void write() {
-        if (m_Width == 0 || m_Layout.width(1, m_Report.columns()) <= m_Width) {
+        findRules();
+        if (m_Width == 0 || m_Layout.width({1, m_Report.columns()}) <= m_Width) {
             writeRows();
             return;
         }
-        for (const std::vector<Index>& part : parts()) {
+        for (std::vector<Index>& part : parts()) {
             if (m_IsContinued) {
                 m_Output.write("\n");
             }
-            m_Layout.arrange(part, m_Width);
+            m_Layout.arrange(std::move(part), m_Width);
             writeRows();
             m_IsContinued = true;
         }
@@ -78,89 +81,96 @@ class SectionWriter {
         return m_Layout.parts(m_Width);
     }
 
+    /// The lines under the rows, each drawn by cells above it or below it.
+    void findRules() {
+        for (Index row = m_Rows.first; row <= m_Rows.last; ++row) {
+            for (Index column = 1; column <= m_Report.columns(); ++column) {
+                const Index first = column;
+                while (column <= m_Report.columns() && isRuled(row, column)) {
+                    column += 1;
+                }
+                if (column > first) {
+                    m_Rules[row].push_back({first, column - 1});
+                }
+            }
+        }
+    }
+
     void writeRows() {
         for (Index row = m_Rows.first; row <= m_Rows.last; ++row) {
-            if (const Index alone = onlyCell(row); alone != 0) {
+            if (const Index alone = m_Layout.onlyCell(row); alone != 0) {
                 writeAlone(row, alone);
             } else {
                 emit(cells(row));
             }
-            emit(rule(row));
-        }
-    }
-
-    /// The column of a cell that would be wider than the terminal by itself; 0 for any other row.
-    [[nodiscard]] Index onlyCell(Index row) const {
-        if (m_Width == 0) {
-            return 0;
-        }
-        for (Index column = 1; column <= m_Report.columns(); ++column) {
-            if (!m_Report.shown(row, column).empty()) {
-                return standsAlone(m_Report, row, column) ? column : 0;
+            if (const auto rules = m_Rules.find(row); rules != m_Rules.end()) {
+                emit(rule(rules->second));
             }
         }
-        return 0;
     }
 
+    /// A cell by itself stands once, however many parts its table has, and is folded at the terminal's width.
     void writeAlone(Index row, Index column) {
         if (m_IsContinued) {
             return;
         }
-        const std::string text = shownShort(m_Report, row, column, m_MostOfText);
-        if (m_Layout.start(column) + displayWidth(text) <= m_Width) {
-            emit(cells(row));
+        const std::string text = shownShort(m_Report, row, column, true, m_MostOfText);
+        const std::string_view style = m_Report.format(row, column).bold ? bold : "";
+        if (m_Width == 0 || m_Layout.start(column) + displayWidth(text) <= m_Width) {
+            Line line(m_Colour);
+            place(line, row, {column, column}, text, true);
+            emit(line);
             return;
         }
         for (const std::string& piece : folded(text, m_Width)) {
             Line line(m_Colour);
-            line.put(0, piece, displayWidth(piece), m_Report.format(row, column).bold ? bold : "");
+            line.put(0, piece, displayWidth(piece), style);
             emit(line);
         }
     }
 
     [[nodiscard]] Line cells(Index row) const {
         Line line(m_Colour);
-        for (Index column = 1; column <= m_Report.columns(); ++column) {
-            const std::string text = shownShort(m_Report, row, column, m_MostOfText);
+        Index written = 0;
+        for (const Index column : m_Layout.columns()) {
+            const Run run = m_Layout.across(row, column);
+            const std::string text =
+                run.first > written ? shownShort(m_Report, row, run.first, false, m_MostOfText) : "";
             if (!text.empty()) {
-                place(line, row, column, text);
+                place(line, row, run, text, false);
             }
+            written = std::max(written, run.last);
         }
         return line;
     }
 
-    void place(Line& line, Index row, Index column, const std::string& text) const {
-        const bool alone = standsAlone(m_Report, row, column);
-        const std::size_t room = m_Layout.width(column, lastOfSpan(m_Report, row, column));
-        if (room == 0 && !alone) {
-            return;  // it stands in another part of the table
-        }
+    void place(Line& line, Index row, Run run, const std::string& text, bool alone) const {
+        const std::size_t room = m_Layout.width(run);
         // Of a heading over several columns only some may be in this part.
         const std::string whole(withoutBlankEnd(text));
         const std::string shown = alone ? whole : shortened(whole, room);
         const std::size_t taken = displayWidth(shown);
         const std::size_t spare = room > taken ? room - taken : 0;
-        const Side side = sideOf(m_Report, row, column);
+        const Side side = sideOf(m_Report, row, run.first, alone);
         const std::size_t before = side == Side::Left ? 0 : side == Side::Right ? spare : spare / 2;
-        const std::string_view style = m_Report.format(row, column).bold ? bold : "";
-        line.put(m_Layout.start(column) + before, shown, taken, style);
+        const std::string_view style = m_Report.format(row, run.first).bold ? bold : "";
+        line.put(m_Layout.start(run.first) + before, shown, taken, style);
     }
 
-    /// The line under a row, drawn by the cells above it or below it.
-    [[nodiscard]] Line rule(Index row) const {
+    /// The line under a row, as far as it is drawn under columns that are arranged.
+    [[nodiscard]] Line rule(const std::vector<Run>& rules) const {
         Line line(m_Colour);
-        for (Index column = 1; column <= m_Report.columns(); ++column) {
-            const Index first = column;
-            while (column <= m_Report.columns() && isRuled(row, column)) {
-                column += 1;
-            }
-            if (column > first && m_Layout.width(first, column - 1) > 0) {
-                const std::size_t width = m_Layout.width(first, column - 1);
+        Index drawn = 0;
+        for (const Index column : m_Layout.columns()) {
+            const Run* run = runAt(rules, column);
+            const std::size_t width = run == nullptr || run->first <= drawn ? 0 : m_Layout.width(*run);
+            if (width > 0) {
                 std::string dashes;
                 for (std::size_t i = 0; i < width; ++i) {
                     dashes += "─";
                 }
-                line.put(m_Layout.start(first), dashes, width, faint);
+                line.put(m_Layout.start(run->first), dashes, width, faint);
+                drawn = run->last;
             }
         }
         return line;
@@ -181,6 +191,7 @@ class SectionWriter {
     const ReportBlock& m_Report;
     TextLayout m_Layout;
     Section m_Rows;
+    std::map<Index, std::vector<Run>> m_Rules;  ///< row by row, from left to right
     bool m_Colour;
     std::size_t m_Width;
     std::size_t m_MostOfText = mostInTable;

@@ -237,6 +237,37 @@ TEST_F(TextReport, NumbersAreNeverShortened) {
     EXPECT_EQ(text(1, 2, false, 4), "123456789\n\n1.5\n");
 }
 
+// As wide as a sheet: a part of the table that walked all columns would take half an hour.
+TEST_F(TextReport, AsManyColumnsAsASheetHasFollowBelow) {
+    constexpr Index columns = 16384;
+    put("A1", "Group");
+    put("A2", "Size");
+    range("B1")->LetValue("Sizes of the groups");
+    range("B1:XFD1")->LetHorizontalAlignment(AlignCentreAcrossSelection);
+    range("A1:XFD1")->LetBorder(BorderEdge::Bottom, BorderLine::Thin);
+    ValueGrid sizes(1, columns - 1);
+    for (Index column = 1; column < columns; ++column) {
+        sizes(1, column) = 10000.0 + static_cast<double>(column);
+    }
+    range("B2:XFD2")->LetValue(sizes);
+
+    std::string expected;
+    for (Index first = 1; first < columns; first += 3) {
+        const bool last = first == columns - 1;
+        expected += first == 1 ? "" : "\n";
+        expected += last ? "Group  Sizes\n" : "Group  Sizes of the groups\n";
+        for (int dash = 0; dash < (last ? 12 : 26); ++dash) {
+            expected += "─";
+        }
+        expected += "\nSize ";
+        for (Index column = first; column < std::min(first + 3, columns); ++column) {
+            expected += "  " + std::to_string(10000 + column);
+        }
+        expected += "\n";
+    }
+    EXPECT_EQ(text(2, columns, false, 27), expected);
+}
+
 TEST_F(TextReport, ALineByItselfIsFolded) {
     put("A1", "Kruskal-Wallis Test Results for:");
     put("A2", 1.0);
