@@ -61,7 +61,7 @@ bool isLetter(char c) noexcept {
 }  // namespace
 
 std::string_view withoutXmlBlanks(std::string_view text) noexcept {
-    return trimmed(text, " \t\r\n");
+    return trimmed(text, xmlBlanks);
 }
 
 std::optional<CellValue> numberInFile(std::string_view text) noexcept {

@@ -7,6 +7,9 @@
 
 namespace TBVNonPara::workbook {
 
+/// What XML counts as white space.
+constexpr std::string_view xmlBlanks = " \t\r\n";
+
 /// The text without the blanks and line ends of XML around it.
 [[nodiscard]] std::string_view withoutXmlBlanks(std::string_view text) noexcept;
 

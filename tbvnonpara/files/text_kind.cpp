@@ -5,12 +5,12 @@
 
 #include "tbvnonpara/core/utf8.hpp"
 #include "tbvnonpara/files/container_kind.hpp"
+#include "tbvnonpara/files/file_values.hpp"
 
 namespace TBVNonPara::workbook {
 
 namespace {
 
-constexpr std::string_view blanks = " \t\r\n";
 /// Upper and lower case are the same.
 struct TextSignature {
     std::string_view beginning;
@@ -33,7 +33,7 @@ constexpr auto vocabularies = std::to_array<TextSignature>({
 });
 
 std::string_view withoutLeadingBlanks(std::string_view text) {
-    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+    text.remove_prefix(std::min(text.find_first_not_of(xmlBlanks), text.size()));
     return text;
 }
 

@@ -3,12 +3,12 @@
 #include <algorithm>
 
 #include "tbvnonpara/files/file_cells.hpp"
+#include "tbvnonpara/files/file_values.hpp"
 
 namespace TBVNonPara::workbook {
 
 namespace {
 
-constexpr std::string_view blanks = " \t\r\n";
 constexpr std::size_t mostMeantAtOnce = 1U << 20U;
 
 }  // namespace
@@ -29,10 +29,10 @@ void OdsText::startParagraph() {
 
 void OdsText::append(std::string_view piece) {
     while (!piece.empty()) {
-        const std::size_t first = std::min(piece.find_first_not_of(blanks), piece.size());
+        const std::size_t first = std::min(piece.find_first_not_of(xmlBlanks), piece.size());
         appendToText(m_Blanks, piece.substr(0, first));
         piece.remove_prefix(first);
-        const std::string_view word = piece.substr(0, piece.find_first_of(blanks));
+        const std::string_view word = piece.substr(0, piece.find_first_of(xmlBlanks));
         if (!word.empty()) {
             takeBlanks(false);
             appendToText(m_Text, word);

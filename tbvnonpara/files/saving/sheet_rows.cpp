@@ -5,6 +5,7 @@
 
 #include "tbvnonpara/core/a1.hpp"
 #include "tbvnonpara/core/utf8.hpp"
+#include "tbvnonpara/files/file_values.hpp"
 #include "tbvnonpara/files/saving/cell_text.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
 
@@ -19,10 +20,9 @@ bool isSubscript(const CellFormat& format, std::int32_t position) {
 }
 
 bool keepsBlanks(std::string_view text) {
-    constexpr std::string_view blanks = " \t\r\n";
-    return blanks.find(text.front()) != std::string_view::npos ||
-           blanks.find(text.back()) != std::string_view::npos || text.find('\n') != std::string_view::npos ||
-           text.find("  ") != std::string_view::npos;
+    return xmlBlanks.find(text.front()) != std::string_view::npos ||
+           xmlBlanks.find(text.back()) != std::string_view::npos ||
+           text.find('\n') != std::string_view::npos || text.find("  ") != std::string_view::npos;
 }
 
 void requireCalculated(CellError error, const Sheet& sheet, Index row, Index column) {

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "tbvnonpara/core/utf8.hpp"
+#include "tbvnonpara/files/file_values.hpp"
 #include "tbvnonpara/files/xml_parser.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
 
@@ -132,10 +133,9 @@ std::string edited(std::string_view text, std::vector<Edit> edits) {
 }
 
 Stretch attributeStretch(std::string_view tag, std::string_view name) noexcept {
-    constexpr std::string_view blanks = " \t\r\n";
-    std::size_t position = tag.find_first_of(blanks);
+    std::size_t position = tag.find_first_of(xmlBlanks);
     while (position < tag.size()) {
-        const std::size_t start = tag.find_first_not_of(blanks, position);
+        const std::size_t start = tag.find_first_not_of(xmlBlanks, position);
         const std::size_t equals = tag.find('=', start);
         if (start == std::string_view::npos || equals == std::string_view::npos) {
             break;
