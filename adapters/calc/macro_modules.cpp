@@ -1,6 +1,7 @@
 #include "adapters/calc/macro_modules.hpp"
 
 #include <algorithm>
+#include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/script/XLibraryContainer.hpp>
 #include <com/sun/star/script/vba/XVBACompatibility.hpp>
 #include <com/sun/star/script/vba/XVBAModuleInfo.hpp>
@@ -51,6 +52,15 @@ void giveModule(const DocumentRef& document, const SheetRef& sheet) {
         modules->insertByName(name, css::uno::Any(OUString()));
     }
     setProperty(sheet, "CodeName", name);
+}
+
+void removeSheet(const DocumentRef& document, const OUString& name) {
+    const auto sheets = document->getSheets();
+    if (modulesOfSheets(document).is()) {
+        const std::int32_t count = query<css::container::XIndexAccess>(sheets)->getCount();
+        sheets->moveByName(name, static_cast<std::int16_t>(count));
+    }
+    sheets->removeByName(name);
 }
 
 MacroModules::MacroModules(const DocumentRef& document) : m_Modules(modulesOfSheets(document)) {

@@ -10,6 +10,10 @@ namespace TBVNonPara::calc {
 /// together with the sheet's module, and takes none without.
 void giveModule(const DocumentRef& document, const SheetRef& sheet);
 
+/// Removes a sheet, and no module of another: where macros are in the VBA mode, the office takes away the
+/// module of the sheet that comes to stand in its place.
+void removeSheet(const DocumentRef& document, const OUString& name);
+
 /// The macro modules that a document has now. Where its macros are in the VBA mode, each new sheet gets one,
 /// which stays when the sheet goes.
 class MacroModules {

@@ -1,5 +1,8 @@
 #include <cmath>
+#include <com/sun/star/container/XIndexAccess.hpp>
+#include <com/sun/star/container/XNameAccess.hpp>
 #include <com/sun/star/frame/XModel.hpp>
+#include <com/sun/star/script/vba/XVBACompatibility.hpp>
 #include <com/sun/star/text/XText.hpp>
 #include <gtest/gtest.h>
 #include <limits>
@@ -158,6 +161,39 @@ TEST_F(Reports, FreeTheViewsWhereverTheyAreBrokenOff) {
         EXPECT_FALSE(held()) << "after step " << lastStep;
     }
     EXPECT_GT(lastStep, 20);
+}
+
+/// A sheet that is added for a report and taken away again as when the report does not arrive.
+class AddedSheet : public Host {
+ protected:
+    void addAndRemove() {
+        static_cast<void>(application->AddWorksheets());
+        session->removeAddedSheet();
+    }
+
+    [[nodiscard]] std::int32_t sheets() const {
+        return query<css::container::XIndexAccess>(open.document()->getSheets())->getCount();
+    }
+};
+
+TEST_F(AddedSheet, GoesFromADocumentWithoutUndoSteps) {
+    setProperty(open.document(), "IsUndoEnabled", false);
+    addAndRemove();
+    EXPECT_EQ(sheets(), 1);
+}
+
+TEST_F(AddedSheet, GoesWithItsModuleWhereMacrosAreInTheVbaMode) {
+    giveModule(open.document(), open.sheet());
+    Reference<css::script::vba::XVBACompatibility> libraries;
+    property(open.document(), "BasicLibraries") >>= libraries;
+    libraries->setVBACompatibilityMode(true);
+    const Reference<css::container::XNameAccess> modules(
+        query<css::container::XNameAccess>(libraries)->getByName("Standard"), css::uno::UNO_QUERY_THROW);
+    for (int time = 0; time < 2; ++time) {
+        addAndRemove();
+        EXPECT_EQ(sheets(), 1);
+        EXPECT_EQ(modules->getElementNames().getLength(), 1);
+    }
 }
 
 /// A report in D1:G7, its formats compared with those of the scratch workbook.

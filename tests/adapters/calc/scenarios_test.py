@@ -42,7 +42,7 @@ class InsideTheOffice(TestCase):
         self.run_inside("*Scenario*", 1 if own else 60, through="service")
 
     def test_cells_functions_and_views_are_used_as_the_library_needs_them(self):
-        self.run_inside("Host.*:Reports.*:PlacedFormats.*", 11)
+        self.run_inside("Host.*:AddedSheet.*:Reports.*:PlacedFormats.*", 11)
 
     def test_documents_without_views_take_reports(self):
         self.run_inside("WithoutViews.*", 2)
