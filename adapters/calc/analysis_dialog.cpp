@@ -73,8 +73,10 @@ void AnalysisDialog::open() {
     showSettings();
     prefill();
     countHidden();
+    const auto parent = query<css::awt::XWindowPeer>(m_Frame->getContainerWindow());
+    m_View.create(parent);
     arrange();
-    m_View.open(query<css::awt::XWindowPeer>(m_Frame->getContainerWindow()));
+    m_View.open(parent);
     m_View.listen(this, this, this, this);
     m_Frame->addEventListener(static_cast<css::awt::XActionListener*>(this));
     openDialogs().push_back(this);

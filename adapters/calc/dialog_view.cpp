@@ -1,17 +1,13 @@
 #include "adapters/calc/dialog_view.hpp"
 
 #include <algorithm>
-#include <com/sun/star/awt/PosSize.hpp>
 #include <com/sun/star/awt/PushButtonType.hpp>
-#include <com/sun/star/awt/Toolkit.hpp>
 #include <com/sun/star/awt/XButton.hpp>
 #include <com/sun/star/awt/XListBox.hpp>
 #include <com/sun/star/awt/XRadioButton.hpp>
-#include <com/sun/star/awt/XStyleSettingsSupplier.hpp>
 #include <com/sun/star/awt/XTextComponent.hpp>
 #include <com/sun/star/awt/XTopWindow.hpp>
 #include <com/sun/star/container/XNameContainer.hpp>
-#include <com/sun/star/lang/XComponent.hpp>
 #include <com/sun/star/lang/XMultiComponentFactory.hpp>
 
 #include "adapters/calc/dialog_measures.hpp"
@@ -155,51 +151,6 @@ void DialogView::addButton(const char* name, std::string_view label, std::int16_
     const auto button = add("Button", ascii(name));
     button->setPropertyValue("Label", Any(fromUtf8(label)));
     button->setPropertyValue("PushButtonType", Any(type));
-}
-
-void DialogView::open(const Reference<css::awt::XWindowPeer>& parent) {
-    const auto window = query<css::awt::XWindow>(m_Dialog);
-    window->setVisible(false);
-    m_Dialog->createPeer(
-        Reference<css::awt::XToolkit>(css::awt::Toolkit::create(m_Context), css::uno::UNO_QUERY_THROW),
-        parent);
-    setMessageColour();
-    centreOn(query<css::awt::XWindow>(parent));
-    window->setVisible(true);
-}
-
-/// The desktop's colours are known once the window is there: on a dark one dark red could not be read.
-void DialogView::setMessageColour() {
-    const auto style = query<css::awt::XStyleSettingsSupplier>(m_Dialog->getPeer())->getStyleSettings();
-    const std::int32_t ground = style->getDialogColor();
-    const std::int32_t brightness =
-        ((ground >> 16) & 0xFF) * 3 + ((ground >> 8) & 0xFF) * 6 + (ground & 0xFF);
-    constexpr std::int32_t middle = 1280;
-    for (const Field field : {Field::First, Field::Second, Field::Output, Field::None}) {
-        set(messageOf(ascii(nameOf(field))), "TextColor",
-            Any(brightness < middle ? measures::messageColourOnDark : measures::messageColour));
-    }
-}
-
-void DialogView::centreOn(const Reference<css::awt::XWindow>& parent) {
-    const auto window = query<css::awt::XWindow>(m_Dialog);
-    const css::awt::Rectangle around = parent->getPosSize();
-    const css::awt::Rectangle own = window->getPosSize();
-    window->setPosSize(around.X + std::max(0, (around.Width - own.Width) / 2),
-                       around.Y + std::max(0, (around.Height - own.Height) / 2), 0, 0,
-                       css::awt::PosSize::POS);
-}
-
-void DialogView::close() {
-    query<css::lang::XComponent>(m_Dialog)->dispose();
-}
-
-void DialogView::show(bool visible) {
-    query<css::awt::XWindow>(m_Dialog)->setVisible(visible);
-}
-
-void DialogView::bringToFront() {
-    query<css::awt::XTopWindow>(m_Dialog)->toFront();
 }
 
 Reference<css::awt::XControl> DialogView::control(const OUString& name) const {

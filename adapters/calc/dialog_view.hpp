@@ -51,6 +51,8 @@ class DialogView {
  public:
     DialogView(const Context& context, const DialogTexts& texts);
 
+    /// Makes the window, unseen: what it holds is arranged by the desktop's measures before it is shown.
+    void create(const Reference<css::awt::XWindowPeer>& parent);
     void open(const Reference<css::awt::XWindowPeer>& parent);
     void close();
     void show(bool visible);
@@ -87,6 +89,14 @@ class DialogView {
  private:
     struct Place;
 
+    /// How high the desktop's look draws things, in the dialog's units.
+    struct Heights {
+        std::int32_t row;
+        std::int32_t box;
+        std::int32_t button;
+    };
+
+    [[nodiscard]] Heights heightsOfTheLook() const;
     void setMessageColour();
     void centreOn(const Reference<css::awt::XWindow>& parent);
 
@@ -105,6 +115,7 @@ class DialogView {
     std::int32_t arrangeMessage(Field field, std::int32_t left, std::int32_t top);
     std::int32_t arrangeRow(const char* name, std::int32_t top, bool enabled);
     std::int32_t arrangeBox(const char* name, std::int32_t top, bool enabled);
+    std::int32_t arrangeButtons(std::int32_t top, bool idle);
     std::int32_t arrangeReport(std::int32_t top, const DialogState& state);
     [[nodiscard]] Reference<css::awt::XControl> control(const OUString& name) const;
 
@@ -113,6 +124,7 @@ class DialogView {
     Reference<css::lang::XMultiServiceFactory> m_Models;
     Reference<css::awt::XControl> m_Dialog;
     std::int16_t m_TabIndex = 0;
+    Heights m_Heights{};
 };
 
 }  // namespace TBVNonPara::calc

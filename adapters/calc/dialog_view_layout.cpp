@@ -45,43 +45,58 @@ std::int32_t DialogView::arrangeField(Field field, std::int32_t top, bool enable
     const OUString name = ascii(nameOf(field));
     const std::int32_t pickerLeft = measures::width - measures::margin - measures::pickerWidth;
     if (field != Field::Output) {
-        place(labelOf(name), {measures::margin, top + 2, measures::labelWidth, measures::line});
+        place(labelOf(name), {measures::margin, top + (m_Heights.row - measures::line) / 2,
+                              measures::labelWidth, measures::line});
     } else {
         // The radio button before it says the same; too small to be seen, this label is for screen readers.
         place(labelOf(name), {measures::fieldLeft - 2, top, 1, 1});
     }
-    place(name, {measures::fieldLeft, top, pickerLeft - measures::gap - measures::fieldLeft, measures::row});
-    place(pickerOf(name), {pickerLeft, top, measures::pickerWidth, measures::row});
+    place(name, {measures::fieldLeft, top, pickerLeft - measures::gap - measures::fieldLeft, m_Heights.row});
+    place(pickerOf(name), {pickerLeft, top, measures::pickerWidth, m_Heights.row});
     set(name, "Enabled", Any(enabled));
     set(pickerOf(name), "Enabled", Any(enabled));
-    return arrangeMessage(field, measures::fieldLeft, top + measures::row + measures::gap);
+    return arrangeMessage(field, measures::fieldLeft, top + m_Heights.row + measures::gap);
 }
 
 std::int32_t DialogView::arrangeRow(const char* name, std::int32_t top, bool enabled) {
-    place(labelOf(ascii(name)), {measures::margin, top + 2, measures::labelWidth, measures::line});
+    place(labelOf(ascii(name)), {measures::margin, top + (m_Heights.row - measures::line) / 2,
+                                 measures::labelWidth, measures::line});
     place(ascii(name), {measures::fieldLeft, top, measures::width - measures::margin - measures::fieldLeft,
-                        measures::row});
+                        m_Heights.row});
     set(ascii(name), "Enabled", Any(enabled));
-    return top + measures::row + measures::gap;
+    return top + m_Heights.row + measures::gap;
 }
 
 std::int32_t DialogView::arrangeBox(const char* name, std::int32_t top, bool enabled) {
-    place(ascii(name), {measures::margin, top, measures::width - 2 * measures::margin, measures::boxHeight});
+    place(ascii(name), {measures::margin, top, measures::width - 2 * measures::margin, m_Heights.box});
     set(ascii(name), "Enabled", Any(enabled));
-    return top + measures::boxHeight + measures::gap;
+    return top + m_Heights.box + measures::gap;
 }
 
 std::int32_t DialogView::arrangeReport(std::int32_t top, const DialogState& state) {
     place("Report", {measures::margin, top, measures::width - 2 * measures::margin, measures::line});
     top = arrangeBox(controls::newSheet, top + measures::line + measures::gap, !state.running);
-    place(ascii(controls::cell), {measures::margin, top + 2, measures::labelWidth, measures::boxHeight});
+    place(ascii(controls::cell),
+          {measures::margin, top + (m_Heights.row - m_Heights.box) / 2, measures::labelWidth, m_Heights.box});
     set(ascii(controls::cell), "Enabled", Any(!state.running));
     top = arrangeField(Field::Output, top, state.outputCell && !state.running);
-    place(ascii(controls::overwrite),
-          {measures::fieldLeft, top, measures::width - measures::margin - measures::fieldLeft,
-           measures::boxHeight});
+    place(
+        ascii(controls::overwrite),
+        {measures::fieldLeft, top, measures::width - measures::margin - measures::fieldLeft, m_Heights.box});
     set(ascii(controls::overwrite), "Enabled", Any(state.outputCell && !state.running));
-    return top + measures::boxHeight + measures::sectionGap;
+    return top + m_Heights.box + measures::sectionGap;
+}
+
+std::int32_t DialogView::arrangeButtons(std::int32_t top, bool idle) {
+    const std::int32_t right = measures::width - measures::margin - measures::buttonWidth;
+    const std::int32_t beforeIt = right - measures::gap - measures::buttonWidth;
+    const auto put = [&](const char* name, std::int32_t left) {
+        place(ascii(name), {left, top, measures::buttonWidth, m_Heights.button});
+    };
+    put(controls::close, right);
+    put(controls::run, beforeIt);
+    set(ascii(controls::run), "Enabled", Any(idle));
+    return top + m_Heights.button;
 }
 
 void DialogView::arrange(const DialogState& state) {
@@ -117,14 +132,10 @@ void DialogView::arrange(const DialogState& state) {
         hide(ascii(controls::ignoreTies));
     }
     top = arrangeMessage(Field::None, measures::margin, top) + measures::gap;
-    const std::int32_t closeLeft = measures::width - measures::margin - measures::buttonWidth;
-    place(ascii(controls::run), {closeLeft - measures::gap - measures::buttonWidth, top,
-                                 measures::buttonWidth, measures::buttonHeight});
-    place(ascii(controls::close), {closeLeft, top, measures::buttonWidth, measures::buttonHeight});
-    set(ascii(controls::run), "Enabled", Any(idle));
+    top = arrangeButtons(top, idle);
     const auto dialog = query<XPropertySet>(m_Models);
     dialog->setPropertyValue("Width", Any(measures::width));
-    dialog->setPropertyValue("Height", Any(top + measures::buttonHeight + measures::margin));
+    dialog->setPropertyValue("Height", Any(top + measures::margin));
 }
 
 }  // namespace TBVNonPara::calc

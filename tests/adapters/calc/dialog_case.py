@@ -23,9 +23,11 @@ LATER = ["Later", 16, 14, 13, 12, 20, 19]
 class DialogCase(TestCase):
     """One Calc for all tests of a class, a document of its own for each."""
 
+    look = {}  # what the screen of the class is made with
+
     @classmethod
     def setUpClass(cls):
-        cls.screen = cls.enterClassContext(Screen())
+        cls.screen = cls.enterClassContext(Screen(**cls.look))
         cls.office = cls.enterClassContext(Office(visible=True))
 
     def setUp(self):

@@ -12,11 +12,18 @@ from office import PATIENCE
 
 
 class Screen:
-    """with Screen() as screen: ... A virtual display without a window manager."""
+    """with Screen() as screen: ... A virtual display, for the office's generic look without a window manager.
 
-    def __init__(self, width=1280, height=800):
+    Another look, "gtk3", has a window manager as on a desktop. `settings` are told to the offices on the screen by
+    their environment: GTK_THEME, for example.
+    """
+
+    def __init__(self, width=1280, height=800, look="gen", **settings):
         self.size = f"{width}x{height}x24"
         self.server = None
+        self.manager = None
+        self.settings = {"SAL_USE_VCLPLUGIN": look, **settings}
+        self.before = {}
 
     def __enter__(self):
         read, write = os.pipe()
@@ -28,15 +35,22 @@ class Screen:
         os.close(write)
         with os.fdopen(read) as answer:
             number = answer.readline().strip()
-        self.before = os.environ.get("DISPLAY")
-        os.environ["DISPLAY"] = ":" + number
-        os.environ["SAL_USE_VCLPLUGIN"] = "gen"
+        self.settings["DISPLAY"] = ":" + number
+        self.before = {name: os.environ.get(name) for name in self.settings}
+        os.environ.update(self.settings)
+        if self.settings["SAL_USE_VCLPLUGIN"] != "gen":
+            self.manager = subprocess.Popen(["timeout", "-k", "5", "1150", "openbox"], stdin=subprocess.DEVNULL,
+                                            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         return self
 
     def __exit__(self, *_):
-        self.server.terminate()
-        self.server.wait()
-        os.environ.pop("DISPLAY")
+        for program in filter(None, (self.manager, self.server)):
+            program.terminate()
+            program.wait()
+        for name, value in self.before.items():
+            os.environ.pop(name)
+            if value is not None:
+                os.environ[name] = value
 
     @staticmethod
     def picture(file):

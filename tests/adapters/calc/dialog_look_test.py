@@ -1,0 +1,86 @@
+"""The dialog as desktops show it: the GTK look, light and dark."""
+
+import unittest
+
+import uno  # noqa: F401
+from com.sun.star.accessibility.AccessibleRole import CHECK_BOX, COMBO_BOX, LABEL, PUSH_BUTTON, RADIO_BUTTON, TEXT
+
+from dialog_case import DialogCase
+from screen import wait_for
+
+MISSING = ("The second range is missing: the test compares two columns, and only $Data.$A$1:$A$7 was given. "
+           "Name the other.")
+
+
+def brightness(colour):
+    """The relative luminance of the contrast rules for the web."""
+    parts = [((colour >> shift) & 0xFF) / 255 for shift in (16, 8, 0)]
+    linear = [part / 12.92 if part <= 0.03928 else ((part + 0.055) / 1.055) ** 2.4 for part in parts]
+    return 0.2126 * linear[0] + 0.7152 * linear[1] + 0.0722 * linear[2]
+
+
+def contrast(one, other):
+    low, high = sorted((brightness(one), brightness(other)))
+    return (high + 0.05) / (low + 0.05)
+
+
+class DesktopLook(DialogCase):
+    shown = "dialog"  # the name of its picture
+
+    def show_error(self):
+        self.open_dialog("A1:B7")
+        self.picture(self.shown)
+        self.field("Second range:").type("")
+        self.press("OK")
+        self.assertTrue(wait_for(lambda: MISSING in self.texts()))
+
+    def check_message(self):
+        """Large enough a contrast for small letters, by the contrast rules for the web."""
+        self.show_error()
+        message = self.control(MISSING, LABEL).context
+        self.assertGreaterEqual(contrast(message.getForeground(), self.dialog.context.getBackground()), 4.5)
+
+
+class LightGtk(DesktopLook):
+    look = {"look": "gtk3", "GTK_THEME": "Adwaita"}
+
+    def rows(self):
+        """Top and bottom of every line of the dialog, from top to bottom."""
+        roles = (TEXT, COMBO_BOX, CHECK_BOX, RADIO_BUTTON, PUSH_BUTTON)
+        boxes = sorted((e.box for e in self.dialog.children if e.role in roles), key=lambda box: box[1])
+        rows = []
+        for left, top, width, height in boxes:
+            if rows and top + height // 2 < rows[-1][1]:
+                rows[-1] = (rows[-1][0], max(rows[-1][1], top + height))
+            else:
+                rows.append((top, top + height))
+        return rows
+
+    def test_rows_do_not_touch(self):
+        self.open_dialog("A1:C7")
+        # Test, alternative, two ranges, two places of the report, overwriting, two boxes, the buttons.
+        for test, number in (("Mann-Whitney U test", 10), ("Wilcoxon paired-sample test", 11), ("Friedman test", 8)):
+            with self.subTest(test=test):
+                self.choose("Test:", test)
+                self.assertTrue(wait_for(lambda: len(self.rows()) == number), self.rows())
+                rows = self.rows()
+                gaps = [below[0] - above[1] for above, below in zip(rows, rows[1:])]
+                self.assertGreaterEqual(min(gaps), 3, gaps)
+                self.check_layout()
+        self.choose("Test:", "Mann-Whitney U test")
+
+    def test_an_error_can_be_read(self):
+        self.check_message()
+        self.picture("error")
+
+
+class DarkGtk(DesktopLook):
+    look = {"look": "gtk3", "GTK_THEME": "Adwaita:dark"}
+    shown = "dark"
+
+    def test_an_error_can_be_read(self):
+        self.check_message()
+
+
+if __name__ == "__main__":
+    unittest.main()
