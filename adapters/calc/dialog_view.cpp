@@ -60,7 +60,7 @@ Field DialogView::fieldOfPicker(const OUString& button) {
 }
 
 DialogView::DialogView(const Context& context, const DialogTexts& texts)
-    : m_Context(context), m_Texts(texts) {
+    : m_Context(context), m_Texts(texts), m_OkFirst(okComesFirst()) {
     const auto services = context->getServiceManager();
     m_Models.set(services->createInstanceWithContext("com.sun.star.awt.UnoControlDialogModel", context),
                  css::uno::UNO_QUERY_THROW);
@@ -94,8 +94,7 @@ void DialogView::addControls() {
     addBox("CheckBox", controls::descriptives, m_Texts.descriptives);
     addBox("CheckBox", controls::ignoreTies, m_Texts.ignoreTies);
     add("FixedText", messageOf(ascii(nameOf(Field::None))));
-    addButton(controls::run, m_Texts.ok, css::awt::PushButtonType_STANDARD);
-    addButton(controls::close, m_Texts.close, css::awt::PushButtonType_STANDARD);
+    addButtons();
     set(ascii(controls::run), "DefaultButton", Any(true));
     for (const Field field : {Field::First, Field::Second, Field::Output, Field::None}) {
         const OUString name = messageOf(ascii(nameOf(field)));
@@ -145,6 +144,17 @@ void DialogView::tellPicker(Field field, std::string_view label) {
 
 void DialogView::addBox(const char* kind, const char* name, std::string_view label) {
     add(kind, ascii(name))->setPropertyValue("Label", Any(fromUtf8(label)));
+}
+
+/// From left to right, as Tab goes through them.
+void DialogView::addButtons() {
+    if (m_OkFirst) {
+        addButton(controls::run, m_Texts.ok, css::awt::PushButtonType_STANDARD);
+    }
+    addButton(controls::close, m_Texts.close, css::awt::PushButtonType_STANDARD);
+    if (!m_OkFirst) {
+        addButton(controls::run, m_Texts.ok, css::awt::PushButtonType_STANDARD);
+    }
 }
 
 void DialogView::addButton(const char* name, std::string_view label, std::int16_t type) {

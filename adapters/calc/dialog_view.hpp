@@ -96,6 +96,7 @@ class DialogView {
         std::int32_t button;
     };
 
+    [[nodiscard]] static bool okComesFirst();
     [[nodiscard]] Heights heightsOfTheLook() const;
     void setMessageColour();
     void centreOn(const Reference<css::awt::XWindow>& parent);
@@ -107,6 +108,7 @@ class DialogView {
     void tellPicker(Field field, std::string_view label);
     void addBox(const char* kind, const char* name, std::string_view label);
     void addButton(const char* name, std::string_view label, std::int16_t type);
+    void addButtons();
     void addControls();
     void set(const OUString& name, const char* property, const css::uno::Any& value) const;
     void place(const OUString& name, const Place& place) const;
@@ -124,6 +126,7 @@ class DialogView {
     Reference<css::lang::XMultiServiceFactory> m_Models;
     Reference<css::awt::XControl> m_Dialog;
     std::int16_t m_TabIndex = 0;
+    bool m_OkFirst;
     Heights m_Heights{};
 };
 

@@ -93,8 +93,8 @@ std::int32_t DialogView::arrangeButtons(std::int32_t top, bool idle) {
     const auto put = [&](const char* name, std::int32_t left) {
         place(ascii(name), {left, top, measures::buttonWidth, m_Heights.button});
     };
-    put(controls::close, right);
-    put(controls::run, beforeIt);
+    put(controls::close, m_OkFirst ? right : beforeIt);
+    put(controls::run, m_OkFirst ? beforeIt : right);
     set(ascii(controls::run), "Enabled", Any(idle));
     return top + m_Heights.button;
 }

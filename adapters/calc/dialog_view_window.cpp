@@ -7,6 +7,7 @@
 #include <com/sun/star/awt/XUnitConversion.hpp>
 #include <com/sun/star/lang/XComponent.hpp>
 #include <com/sun/star/util/MeasureUnit.hpp>
+#include <uno/current_context.hxx>
 
 #include "adapters/calc/dialog_measures.hpp"
 #include "adapters/calc/dialog_names.hpp"
@@ -40,6 +41,17 @@ DialogView::Heights DialogView::heightsOfTheLook() const {
     return {std::max({measures::row, needed(nameOf(Field::First)), needed(controls::test)}),
             std::max({measures::boxHeight, needed(controls::labels), needed(controls::newSheet)}),
             std::max(measures::buttonHeight, needed(controls::run))};
+}
+
+/// The office's own dialogs have OK at the right, on some desktops left of Cancel. Which desktop it is the
+/// office tells the thread of its windows.
+bool DialogView::okComesFirst() {
+    OUString desktop;
+    if (const auto current = css::uno::getCurrentContext(); current.is()) {
+        current->getValueByName("system.desktop-environment") >>= desktop;
+    }
+    return desktop.matchIgnoreAsciiCase("plasma") || desktop.matchIgnoreAsciiCase("kde") ||
+           desktop.matchIgnoreAsciiCase("tde") || desktop.matchIgnoreAsciiCase("lxqt");
 }
 
 /// The desktop's settings have no colour for errors, but its ground is known once the window is there: on a

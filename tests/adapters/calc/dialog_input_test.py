@@ -56,8 +56,9 @@ class Input(DialogCase):
     def test_the_tab_key_goes_from_top_to_bottom(self):
         self.open_dialog("A1:B7")
         self.control("a new sheet", RADIO_BUTTON).click()
-        order = ["First range:", "Select", "Second range:", "Select", "a new sheet", "Labels in the first row",
-                 "Descriptive tables", "OK", "Close", "Test:", "Alternative:", "First range:"]
+        order = ["First range:", "Select", "Second range:", "Select", "a new sheet",
+                 "Labels in the first row", "Descriptive tables", "Close", "OK", "Test:", "Alternative:",
+                 "First range:"]
         left, top, _, _ = self.field("First range:").box
         self.screen.mouse("mousemove", left + 5, top + 5, "click", 1)
         for place, name in enumerate(order):
@@ -66,9 +67,8 @@ class Input(DialogCase):
 
     def test_every_picker_says_what_it_picks(self):
         self.open_dialog()
-        said = [picker.context.getToolTipText() for picker in self.pickers()]
-        self.assertEqual(said, ["Select a range: First range", "Select a range: Second range",
-                                "Select a range: a cell"])
+        wanted = ["Select a range: First range", "Select a range: Second range", "Select a range: a cell"]
+        self.assertEqual([picker.context.getToolTipText() for picker in self.pickers()], wanted)
 
     def test_a_range_is_picked_with_the_mouse(self):
         self.open_dialog()

@@ -1,12 +1,13 @@
-"""The dialog as desktops show it: the GTK look, light and dark."""
+"""The dialog as desktops show it: the GTK look, light and dark, and where the desktops put the buttons."""
 
+import threading
 import unittest
 
 import uno  # noqa: F401
 from com.sun.star.accessibility.AccessibleRole import CHECK_BOX, COMBO_BOX, LABEL, PUSH_BUTTON, RADIO_BUTTON, TEXT
 
 from dialog_case import DialogCase
-from screen import wait_for
+from screen import wait_for, window
 
 MISSING = ("The second range is missing: the test compares two columns, and only $Data.$A$1:$A$7 was given. "
            "Name the other.")
@@ -80,6 +81,29 @@ class DarkGtk(DesktopLook):
 
     def test_an_error_can_be_read(self):
         self.check_message()
+
+
+class Plain(DialogCase):
+    def buttons_of(self, dialog, names):
+        """The names of the buttons from left to right."""
+        found = [e for e in dialog.walk() if e.role == PUSH_BUTTON and e.name in names]
+        return [e.name.replace("Close", "Cancel") for e in sorted(found, key=lambda e: e.box[0])]
+
+    def test_the_buttons_stand_as_in_the_dialogs_of_the_office(self):
+        own = threading.Thread(target=self.office.dispatch,
+                               args=(self.document, ".uno:DescriptiveStatisticsDialog"), daemon=True)
+        own.start()
+        dialog = window(self.office, "Descriptive Statistics")
+        wanted = self.buttons_of(dialog, ("OK", "Cancel"))
+        self.assertEqual(len(wanted), 2)
+        dialog.find("Cancel", PUSH_BUTTON).click()
+        own.join()
+        self.open_dialog("A1:B7")
+        self.assertEqual(self.buttons_of(self.dialog, ("OK", "Close")), wanted)
+
+
+class Plasma(Plain):
+    look = {"OOO_FORCE_DESKTOP": "plasma5"}
 
 
 if __name__ == "__main__":
