@@ -180,6 +180,8 @@ void AnalysisDialog::actionPerformed(const css::awt::ActionEvent& event) {
         run();
     } else if (event.ActionCommand.equalsAscii(controls::close)) {
         windowClosing({});
+    } else if (event.ActionCommand.equalsAscii(controls::help)) {
+        help();
     } else {
         pick(DialogView::fieldOfPicker(event.ActionCommand));
     }

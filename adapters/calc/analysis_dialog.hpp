@@ -55,6 +55,7 @@ class AnalysisDialog
     /// Counts the hidden rows of the ranges anew; whether they are others than before.
     bool countHidden();
     void arrange();
+    void help();
     void pick(Field field);
     void endPicking(const OUString& range);
     void run();

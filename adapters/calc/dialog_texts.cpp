@@ -38,6 +38,8 @@ constexpr DialogTexts english{
     .ok = "OK",
     .close = "Close",
     .cancel = "Cancel",
+    .help = "Help",
+    .noBrowser = "No program could open the page about this test:",
     .running = "Computing the test",
     .cancelled = "The test was cancelled; nothing was placed.",
     .rowsChanged = "Other rows are hidden now than before; check the choice of rows and press OK again.",
@@ -72,6 +74,8 @@ constexpr DialogTexts german{
     .ok = "OK",
     .close = "Schließen",
     .cancel = "Abbrechen",
+    .help = "Hilfe",
+    .noBrowser = "Kein Programm konnte die Seite über diesen Test öffnen:",
     .running = "Der Test wird berechnet",
     .cancelled = "Der Test wurde abgebrochen; es wurde nichts eingefügt.",
     .rowsChanged = "Jetzt sind andere Zeilen ausgeblendet als vorher; bitte die Zeilenauswahl prüfen und noch "

@@ -34,6 +34,8 @@ struct DialogTexts {
     std::string_view ok;
     std::string_view close;
     std::string_view cancel;
+    std::string_view help;
+    std::string_view noBrowser;
     std::string_view running;
     std::string_view cancelled;
     std::string_view rowsChanged;

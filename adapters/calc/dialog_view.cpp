@@ -148,6 +148,7 @@ void DialogView::addBox(const char* kind, const char* name, std::string_view lab
 
 /// From left to right, as Tab goes through them.
 void DialogView::addButtons() {
+    addButton(controls::help, m_Texts.help, css::awt::PushButtonType_STANDARD);
     if (m_OkFirst) {
         addButton(controls::run, m_Texts.ok, css::awt::PushButtonType_STANDARD);
     }
@@ -172,8 +173,9 @@ void DialogView::listen(const Reference<css::awt::XActionListener>& actions,
                         const Reference<css::awt::XTextListener>& texts,
                         const Reference<css::awt::XTopWindowListener>& window) {
     for (const OUString& name :
-         {ascii(controls::run), ascii(controls::close), pickerOf(ascii(nameOf(Field::First))),
-          pickerOf(ascii(nameOf(Field::Second))), pickerOf(ascii(nameOf(Field::Output)))}) {
+         {ascii(controls::run), ascii(controls::close), ascii(controls::help),
+          pickerOf(ascii(nameOf(Field::First))), pickerOf(ascii(nameOf(Field::Second))),
+          pickerOf(ascii(nameOf(Field::Output)))}) {
         const auto button = query<css::awt::XButton>(control(name));
         button->setActionCommand(name);
         button->addActionListener(actions);

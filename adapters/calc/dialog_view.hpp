@@ -34,6 +34,7 @@ constexpr auto descriptives = "Descriptives";
 constexpr auto ignoreTies = "IgnoreTies";
 constexpr auto run = "Run";
 constexpr auto close = "Close";
+constexpr auto help = "Help";
 }  // namespace controls
 
 /// What a dialog shows at the moment besides the texts in its fields.

@@ -93,6 +93,7 @@ std::int32_t DialogView::arrangeButtons(std::int32_t top, bool idle) {
     const auto put = [&](const char* name, std::int32_t left) {
         place(ascii(name), {left, top, measures::buttonWidth, m_Heights.button});
     };
+    put(controls::help, measures::margin);
     put(controls::close, m_OkFirst ? right : beforeIt);
     put(controls::run, m_OkFirst ? beforeIt : right);
     set(ascii(controls::run), "Enabled", Any(idle));

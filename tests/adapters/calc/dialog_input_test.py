@@ -57,7 +57,7 @@ class Input(DialogCase):
         self.open_dialog("A1:B7")
         self.control("a new sheet", RADIO_BUTTON).click()
         order = ["First range:", "Select", "Second range:", "Select", "a new sheet",
-                 "Labels in the first row", "Descriptive tables", "Close", "OK", "Test:", "Alternative:",
+                 "Labels in the first row", "Descriptive tables", "Help", "Close", "OK", "Test:", "Alternative:",
                  "First range:"]
         left, top, _, _ = self.field("First range:").box
         self.screen.mouse("mousemove", left + 5, top + 5, "click", 1)

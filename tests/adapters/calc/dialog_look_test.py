@@ -1,7 +1,12 @@
 """The dialog as desktops show it: the GTK look, light and dark, and where the desktops put the buttons."""
 
+import os
+import pathlib
+import tempfile
 import threading
 import unittest
+import urllib.parse
+import urllib.request
 
 import uno  # noqa: F401
 from com.sun.star.accessibility.AccessibleRole import CHECK_BOX, COMBO_BOX, LABEL, PUSH_BUTTON, RADIO_BUTTON, TEXT
@@ -9,6 +14,8 @@ from com.sun.star.accessibility.AccessibleRole import CHECK_BOX, COMBO_BOX, LABE
 from dialog_case import DialogCase
 from screen import wait_for, window
 
+TESTS = ("Mann-Whitney U test", "Wilcoxon paired-sample test", "Spearman rank correlation", "Sign test",
+         "Mood median test", "Friedman test", "Kruskal-Wallis test", "Wald-Wolfowitz runs test")
 MISSING = ("The second range is missing: the test compares two columns, and only $Data.$A$1:$A$7 was given. "
            "Name the other.")
 
@@ -45,6 +52,16 @@ class DesktopLook(DialogCase):
 class LightGtk(DesktopLook):
     look = {"look": "gtk3", "GTK_THEME": "Adwaita"}
 
+    @classmethod
+    def setUpClass(cls):
+        folder = pathlib.Path(cls.enterClassContext(tempfile.TemporaryDirectory()))
+        cls.opened = folder / "opened"
+        browser = folder / "xdg-open"
+        browser.write_text(f'#!/bin/sh\nprintf "%s\\n" "$1" >>"{cls.opened}"\n')
+        browser.chmod(0o755)
+        cls.look = {**LightGtk.look, "PATH": f"{folder}:{os.environ['PATH']}"}
+        super().setUpClass()
+
     def rows(self):
         """Top and bottom of every line of the dialog, from top to bottom."""
         roles = (TEXT, COMBO_BOX, CHECK_BOX, RADIO_BUTTON, PUSH_BUTTON)
@@ -74,6 +91,22 @@ class LightGtk(DesktopLook):
         self.check_message()
         self.picture("error")
 
+    def test_help_opens_the_page_of_the_chosen_test(self):
+        self.open_dialog("A1:C7")
+        for number, test in enumerate(TESTS, 1):
+            with self.subTest(test=test):
+                self.choose("Test:", test)
+                self.press("Help")
+                pages = wait_for(lambda count=number: self.pages(count), 60)
+                page = pathlib.Path(urllib.request.url2pathname(urllib.parse.urlparse(pages[-1]).path))
+                self.assertIn(f"<h1>{test}</h1>", page.read_text(encoding="utf-8"))
+        self.choose("Test:", "Mann-Whitney U test")
+
+    def pages(self, number):
+        """What was opened, once it is so many."""
+        pages = self.opened.read_text(encoding="utf-8").split() if self.opened.exists() else []
+        return pages if len(pages) == number else None
+
 
 class DarkGtk(DesktopLook):
     look = {"look": "gtk3", "GTK_THEME": "Adwaita:dark"}
@@ -94,12 +127,12 @@ class Plain(DialogCase):
                                args=(self.document, ".uno:DescriptiveStatisticsDialog"), daemon=True)
         own.start()
         dialog = window(self.office, "Descriptive Statistics")
-        wanted = self.buttons_of(dialog, ("OK", "Cancel"))
-        self.assertEqual(len(wanted), 2)
+        wanted = self.buttons_of(dialog, ("Help", "OK", "Cancel"))
+        self.assertEqual(len(wanted), 3)
         dialog.find("Cancel", PUSH_BUTTON).click()
         own.join()
         self.open_dialog("A1:B7")
-        self.assertEqual(self.buttons_of(self.dialog, ("OK", "Close")), wanted)
+        self.assertEqual(self.buttons_of(self.dialog, ("Help", "OK", "Close")), wanted)
 
 
 class Plasma(Plain):
