@@ -29,7 +29,6 @@ struct DialogTexts {
     std::string_view labels;
     std::string_view descriptives;
     std::string_view ignoreTies;
-    std::string_view pick;
     std::string_view pickTitle;
     std::string_view ok;
     std::string_view close;

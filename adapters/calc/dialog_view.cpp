@@ -1,6 +1,7 @@
 #include "adapters/calc/dialog_view.hpp"
 
 #include <algorithm>
+#include <com/sun/star/awt/ImagePosition.hpp>
 #include <com/sun/star/awt/PushButtonType.hpp>
 #include <com/sun/star/awt/XButton.hpp>
 #include <com/sun/star/awt/XListBox.hpp>
@@ -19,6 +20,9 @@ namespace {
 
 using css::beans::XPropertySet;
 using css::uno::Any;
+
+/// The icon of the office's own dialogs for the same purpose, in the user's choice of icons.
+constexpr auto shrinkIcon = "private:graphicrepository/formula/res/refinp1.png";
 
 std::string withoutLetter(std::string_view label) {
     std::string text(label);
@@ -131,12 +135,13 @@ void DialogView::addField(Field field, std::string_view label) {
     addLabelled("Edit", nameOf(field), label);
     const OUString name = ascii(nameOf(field));
     const auto picker = add("Button", pickerOf(name));
-    picker->setPropertyValue("Label", Any(fromUtf8(m_Texts.pick)));
+    picker->setPropertyValue("ImageURL", Any(ascii(shrinkIcon)));
+    picker->setPropertyValue("ImagePosition", Any(css::awt::ImagePosition::Centered));
     add("FixedText", messageOf(name));
     tellPicker(field, label);
 }
 
-// All pickers bear the same word: for screen readers each says what it is for.
+// All pickers bear the same icon: this text is shown at the pointer and is their name for screen readers.
 void DialogView::tellPicker(Field field, std::string_view label) {
     const std::string help = std::string(m_Texts.pickTitle) + ": " + spoken(label);
     set(pickerOf(ascii(nameOf(field))), "HelpText", Any(fromUtf8(help)));

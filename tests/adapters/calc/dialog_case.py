@@ -14,6 +14,7 @@ from screen import Element, Screen, wait_for, window, window_now, windows
 
 COMMAND = "org.tbvnonpara.calc:dialog"
 TITLE = "Nonparametric Tests"
+PICK = "Select a range: "
 PICTURES = os.environ.get("TBVNONPARA_PICTURES")
 BEFORE = ["Before", 12, 15, 11, 18, 14, 13]
 AFTER = ["After", 17, 21, 16, 23, 19, 24]
@@ -89,7 +90,7 @@ class DialogCase(TestCase):
             box.click()
 
     def pickers(self):
-        return [e for e in self.dialog.walk() if e.role == PUSH_BUTTON and e.name == "Select"]
+        return [e for e in self.dialog.walk() if e.role == PUSH_BUTTON and e.name.startswith(PICK)]
 
     def picker_is_open(self):
         return any(w.name.startswith("Select a range") for w in windows(self.office))

@@ -12,7 +12,7 @@ from com.sun.star.awt.Key import N
 from com.sun.star.awt.KeyModifier import MOD1, MOD2
 from com.sun.star.container import NoSuchElementException
 
-from dialog_case import COMMAND, TITLE, DialogCase
+from dialog_case import COMMAND, PICK, TITLE, DialogCase
 from screen import wait_for, window, windows
 
 REGISTRY = pathlib.Path(shutil.which("soffice")).resolve().parents[1] / "share" / "registry"
@@ -56,7 +56,7 @@ class Input(DialogCase):
     def test_the_tab_key_goes_from_top_to_bottom(self):
         self.open_dialog("A1:B7")
         self.control("a new sheet", RADIO_BUTTON).click()
-        order = ["First range:", "Select", "Second range:", "Select", "a new sheet",
+        order = ["First range:", PICK + "First range", "Second range:", PICK + "Second range", "a new sheet",
                  "Labels in the first row", "Descriptive tables", "Help", "Close", "OK", "Test:", "Alternative:",
                  "First range:"]
         left, top, _, _ = self.field("First range:").box
@@ -68,6 +68,7 @@ class Input(DialogCase):
     def test_every_picker_says_what_it_picks(self):
         self.open_dialog()
         wanted = ["Select a range: First range", "Select a range: Second range", "Select a range: a cell"]
+        self.assertEqual([picker.name for picker in self.pickers()], wanted)
         self.assertEqual([picker.context.getToolTipText() for picker in self.pickers()], wanted)
 
     def test_a_range_is_picked_with_the_mouse(self):
