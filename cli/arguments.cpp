@@ -9,6 +9,7 @@
 #include "cli/save_options.hpp"
 #include "cli/test_words.hpp"
 #include "cli/version.hpp"
+#include "tbvnonpara/core/conversions.hpp"
 #include "tbvnonpara/rendering/display_width.hpp"
 
 namespace TBVNonPara::cli {
@@ -35,6 +36,8 @@ struct Words {
     std::string decimal;
     std::string thousands;
     std::string encoding;
+    std::string cut;
+    std::string cutEqual;
 };
 
 const std::map<std::string, workbook::Encoding> encodings = {
@@ -42,6 +45,11 @@ const std::map<std::string, workbook::Encoding> encodings = {
     {"utf-8", workbook::Encoding::Utf8},
     {"latin1", workbook::Encoding::Latin1},
     {"windows-1252", workbook::Encoding::Windows1252}};
+
+const std::map<std::string, analysis::CutEqual> cutEquals = {{"", analysis::CutEqual::Drop},
+                                                             {"drop", analysis::CutEqual::Drop},
+                                                             {"above", analysis::CutEqual::Above},
+                                                             {"below", analysis::CutEqual::Below}};
 
 /// The character that a word of the command line stands for.
 char characterOf(const std::string& word) {
@@ -100,6 +108,32 @@ void offerTails(CLI::App& command, const OfferedTest& test, Words& words) {
                     "the alternative: two, for both directions;\n" + std::string(own.tailsHelp))
         ->type_name("WORD")
         ->check(CLI::IsMember(choices).description(""));
+}
+
+/// "median", "mean" or a number.
+std::optional<analysis::Cut> cutOf(const std::string& word) {
+    if (word == "median") {
+        return analysis::Cut{analysis::CutAt::Median};
+    }
+    if (word == "mean") {
+        return analysis::Cut{analysis::CutAt::Mean};
+    }
+    const std::optional<double> number = readAsNumber(word);
+    return number ? std::optional(analysis::Cut{analysis::CutAt::Number, *number}) : std::nullopt;
+}
+
+void offerCut(CLI::App& command, Words& words) {
+    const auto checkCut = [](const std::string& word) {
+        return std::string(cutOf(word) ? "" : "must be median, mean or a number, not \"" + word + '"');
+    };
+    CLI::Option* const cut =
+        command.add_option("--cut", words.cut, "count numbers as above or below: median, mean or a number")
+            ->type_name("VALUE")
+            ->check(CLI::Validator(checkCut, ""));
+    command.add_option("--cut-equal", words.cutEqual, "numbers equal to the cut: drop, above or below")
+        ->type_name("WORD")
+        ->check(CLI::IsMember({"drop", "above", "below"}).description(""))
+        ->needs(cut);
 }
 
 void offerFileAndForm(CLI::App& command, Words& words) {
@@ -162,6 +196,9 @@ void offer(CLI::App& program, const OfferedTest& test, Words& words) {
         command.add_flag("--ignore-ties", words.arguments.ignoreTies,
                          "leave differences of zero out of the ranking");
     }
+    if (test.shape == analysis::DataShape::Sequence) {
+        offerCut(command, words);
+    }
     if (test.tails) {
         offerTails(command, test, words);
     }
@@ -212,6 +249,10 @@ Arguments finish(Words words) {
         arguments.thousands = characterOf(words.thousands);
     }
     arguments.encoding = encodings.at(words.encoding);
+    if (!words.cut.empty()) {
+        arguments.cut = cutOf(words.cut);
+        arguments.cut->equal = cutEquals.at(words.cutEqual);
+    }
     if (!words.decimal.empty()) {
         arguments.decimal = words.decimal.front();
     }

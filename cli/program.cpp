@@ -13,6 +13,7 @@
 #include "cli/standard_input.hpp"
 #include "cli/terminal.hpp"
 #include "cli/warnings.hpp"
+#include "tbvnonpara/analysis/cut_sequence.hpp"
 #include "tbvnonpara/analysis/refusal.hpp"
 #include "tbvnonpara/analysis/results.hpp"
 #include "tbvnonpara/analysis/run_test.hpp"
@@ -66,8 +67,24 @@ int answer(const Answer& answer) {
     return 0;
 }
 
+/// The results of the test, and where its numbers were cut.
+std::vector<analysis::NamedResult> resultsOf(const analysis::FinishedTest& finished,
+                                             const Arguments& arguments,
+                                             const std::optional<analysis::CutNumbers>& cut) {
+    std::vector<analysis::NamedResult> results =
+        analysis::namedResults(arguments.test->method, finished.engine());
+    if (cut) {
+        results.push_back({"cut.at", cut->at});
+        results.push_back({"cut.above", Long(cut->above)});
+        results.push_back({"cut.below", Long(cut->below)});
+        results.push_back({"cut.equal", Long(cut->equal)});
+    }
+    return results;
+}
+
 void write(const analysis::FinishedTest& finished, const Arguments& arguments,
-           const rendering::PictureData& data, const std::vector<std::string>& warnings, Output& output) {
+           const rendering::PictureData& data, const std::optional<analysis::CutNumbers>& cut,
+           const std::vector<std::string>& warnings, Output& output) {
     const rendering::ReportBlock report(finished.sheet(), finished.block());
     const bool shown = arguments.save.empty();
     switch (arguments.format) {
@@ -76,8 +93,7 @@ void write(const analysis::FinishedTest& finished, const Arguments& arguments,
             break;
         case OutputFormat::Json:
             rendering::writeJson(arguments.test->name, finished.address(), report,
-                                 analysis::namedResults(arguments.test->method, finished.engine()), output,
-                                 warnings);
+                                 resultsOf(finished, arguments, cut), output, warnings);
             break;
         case OutputFormat::Csv:
             rendering::writeCsv(report, output, {arguments.safeCsv, shown && writesToTerminal()});
@@ -110,6 +126,25 @@ rendering::PictureData dataToDraw(const workbook::EmbeddedApplication& applicati
     return rendering::pictureData(application, ranges.y, ranges.x, ranges.headers);
 }
 
+struct Drawn {
+    analysis::FinishedTest finished;
+    rendering::PictureData data;
+};
+
+/// Runs the test, on the sides of a cut where one was asked for.
+Drawn runCut(const ObjectRef<workbook::EmbeddedApplication>& application, const Arguments& arguments,
+             const analysis::ChosenRanges& ranges, std::optional<analysis::CutNumbers>& cut) {
+    if (!arguments.cut) {
+        rendering::PictureData data = dataToDraw(*application, arguments, ranges);
+        return {analysis::runTest(application, arguments, ranges), std::move(data)};
+    }
+    const analysis::CutSequence sequence(application, *arguments.cut, ranges);
+    tell(sequence.note() + '\n');
+    cut = sequence.numbers();
+    rendering::PictureData data = dataToDraw(*application, arguments, sequence.ranges());
+    return {analysis::runTest(application, arguments, sequence.ranges()), std::move(data)};
+}
+
 void analyse(const Arguments& arguments, Circumstances& circumstances) {
     checkSaving(arguments);
     Progress progress("Reading " + rendering::escaped(arguments.file));
@@ -125,13 +160,15 @@ void analyse(const Arguments& arguments, Circumstances& circumstances) {
     progress.next("Analysing");
     // The picture shows the data as they are before a report is put over them.
     std::vector<std::string> warnings = warningsOnData(*application, arguments, circumstances.ranges);
-    const rendering::PictureData data = dataToDraw(*application, arguments, circumstances.ranges);
-    const analysis::FinishedTest finished = analysis::runTest(application, arguments, circumstances.ranges);
-    std::ranges::move(warningsOnPlace(finished, arguments), std::back_inserter(warnings));
-    const auto writeTo = [&](Output& output) { write(finished, arguments, data, warnings, output); };
+    std::optional<analysis::CutNumbers> cut;
+    const Drawn drawn = runCut(application, arguments, circumstances.ranges, cut);
+    std::ranges::move(warningsOnPlace(drawn.finished, arguments), std::back_inserter(warnings));
+    const auto writeTo = [&](Output& output) {
+        write(drawn.finished, arguments, drawn.data, cut, warnings, output);
+    };
     if (!arguments.save.empty()) {
         progress.next("Saving " + rendering::escaped(arguments.save));
-        const std::string saved = saveReport(finished, arguments, writeTo);
+        const std::string saved = saveReport(drawn.finished, arguments, writeTo);
         progress.end();
         warn(warnings);
         tell(rendering::escaped(saved) + '\n');

@@ -15,6 +15,8 @@ _tbvnonpara_options() {
     esac
     if [[ $1 == wilcoxon ]]; then
         options+=" --ignore-ties"
+    elif [[ $1 == runs ]]; then
+        options+=" --cut --cut-equal"
     fi
     printf '%s' "$options"
 }
@@ -85,6 +87,8 @@ _tbvnonpara() {
         --format) mapfile -t COMPREPLY < <(compgen -W "text json csv html xlsx" -- "$word") ;;
         --delimiter) mapfile -t COMPREPLY < <(compgen -W "tab space" -- "$word") ;;
         --thousands) mapfile -t COMPREPLY < <(compgen -W "space" -- "$word") ;;
+        --cut) mapfile -t COMPREPLY < <(compgen -W "median mean" -- "$word") ;;
+        --cut-equal) mapfile -t COMPREPLY < <(compgen -W "drop above below" -- "$word") ;;
         --encoding) mapfile -t COMPREPLY < <(compgen -W "utf-8 latin1 windows-1252" -- "$word") ;;
         --decimal | --comment | --y | --x | --sheet | --output) ;;
         --save)

@@ -30,14 +30,14 @@ bool holdsManyNumbers(const ValueGrid& cells, Index firstRow) {
 
 std::vector<std::string> warningsOnData(const workbook::EmbeddedApplication& application,
                                         const Arguments& arguments, const analysis::ChosenRanges& ranges) {
-    if (arguments.test->method != tbvNPWWRuns ||
+    if (arguments.test->method != tbvNPWWRuns || arguments.cut ||
         !holdsManyNumbers(application.GetRange(ranges.y)->GetValue(), ranges.headers ? 2 : 1)) {
         return {};
     }
     return {
         fmt::format("The numbers in {} are so varied that there are more than a third as many categories as "
-                    "rows: each number counts as one. For runs above and below a value, name a column that "
-                    "says of each number on which side it lies.",
+                    "rows: each number counts as one. For runs above and below a value, add --cut median, or "
+                    "mean, or the value.",
                     ranges.y)};
 }
 

@@ -44,4 +44,5 @@ save("rounding", list(
   WideAngle = c(5.55, 5.75, 5.50, 5.40, 5.70, 5.60, 5.35, 5.35, 5.00, 5.70, 5.10, 5.45, 5.45, 4.95, 5.40, 5.50, 5.35, 5.55, 5.25, 5.40, 5.55, 6.25)))
 
 level <- as.numeric(LakeHuron)
+save("lake_levels", list(Year = as.numeric(time(LakeHuron)), Level = level))
 save("huron", list(Level = ifelse(level > median(level), "above", "below")))

@@ -8,6 +8,18 @@
 
 namespace TBVNonPara::analysis {
 
+enum class CutAt { Median, Mean, Number };
+
+/// What becomes of the numbers that equal the value where a sequence is cut.
+enum class CutEqual { Drop, Above, Below };
+
+/// Where a sequence of numbers is cut into those above and those below.
+struct Cut {
+    CutAt at = CutAt::Median;
+    double number = 0;  ///< for `CutAt::Number`
+    CutEqual equal = CutEqual::Drop;
+};
+
 /// What a user chooses before an analysis: the table, its columns, the test and its options, and the place of
 /// the report. Empty addresses leave the choice to the analysis.
 struct Choices {
@@ -24,6 +36,7 @@ struct Choices {
     std::optional<bool> headers;  ///< whether the first row of each range holds labels
     bool descriptives = false;
     bool ignoreTies = false;
+    std::optional<Cut> cut;  ///< of a sequence
     TBVNPTails tails = tbvNPTwoTailed;
     std::string output;      ///< the cell that the report begins at; empty for a new sheet
     bool overwrite = false;  ///< whether the report may replace cells

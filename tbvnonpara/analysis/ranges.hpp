@@ -1,11 +1,18 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "tbvnonpara/analysis/choices.hpp"
 #include "tbvnonpara/workbook/embedded_application.hpp"
 
 namespace TBVNonPara::analysis {
+
+/// An address as the library writes it into a report, and the one that the report shall show there.
+struct ShownAddress {
+    std::string written;
+    std::string shown;
+};
 
 /// The ranges of a run, as addresses with the sheet's name.
 struct ChosenRanges {
@@ -14,6 +21,7 @@ struct ChosenRanges {
     bool headers = false;
     /// What was chosen without the user; empty when the choices left nothing open.
     std::string note;
+    std::optional<ShownAddress> shown = {};  ///< where `y` is not what the user knows
 };
 
 /// Turns what the user says about columns into addresses on the active sheet:

@@ -13,20 +13,6 @@ namespace {
 
 constexpr std::string_view reportSheet = "Results";
 
-/// The range properties replace an error of the host by one of their own, which would not name the cell.
-void requireResultsOfFormulas(const workbook::EmbeddedApplication& application,
-                              const ChosenRanges& ranges) try {
-    for (const std::string& address : {ranges.y, ranges.x}) {
-        if (!address.empty()) {
-            const RangeRef range = application.GetRange(address);
-            const workbook::SheetRange& cells = workbook::ownRange(range);
-            workbook::requireCalculated(*cells.sheet(), cells.areas());
-        }
-    }
-} catch (const Error&) {
-    refuseAsOwn();
-}
-
 /// A text in another encoding stays one, so that a caller can say how to name it.
 [[noreturn]] void refuseFile() try { throw; } catch (const workbook::NotUtf8& error) {
     throw workbook::NotUtf8(error.number(), error.description(), ownSource);
@@ -65,6 +51,19 @@ ObjectRef<workbook::EmbeddedApplication> openContents(std::string_view name, std
     refuseFile();
 }
 
+void requireResultsOfFormulas(const workbook::EmbeddedApplication& application,
+                              const ChosenRanges& ranges) try {
+    for (const std::string& address : {ranges.y, ranges.x}) {
+        if (!address.empty()) {
+            const RangeRef range = application.GetRange(address);
+            const workbook::SheetRange& cells = workbook::ownRange(range);
+            workbook::requireCalculated(*cells.sheet(), cells.areas());
+        }
+    }
+} catch (const Error&) {
+    refuseAsOwn();
+}
+
 FinishedTest::FinishedTest(ObjectRef<workbook::EmbeddedApplication> application,
                            std::unique_ptr<clsNonPara> request)
     : m_Application(std::move(application)), m_Request(std::move(request)) {
@@ -74,6 +73,17 @@ FinishedTest::FinishedTest(ObjectRef<workbook::EmbeddedApplication> application,
     const Rectangle first = selected.areas().front();
     m_Sheet = selected.sheet();
     m_Block = {first.top, first.left, first.top + copied.rows - 1, first.left + copied.columns - 1};
+}
+
+void FinishedTest::rename(const ShownAddress& address) {
+    constexpr Index headerLines = 3;
+    for (Index row = m_Block.top; row < m_Block.top + headerLines && row <= m_Block.bottom; ++row) {
+        std::string text = toText(m_Sheet->value(row, m_Block.left));
+        if (text.ends_with(" = " + address.written)) {
+            text.replace(text.size() - address.written.size(), std::string::npos, address.shown);
+            m_Sheet->values().set(row, m_Block.left, Text(text));
+        }
+    }
 }
 
 std::string FinishedTest::address() const {
@@ -100,7 +110,11 @@ FinishedTest runTest(const ObjectRef<workbook::EmbeddedApplication>& application
         request->LetOutputRange(choices.output);
     }
     request->Results(choices.overwrite);
-    return {application, std::move(request)};
+    FinishedTest finished(application, std::move(request));
+    if (ranges.shown) {
+        finished.rename(*ranges.shown);
+    }
+    return finished;
 }
 
 }  // namespace TBVNonPara::analysis

@@ -27,6 +27,9 @@ class FinishedTest {
  public:
     FinishedTest(ObjectRef<workbook::EmbeddedApplication> application, std::unique_ptr<clsNonPara> request);
 
+    /// Puts another address into the lines that name the ranges.
+    void rename(const ShownAddress& address);
+
     [[nodiscard]] const clsNonParaBO& engine() const { return m_Request->engine(); }
     /// "Results!$A$1:$D$9".
     [[nodiscard]] std::string address() const;
@@ -39,6 +42,10 @@ class FinishedTest {
     std::shared_ptr<workbook::Sheet> m_Sheet;
     Rectangle m_Block;
 };
+
+/// Raises the host's error that names a cell of the ranges whose formula has no result in the file: the range
+/// properties would replace it by one of their own, which names none.
+void requireResultsOfFormulas(const workbook::EmbeddedApplication& application, const ChosenRanges& ranges);
 
 /// Runs the test on the ranges; the report goes where the choices say, else to a new sheet "Results". Raises
 /// what the library raises.

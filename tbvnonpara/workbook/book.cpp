@@ -117,6 +117,13 @@ std::shared_ptr<Sheet> Book::insertSheet() {
     return sheet;
 }
 
+void Book::removeSheet(const Sheet& sheet) noexcept {
+    std::erase_if(m_Sheets, [&](const auto& own) { return own.get() == &sheet; });
+    if (m_ActiveSheet.get() == &sheet) {
+        m_ActiveSheet = m_Sheets.empty() ? nullptr : m_Sheets.back();
+    }
+}
+
 void Book::moveSheet(const Sheet& sheet, const Worksheet& after) {
     const std::size_t target = positionOf(after);
     const std::size_t position = positionOf(sheet);

@@ -43,6 +43,8 @@ class Book final : public Workbook, public std::enable_shared_from_this<Book> {
     std::shared_ptr<Sheet> adoptSheet(std::string_view name);
     /// Adds a sheet with the next free name ("Sheet2") in front of the active one and makes it active.
     std::shared_ptr<Sheet> insertSheet();
+    /// Ranges of the sheet that are still held keep it; a sheet of another workbook is left alone.
+    void removeSheet(const Sheet& sheet) noexcept;
     void moveSheet(const Sheet& sheet, const Worksheet& after);
     void activateSheet(const Sheet& sheet);
 

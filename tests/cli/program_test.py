@@ -140,6 +140,80 @@ class Warnings(unittest.TestCase):
         self.assertNotIn("warning", run("mann-whitney", PLANTS).stderr)
 
 
+class Cuts(unittest.TestCase):
+    """Numbers of a sequence above and below a value."""
+
+    NUMBERS = "Level\n5\n7\n6\n6\n2\n9\n"
+
+    def cut(self, *words, text=NUMBERS):
+        return run("runs", "-", "--cut", *words, "--format", "json", text=text)
+
+    def results(self, *words, text=NUMBERS):
+        result = self.cut(*words, text=text)
+        self.assertEqual(result.returncode, 0, result.stderr)
+        return json.loads(result.stdout), result.stderr
+
+    def test_equal_numbers_are_left_out_and_counted(self):
+        found, said = self.results("median")
+        self.assertEqual(found["results"]["categories"], ["below 6", "above 6"])
+        self.assertEqual(found["results"]["counts"], [2, 2])
+        self.assertEqual(found["results"]["runs"], 4)
+        self.assertEqual(found["results"]["cut"], {"at": 6.0, "above": 2, "below": 2, "equal": 2})
+        self.assertIn("cut at the median 6: 2 above, 2 below, 2 equal left out\n", said)
+
+    def test_equal_numbers_count_as_above_or_below_when_asked_for(self):
+        found, said = self.results("6", "--cut-equal", "above")
+        self.assertEqual((found["results"]["categories"], found["results"]["counts"]), (["below 6", "from 6 on"], [2, 4]))
+        self.assertIn("cut at 6: 4 above, 2 below\n", said)
+        found, _ = self.results("6", "--cut-equal", "below")
+        self.assertEqual((found["results"]["categories"], found["results"]["counts"]), (["up to 6", "above 6"], [4, 2]))
+
+    def test_the_median_of_an_even_number_is_the_mean_of_two_and_the_mean_that_of_all(self):
+        numbers = "1\n2\n4\n9\n"
+        self.assertEqual(self.results("median", text=numbers)[0]["results"]["cut"]["at"], 3)
+        self.assertEqual(self.results("mean", text=numbers)[0]["results"]["cut"]["at"], 4)
+
+    def test_the_report_names_the_numbers_and_no_sheet_is_left_behind(self):
+        found, _ = self.results("median")
+        self.assertEqual(found["report"]["rows"][1][0], "Data Range = stdin!$A$1:$A$7")
+        with tempfile.TemporaryDirectory() as folder:
+            saved = os.path.join(folder, "report.xlsx")
+            result = run("runs", "-", "--cut", "median", "--save", saved, "--with-data", text=self.NUMBERS)
+            self.assertEqual(result.returncode, 0, result.stderr)
+            again = run("runs", saved, "--sheet", "stdin", "--cut", "median", "--format", "json")
+            self.assertEqual(json.loads(again.stdout)["results"], found["results"])
+            self.assertIn("the sheets are: \"Results\", \"stdin\".", run("runs", saved, "--sheet", "Sides").stderr)
+
+    def test_a_page_draws_the_sides(self):
+        page = run("runs", "-", "--cut", "median", "--format", "html", text=self.NUMBERS).stdout
+        self.assertIn("above 6", page)
+
+    def test_what_has_no_side_is_refused(self):
+        for text, place, number in (("1\nx\n2\n", 'stdin!A2 holds the text "x"', -2147216484),
+                                    ("1\n\n2\n", "stdin!A2 is blank", -2147216481),
+                                    ("1\nTRUE\n2\n", "stdin!A2 holds TRUE or FALSE", -2147216483),
+                                    ("1\n#N/A\n2\n", "A2", -2147216482),
+                                    ("4\n4\n", "All numbers equal 4", -2147216480)):
+            with self.subTest(text=text):
+                result = self.cut("median", "--y", "A1:A3" if text.count("\n") > 2 else "A1:A2", "--no-headers", text=text)
+                self.assertEqual(result.returncode, 1)
+                error = json.loads(result.stdout)["error"]
+                self.assertIn(place, error["description"])
+                self.assertEqual(error["number"], number)
+
+    def test_several_columns_and_numbers_too_large_are_refused(self):
+        result = run("runs", "-", "--y", "A:B", "--cut", "1", text="1,2\n3,4\n")
+        self.assertIn("A sequence is one column, but stdin!A1:B2 is more", result.stderr)
+        result = run("runs", "-", "--cut", "mean", text="1e308\n1e308\n-1\n")
+        self.assertIn("cut them at their median", result.stderr)
+
+    def test_a_word_that_is_no_value_is_a_usage_error(self):
+        for words in (("x",), ("1e999",), ("median", "--cut-equal", "left")):
+            self.assertEqual(self.cut(*words).returncode, 2, words)
+        self.assertEqual(run("runs", "-", "--cut-equal", "drop", text=self.NUMBERS).returncode, 2)
+        self.assertEqual(run("sign", "-", "--cut", "mean", text=self.NUMBERS).returncode, 2)
+
+
 class Faults(unittest.TestCase):
     """Data without a result: what each test says, and under which number."""
 

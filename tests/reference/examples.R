@@ -84,15 +84,23 @@ note("chicks.csv", "kruskal-wallis", "", "f", F)
 # The program's second degrees of freedom are N - k - 1.
 note("chicks.csv", "kruskal-wallis", "", "fP", pf(F, k - 1, N - k - 1, lower.tail = FALSE))
 
-level <- columns("huron.csv")[[1]]
-n <- as.numeric(table(level)); N <- sum(n); observed <- length(rle(as.character(level))$lengths)
-E <- 1 + 2 * prod(n) / N
-V <- 2 * prod(n) * (2 * prod(n) - N) / (N^2 * (N - 1))
-z <- (abs(observed - E) - 0.5) / sqrt(V)
-note("huron.csv", "runs", "", "runs", observed)
-note("huron.csv", "runs", "", "expected", E)
-note("huron.csv", "runs", "", "z", z)
-# The other tail is formed as 1 - Phi(z) and keeps few digits this far out.
-note("huron.csv", "runs", "--tails more", "p", pnorm(z))
+runs <- function(file, options, sides) {
+  n <- as.numeric(table(sides)); N <- sum(n); observed <- length(rle(as.character(sides))$lengths)
+  E <- 1 + 2 * prod(n) / N
+  V <- 2 * prod(n) * (2 * prod(n) - N) / (N^2 * (N - 1))
+  z <- (abs(observed - E) - 0.5) / sqrt(V)
+  note(file, "runs", options, "runs", observed)
+  note(file, "runs", options, "expected", E)
+  note(file, "runs", options, "z", z)
+  # The other tail is formed as 1 - Phi(z) and keeps few digits this far out.
+  note(file, "runs", trimws(paste(options, "--tails more")), "p", pnorm(z))
+}
+runs("huron.csv", "", columns("huron.csv")[[1]])
+level <- columns("lake_levels.csv")[[2]]
+runs("lake_levels.csv", "--y Level --cut median", level > median(level))
+runs("lake_levels.csv", "--y Level --cut mean", level > mean(level))
+runs("lake_levels.csv", "--y Level --cut 580.38", (level > 580.38)[level != 580.38])
+runs("lake_levels.csv", "--y Level --cut 580.38 --cut-equal above", level >= 580.38)
+runs("lake_levels.csv", "--y Level --cut 580.38 --cut-equal below", level > 580.38)
 
 write.csv(do.call(rbind, rows), "examples.csv", row.names = FALSE, quote = TRUE)

@@ -1,0 +1,164 @@
+#include "tbvnonpara/analysis/cut_sequence.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+#include <vector>
+
+#include "tbvnonpara/analysis/refusal.hpp"
+#include "tbvnonpara/analysis/run_test.hpp"
+#include "tbvnonpara/core/a1.hpp"
+#include "tbvnonpara/core/conversions.hpp"
+#include "tbvnonpara/core/enumerations.hpp"
+#include "tbvnonpara/core/words.hpp"
+#include "tbvnonpara/ordering/selection.hpp"
+#include "tbvnonpara/workbook/book.hpp"
+#include "tbvnonpara/workbook/sheet_range.hpp"
+
+namespace TBVNonPara::analysis {
+
+namespace {
+
+double medianOf(const std::vector<double>& numbers) {
+    const std::size_t last = numbers.size() - 1;
+    const auto [low, high] = valuesAtPlaces(numbers, last / 2, numbers.size() / 2);
+    return std::midpoint(low, high);
+}
+
+double meanOf(const std::vector<double>& numbers) {
+    double sum = 0;
+    for (const double number : numbers) {
+        sum += number;
+    }
+    return sum / static_cast<double>(numbers.size());
+}
+
+double valueOf(const Cut& cut, const std::vector<double>& numbers) {
+    switch (cut.at) {
+        case CutAt::Median:
+            return medianOf(numbers);
+        case CutAt::Mean:
+            return meanOf(numbers);
+        case CutAt::Number:
+            break;
+    }
+    return cut.number;
+}
+
+[[noreturn]] void refuseCell(std::int32_t number, const std::string& cell, const std::string& holds) {
+    refuse(number, cell + ' ' + holds +
+                       "; only numbers lie above or below a value. Correct the cell, or name a range "
+                       "without it.");
+}
+
+std::vector<double> numbersIn(const workbook::SheetRange& range, Index firstRow) {
+    const Rectangle area = range.areas().front();
+    const workbook::Sheet& sheet = *range.sheet();
+    std::vector<double> numbers;
+    for (Index row = area.top + firstRow - 1; row <= area.bottom; ++row) {
+        const CellValue& value = sheet.value(row, area.left);
+        const std::string cell = quotedSheetName(sheet.name()) + '!' + plainAddress(row, area.left);
+        if (const double* number = std::get_if<double>(&value)) {
+            numbers.push_back(*number);
+        } else if (isEmpty(value)) {
+            refuseCell(tbvNPBlankInData, cell, "is blank");
+        } else if (const Text* text = std::get_if<Text>(&value)) {
+            refuseCell(tbvNPTextInData, cell, "holds the text \"" + shortened(text->string(), 40) + '"');
+        } else if (std::holds_alternative<bool>(value)) {
+            refuseCell(tbvNPBooleanInData, cell, "holds TRUE or FALSE");
+        } else {
+            refuseCell(tbvNPErrorInData, cell, "holds an error value");
+        }
+    }
+    return numbers;
+}
+
+std::string noteOn(const Cut& cut, const CutNumbers& numbers) {
+    const std::string what = cut.at == CutAt::Median ? "the median "
+                             : cut.at == CutAt::Mean ? "the mean "
+                                                     : "";
+    const std::string equal = numbers.equal == 0 || cut.equal != CutEqual::Drop
+                                  ? ""
+                                  : ", " + std::to_string(numbers.equal) + " equal left out";
+    return "cut at " + what + toText(numbers.at) + ": " + std::to_string(numbers.above) + " above, " +
+           std::to_string(numbers.below) + " below" + equal;
+}
+
+}  // namespace
+
+CutNumbers cutNumbers(const std::vector<double>& numbers, const Cut& cut) {
+    if (numbers.empty()) {
+        refuse(tbvNPNoData, "There is no number to cut.");
+    }
+    CutNumbers result;
+    result.at = valueOf(cut, numbers);
+    if (!std::isfinite(result.at)) {
+        refuse(static_cast<std::int32_t>(RuntimeError::Overflow),
+               "The sum of the numbers is too large, so they cannot be cut at their mean; cut them at their "
+               "median.");
+    }
+    const std::string at = toText(result.at);
+    const Text above((cut.equal == CutEqual::Above ? "from " + at + " on" : "above " + at));
+    const Text below((cut.equal == CutEqual::Below ? "up to " + at : "below " + at));
+    std::vector<CellValue> sides;
+    for (const double number : numbers) {
+        const bool equal = number == result.at;
+        result.equal += equal ? 1 : 0;
+        if (equal && cut.equal == CutEqual::Drop) {
+            continue;
+        }
+        const bool isAbove = number > result.at || (equal && cut.equal == CutEqual::Above);
+        (isAbove ? result.above : result.below) += 1;
+        sides.emplace_back(isAbove ? above : below);
+    }
+    if (sides.empty()) {
+        refuse(tbvNPNoData,
+               "All numbers equal " + at + ", where they are cut, so nothing lies above or below.");
+    }
+    if (result.above == 0 || result.below == 0) {
+        refuse(tbvNPTooFewGroups,
+               "No number lies " + std::string(result.above == 0 ? "above " : "below ") + at +
+                   ", so there is one run. Cut the numbers at a value between the smallest and "
+                   "the largest.");
+    }
+    result.sides = std::move(sides);
+    return result;
+}
+
+CutSequence::CutSequence(const ObjectRef<workbook::EmbeddedApplication>& application, const Cut& cut,
+                         const ChosenRanges& numbers)
+    : m_Ranges(numbers) {
+    requireResultsOfFormulas(*application, numbers);
+    const RangeRef held = application->GetRange(numbers.y);
+    const workbook::SheetRange& range = workbook::ownRange(held);
+    const Rectangle area = range.areas().front();
+    if (range.areas().size() > 1 || area.columns() > 1) {
+        refuse(tbvNPYRangeColumns,
+               "A sequence is one column, but " + numbers.y + " is more; name one of them.");
+    }
+    m_Cut = cutNumbers(numbersIn(range, numbers.headers ? 2 : 1), cut);
+    m_Note = noteOn(cut, m_Cut);
+
+    const std::shared_ptr<workbook::Book> book = application->activeBook();
+    m_Sheet = book->addSheet(book->freeSheetName("Sides"));
+    Index row = 0;
+    const auto put = [&](const CellValue& value) { m_Sheet->values().set(++row, 1, value); };
+    if (numbers.headers) {
+        put(range.sheet()->value(area.top, area.left));
+    }
+    for (const CellValue& side : m_Cut.sides) {
+        put(side);
+    }
+    const Rectangle sides{1, 1, row, 1};
+    m_Ranges.y = quotedSheetName(m_Sheet->name()) + '!' + plainAddress(sides);
+    m_Ranges.shown = ShownAddress{quotedSheetName(m_Sheet->name()) + '!' + absoluteAddress(sides),
+                                  quotedSheetName(range.sheet()->name()) + '!' + absoluteAddress(area)};
+}
+
+CutSequence::~CutSequence() {
+    if (m_Sheet != nullptr) {
+        m_Sheet->book()->removeSheet(*m_Sheet);
+    }
+}
+
+}  // namespace TBVNonPara::analysis
