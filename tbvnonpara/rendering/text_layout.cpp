@@ -174,7 +174,7 @@ std::size_t TextLayout::placeOf(Index column) const {
     return static_cast<std::size_t>(std::ranges::lower_bound(m_Columns, column) - m_Columns.begin());
 }
 
-TextLayout::Taken TextLayout::taken(Run run) const {
+TextLayout::Taken TextLayout::taken(const Run& run) const {
     Taken taken;
     for (std::size_t i = placeOf(run.first); i < m_Columns.size() && m_Columns[i] <= run.last; ++i) {
         taken.add(m_Placed[i]);

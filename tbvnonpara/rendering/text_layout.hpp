@@ -75,7 +75,7 @@ class TextLayout {
     static std::size_t at(Index column) { return static_cast<std::size_t>(column - 1); }
 
     [[nodiscard]] std::size_t placeOf(Index column) const;
-    [[nodiscard]] Taken taken(Run run) const;
+    [[nodiscard]] Taken taken(const Run& run) const;
     void measureRow(const ReportBlock& report, Index row, std::size_t mostOfText);
     void widen(const Heading& heading, Taken& whole, std::size_t most);
 
