@@ -7,12 +7,14 @@ import signal
 import subprocess
 import sys
 import tempfile
+import threading
 import time
 import traceback
 import unittest
 
 import uno
 import unohelper
+from com.sun.star.awt import XCallback
 from com.sun.star.beans import NamedValue, PropertyValue
 from com.sun.star.connection import NoConnectException
 from com.sun.star.sheet import TableFilterField
@@ -42,6 +44,20 @@ class _Agreement(unohelper.Base, XCommandEnvironment, XInteractionHandler):
 
     def handle(self, request):
         request.getContinuations()[0].select()
+
+
+class _MainThread(unohelper.Base, XCallback):
+    """Work for the thread that the office's events come to."""
+
+    def __init__(self, work):
+        self.work, self.done, self.result, self.error = work, threading.Event(), None, None
+
+    def notify(self, _):
+        try:
+            self.result = self.work()
+        except Exception as error:  # pylint: disable=broad-except
+            self.error = error
+        self.done.set()
 
 
 class Office:
@@ -149,8 +165,22 @@ class Office:
         return self.context.ServiceManager.createInstanceWithContext(service, self.context)
 
     def open(self, url="private:factory/scalc", **properties):
-        return self.desktop.loadComponentFromURL(
-            str(url), "_blank", 0, tuple(property_value(*item) for item in properties.items()))
+        def load():
+            return self.desktop.loadComponentFromURL(
+                str(url), "_blank", 0, tuple(property_value(*item) for item in properties.items()))
+
+        # A new window asks for the clipboard: with GTK, the answer does not always reach another thread than the main
+        # one, and the office would wait for ever.
+        return self.on_main_thread(load) if self.visible else load()
+
+    def on_main_thread(self, work):
+        call = _MainThread(work)
+        self.create("com.sun.star.awt.AsyncCallback").addCallback(call, None)
+        if not call.done.wait(PATIENCE):
+            raise RuntimeError("the office's main thread is busy: " + self.log.read_text(errors="replace"))
+        if call.error:
+            raise call.error
+        return call.result
 
     def open_with(self, columns, sheet="Data"):
         """A new document whose first sheet holds these columns from A1 on."""
