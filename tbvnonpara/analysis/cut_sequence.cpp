@@ -7,10 +7,10 @@
 
 #include "tbvnonpara/analysis/refusal.hpp"
 #include "tbvnonpara/analysis/run_test.hpp"
+#include "tbvnonpara/companion/own/data_check.hpp"
 #include "tbvnonpara/core/a1.hpp"
 #include "tbvnonpara/core/conversions.hpp"
 #include "tbvnonpara/core/enumerations.hpp"
-#include "tbvnonpara/core/words.hpp"
 #include "tbvnonpara/ordering/selection.hpp"
 #include "tbvnonpara/workbook/book.hpp"
 #include "tbvnonpara/workbook/sheet_range.hpp"
@@ -45,32 +45,26 @@ double valueOf(const Cut& cut, const std::vector<double>& numbers) {
     return cut.number;
 }
 
-[[noreturn]] void refuseCell(std::int32_t number, const std::string& cell, const std::string& holds) {
-    refuse(number, cell + ' ' + holds +
-                       "; only numbers lie above or below a value. Correct the cell, or name a range "
-                       "without it.");
-}
-
-std::vector<double> numbersIn(const workbook::SheetRange& range, Index firstRow) {
-    const Rectangle area = range.areas().front();
-    const workbook::Sheet& sheet = *range.sheet();
+/// The numbers below the header, texts that read as one among them as in every other test.
+std::vector<double> numbersIn(const RangeRef& range, bool headers) {
+    const ValueGrid cells = range->GetValue();
     std::vector<double> numbers;
-    for (Index row = area.top + firstRow - 1; row <= area.bottom; ++row) {
-        const CellValue& value = sheet.value(row, area.left);
-        const std::string cell = quotedSheetName(sheet.name()) + '!' + plainAddress(row, area.left);
-        if (const double* number = std::get_if<double>(&value)) {
-            numbers.push_back(*number);
-        } else if (isEmpty(value)) {
-            refuseCell(tbvNPBlankInData, cell, "is blank");
-        } else if (const Text* text = std::get_if<Text>(&value)) {
-            refuseCell(tbvNPTextInData, cell, "holds the text \"" + shortened(text->string(), 40) + '"');
-        } else if (std::holds_alternative<bool>(value)) {
-            refuseCell(tbvNPBooleanInData, cell, "holds TRUE or FALSE");
-        } else {
-            refuseCell(tbvNPErrorInData, cell, "holds an error value");
-        }
+    for (Index row = headers ? 2 : 1; row <= toIndex(cells.rows()); ++row) {
+        const auto* const text = std::get_if<Text>(&cells(row, 1));
+        numbers.push_back(text == nullptr ? std::get<double>(cells(row, 1))
+                                          : readAsNumber(text->string()).value());
     }
     return numbers;
+}
+
+void requireNumbers(const RangeRef& range, bool headers) try {
+    Long rows;
+    Long numbers;
+    Long blanks;
+    bool blanksAllowed = false;
+    createDataCheck()->CheckData(range, headers, rows, numbers, blanks, blanksAllowed);
+} catch (const Error&) {
+    refuseAsOwn();
 }
 
 std::string noteOn(const Cut& cut, const CutNumbers& numbers) {
@@ -136,7 +130,8 @@ CutSequence::CutSequence(const ObjectRef<workbook::EmbeddedApplication>& applica
         refuse(tbvNPYRangeColumns,
                "A sequence is one column, but " + numbers.y + " is more; name one of them.");
     }
-    m_Cut = cutNumbers(numbersIn(range, numbers.headers ? 2 : 1), cut);
+    requireNumbers(held, numbers.headers);
+    m_Cut = cutNumbers(numbersIn(held, numbers.headers), cut);
     m_Note = noteOn(cut, m_Cut);
 
     const std::shared_ptr<workbook::Book> book = application->activeBook();

@@ -72,6 +72,13 @@ TEST(ACutSequence, StandsOnASheetOfItsOwnWhileItLives) {
     EXPECT_EQ(std::get<double>(application->activeBook()->sheet("Data")->value(2, 1)), 5);
 }
 
+TEST(ACutSequence, CountsTextsThatReadAsNumbers) {
+    const auto application = workbookOf("5\n7\n1\n");
+    application->activeSheet()->values().set(2, 1, Text("7"));
+    const CutSequence cut(application, {CutAt::Number, 4}, {"Data!A1:A3", "", false, ""});
+    EXPECT_EQ(sidesOf(cut.numbers()), "above 4 above 4 below 4 ");
+}
+
 TEST(ACutSequence, TakesAFreeNameWhereASheetIsCalledSides) {
     const auto application = workbookOf("5\n7\n1\n");
     application->addSheet("Sides");

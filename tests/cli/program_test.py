@@ -191,8 +191,8 @@ class Cuts(unittest.TestCase):
     def test_what_has_no_side_is_refused(self):
         for text, place, number in (("1\nx\n2\n", 'stdin!A2 holds the text "x"', -2147216484),
                                     ("1\n\n2\n", "stdin!A2 is blank", -2147216481),
-                                    ("1\nTRUE\n2\n", "stdin!A2 holds TRUE or FALSE", -2147216483),
-                                    ("1\n#N/A\n2\n", "A2", -2147216482),
+                                    ("1\nTRUE\n2\n", "stdin!A2 holds True", -2147216483),
+                                    ("1\n#N/A\n2\n", "stdin!A2 holds the error #N/A", -2147216482),
                                     ("4\n4\n", "All numbers equal 4", -2147216480)):
             with self.subTest(text=text):
                 result = self.cut("median", "--y", "A1:A3" if text.count("\n") > 2 else "A1:A2", "--no-headers", text=text)
