@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "tbvnonpara/core/dates.hpp"
 #include "tbvnonpara/files/file_cells.hpp"
-#include "tbvnonpara/files/file_dates.hpp"
 #include "tbvnonpara/files/file_values.hpp"
 #include "tbvnonpara/files/ods/text.hpp"
 #include "tbvnonpara/files/xml_reader.hpp"

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "tbvnonpara/core/dates.hpp"
 #include "tbvnonpara/core/whole_numbers.hpp"
-#include "tbvnonpara/files/file_dates.hpp"
 #include "tbvnonpara/files/file_values.hpp"
 
 namespace TBVNonPara::workbook {

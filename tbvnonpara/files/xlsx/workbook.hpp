@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "tbvnonpara/core/dates.hpp"
 #include "tbvnonpara/files/container.hpp"
-#include "tbvnonpara/files/file_dates.hpp"
 
 namespace TBVNonPara::workbook {
 

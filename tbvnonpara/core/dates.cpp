@@ -1,11 +1,11 @@
-#include "tbvnonpara/files/file_dates.hpp"
+#include "tbvnonpara/core/dates.hpp"
 
 #include <charconv>
 #include <chrono>
 
-#include "tbvnonpara/files/file_values.hpp"
+#include "tbvnonpara/core/words.hpp"
 
-namespace TBVNonPara::workbook {
+namespace TBVNonPara {
 
 namespace {
 
@@ -14,7 +14,7 @@ constexpr double secondsADay = 86400;
 /// Takes a date or a time apart, from left to right.
 class Pieces {
  public:
-    explicit Pieces(std::string_view text) : m_Rest(withoutXmlBlanks(text)) {}
+    explicit Pieces(std::string_view text) : m_Rest(trimmed(text, " \t\r\n")) {}
 
     [[nodiscard]] bool atEnd() const noexcept { return m_Rest.empty(); }
     [[nodiscard]] std::string_view rest() const noexcept { return m_Rest; }
@@ -117,7 +117,8 @@ std::optional<double> serialOfDate(std::string_view text, const DateSystem& syst
     if (pieces.atEnd() || pieces.rest().starts_with('Z')) {
         return serial;
     }
-    const auto time = pieces.take('T') ? takeTime(pieces) : std::nullopt;
+    const bool parted = pieces.take('T') || pieces.take(' ');
+    const auto time = parted ? takeTime(pieces) : std::nullopt;
     return time ? std::optional(serial + *time) : std::nullopt;
 }
 
@@ -161,4 +162,4 @@ std::optional<DateSystem> dateSystemFrom(std::string_view day) noexcept {
                       static_cast<unsigned>(date.day()), false};
 }
 
-}  // namespace TBVNonPara::workbook
+}  // namespace TBVNonPara
