@@ -1,0 +1,146 @@
+#include "tbvnonpara/reshaping/groups.hpp"
+
+#include <algorithm>
+#include <functional>
+#include <unordered_map>
+#include <utility>
+
+#include "tbvnonpara/core/enumerations.hpp"
+#include "tbvnonpara/core/words.hpp"
+#include "tbvnonpara/reshaping/refusal.hpp"
+
+namespace TBVNonPara::reshaping {
+
+namespace {
+
+struct NameHash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view name) const noexcept {
+        return std::hash<std::string_view>()(name);
+    }
+};
+
+/// Finds the group of a cell, and begins one for a new name.
+class Register {
+ public:
+    std::int32_t groupOf(const CellValue& cell) {
+        if (const auto* const text = std::get_if<Text>(&cell)) {
+            return named(trimmed(text->string(), " \t"));
+        }
+        if (const auto* const number = std::get_if<double>(&cell)) {
+            const auto known = m_Numbers.find(*number);
+            return known != m_Numbers.end() ? known->second
+                                            : m_Numbers.emplace(*number, named(toText(cell))).first->second;
+        }
+        return named(toText(cell));
+    }
+
+    [[nodiscard]] std::vector<Group> names() && { return std::move(m_Groups); }
+
+ private:
+    std::int32_t named(std::string_view name) {
+        const auto known = m_Names.find(name);
+        if (known != m_Names.end()) {
+            return known->second;
+        }
+        const auto number = static_cast<std::int32_t>(m_Groups.size());
+        m_Groups.push_back({std::string(name), 0});
+        m_Names.emplace(name, number);
+        return number;
+    }
+
+    std::vector<Group> m_Groups;
+    std::unordered_map<std::string, std::int32_t, NameHash, std::equal_to<>> m_Names;
+    std::unordered_map<double, std::int32_t> m_Numbers;
+};
+
+std::int32_t numberOf(const std::vector<Group>& groups, std::string_view name) {
+    const auto found = std::ranges::find(groups, name, &Group::name);
+    return found == groups.end() ? Groups::none : static_cast<std::int32_t>(found - groups.begin());
+}
+
+[[noreturn]] void refuseName(const std::string& wrong, const Column& column, const Groups& groups) {
+    throw Refusal(tbvNPTooFewGroups,
+                  wrong + "; the groups of " + nameOf(column) + " are " + sizesOf(groups.groups) + '.');
+}
+
+}  // namespace
+
+Groups groupsIn(const Column& column, const Missing& missing) {
+    Groups result;
+    result.ofCell.reserve(column.cells.size());
+    Register found;
+    for (const CellValue& cell : column.cells) {
+        const bool named = !missing.amongNames(cell);
+        result.missing += named ? 0 : 1;
+        result.ofCell.push_back(named ? found.groupOf(cell) : Groups::none);
+    }
+    result.groups = std::move(found).names();
+    for (const std::int32_t group : result.ofCell) {
+        if (group != Groups::none) {
+            result.groups[static_cast<std::size_t>(group)].size += 1;
+        }
+    }
+    return result;
+}
+
+Groups pickGroups(Groups groups, const std::vector<std::string>& names, const Column& column) {
+    if (names.empty()) {
+        return groups;
+    }
+    std::vector<std::int32_t> place(groups.groups.size(), Groups::none);
+    std::vector<Group> picked;
+    for (const std::string& name : names) {
+        const std::int32_t number = numberOf(groups.groups, name);
+        if (number == Groups::none) {
+            refuseName("There is no group " + inQuotes(name), column, groups);
+        }
+        std::int32_t& taken = place[static_cast<std::size_t>(number)];
+        if (taken != Groups::none) {
+            refuseName("The group " + inQuotes(name) + " is picked twice", column, groups);
+        }
+        taken = static_cast<std::int32_t>(picked.size());
+        picked.push_back(groups.groups[static_cast<std::size_t>(number)]);
+    }
+    for (std::int32_t& group : groups.ofCell) {
+        if (group != Groups::none) {
+            group = place[static_cast<std::size_t>(group)];
+            groups.others += group == Groups::none ? 1 : 0;
+        }
+    }
+    groups.groups = std::move(picked);
+    return groups;
+}
+
+std::string sizesOf(const std::vector<Group>& groups) {
+    constexpr std::size_t most = 24;
+    std::string list;
+    for (std::size_t i = 0; i < std::min(most, groups.size()); ++i) {
+        list += (i == 0 ? "" : ", ") + shortened(groups[i].name, 40) + " (" + std::to_string(groups[i].size) +
+                ')';
+    }
+    return groups.size() > most ? list + " and " + std::to_string(groups.size() - most) + " more" : list;
+}
+
+std::vector<Column> splitByGroup(const Column& values, const Groups& groups) {
+    std::vector<Column> columns;
+    for (const Group& group : groups.groups) {
+        Column& column = columns.emplace_back();
+        column.sheet = values.sheet;
+        column.place = values.place;
+        column.turned = values.turned;
+        column.header = group.name;
+        column.rows.reserve(group.size);
+        column.cells.reserve(group.size);
+    }
+    for (std::size_t cell = 0; cell < values.cells.size(); ++cell) {
+        if (groups.ofCell[cell] != Groups::none) {
+            Column& column = columns[static_cast<std::size_t>(groups.ofCell[cell])];
+            column.rows.push_back(values.rows[cell]);
+            column.cells.push_back(values.cells[cell]);
+        }
+    }
+    return columns;
+}
+
+}  // namespace TBVNonPara::reshaping

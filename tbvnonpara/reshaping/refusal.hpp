@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "tbvnonpara/core/error.hpp"
+
+namespace TBVNonPara::reshaping {
+
+/// What helps against a refusal. How it is asked for is the front end's to say.
+enum class Remedy {
+    CorrectData,
+    OmitMissing,  ///< leave out what is missing
+    PickGroups,   ///< pick among the groups
+    NameBlocks,   ///< name the column that tells which values belong together
+};
+
+/// A table that cannot be brought into the form of a test: the description says what, where and how many.
+class Refusal : public Error {
+ public:
+    Refusal(std::int32_t number, std::string description, Remedy remedy = Remedy::CorrectData,
+            std::vector<std::string> groups = {})
+        : Error(number, std::move(description), "tbvnonpara"),
+          m_Remedy(remedy),
+          m_Groups(std::move(groups)) {}
+
+    [[nodiscard]] Remedy remedy() const noexcept { return m_Remedy; }
+    /// Names of groups to pick from, as many as the test takes, where that is the remedy.
+    [[nodiscard]] const std::vector<std::string>& groups() const noexcept { return m_Groups; }
+
+ private:
+    Remedy m_Remedy;
+    std::vector<std::string> m_Groups;
+};
+
+}  // namespace TBVNonPara::reshaping

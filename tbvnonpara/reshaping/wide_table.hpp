@@ -1,0 +1,12 @@
+#pragma once
+
+#include <vector>
+
+#include "tbvnonpara/reshaping/reshaped.hpp"
+
+namespace TBVNonPara::reshaping {
+
+/// The columns of a table as they are, numbers made of what reads as one, without what is missing.
+[[nodiscard]] Reshaped fromWide(std::vector<Column> columns, const Wishes& wishes);
+
+}  // namespace TBVNonPara::reshaping
