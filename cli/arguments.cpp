@@ -7,10 +7,12 @@
 
 #include "cli/installed.hpp"
 #include "cli/save_options.hpp"
+#include "cli/shell_words.hpp"
 #include "cli/test_words.hpp"
 #include "cli/version.hpp"
 #include "tbvnonpara/core/conversions.hpp"
 #include "tbvnonpara/rendering/display_width.hpp"
+#include "tbvnonpara/reshaping/list.hpp"
 
 namespace TBVNonPara::cli {
 
@@ -38,6 +40,9 @@ struct Words {
     std::string encoding;
     std::string cut;
     std::string cutEqual;
+    std::string groups;
+    std::string missing;
+    std::string missingWords;
 };
 
 const std::map<std::string, workbook::Encoding> encodings = {
@@ -93,6 +98,42 @@ void offerRanges(CLI::App& command, const OfferedTest& test, Words& words) {
     CLI::Option* const with =
         command.add_flag("--headers", words.headers, "the first row of each range holds labels");
     command.add_flag("--no-headers", words.noHeaders, "the first row of each range is data")->excludes(with);
+}
+
+/// The options that say which rows of a table take part, and how they are split.
+void offerTable(CLI::App& command, const OfferedTest& test, Words& words) {
+    CLI::Option* const by =
+        command.add_option("--by", words.arguments.by, "split --y into groups by this column")
+            ->type_name("COLUMN")
+            ->check(filled());
+    command
+        .add_option("--groups", words.groups,
+                    "the groups to compare, in this order, joined by commas;\nwithout it, all of them")
+        ->type_name("NAMES")
+        ->check(filled())
+        ->needs(by);
+    if (analysis::takesSecondRange(test.shape)) {
+        by->excludes("--x");
+    }
+    if (analysis::takesRows(test.shape)) {
+        command
+            .add_option("--block", words.arguments.block,
+                        "the column that says which values belong together")
+            ->type_name("COLUMN")
+            ->check(filled())
+            ->needs(by);
+    }
+    command
+        .add_option("--where", words.arguments.where,
+                    "take the rows that fulfil this, such as \"feed = casein\";\nmay be given several times")
+        ->type_name("CONDITION")
+        ->allow_extra_args(false);
+    command.add_option("--missing", words.missing, "omit: leave out what is blank, NA, NaN, null, . or -")
+        ->type_name("WORD")
+        ->check(CLI::IsMember({"omit"}).description(""));
+    command.add_option("--na", words.missingWords, "more words for what is missing, joined by commas")
+        ->type_name("WORDS")
+        ->check(filled());
 }
 
 void offerTails(CLI::App& command, const OfferedTest& test, Words& words) {
@@ -187,6 +228,7 @@ void offer(CLI::App& program, const OfferedTest& test, Words& words) {
     command.group("Tests");
     offerFileAndForm(command, words);
     offerRanges(command, test, words);
+    offerTable(command, test, words);
     offerSaving(command, words.arguments);
     if (test.descriptives) {
         command.add_flag("--descriptives", words.arguments.descriptives,
@@ -253,6 +295,13 @@ Arguments finish(Words words) {
         arguments.cut = cutOf(words.cut);
         arguments.cut->equal = cutEquals.at(words.cutEqual);
     }
+    arguments.omitMissing = !words.missing.empty();
+    if (!words.groups.empty()) {
+        arguments.groups = reshaping::listed(words.groups);
+    }
+    if (!words.missingWords.empty()) {
+        arguments.missingWords = reshaping::listed(words.missingWords);
+    }
     if (!words.decimal.empty()) {
         arguments.decimal = words.decimal.front();
     }
@@ -292,6 +341,7 @@ std::variant<Arguments, Answer> parseArguments(int count, const char* const* wor
     }
     const bool formatGiven = !found.format.empty();
     Arguments arguments = finish(std::move(found));
+    arguments.command = asTyped({words + 1, words + count});
     if (const std::optional<std::string> wrong = settleSaving(arguments, formatGiven)) {
         return Answer{usageText(*wrong, words[1]), usageStatus};
     }

@@ -14,6 +14,7 @@ struct Arguments : analysis::Choices {
     OutputFormat format = OutputFormat::Text;
     std::string save;  ///< the file that the report is saved in; empty for standard output
     bool withData = false;
+    std::string command;   ///< what was typed, as a shell reads it
     bool safeCsv = false;  ///< a text that reads as a formula gets a mark in front
 };
 

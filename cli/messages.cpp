@@ -4,6 +4,7 @@
 #include <array>
 #include <fmt/format.h>
 
+#include "cli/shell_words.hpp"
 #include "tbvnonpara/rendering/display_width.hpp"
 #include "tbvnonpara/rendering/json_values.hpp"
 #include "tbvnonpara/request/error_causes.hpp"
@@ -62,6 +63,10 @@ Cause causeIn(const Error& error, const Circumstances& circumstances) noexcept {
     return causeOf(error.number(), test == nullptr ? std::nullopt : std::optional(test->method));
 }
 
+Error withSentence(const Error& error, std::string_view sentence) {
+    return Error(error.number(), fmt::format("{} {}", error.description(), sentence), error.source());
+}
+
 }  // namespace
 
 std::string explain(const Error& error, const Circumstances& circumstances) {
@@ -79,6 +84,26 @@ std::string errorText(const Error& error, const Circumstances& circumstances) {
     return fmt::format("tbvnonpara: {}\n  error {} ({}){}\n",
                        rendering::escaped(explain(error, circumstances)), error.number(),
                        nameOf(error.number()), source);
+}
+
+Error withRemedy(const reshaping::Refusal& refusal, std::string_view command) {
+    std::string names;
+    for (const std::string& group : refusal.groups()) {
+        names +=
+            (names.empty() ? "" : ",") + (group.find(',') == std::string::npos ? group : '"' + group + '"');
+    }
+    switch (refusal.remedy()) {
+        case reshaping::Remedy::CorrectData:
+            break;
+        case reshaping::Remedy::OmitMissing:
+            return withSentence(refusal, "Add --missing omit to leave out what is missing.");
+        case reshaping::Remedy::PickGroups:
+            return withSentence(
+                refusal, fmt::format("Pick two, for example: {} --groups {}", command, shellWord(names)));
+        case reshaping::Remedy::NameBlocks:
+            return withSentence(refusal, "Name the column that says which with --block.");
+    }
+    return refusal;
 }
 
 std::string errorInJson(const Error& error, const Circumstances& circumstances) {

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "tbvnonpara/analysis/ranges.hpp"
 #include "tbvnonpara/analysis/tests_offered.hpp"
 #include "tbvnonpara/core/error.hpp"
+#include "tbvnonpara/reshaping/refusal.hpp"
 
 namespace TBVNonPara::cli {
 
@@ -23,5 +25,9 @@ struct Circumstances {
 
 /// The same as one JSON object on a line.
 [[nodiscard]] std::string errorInJson(const Error& error, const Circumstances& circumstances);
+
+/// A refusal with the option that helps behind its description, and the command to type where groups are to
+/// be picked.
+[[nodiscard]] Error withRemedy(const reshaping::Refusal& refusal, std::string_view command);
 
 }  // namespace TBVNonPara::cli

@@ -13,10 +13,10 @@
 #include "cli/standard_input.hpp"
 #include "cli/terminal.hpp"
 #include "cli/warnings.hpp"
-#include "tbvnonpara/analysis/cut_sequence.hpp"
 #include "tbvnonpara/analysis/refusal.hpp"
 #include "tbvnonpara/analysis/results.hpp"
 #include "tbvnonpara/analysis/run_test.hpp"
+#include "tbvnonpara/analysis/test_data.hpp"
 #include "tbvnonpara/rendering/csv_report.hpp"
 #include "tbvnonpara/rendering/data_picture.hpp"
 #include "tbvnonpara/rendering/display_width.hpp"
@@ -67,24 +67,30 @@ int answer(const Answer& answer) {
     return 0;
 }
 
+/// A finished test, and what its data were.
+struct Tested {
+    analysis::FinishedTest finished;
+    rendering::PictureData picture;
+    std::optional<reshaping::Account> account;
+    std::optional<analysis::CutNumbers> cut;
+};
+
 /// The results of the test, and where its numbers were cut.
-std::vector<analysis::NamedResult> resultsOf(const analysis::FinishedTest& finished,
-                                             const Arguments& arguments,
-                                             const std::optional<analysis::CutNumbers>& cut) {
+std::vector<analysis::NamedResult> resultsOf(const Tested& tested, const Arguments& arguments) {
     std::vector<analysis::NamedResult> results =
-        analysis::namedResults(arguments.test->method, finished.engine());
-    if (cut) {
-        results.push_back({"cut.at", cut->at});
-        results.push_back({"cut.above", Long(cut->above)});
-        results.push_back({"cut.below", Long(cut->below)});
-        results.push_back({"cut.equal", Long(cut->equal)});
+        analysis::namedResults(arguments.test->method, tested.finished.engine());
+    if (tested.cut) {
+        results.push_back({"cut.at", tested.cut->at});
+        results.push_back({"cut.above", Long(tested.cut->above)});
+        results.push_back({"cut.below", Long(tested.cut->below)});
+        results.push_back({"cut.equal", Long(tested.cut->equal)});
     }
     return results;
 }
 
-void write(const analysis::FinishedTest& finished, const Arguments& arguments,
-           const rendering::PictureData& data, const std::optional<analysis::CutNumbers>& cut,
-           const std::vector<std::string>& warnings, Output& output) {
+void write(const Tested& tested, const Arguments& arguments, const std::vector<std::string>& warnings,
+           Output& output) {
+    const analysis::FinishedTest& finished = tested.finished;
     const rendering::ReportBlock report(finished.sheet(), finished.block());
     const bool shown = arguments.save.empty();
     switch (arguments.format) {
@@ -93,15 +99,16 @@ void write(const analysis::FinishedTest& finished, const Arguments& arguments,
             break;
         case OutputFormat::Json:
             rendering::writeJson(arguments.test->name, finished.address(), report,
-                                 resultsOf(finished, arguments, cut), output, warnings);
+                                 resultsOf(tested, arguments), output,
+                                 {tested.account ? &*tested.account : nullptr, warnings});
             break;
         case OutputFormat::Csv:
             rendering::writeCsv(report, output, {arguments.safeCsv, shown && writesToTerminal()});
             break;
         case OutputFormat::Html:
-            rendering::writeHtml(report, arguments.test->title,
-                                 rendering::dataPicture(arguments.test->method, data, finished.engine()),
-                                 output);
+            rendering::writeHtml(
+                report, arguments.test->title,
+                rendering::dataPicture(arguments.test->method, tested.picture, finished.engine()), output);
             break;
         case OutputFormat::Xlsx:
             break;  // only ever saved
@@ -126,23 +133,22 @@ rendering::PictureData dataToDraw(const workbook::EmbeddedApplication& applicati
     return rendering::pictureData(application, ranges.y, ranges.x, ranges.headers);
 }
 
-struct Drawn {
-    analysis::FinishedTest finished;
-    rendering::PictureData data;
-};
+template <typename Value>
+std::optional<Value> copyOf(const Value* value) {
+    return value == nullptr ? std::nullopt : std::optional(*value);
+}
 
-/// Runs the test, on the sides of a cut where one was asked for.
-Drawn runCut(const ObjectRef<workbook::EmbeddedApplication>& application, const Arguments& arguments,
-             const analysis::ChosenRanges& ranges, std::optional<analysis::CutNumbers>& cut) {
-    if (!arguments.cut) {
-        rendering::PictureData data = dataToDraw(*application, arguments, ranges);
-        return {analysis::runTest(application, arguments, ranges), std::move(data)};
+/// Brings the data into form and runs the test on them.
+Tested runOn(const ObjectRef<workbook::EmbeddedApplication>& application, const Arguments& arguments,
+             const analysis::ChosenRanges& chosen) {
+    const analysis::TestData data(application, arguments, chosen);
+    for (const std::string& note : data.notes()) {
+        tell(escapedLines(note) + '\n');
     }
-    const analysis::CutSequence sequence(application, *arguments.cut, ranges);
-    tell(sequence.note() + '\n');
-    cut = sequence.numbers();
-    rendering::PictureData data = dataToDraw(*application, arguments, sequence.ranges());
-    return {analysis::runTest(application, arguments, sequence.ranges()), std::move(data)};
+    // The picture shows the data as they are before a report is put over them.
+    rendering::PictureData picture = dataToDraw(*application, arguments, data.ranges());
+    return {analysis::runTest(application, arguments, data.ranges()), std::move(picture),
+            copyOf(data.account()), copyOf(data.cut())};
 }
 
 void analyse(const Arguments& arguments, Circumstances& circumstances) {
@@ -158,17 +164,13 @@ void analyse(const Arguments& arguments, Circumstances& circumstances) {
         tell(escapedLines(circumstances.ranges.note) + '\n');
     }
     progress.next("Analysing");
-    // The picture shows the data as they are before a report is put over them.
     std::vector<std::string> warnings = warningsOnData(*application, arguments, circumstances.ranges);
-    std::optional<analysis::CutNumbers> cut;
-    const Drawn drawn = runCut(application, arguments, circumstances.ranges, cut);
-    std::ranges::move(warningsOnPlace(drawn.finished, arguments), std::back_inserter(warnings));
-    const auto writeTo = [&](Output& output) {
-        write(drawn.finished, arguments, drawn.data, cut, warnings, output);
-    };
+    const Tested tested = runOn(application, arguments, circumstances.ranges);
+    std::ranges::move(warningsOnPlace(tested.finished, arguments), std::back_inserter(warnings));
+    const auto writeTo = [&](Output& output) { write(tested, arguments, warnings, output); };
     if (!arguments.save.empty()) {
         progress.next("Saving " + rendering::escaped(arguments.save));
-        const std::string saved = saveReport(drawn.finished, arguments, writeTo);
+        const std::string saved = saveReport(tested.finished, arguments, writeTo);
         progress.end();
         warn(warnings);
         tell(rendering::escaped(saved) + '\n');
@@ -199,6 +201,9 @@ int run(const Arguments& arguments) {
         return 0;
     } catch (const std::system_error&) {
         throw;
+    } catch (const reshaping::Refusal& refusal) {
+        return report(withRemedy(refusal, arguments.command), circumstances,
+                      arguments.save.empty() ? arguments.format : OutputFormat::Text);
     } catch (...) {
         return report(currentError(), circumstances,
                       arguments.save.empty() ? arguments.format : OutputFormat::Text);

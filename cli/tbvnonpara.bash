@@ -1,10 +1,13 @@
 # bash completion for tbvnonpara
 
 _tbvnonpara_options() {
-    local options="--y --sheet --headers --no-headers --format --safe-csv --delimiter --decimal --thousands --encoding --comment
+    local options="--y --by --groups --where --missing --na --sheet --headers --no-headers --format --safe-csv --delimiter --decimal --thousands --encoding --comment
         --save --output --overwrite --with-data --help"
     case $1 in
         mann-whitney | wilcoxon | spearman | sign) options+=" --x" ;;
+    esac
+    case $1 in
+        wilcoxon | spearman | sign | friedman) options+=" --block" ;;
     esac
     case $1 in
         sign | runs) ;;
@@ -90,7 +93,8 @@ _tbvnonpara() {
         --cut) mapfile -t COMPREPLY < <(compgen -W "median mean" -- "$word") ;;
         --cut-equal) mapfile -t COMPREPLY < <(compgen -W "drop above below" -- "$word") ;;
         --encoding) mapfile -t COMPREPLY < <(compgen -W "utf-8 latin1 windows-1252" -- "$word") ;;
-        --decimal | --comment | --y | --x | --sheet | --output) ;;
+        --missing) mapfile -t COMPREPLY < <(compgen -W "omit" -- "$word") ;;
+        --decimal | --comment | --y | --x | --by | --groups | --block | --where | --na | --sheet | --output) ;;
         --save)
             _tbvnonpara_offer_files < <(compgen -f -- "$word")
             ;;

@@ -46,3 +46,8 @@ save("rounding", list(
 level <- as.numeric(LakeHuron)
 save("lake_levels", list(Year = as.numeric(time(LakeHuron)), Level = level))
 save("huron", list(Level = ifelse(level > median(level), "above", "below")))
+
+# Tables in long form, as R writes them.
+write.csv(chickwts, "feeds.csv")
+write.csv(airquality, "air_quality.csv", row.names = FALSE)
+write.csv(sleep, "sleep_long.csv", row.names = FALSE)

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "tbvnonpara/analysis/tests_offered.hpp"
 #include "tbvnonpara/files/csv/encoding.hpp"
@@ -33,7 +34,13 @@ struct Choices {
     std::string comment;  ///< lines that begin with it are left out; empty for none
     std::string y;        ///< headers, letters or addresses of columns
     std::string x;
-    std::optional<bool> headers;  ///< whether the first row of each range holds labels
+    std::string by;                         ///< the column whose values split `y` into groups; empty for none
+    std::vector<std::string> groups;        ///< those to compare, in this order; empty for all
+    std::string block;                      ///< the column that tells which values belong together
+    std::vector<std::string> where;         ///< conditions on the rows, all of which must hold
+    bool omitMissing = false;               ///< whether missing values are left out
+    std::vector<std::string> missingWords;  ///< what stands for them beside the usual words
+    std::optional<bool> headers;            ///< whether the first row of each range holds labels
     bool descriptives = false;
     bool ignoreTies = false;
     std::optional<Cut> cut;  ///< of a sequence

@@ -54,7 +54,6 @@ class Lookup {
         return cells ? cellsAt(text, found) : found;
     }
 
- private:
     /// The column with this header or these letters.
     [[nodiscard]] std::optional<Index> columnNamed(std::string_view text) const {
         const std::vector<Index> headed = columnsHeaded(text);
@@ -74,6 +73,7 @@ class Lookup {
         return headed.front();
     }
 
+ private:
     /// From left to right.
     [[nodiscard]] std::vector<Index> columnsHeaded(std::string_view text) const {
         const auto found = m_Headed.find(text);
@@ -162,6 +162,18 @@ class Lookup {
 NamedCells findCells(const workbook::EmbeddedApplication& application, std::string_view text,
                      HeaderLookup lookup, std::int32_t badRange) {
     return Lookup(application, lookup, badRange).find(text);
+}
+
+std::optional<Index> findColumn(const workbook::EmbeddedApplication& application, std::string_view text,
+                                HeaderLookup lookup) {
+    return Lookup(application, lookup, tbvNPBadYRange).columnNamed(text);
+}
+
+HeaderLookup lookupFor(const std::optional<bool>& headers) noexcept {
+    if (!headers) {
+        return HeaderLookup::Texts;
+    }
+    return *headers ? HeaderLookup::All : HeaderLookup::None;
 }
 
 std::vector<Piece> columnsWithData(const workbook::Sheet& sheet) {

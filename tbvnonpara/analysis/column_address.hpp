@@ -35,6 +35,13 @@ enum class HeaderLookup {
 [[nodiscard]] NamedCells findCells(const workbook::EmbeddedApplication& application, std::string_view text,
                                    HeaderLookup lookup, std::int32_t badRange);
 
+/// The column with this header or these letters on the active sheet; none when there is none.
+[[nodiscard]] std::optional<Index> findColumn(const workbook::EmbeddedApplication& application,
+                                              std::string_view text, HeaderLookup lookup);
+
+/// How the first row is read when the user says whether it holds headers, or leaves it open.
+[[nodiscard]] HeaderLookup lookupFor(const std::optional<bool>& headers) noexcept;
+
 /// The columns of a sheet that hold something, from left to right, one piece each.
 [[nodiscard]] std::vector<Piece> columnsWithData(const workbook::Sheet& sheet);
 

@@ -12,7 +12,6 @@
 #include "tbvnonpara/core/conversions.hpp"
 #include "tbvnonpara/core/enumerations.hpp"
 #include "tbvnonpara/ordering/selection.hpp"
-#include "tbvnonpara/workbook/book.hpp"
 #include "tbvnonpara/workbook/sheet_range.hpp"
 
 namespace TBVNonPara::analysis {
@@ -121,7 +120,7 @@ CutNumbers cutNumbers(const std::vector<double>& numbers, const Cut& cut) {
 
 CutSequence::CutSequence(const ObjectRef<workbook::EmbeddedApplication>& application, const Cut& cut,
                          const ChosenRanges& numbers)
-    : m_Ranges(numbers) {
+    : m_Ranges(numbers), m_Sheet(*application, "Sides") {
     requireResultsOfFormulas(*application, numbers);
     const RangeRef held = application->GetRange(numbers.y);
     const workbook::SheetRange& range = workbook::ownRange(held);
@@ -134,25 +133,14 @@ CutSequence::CutSequence(const ObjectRef<workbook::EmbeddedApplication>& applica
     m_Cut = cutNumbers(numbersIn(held, numbers.headers), cut);
     m_Note = noteOn(cut, m_Cut);
 
-    const std::shared_ptr<workbook::Book> book = application->activeBook();
-    m_Sheet = book->addSheet(book->freeSheetName("Sides"));
-    Index row = 0;
-    const auto put = [&](const CellValue& value) { m_Sheet->values().set(++row, 1, value); };
-    if (numbers.headers) {
-        put(range.sheet()->value(area.top, area.left));
-    }
-    for (const CellValue& side : m_Cut.sides) {
-        put(side);
-    }
-    const Rectangle sides{1, 1, row, 1};
-    m_Ranges.y = quotedSheetName(m_Sheet->name()) + '!' + plainAddress(sides);
-    m_Ranges.shown = ShownAddress{quotedSheetName(m_Sheet->name()) + '!' + absoluteAddress(sides),
-                                  quotedSheetName(range.sheet()->name()) + '!' + absoluteAddress(area)};
-}
-
-CutSequence::~CutSequence() {
-    if (m_Sheet != nullptr) {
-        m_Sheet->book()->removeSheet(*m_Sheet);
+    const auto label =
+        numbers.headers ? std::optional(range.sheet()->value(area.top, area.left)) : std::nullopt;
+    m_Sheet.put(1, label, m_Cut.sides);
+    const Rectangle sides{1, 1, static_cast<Index>(m_Cut.sides.size()) + (label ? 1 : 0), 1};
+    m_Ranges.y = m_Sheet.address(sides);
+    m_Ranges.shown = {m_Sheet.shownAs(sides, range)};
+    if (!numbers.shown.empty()) {
+        m_Ranges.shown.front().shown = numbers.shown.front().shown;
     }
 }
 

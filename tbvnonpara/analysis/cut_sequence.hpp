@@ -1,12 +1,12 @@
 #pragma once
 
 #include <cstddef>
-#include <memory>
 #include <string>
 #include <vector>
 
 #include "tbvnonpara/analysis/choices.hpp"
 #include "tbvnonpara/analysis/ranges.hpp"
+#include "tbvnonpara/analysis/scratch_sheet.hpp"
 #include "tbvnonpara/workbook/embedded_application.hpp"
 
 namespace TBVNonPara::analysis {
@@ -32,9 +32,6 @@ class CutSequence {
     /// Raises an error that names the first cell that holds no number, or a range of more than one column.
     CutSequence(const ObjectRef<workbook::EmbeddedApplication>& application, const Cut& cut,
                 const ChosenRanges& numbers);
-    CutSequence(const CutSequence&) = delete;
-    CutSequence& operator=(const CutSequence&) = delete;
-    ~CutSequence();
 
     /// Of the sides; a report names the numbers.
     [[nodiscard]] const ChosenRanges& ranges() const noexcept { return m_Ranges; }
@@ -46,7 +43,7 @@ class CutSequence {
     ChosenRanges m_Ranges;
     CutNumbers m_Cut;
     std::string m_Note;
-    std::shared_ptr<workbook::Sheet> m_Sheet;
+    ScratchSheet m_Sheet;
 };
 
 }  // namespace TBVNonPara::analysis

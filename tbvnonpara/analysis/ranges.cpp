@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "tbvnonpara/analysis/column_address.hpp"
+#include "tbvnonpara/analysis/long_ranges.hpp"
 #include "tbvnonpara/analysis/refusal.hpp"
 #include "tbvnonpara/core/a1.hpp"
 #include "tbvnonpara/core/conversions.hpp"
@@ -27,13 +28,6 @@ struct Choice {
     bool byItself = false;
     std::string rowNames;  ///< the letters of the column that was left out, empty for none
 };
-
-HeaderLookup lookupFor(const std::optional<bool>& headers) {
-    if (!headers) {
-        return HeaderLookup::Texts;
-    }
-    return *headers ? HeaderLookup::All : HeaderLookup::None;
-}
 
 bool isEmptyText(const CellValue& value) {
     const auto* const text = std::get_if<Text>(&value);
@@ -193,6 +187,9 @@ std::string noteOn(const ChosenRanges& chosen, const std::string& rowNames) {
 }  // namespace
 
 ChosenRanges chooseRanges(const EmbeddedApplication& application, const Choices& choices) {
+    if (!choices.by.empty()) {
+        return chooseLongRanges(application, choices);
+    }
     const DataShape shape = choices.test->shape;
     const Choice choice = choices.y.empty() ? columnsInOrder(application, shape, choices.headers)
                                             : columnsNamed(application, choices);

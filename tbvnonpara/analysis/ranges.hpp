@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "tbvnonpara/analysis/choices.hpp"
 #include "tbvnonpara/workbook/embedded_application.hpp"
@@ -21,7 +22,9 @@ struct ChosenRanges {
     bool headers = false;
     /// What was chosen without the user; empty when the choices left nothing open.
     std::string note;
-    std::optional<ShownAddress> shown = {};  ///< where `y` is not what the user knows
+    std::vector<ShownAddress> shown = {};  ///< of `y` and `x`, where they are not what the user knows
+    std::string by = {};                   ///< the groups of `y`, row by row; empty for none
+    std::string block = {};                ///< what its values belong to, row by row; empty for none
 };
 
 /// Turns what the user says about columns into addresses on the active sheet:
@@ -33,7 +36,9 @@ struct ChosenRanges {
 ///   header: it holds row names;
 /// - whole columns begin with the sheet's first row of data. Independent samples and sequences end with their
 ///   own last value, pairs too (so that unequal ones show); blocks, groups and signs end together;
-/// - a first row of texts counts as headers; in a sequence not when the text occurs again below.
+/// - a first row of texts counts as headers; in a sequence not when the text occurs again below;
+/// - with a column of groups, `y` is one column, and both end together with the column of blocks. Without `y`
+///   it is the only other column that holds numbers.
 ///
 /// Raises an error whose description says what to write instead.
 [[nodiscard]] ChosenRanges chooseRanges(const workbook::EmbeddedApplication& application,

@@ -111,8 +111,8 @@ FinishedTest runTest(const ObjectRef<workbook::EmbeddedApplication>& application
     }
     request->Results(choices.overwrite);
     FinishedTest finished(application, std::move(request));
-    if (ranges.shown) {
-        finished.rename(*ranges.shown);
+    for (const ShownAddress& address : ranges.shown) {
+        finished.rename(address);
     }
     return finished;
 }

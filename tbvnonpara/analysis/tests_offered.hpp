@@ -38,4 +38,9 @@ struct OfferedTest {
     return shape == DataShape::Groups || shape == DataShape::Blocks;
 }
 
+/// Whether the values of a row belong together.
+[[nodiscard]] constexpr bool takesRows(DataShape shape) noexcept {
+    return shape == DataShape::Pairs || shape == DataShape::CodesOrPairs || shape == DataShape::Blocks;
+}
+
 }  // namespace TBVNonPara::analysis

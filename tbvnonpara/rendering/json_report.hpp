@@ -7,13 +7,20 @@
 #include "tbvnonpara/analysis/results.hpp"
 #include "tbvnonpara/rendering/output.hpp"
 #include "tbvnonpara/rendering/report_block.hpp"
+#include "tbvnonpara/reshaping/account.hpp"
 
 namespace TBVNonPara::rendering {
 
+/// What stands beside a report and its results.
+struct BesideReport {
+    const reshaping::Account* data = nullptr;  ///< what was left out, for data that were brought into form
+    std::vector<std::string> warnings;
+};
+
 /// Writes a report as one JSON object: the test's name, the report's address and all its cells, the results
-/// by name, and warnings where there are any.
+/// by name; groups and what was left out of the data, and warnings, where there are any.
 void writeJson(std::string_view test, std::string_view address, const ReportBlock& report,
                const std::vector<analysis::NamedResult>& results, Output& output,
-               const std::vector<std::string>& warnings = {});
+               const BesideReport& beside = {});
 
 }  // namespace TBVNonPara::rendering

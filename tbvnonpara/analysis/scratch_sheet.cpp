@@ -1,0 +1,33 @@
+#include "tbvnonpara/analysis/scratch_sheet.hpp"
+
+#include "tbvnonpara/core/a1.hpp"
+
+namespace TBVNonPara::analysis {
+
+ScratchSheet::ScratchSheet(const workbook::EmbeddedApplication& application, std::string_view name) {
+    const std::shared_ptr<workbook::Book> book = application.activeBook();
+    m_Sheet = book->addSheet(book->freeSheetName(name));
+}
+
+ScratchSheet::~ScratchSheet() {
+    m_Sheet->book()->removeSheet(*m_Sheet);
+}
+
+void ScratchSheet::put(Index column, const std::optional<CellValue>& label,
+                       std::span<const CellValue> cells) {
+    if (label) {
+        m_Sheet->values().set(1, column, *label);
+    }
+    m_Sheet->values().write(label ? 2 : 1, column, cells);
+}
+
+std::string ScratchSheet::address(const Rectangle& cells) const {
+    return quotedSheetName(m_Sheet->name()) + '!' + plainAddress(cells);
+}
+
+ShownAddress ScratchSheet::shownAs(const Rectangle& cells, const workbook::SheetRange& range) const {
+    return {quotedSheetName(m_Sheet->name()) + '!' + absoluteAddress(cells),
+            quotedSheetName(range.sheet()->name()) + '!' + absoluteAddress(range.areas())};
+}
+
+}  // namespace TBVNonPara::analysis
