@@ -117,8 +117,7 @@ void offerTable(CLI::App& command, const OfferedTest& test, Words& words) {
     }
     if (analysis::takesRows(test.shape)) {
         command
-            .add_option("--block", words.arguments.block,
-                        "the column that says which values belong together")
+            .add_option("--block", words.arguments.block, "the column that says which values belong together")
             ->type_name("COLUMN")
             ->check(filled())
             ->needs(by);

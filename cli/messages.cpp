@@ -103,7 +103,7 @@ Error withRemedy(const reshaping::Refusal& refusal, std::string_view command) {
         case reshaping::Remedy::NameBlocks:
             return withSentence(refusal, "Name the column that says which with --block.");
     }
-    return refusal;
+    return Error(refusal.number(), refusal.description(), refusal.source());
 }
 
 std::string errorInJson(const Error& error, const Circumstances& circumstances) {

@@ -17,8 +17,8 @@ struct DateSystem {
 constexpr DateSystem dates1900{1899, 12, 30, true};
 constexpr DateSystem dates1904{1904, 1, 1, false};
 
-/// "2020-03-01", "2020-03-01T12:00:00.5" (a blank may stand for the T) and "12:00:00" as the day's number with
-/// the time as its fraction. A time zone is not applied: cells know none.
+/// "2020-03-01", "2020-03-01T12:00:00.5" (a blank may stand for the T) and "12:00:00" as the day's number
+/// with the time as its fraction. A time zone is not applied: cells know none.
 [[nodiscard]] std::optional<double> serialOfDate(std::string_view text, const DateSystem& system) noexcept;
 
 /// "PT30H05M00.5S" in days.

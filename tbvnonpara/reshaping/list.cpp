@@ -4,12 +4,11 @@
 
 namespace TBVNonPara::reshaping {
 
-std::string withoutQuotes(std::string_view value) {
-    std::string_view text = trimmed(value);
-    if (text.size() > 1 && (text.front() == '"' || text.front() == '\'') && text.back() == text.front()) {
-        text = text.substr(1, text.size() - 2);
-    }
-    return std::string(text);
+std::string withoutQuotes(std::string_view text) {
+    const std::string_view word = trimmed(text);
+    const bool quoted =
+        word.size() > 1 && (word.front() == '"' || word.front() == '\'') && word.back() == word.front();
+    return std::string(quoted ? word.substr(1, word.size() - 2) : word);
 }
 
 std::vector<std::string> listed(std::string_view text) {

@@ -70,7 +70,7 @@ std::vector<bool> rowsThatCount(const Groups& groups, const std::optional<Groups
 
 /// The long table's rows of the groups that are asked for, and their groups.
 Groups settleGroups(LongTable& table, const Wishes& wishes, Account& account) {
-    const Groups groups = pickGroups(groupsIn(table.groups, wishes.missing), wishes.groups, table.groups);
+    Groups groups = pickGroups(groupsIn(table.groups, wishes.missing), wishes.groups, table.groups);
     requireNames(table.groups, groups, wishes.omitMissing, "group");
     std::optional<Groups> blocks;
     if (table.blocks) {
