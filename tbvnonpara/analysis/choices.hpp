@@ -40,7 +40,9 @@ struct Choices {
     std::vector<std::string> where;         ///< conditions on the rows, all of which must hold
     bool omitMissing = false;               ///< whether missing values are left out
     std::vector<std::string> missingWords;  ///< what stands for them beside the usual words
-    std::optional<bool> headers;            ///< whether the first row of each range holds labels
+    bool each = false;                      ///< whether each column of `y` is tested by itself
+    bool account = false;         ///< whether the data are brought into form in any case, to be counted
+    std::optional<bool> headers;  ///< whether the first row of each range holds labels
     bool descriptives = false;
     bool ignoreTies = false;
     std::optional<Cut> cut;  ///< of a sequence

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
 #include <vector>
 
 #include "tbvnonpara/analysis/refusal.hpp"
 #include "tbvnonpara/analysis/run_test.hpp"
+#include "tbvnonpara/analysis/user_range.hpp"
 #include "tbvnonpara/companion/own/data_check.hpp"
 #include "tbvnonpara/core/a1.hpp"
 #include "tbvnonpara/core/conversions.hpp"
@@ -17,12 +17,6 @@
 namespace TBVNonPara::analysis {
 
 namespace {
-
-double medianOf(const std::vector<double>& numbers) {
-    const std::size_t last = numbers.size() - 1;
-    const auto [low, high] = valuesAtPlaces(numbers, last / 2, numbers.size() / 2);
-    return std::midpoint(low, high);
-}
 
 double meanOf(const std::vector<double>& numbers) {
     double sum = 0;
@@ -138,10 +132,9 @@ CutSequence::CutSequence(const ObjectRef<workbook::EmbeddedApplication>& applica
     m_Sheet.put(1, label, m_Cut.sides);
     const Rectangle sides{1, 1, static_cast<Index>(m_Cut.sides.size()) + (label ? 1 : 0), 1};
     m_Ranges.y = m_Sheet.address(sides);
-    m_Ranges.shown = {m_Sheet.shownAs(sides, range)};
-    if (!numbers.shown.empty()) {
-        m_Ranges.shown.front().shown = numbers.shown.front().shown;
-    }
+    m_Ranges.shown = {m_Sheet.shownAs(sides, numbers.shown.empty()
+                                                 ? shownInReports(range.sheet()->name(), range.areas())
+                                                 : numbers.shown.front().shown)};
 }
 
 }  // namespace TBVNonPara::analysis

@@ -91,14 +91,16 @@ std::pair<Index, Index> commonRows(const std::vector<LongColumn>& columns) {
 LongColumn valuesBeside(const std::vector<LongColumn>& others, const Choices& choices) {
     const std::shared_ptr<Sheet>& sheet = others.front().sheet;
     const reshaping::Missing missing(choices.missingWords);
+    const Rectangle used = sheet->usedArea().value_or(Rectangle());
     std::vector<LongColumn> found;
     std::string names;
     for (const Piece& piece : columnsWithData(*sheet)) {
         const Index number = piece.cells.left;
         const bool taken = std::ranges::any_of(
             others, [&](const LongColumn& other) { return other.piece.cells.left == number; });
-        const reshaping::Column column = wholeColumn(*sheet, number, choices.headers.value_or(true));
-        if (!taken && !(number == 1 && column.header.empty()) && reshaping::holdsNumbers(column, missing)) {
+        const reshaping::Column column = wholeColumn(*sheet, used, number, choices.headers.value_or(true));
+        if (!taken && !(number == used.left && column.header.empty()) &&
+            reshaping::holdsNumbers(column, missing)) {
             found.push_back({sheet, piece, !column.header.empty()});
             names += (names.empty() ? "" : ", ") + reshaping::nameOf(column);
         }

@@ -18,7 +18,7 @@ class RowConditions {
 
     /// Leaves out the cells of rows that do not fulfil the conditions; returns how many those were. A column
     /// without any cell left is refused.
-    [[nodiscard]] std::size_t apply(reshaping::Column& column) const;
+    std::size_t apply(reshaping::Column& column) const;
 
  private:
     std::vector<bool> m_Keep;  ///< by row of the sheet; empty without conditions

@@ -21,7 +21,10 @@ constexpr std::string_view reportSheet = "Results";
 }
 
 workbook::CsvOptions textOptions(const Choices& choices) {
-    return {choices.delimiter, choices.decimal, choices.thousands, choices.encoding, choices.comment};
+    // Columns that are tested each by itself need no addresses.
+    constexpr Index manyColumns = 1'000'000;
+    return {choices.delimiter, choices.decimal, choices.thousands,
+            choices.encoding,  choices.comment, choices.each ? manyColumns : sheetColumns};
 }
 
 void activateSheet(const workbook::EmbeddedApplication& application, const std::string& name) {
@@ -92,8 +95,13 @@ std::string FinishedTest::address() const {
 
 FinishedTest runTest(const ObjectRef<workbook::EmbeddedApplication>& application, const Choices& choices,
                      const ChosenRanges& ranges) {
+    return runTest(application, ownCompanions(application), choices, ranges);
+}
+
+FinishedTest runTest(const ObjectRef<workbook::EmbeddedApplication>& application,
+                     const CompanionLibrary& companions, const Choices& choices, const ChosenRanges& ranges) {
     requireResultsOfFormulas(*application, ranges);
-    auto request = std::make_unique<clsNonPara>(ownCompanions(application));
+    auto request = std::make_unique<clsNonPara>(companions);
     request->LetMethod(choices.test->method);
     request->LetTails(choices.tails);
     request->LetHeaders(ranges.headers);

@@ -52,4 +52,9 @@ void requireResultsOfFormulas(const workbook::EmbeddedApplication& application, 
 [[nodiscard]] FinishedTest runTest(const ObjectRef<workbook::EmbeddedApplication>& application,
                                    const Choices& choices, const ChosenRanges& ranges);
 
+/// The same with components of one's own on the application.
+[[nodiscard]] FinishedTest runTest(const ObjectRef<workbook::EmbeddedApplication>& application,
+                                   const CompanionLibrary& companions, const Choices& choices,
+                                   const ChosenRanges& ranges);
+
 }  // namespace TBVNonPara::analysis

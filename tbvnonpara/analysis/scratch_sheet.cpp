@@ -1,6 +1,8 @@
 #include "tbvnonpara/analysis/scratch_sheet.hpp"
 
-#include "tbvnonpara/core/a1.hpp"
+#include <utility>
+
+#include "tbvnonpara/analysis/user_range.hpp"
 
 namespace TBVNonPara::analysis {
 
@@ -25,9 +27,8 @@ std::string ScratchSheet::address(const Rectangle& cells) const {
     return quotedSheetName(m_Sheet->name()) + '!' + plainAddress(cells);
 }
 
-ShownAddress ScratchSheet::shownAs(const Rectangle& cells, const workbook::SheetRange& range) const {
-    return {quotedSheetName(m_Sheet->name()) + '!' + absoluteAddress(cells),
-            quotedSheetName(range.sheet()->name()) + '!' + absoluteAddress(range.areas())};
+ShownAddress ScratchSheet::shownAs(const Rectangle& cells, std::string shown) const {
+    return {shownInReports(m_Sheet->name(), {cells}), std::move(shown)};
 }
 
 }  // namespace TBVNonPara::analysis

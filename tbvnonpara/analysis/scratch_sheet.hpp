@@ -8,7 +8,6 @@
 
 #include "tbvnonpara/analysis/ranges.hpp"
 #include "tbvnonpara/workbook/embedded_application.hpp"
-#include "tbvnonpara/workbook/sheet_range.hpp"
 
 namespace TBVNonPara::analysis {
 
@@ -26,8 +25,8 @@ class ScratchSheet {
 
     /// "Sides!A1:A9".
     [[nodiscard]] std::string address(const Rectangle& cells) const;
-    /// The address as it stands in a report, and the one that the report shall show: that of a user's range.
-    [[nodiscard]] ShownAddress shownAs(const Rectangle& cells, const workbook::SheetRange& range) const;
+    /// The address as it stands in a report, and the one that the report shall show.
+    [[nodiscard]] ShownAddress shownAs(const Rectangle& cells, std::string shown) const;
 
  private:
     std::shared_ptr<workbook::Sheet> m_Sheet;

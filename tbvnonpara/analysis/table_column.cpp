@@ -35,8 +35,8 @@ reshaping::Column tableColumn(const workbook::Sheet& sheet, const Rectangle& cel
     refuseAsOwn();
 }
 
-reshaping::Column wholeColumn(const workbook::Sheet& sheet, Index number, bool headers) {
-    const Rectangle used = sheet.usedArea().value_or(Rectangle());
+reshaping::Column wholeColumn(const workbook::Sheet& sheet, const Rectangle& used, Index number,
+                              bool headers) {
     return columnOf(sheet, {used.top, number, used.bottom, number}, headers);
 }
 

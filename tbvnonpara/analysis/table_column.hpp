@@ -10,7 +10,8 @@ namespace TBVNonPara::analysis {
 [[nodiscard]] reshaping::Column tableColumn(const workbook::Sheet& sheet, const Rectangle& cells,
                                             bool headers);
 
-/// The column from the sheet's first row with data to its last; such formulas are left as they are.
-[[nodiscard]] reshaping::Column wholeColumn(const workbook::Sheet& sheet, Index number, bool headers);
+/// The column in the rows of the sheet's used area; such formulas are left as they are.
+[[nodiscard]] reshaping::Column wholeColumn(const workbook::Sheet& sheet, const Rectangle& used, Index number,
+                                            bool headers);
 
 }  // namespace TBVNonPara::analysis

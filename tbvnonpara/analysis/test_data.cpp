@@ -1,12 +1,17 @@
 #include "tbvnonpara/analysis/test_data.hpp"
 
+#include <utility>
+
 namespace TBVNonPara::analysis {
 
 TestData::TestData(const ObjectRef<workbook::EmbeddedApplication>& application, const Choices& choices,
                    const ChosenRanges& chosen)
     : m_Chosen(chosen) {
     if (needsReshaping(*application, choices, chosen)) {
-        m_Reshaped.emplace(*application, choices, chosen);
+        const TableForm form(*application, choices, chosen);
+        const reshaping::Reshaped reshaped = form.bring(columnsAt(*application, chosen.y, chosen.headers));
+        m_Account = reshaped.account;
+        m_Reshaped.emplace(*application, form, reshaped, shownVariables(*application, chosen));
     }
     if (choices.cut) {
         m_Cut.emplace(application, *choices.cut, m_Reshaped ? m_Reshaped->ranges() : chosen);
@@ -21,7 +26,7 @@ const ChosenRanges& TestData::ranges() const noexcept {
 }
 
 const reshaping::Account* TestData::account() const noexcept {
-    return m_Reshaped ? &m_Reshaped->account() : nullptr;
+    return m_Account ? &*m_Account : nullptr;
 }
 
 const CutNumbers* TestData::cut() const noexcept {
@@ -30,13 +35,11 @@ const CutNumbers* TestData::cut() const noexcept {
 
 std::vector<std::string> TestData::notes() const {
     std::vector<std::string> notes;
-    if (m_Reshaped && !m_Chosen.by.empty()) {
-        notes.push_back("groups: " + reshaping::sizesOf(m_Reshaped->account().groups));
+    if (m_Account && !m_Chosen.by.empty()) {
+        notes.push_back("groups: " + reshaping::sizesOf(m_Account->groups));
     }
-    if (m_Reshaped) {
-        if (std::string leftOut = reshaping::leftOut(m_Reshaped->account()); !leftOut.empty()) {
-            notes.push_back(std::move(leftOut));
-        }
+    if (std::string leftOut = m_Account ? reshaping::leftOut(*m_Account) : ""; !leftOut.empty()) {
+        notes.push_back(std::move(leftOut));
     }
     if (m_Cut) {
         notes.push_back(m_Cut->note());

@@ -29,6 +29,7 @@ class TestData {
 
  private:
     ChosenRanges m_Chosen;
+    std::optional<reshaping::Account> m_Account;
     std::optional<ReshapedRanges> m_Reshaped;
     std::optional<CutSequence> m_Cut;
 };

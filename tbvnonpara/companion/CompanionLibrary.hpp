@@ -12,6 +12,8 @@
 
 namespace TBVNonPara {
 
+class MannWhitneyCounts;
+
 /// What an adapter hands to clsNonPara: the application object and a factory for each component.
 ///
 ///     CompanionLibrary companions = ownCompanions(application);
@@ -27,6 +29,9 @@ struct CompanionLibrary {
     std::function<ObjectRef<ReportStyle>()> createReportStyle;
     std::function<ObjectRef<ContingencyAnalysis>()> createContingencyAnalysis;
     FormattingConstants constants;
+    /// Exact counts to keep from run to run, for a client that makes many of them on one thread; none by
+    /// itself.
+    std::shared_ptr<MannWhitneyCounts> mannWhitneyCounts;
     /// Whether a run is going on: one flag for all requests that build their reports on the same scratch
     /// sheet.
     std::shared_ptr<std::atomic<bool>> running = std::make_shared<std::atomic<bool>>(false);

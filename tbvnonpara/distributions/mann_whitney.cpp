@@ -4,9 +4,7 @@
 #include <cmath>
 
 #include "tbvnonpara/core/arithmetic.hpp"
-#include "tbvnonpara/core/array.hpp"
 #include "tbvnonpara/core/conversions.hpp"
-#include "tbvnonpara/core/double_double.hpp"
 #include "tbvnonpara/distributions/probability.hpp"
 
 namespace TBVNonPara {
@@ -87,20 +85,41 @@ double chooseU(double U1, double U2, TBVNPTails tails) noexcept {
 }
 
 double mannWhitneyUpperTail(Long n1, Long n2, double U) {
-    const Array<DoubleDouble> F = frequenciesOfU(n1, n2);
-    const double total = sumFrom(F, 1);
+    return MannWhitneyCounts().upperTail(n1, n2, U);
+}
+
+const MannWhitneyCounts::Table& MannWhitneyCounts::tableFor(Long n1, Long n2) {
+    constexpr Index most = 4'000'000;
+    const std::pair<Index, Index> sizes(toIndex(std::min(n1, n2)), toIndex(std::max(n1, n2)));
+    const auto known = m_Tables.find(sizes);
+    if (known != m_Tables.end()) {
+        return known->second;
+    }
+    Array<DoubleDouble> frequencies = frequenciesOfU(n1, n2);
+    const double total = sumFrom(frequencies, 1);
+    if (m_Size + toIndex(frequencies.size()) > most) {
+        m_Tables.clear();
+        m_Size = 0;
+    }
+    m_Size += toIndex(frequencies.size());
+    return m_Tables.emplace(sizes, Table{std::move(frequencies), total}).first->second;
+}
+
+double MannWhitneyCounts::upperTail(Long n1, Long n2, double U) {
+    const Table& table = tableFor(n1, n2);
     // With blank cells counted as observations U can lie outside 0..n1 x n2: above, no term is left; below
     // -1, the first term has no place in F.
-    return sumFrom(F, roundHalfToEven(U + 1)) / total;
+    return sumFrom(table.frequencies, roundHalfToEven(U + 1)) / table.total;
 }
 
 double mannWhitneyP(Long n1, Long n2, double U1, double U2, double tieSum, TBVNPTails tails,
-                    const NormalTail& normal) {
+                    const NormalTail& normal, MannWhitneyCounts* kept) {
     constexpr double approximateFrom = 50000;
     if (toDouble(n1) * toDouble(n2) >= approximateFrom) {
         return clampedToOne(approximateMannWhitneyP(n1, n2, U1, U2, tieSum, tails, normal));
     }
-    const double P = mannWhitneyUpperTail(n1, n2, chooseU(U1, U2, tails));
+    const double U = chooseU(U1, U2, tails);
+    const double P = kept == nullptr ? mannWhitneyUpperTail(n1, n2, U) : kept->upperTail(n1, n2, U);
     return clampedToOne(tails == tbvNPTwoTailed ? 2 * P : P);
 }
 

@@ -1,5 +1,10 @@
 #pragma once
 
+#include <map>
+#include <utility>
+
+#include "tbvnonpara/core/array.hpp"
+#include "tbvnonpara/core/double_double.hpp"
 #include "tbvnonpara/core/enumerations.hpp"
 #include "tbvnonpara/core/whole_numbers.hpp"
 #include "tbvnonpara/distributions/normal.hpp"
@@ -15,10 +20,30 @@ namespace TBVNonPara {
 /// for a U below -1.
 [[nodiscard]] double mannWhitneyUpperTail(Long n1, Long n2, double U);
 
+/// Counts of arrangements that are kept for sizes of samples that come again, as where many columns are
+/// tested by the same groups: up to 64 MB. For one thread.
+class MannWhitneyCounts {
+ public:
+    /// What `mannWhitneyUpperTail` gives, to the last bit.
+    [[nodiscard]] double upperTail(Long n1, Long n2, double U);
+
+ private:
+    struct Table {
+        Array<DoubleDouble> frequencies;  ///< of U = 0, 1, ...
+        double total = 0;
+    };
+
+    const Table& tableFor(Long n1, Long n2);
+
+    std::map<std::pair<Index, Index>, Table> m_Tables;
+    Index m_Size = 0;  ///< of all tables
+};
+
 /// Probability of U1 and U2 for samples of n1 and n2. Exact below 50,000 for n1 x n2, whatever the ties; else
 /// by the normal approximation with corrections for ties and continuity, which alone calls `normal`. Tails
-/// outside the list gives the one-tailed probability of the larger U.
+/// outside the list gives the one-tailed probability of the larger U. Counts are taken from `kept` if there
+/// is one.
 [[nodiscard]] double mannWhitneyP(Long n1, Long n2, double U1, double U2, double tieSum, TBVNPTails tails,
-                                  const NormalTail& normal);
+                                  const NormalTail& normal, MannWhitneyCounts* kept = nullptr);
 
 }  // namespace TBVNonPara

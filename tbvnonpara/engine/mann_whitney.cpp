@@ -49,7 +49,7 @@ void clsNonParaBO::AnalyseMannWhitney() try {
         ranked = {};
         store(summariseGroups(m_Data, m_Ranks, *m_Utility, Array<Long>{n1, n2}));
     }
-    m_P = mannWhitneyP(n1, n2, U1, U2, ties, m_Tails, normal());
+    m_P = mannWhitneyP(n1, n2, U1, U2, ties, m_Tails, normal(), m_Companions.mannWhitneyCounts.get());
     m_Statistic = chooseU(U1, U2, m_Tails);
     m_DF = {n1, n2};
 } catch (...) {

@@ -1,6 +1,7 @@
 #include "tbvnonpara/ordering/selection.hpp"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 #include <vector>
 
@@ -65,6 +66,11 @@ double zeroAt(std::span<const double> values, std::size_t place) {
 std::array<double, 2> valuesAtPlaces(std::span<const double> values, std::size_t first, std::size_t second) {
     const auto [a, b] = selected(values, first, second);
     return {a == 0 ? zeroAt(values, first) : a, b == 0 ? zeroAt(values, second) : b};
+}
+
+double medianOf(std::span<const double> values) {
+    const auto [low, high] = valuesAtPlaces(values, (values.size() - 1) / 2, values.size() / 2);
+    return std::midpoint(low, high);
 }
 
 }  // namespace TBVNonPara

@@ -11,4 +11,7 @@ namespace TBVNonPara {
 [[nodiscard]] std::array<double, 2> valuesAtPlaces(std::span<const double> values, std::size_t first,
                                                    std::size_t second);
 
+/// The median of one value or more; of an even number the mean of the two in the middle.
+[[nodiscard]] double medianOf(std::span<const double> values);
+
 }  // namespace TBVNonPara

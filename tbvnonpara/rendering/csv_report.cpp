@@ -26,7 +26,9 @@ bool readsAsFormula(const std::string& text) {
     return text.size() > 1 && beginnings.find(text.front()) != std::string_view::npos;
 }
 
-std::string field(const CellValue& value, const CsvFields& fields) {
+}  // namespace
+
+std::string csvField(const CellValue& value, const CsvFields& fields) {
     if (const auto* number = std::get_if<double>(&value)) {
         return shortest(*number);
     }
@@ -40,13 +42,11 @@ std::string field(const CellValue& value, const CsvFields& fields) {
     return quotedField(fields.visible ? escaped(text) : text);
 }
 
-}  // namespace
-
 void writeCsv(const ReportBlock& report, Output& output, const CsvFields& fields) {
     for (Index row = 1; row <= report.rows(); ++row) {
         for (Index column = 1; column <= report.columns(); ++column) {
             output.write(column == 1 ? "" : ",");
-            output.write(field(report.value(row, column), fields));
+            output.write(csvField(report.value(row, column), fields));
         }
         output.write("\r\n");
     }

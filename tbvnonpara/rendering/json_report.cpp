@@ -30,21 +30,23 @@ std::string member(std::string_view name, std::size_t number) {
     return textInJson(name) + ": " + std::to_string(number);
 }
 
-/// What was left out, each with what it is a part of, and the groups that remain.
-std::string dataInJson(const reshaping::Account& data) {
+}  // namespace
+
+std::string missingInJson(const reshaping::Account& data) {
+    return "\"missing\": {" + member("dropped", data.missing) + ", " + member("rows", data.units) +
+           ", \"of\": " + textInJson(reshaping::nameOf(data.unit)) + '}';
+}
+
+std::string accountInJson(const reshaping::Account& data) {
     std::string groups;
     for (const reshaping::Group& group : data.groups) {
         groups += (groups.empty() ? "" : ", ") + ("{\"name\": " + textInJson(group.name)) + ", " +
                   member("n", group.size) + '}';
     }
-    return ",\n  \"missing\": {" + member("dropped", data.missing) + ", " + member("rows", data.units) +
-           ", \"of\": " + textInJson(reshaping::nameOf(data.unit)) + "},\n  \"rows\": {" +
-           member("all", data.rows) + ", " + member("unfulfilled", data.unfulfilled) + ", " +
-           member("otherGroups", data.otherGroups) + ", " + member("unnamed", data.unnamed) +
-           "},\n  \"groups\": [" + groups + ']';
+    return ",\n  " + missingInJson(data) + ",\n  \"rows\": {" + member("all", data.rows) + ", " +
+           member("unfulfilled", data.unfulfilled) + ", " + member("otherGroups", data.otherGroups) + ", " +
+           member("unnamed", data.unnamed) + "},\n  \"groups\": [" + groups + ']';
 }
-
-}  // namespace
 
 void writeJson(std::string_view test, std::string_view address, const ReportBlock& report,
                const std::vector<analysis::NamedResult>& results, Output& output,
@@ -53,8 +55,8 @@ void writeJson(std::string_view test, std::string_view address, const ReportBloc
                  ",\n  \"report\": {\n    \"address\": " + textInJson(address) + ",\n    \"rows\": [");
     writeRows(report, output);
     output.write("\n    ]\n  },\n  \"results\": " + resultsInJson(results) +
-                 (beside.data == nullptr ? "" : dataInJson(*beside.data)) + listOfWarnings(beside.warnings) +
-                 "\n}\n");
+                 (beside.data == nullptr ? "" : accountInJson(*beside.data)) +
+                 listOfWarnings(beside.warnings) + "\n}\n");
 }
 
 }  // namespace TBVNonPara::rendering

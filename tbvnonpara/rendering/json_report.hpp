@@ -17,6 +17,12 @@ struct BesideReport {
     std::vector<std::string> warnings;
 };
 
+/// What is missing in the data as a member of an object: "missing": {"dropped": 37, ...}.
+[[nodiscard]] std::string missingInJson(const reshaping::Account& data);
+
+/// What was left out, each with what it is a part of, and the groups that remain, as further members.
+[[nodiscard]] std::string accountInJson(const reshaping::Account& data);
+
 /// Writes a report as one JSON object: the test's name, the report's address and all its cells, the results
 /// by name; groups and what was left out of the data, and warnings, where there are any.
 void writeJson(std::string_view test, std::string_view address, const ReportBlock& report,

@@ -220,5 +220,21 @@ TEST(NormalMannWhitney, RaisesWhatItsArithmeticAndItsNormalTailRaise) {
     EXPECT_EQ(numberOf(0), 1004);
 }
 
+TEST(MannWhitneyCounts, ThatAreKeptGiveTheSameToTheLastBit) {
+    MannWhitneyCounts counts;
+    for (const auto& [n1, n2] : {std::pair(3, 4), std::pair(40, 30), std::pair(30, 40), std::pair(3, 4)}) {
+        for (const double U : {0.0, 5.0, 11.5, 12.0}) {
+            EXPECT_EQ(counts.upperTail(n1, n2, U), mannWhitneyUpperTail(n1, n2, U))
+                << n1 << ' ' << n2 << ' ' << U;
+        }
+    }
+}
+
+TEST(MannWhitneyCounts, AreDroppedWhenTheyGrowTooLarge) {
+    MannWhitneyCounts counts;
+    for (int n = 49900; n < 50000; ++n) {
+        EXPECT_EQ(counts.upperTail(1, n, 0), 1) << n;
+    }
+}
 }  // namespace
 }  // namespace TBVNonPara

@@ -108,6 +108,7 @@ class CsvParser {
           m_Delimiter(delimiter),
           m_Fields(decimalMarkFor(delimiter, options), options.thousands),
           m_Comment(options.comment),
+          m_MostColumns(options.mostColumns),
           m_Source(source),
           m_At(start),
           m_Line(start == 0 ? 1 : 2) {}
@@ -231,9 +232,11 @@ class CsvParser {
         if (m_Row > sheetRows) {
             complain(m_Source, m_Line, "more rows than the 1048576 of a sheet; split the file.");
         }
-        if (m_Column > sheetColumns) {
+        if (m_Column > m_MostColumns) {
             complain(m_Source, m_Line,
-                     "more columns than the 16384 of a sheet; is another character between the fields?");
+                     "more columns than the " + std::to_string(m_MostColumns) +
+                         (m_MostColumns == sheetColumns ? " of a sheet" : " that can be read") +
+                         "; is another character between the fields?");
         }
         m_Cells.set(m_Row, m_Column, std::move(value));
     }
@@ -242,6 +245,7 @@ class CsvParser {
     char m_Delimiter;
     CsvFieldReader m_Fields;
     std::string_view m_Comment;
+    Index m_MostColumns;
     std::string_view m_Source;
     std::size_t m_At;
     std::size_t m_Line;

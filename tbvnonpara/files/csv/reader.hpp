@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "tbvnonpara/core/rectangle.hpp"
 #include "tbvnonpara/files/csv/encoding.hpp"
 #include "tbvnonpara/workbook/cell_store.hpp"
 
@@ -17,6 +18,8 @@ struct CsvOptions {
     std::optional<char> thousands = std::nullopt;
     Encoding encoding = Encoding::Utf8;
     std::string comment = {};  ///< lines that begin with it are left out
+    /// A sheet's, unless what reads the cells needs no addresses.
+    Index mostColumns = sheetColumns;
 };
 
 struct CsvData {

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "tbvnonpara/analysis/choices.hpp"
+#include "tbvnonpara/analysis/ranges.hpp"
+#include "tbvnonpara/analysis/results.hpp"
+#include "tbvnonpara/analysis/run_test.hpp"
+#include "tbvnonpara/core/error.hpp"
+#include "tbvnonpara/reshaping/account.hpp"
+
+namespace TBVNonPara::analysis {
+
+/// Columns of values of one table, each of which is tested by itself.
+struct EachColumn {
+    ChosenRanges chosen;  ///< those of the first column; the others share all but `y`
+    std::vector<Rectangle> columns;
+};
+
+/// Whether the choices ask for a test of each column: in so many words, or by several columns of values
+/// beside one that names groups.
+[[nodiscard]] bool testsEachColumn(const workbook::EmbeddedApplication& application, const Choices& choices);
+
+/// The columns that the choices name, else all that hold numbers and have no other part. Raises what
+/// `chooseRanges` raises.
+[[nodiscard]] EachColumn chooseEach(const workbook::EmbeddedApplication& application, const Choices& choices);
+
+/// What became of one column.
+struct ColumnTest {
+    std::string column;   ///< its header, or its letters
+    std::string address;  ///< as a report shows it
+    std::vector<NamedResult> results;
+    reshaping::Account account;
+    std::optional<Error> error;  ///< why there are no results
+};
+
+/// Tests each column by itself, on all processors, in the order of the columns.
+[[nodiscard]] std::vector<ColumnTest> testEach(const workbook::EmbeddedApplication& application,
+                                               const Choices& choices, const EachColumn& each);
+
+/// The same one after the other, with each report as it comes; it is gone when `report` returns.
+[[nodiscard]] std::vector<ColumnTest> reportEach(
+    const workbook::EmbeddedApplication& application, const Choices& choices, const EachColumn& each,
+    const std::function<void(const ColumnTest&, const FinishedTest&)>& report);
+
+}  // namespace TBVNonPara::analysis

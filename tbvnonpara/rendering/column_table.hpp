@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tbvnonpara/analysis/each_column.hpp"
+#include "tbvnonpara/rendering/csv_report.hpp"
+#include "tbvnonpara/rendering/output.hpp"
+
+namespace TBVNonPara::rendering {
+
+/// Columns that were tested each by itself, as one table with a row for each: its header, the results by name
+/// (several values of one name as "df.1", "df.2"), how many values, pairs or blocks were left out, and what
+/// is wrong where there are no results.
+void writeColumnsAsCsv(const std::vector<analysis::ColumnTest>& tests, const CsvFields& fields,
+                       Output& output);
+
+/// The same as one JSON object: the test's name and a list of the columns.
+void writeColumnsAsJson(std::string_view test, const std::vector<analysis::ColumnTest>& tests,
+                        Output& output);
+
+}  // namespace TBVNonPara::rendering
