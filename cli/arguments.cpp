@@ -80,24 +80,33 @@ CLI::Validator filled() {
     return {[](const std::string& text) { return std::string(text.empty() ? "must not be empty" : ""); }, ""};
 }
 
-void offerRanges(CLI::App& command, const OfferedTest& test, Words& words) {
-    const char* const y = analysis::takesManyColumns(test.shape)
-                              ? "the groups: an address, column letters or headers, joined by commas"
-                              : "the first variable: an address, column letters or a header";
-    CLI::Option* const first =
-        command.add_option("--y", words.arguments.y, y)->type_name("ADDRESS")->check(filled());
-    if (analysis::takesSecondRange(test.shape)) {
-        command.add_option("--x", words.arguments.x, "the second variable")
-            ->type_name("ADDRESS")
-            ->check(filled())
-            ->needs(first);
-    }
+/// The sheet, and whether its first row is headers.
+void offerSheet(CLI::App& command, Words& words) {
     command.add_option("--sheet", words.arguments.sheet, "the sheet to read")
         ->type_name("NAME")
         ->check(filled());
     CLI::Option* const with =
         command.add_flag("--headers", words.headers, "the first row of each range holds labels");
     command.add_flag("--no-headers", words.noHeaders, "the first row of each range is data")->excludes(with);
+}
+
+void offerMissingWords(CLI::App& command, Words& words) {
+    command.add_option("--na", words.missingWords, "more words for what is missing, joined by commas")
+        ->type_name("WORDS")
+        ->check(filled());
+}
+
+void offerRanges(CLI::App& command, const OfferedTest& test, Words& words) {
+    const char* const y = analysis::takesManyColumns(test.shape)
+                              ? "the groups: an address, column letters or headers, joined by commas"
+                              : "the first variable: an address, column letters or a header";
+    command.add_option("--y", words.arguments.y, y)->type_name("ADDRESS")->check(filled());
+    if (analysis::takesSecondRange(test.shape)) {
+        command.add_option("--x", words.arguments.x, "the second variable")
+            ->type_name("ADDRESS")
+            ->check(filled());
+    }
+    offerSheet(command, words);
 }
 
 /// The options that say which rows of a table take part, and how they are split.
@@ -122,17 +131,18 @@ void offerTable(CLI::App& command, const OfferedTest& test, Words& words) {
             ->check(filled())
             ->needs(by);
     }
+    command.add_flag("--each", words.arguments.each,
+                     "test each column of --y by itself; without --y, each that holds numbers");
     command
         .add_option("--where", words.arguments.where,
                     "take the rows that fulfil this, such as \"feed = casein\";\nmay be given several times")
         ->type_name("CONDITION")
         ->allow_extra_args(false);
+    command.add_flag("--plan", words.arguments.plan, "say what would be tested, and stop");
     command.add_option("--missing", words.missing, "omit: leave out what is blank, NA, NaN, null, . or -")
         ->type_name("WORD")
         ->check(CLI::IsMember({"omit"}).description(""));
-    command.add_option("--na", words.missingWords, "more words for what is missing, joined by commas")
-        ->type_name("WORDS")
-        ->check(filled());
+    offerMissingWords(command, words);
 }
 
 void offerTails(CLI::App& command, const OfferedTest& test, Words& words) {
@@ -247,6 +257,21 @@ void offer(CLI::App& program, const OfferedTest& test, Words& words) {
     command.callback([&words, &test] { words.arguments.test = &test; });
 }
 
+void offerDescribe(CLI::App& program, Words& words) {
+    CLI::App& command = *program.add_subcommand("describe", "what a file holds, and the tests that suit it");
+    command.group("Data");
+    offerFileAndForm(command, words);
+    offerSheet(command, words);
+    offerMissingWords(command, words);
+    command
+        .add_option("--names", words.arguments.names,
+                    "only the names of columns or sheets, a line each:\ncolumns or sheets")
+        ->type_name("WORD")
+        ->check(CLI::IsMember({"columns", "sheets"}).description(""));
+    command.footer(fmt::format("Example: tbvnonpara describe examples/feeds.csv{}", whereExamplesLie()));
+    command.callback([&words] { words.arguments.describe = true; });
+}
+
 TBVNPTails tailsOf(const OfferedTest& test, const std::string& word) {
     if (word == "greater" || (!word.empty() && word == wordsOf(test).greaterWord)) {
         return tbvNPVar1GTVar2;
@@ -254,8 +279,8 @@ TBVNPTails tailsOf(const OfferedTest& test, const std::string& word) {
     return word == "two" ? tbvNPTwoTailed : tbvNPVar1LTVar2;
 }
 
-bool isTestOrOption(std::string_view word) {
-    return word.starts_with('-') ||
+bool isCommandOrOption(std::string_view word) {
+    return word.starts_with('-') || word == "describe" ||
            std::ranges::any_of(offeredTests(), [=](const OfferedTest& test) { return test.name == word; });
 }
 
@@ -271,14 +296,29 @@ std::string noSuchTest(std::string_view word) {
 
 /// What is wrong, and where to read more: in the test's own help when a test was named.
 std::string usageText(std::string_view wrong, std::string_view first) {
-    const bool named = isTestOrOption(first) && !first.starts_with('-');
+    const bool named = isCommandOrOption(first) && !first.starts_with('-');
     const std::string test = named ? fmt::format("{} ", first) : "";
     return fmt::format("tbvnonpara: {}\nTry: tbvnonpara {}--help\n", rendering::escaped(wrong), test);
 }
 
+/// What has no meaning for one table of many columns.
+std::optional<std::string> notForEach(const Arguments& arguments) {
+    if (!arguments.each) {
+        return std::nullopt;
+    }
+    if (arguments.format == OutputFormat::Html || arguments.format == OutputFormat::Xlsx) {
+        return "--each gives text, csv or json";
+    }
+    return arguments.output.empty() ? std::nullopt
+                                    : std::optional("--each places no reports: leave --output out");
+}
+
 Arguments finish(Words words) {
     Arguments& arguments = words.arguments;
-    arguments.tails = tailsOf(*arguments.test, words.tails);
+    if (arguments.test != nullptr) {
+        arguments.tails = tailsOf(*arguments.test, words.tails);
+    }
+    arguments.account = arguments.plan;
     arguments.format = formats.at(words.format.empty() ? "text" : words.format);
     if (words.headers || words.noHeaders) {
         arguments.headers = words.headers;
@@ -320,7 +360,8 @@ std::variant<Arguments, Answer> parseArguments(int count, const char* const* wor
     for (const OfferedTest& test : offeredTests()) {
         offer(program, test, found);
     }
-    if (count < 2 || !isTestOrOption(words[1])) {
+    offerDescribe(program, found);
+    if (count < 2 || !isCommandOrOption(words[1])) {
         return Answer{noSuchTest(count < 2 ? "" : words[1]), usageStatus};
     }
     try {
@@ -342,6 +383,16 @@ std::variant<Arguments, Answer> parseArguments(int count, const char* const* wor
     Arguments arguments = finish(std::move(found));
     arguments.command = asTyped({words + 1, words + count});
     if (const std::optional<std::string> wrong = settleSaving(arguments, formatGiven)) {
+        return Answer{usageText(*wrong, words[1]), usageStatus};
+    }
+    if (!arguments.x.empty() && arguments.y.empty() && !arguments.each) {
+        return Answer{usageText("--x requires --y", words[1]), usageStatus};
+    }
+    if (arguments.describe &&
+        (arguments.format == OutputFormat::Html || arguments.format == OutputFormat::Xlsx)) {
+        return Answer{usageText("describe gives text, csv or json", words[1]), usageStatus};
+    }
+    if (const std::optional<std::string> wrong = notForEach(arguments)) {
         return Answer{usageText(*wrong, words[1]), usageStatus};
     }
     return arguments;

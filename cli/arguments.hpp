@@ -14,8 +14,11 @@ struct Arguments : analysis::Choices {
     OutputFormat format = OutputFormat::Text;
     std::string save;  ///< the file that the report is saved in; empty for standard output
     bool withData = false;
-    std::string command;   ///< what was typed, as a shell reads it
-    bool safeCsv = false;  ///< a text that reads as a formula gets a mark in front
+    std::string command;    ///< what was typed, as a shell reads it
+    bool plan = false;      ///< only say what would be tested
+    bool describe = false;  ///< say what the file holds; there is no test
+    std::string names;      ///< "columns" or "sheets": of a description only these, a line each
+    bool safeCsv = false;   ///< a text that reads as a formula gets a mark in front
 };
 
 /// The program's answer when no test is to be run: help and version with status 0, a usage error with 2.
@@ -24,6 +27,7 @@ struct Answer {
     int status = 0;
 };
 
+constexpr int failureStatus = 1;
 constexpr int usageStatus = 2;
 
 [[nodiscard]] std::variant<Arguments, Answer> parseArguments(int count, const char* const* words);

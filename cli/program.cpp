@@ -7,12 +7,17 @@
 #include <system_error>
 
 #include "cli/arguments.hpp"
+#include "cli/describe.hpp"
 #include "cli/messages.hpp"
+#include "cli/plan.hpp"
 #include "cli/progress.hpp"
 #include "cli/save.hpp"
 #include "cli/standard_input.hpp"
+#include "cli/telling.hpp"
 #include "cli/terminal.hpp"
+#include "cli/test_columns.hpp"
 #include "cli/warnings.hpp"
+#include "tbvnonpara/analysis/each_column.hpp"
 #include "tbvnonpara/analysis/refusal.hpp"
 #include "tbvnonpara/analysis/results.hpp"
 #include "tbvnonpara/analysis/run_test.hpp"
@@ -29,26 +34,6 @@ namespace TBVNonPara::cli {
 namespace {
 
 using rendering::Output;
-
-constexpr int failureStatus = 1;
-
-void tell(std::string_view text) {
-    std::fwrite(text.data(), 1, text.size(), stderr);
-}
-
-/// What names sheets cannot act on the terminal; the lines stay.
-std::string escapedLines(std::string_view text) {
-    std::string lines;
-    for (;;) {
-        const std::size_t end = std::min(text.find('\n'), text.size());
-        lines += rendering::escaped(text.substr(0, end));
-        if (end == text.size()) {
-            return lines;
-        }
-        lines += '\n';
-        text.remove_prefix(end + 1);
-    }
-}
 
 void warn(const std::vector<std::string>& warnings) {
     for (const std::string& warning : warnings) {
@@ -143,7 +128,7 @@ Tested runOn(const ObjectRef<workbook::EmbeddedApplication>& application, const 
              const analysis::ChosenRanges& chosen) {
     const analysis::TestData data(application, arguments, chosen);
     for (const std::string& note : data.notes()) {
-        tell(escapedLines(note) + '\n');
+        tellLines(note);
     }
     // The picture shows the data as they are before a report is put over them.
     rendering::PictureData picture = dataToDraw(*application, arguments, data.ranges());
@@ -151,7 +136,7 @@ Tested runOn(const ObjectRef<workbook::EmbeddedApplication>& application, const 
             copyOf(data.account()), copyOf(data.cut())};
 }
 
-void analyse(const Arguments& arguments, Circumstances& circumstances) {
+int analyse(const Arguments& arguments, Circumstances& circumstances) {
     checkSaving(arguments);
     Progress progress("Reading " + rendering::escaped(arguments.file));
     std::string remark;
@@ -159,9 +144,22 @@ void analyse(const Arguments& arguments, Circumstances& circumstances) {
     if (!remark.empty()) {
         tell(rendering::escaped(remark) + '\n');
     }
+    if (arguments.describe) {
+        progress.end();
+        describe(*application, arguments);
+        return 0;
+    }
+    if (analysis::testsEachColumn(*application, arguments)) {
+        return testColumns(*application, arguments, progress);
+    }
     circumstances.ranges = analysis::chooseRanges(*application, arguments);
+    if (arguments.plan) {
+        progress.end();
+        printPlan(arguments, circumstances.ranges, {application, arguments, circumstances.ranges});
+        return 0;
+    }
     if (!circumstances.ranges.note.empty()) {
-        tell(escapedLines(circumstances.ranges.note) + '\n');
+        tellLines(circumstances.ranges.note);
     }
     progress.next("Analysing");
     std::vector<std::string> warnings = warningsOnData(*application, arguments, circumstances.ranges);
@@ -174,13 +172,14 @@ void analyse(const Arguments& arguments, Circumstances& circumstances) {
         progress.end();
         warn(warnings);
         tell(rendering::escaped(saved) + '\n');
-        return;
+        return 0;
     }
     progress.end();
     warn(warnings);
     Output output(stdout);
     writeTo(output);
     output.finish();
+    return 0;
 }
 
 int report(const Error& error, const Circumstances& circumstances, OutputFormat format) {
@@ -197,8 +196,7 @@ int report(const Error& error, const Circumstances& circumstances, OutputFormat 
 int run(const Arguments& arguments) {
     Circumstances circumstances{arguments.test, {}};
     try {
-        analyse(arguments, circumstances);
-        return 0;
+        return analyse(arguments, circumstances);
     } catch (const std::system_error&) {
         throw;
     } catch (const reshaping::Refusal& refusal) {

@@ -131,22 +131,29 @@ void checkSaving(const Arguments& arguments) {
     });
 }
 
+void saveText(const Arguments& arguments, const std::function<void(rendering::Output&)>& write) {
+    asProgram([&] {
+        workbook::SavedFile file(arguments.save, existingFile(arguments));
+        rendering::Output output(file.file());
+        write(output);
+        output.finish();
+        file.keep();
+    });
+}
+
 std::string saveReport(const analysis::FinishedTest& finished, const Arguments& arguments,
                        const std::function<void(rendering::Output&)>& write) {
-    return asProgram([&] {
-        const std::string bytes =
-            arguments.format == OutputFormat::Xlsx ? savedWorkbook(finished, arguments) : "";
-        workbook::SavedFile file(arguments.save, existingFile(arguments));
-        if (arguments.format == OutputFormat::Xlsx) {
+    if (arguments.format != OutputFormat::Xlsx) {
+        saveText(arguments, write);
+    } else {
+        asProgram([&] {
+            const std::string bytes = savedWorkbook(finished, arguments);
+            workbook::SavedFile file(arguments.save, existingFile(arguments));
             file.write(bytes);
-        } else {
-            rendering::Output output(file.file());
-            write(output);
-            output.finish();
-        }
-        file.keep();
-        return "saved " + finished.address() + " in " + arguments.save;
-    });
+            file.keep();
+        });
+    }
+    return "saved " + finished.address() + " in " + arguments.save;
 }
 
 }  // namespace TBVNonPara::cli

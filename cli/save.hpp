@@ -20,4 +20,7 @@ void checkSaving(const Arguments& arguments);
 std::string saveReport(const analysis::FinishedTest& finished, const Arguments& arguments,
                        const std::function<void(rendering::Output&)>& write);
 
+/// Saves what `write` writes, in any form but a workbook.
+void saveText(const Arguments& arguments, const std::function<void(rendering::Output&)>& write);
+
 }  // namespace TBVNonPara::cli

@@ -1,7 +1,11 @@
 # bash completion for tbvnonpara
 
 _tbvnonpara_options() {
-    local options="--y --by --groups --where --missing --na --sheet --headers --no-headers --format --safe-csv --delimiter --decimal --thousands --encoding --comment
+    if [[ $1 == describe ]]; then
+        printf -- '--sheet --headers --no-headers --na --names --format --safe-csv --delimiter --decimal --thousands --encoding --comment --help'
+        return
+    fi
+    local options="--y --by --groups --each --plan --where --missing --na --sheet --headers --no-headers --format --safe-csv --delimiter --decimal --thousands --encoding --comment
         --save --output --overwrite --with-data --help"
     case $1 in
         mann-whitney | wilcoxon | spearman | sign) options+=" --x" ;;
@@ -77,8 +81,34 @@ _tbvnonpara_offer_files() {
     done
 }
 
+# The file that was typed, without the shell's quotes.
+_tbvnonpara_file() {
+    local i word
+    for ((i = 2; i < COMP_CWORD; i++)); do
+        word=${COMP_WORDS[i]}
+        if [[ $word != -* && ${COMP_WORDS[i - 1]} != --[a-z]* ]]; then
+            word=${word//[\\\"\']/}
+            printf '%s' "${word/#\~/$HOME}"
+            return
+        fi
+    done
+}
+
+# Offers the columns or the sheets of the file that was typed; behind a comma, the next column.
+_tbvnonpara_offer_names() {
+    local kind=$1 word=${2//[\\\"\']/} file name before=""
+    file=$(_tbvnonpara_file)
+    [[ -f $file ]] || return
+    [[ $kind == columns && $word == *,* ]] && before=${word%,*},
+    while IFS= read -r name; do
+        if [[ $name == "${word#"$before"}"* && $name != *[[:cntrl:]]* ]]; then
+            COMPREPLY+=("$before$(printf %q "$name")")
+        fi
+    done < <("${COMP_WORDS[0]}" describe "$file" --names "$kind" 2>/dev/null)
+}
+
 _tbvnonpara() {
-    local tests="mann-whitney wilcoxon spearman sign median friedman kruskal-wallis runs"
+    local tests="mann-whitney wilcoxon spearman sign median friedman kruskal-wallis runs describe"
     local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} test=${COMP_WORDS[1]}
     COMPREPLY=()
     if ((COMP_CWORD == 1)); then
@@ -94,7 +124,10 @@ _tbvnonpara() {
         --cut-equal) mapfile -t COMPREPLY < <(compgen -W "drop above below" -- "$word") ;;
         --encoding) mapfile -t COMPREPLY < <(compgen -W "utf-8 latin1 windows-1252" -- "$word") ;;
         --missing) mapfile -t COMPREPLY < <(compgen -W "omit" -- "$word") ;;
-        --decimal | --comment | --y | --x | --by | --groups | --block | --where | --na | --sheet | --output) ;;
+        --names) mapfile -t COMPREPLY < <(compgen -W "columns sheets" -- "$word") ;;
+        --y | --x | --by | --block) _tbvnonpara_offer_names columns "$word" ;;
+        --sheet) _tbvnonpara_offer_names sheets "$word" ;;
+        --decimal | --comment | --groups | --where | --na | --output) ;;
         --save)
             _tbvnonpara_offer_files < <(compgen -f -- "$word")
             ;;

@@ -145,12 +145,13 @@ class Documents(unittest.TestCase):
                   'printf "%s\\n" "${COMPREPLY[@]}"')
         result = subprocess.run(["bash", "-c", script, "bash", str(PROJECT / "cli/tbvnonpara.bash"), "tbvnonpara",
                                  *words], capture_output=True, encoding="utf-8", cwd=PROJECT, check=True,
-                                env={**os.environ, "LC_ALL": "C.UTF-8"})
+                                env={**os.environ, "LC_ALL": "C.UTF-8",
+                                     "PATH": os.path.dirname(PROGRAM) + ":" + os.environ["PATH"]})
         return set(result.stdout.split())
 
     def test_completion_offers_the_tests_and_exactly_their_options(self):
-        self.assertEqual(self.completed(""), {*self.TESTS, "--help", "--version"})
-        for test in self.TESTS:
+        self.assertEqual(self.completed(""), {*self.TESTS, "describe", "--help", "--version"})
+        for test in (*self.TESTS, "describe"):
             self.assertEqual(self.completed(test, "data.csv", "--"), self.options(test), test)
 
     def test_completion_offers_the_words_that_the_program_takes(self):
@@ -167,6 +168,20 @@ class Documents(unittest.TestCase):
         self.assertEqual(self.completed("runs", "examples/h"), {"examples/huron.csv"})
         self.assertEqual(self.completed("runs", "exa"), {"examples"})
 
+    def test_completion_offers_the_columns_and_sheets_of_the_file(self):
+        air = "examples/air_quality.csv"
+        self.assertEqual(self.completed("spearman", air, "--y", ""), {"Ozone", "Solar.R", "Wind", "Temp", "Month", "Day"})
+        self.assertEqual(self.completed("spearman", air, "--y", "Temp", "--x", "W"), {"Wind"})
+        self.assertEqual(self.completed("median", air, "--by", "Mo"), {"Month"})
+        self.assertEqual(self.completed("kruskal-wallis", air, "--y", "Wind,Te"), {"Wind,Temp"})
+        self.assertEqual(self.completed("median", air, "--sheet", ""), {"air_quality"})
+        self.assertEqual(self.completed("median", "nothing.csv", "--y", ""), set())
+        with tempfile.TemporaryDirectory() as folder:
+            path = os.path.join(folder, "my $(data).csv")
+            with open(path, "w", encoding="utf-8") as file:
+                file.write("one's,two\n1,2\n")
+            self.assertEqual(self.completed("sign", path.replace(" ", "\\ "), "--y", "on"), {"one\\'s"})
+
     def test_completion_shows_names_that_would_act_on_the_terminal_as_the_shell_quotes_them(self):
         with tempfile.TemporaryDirectory() as folder:
             for name in ("a\x1b[31m\u202e.csv", "a\nb.csv", "a'c.csv"):
@@ -178,7 +193,7 @@ class Documents(unittest.TestCase):
         manual = (PROJECT / "cli/tbvnonpara.1").read_text(encoding="utf-8").replace("\\-", "-")
         page = (PROJECT / "docs/program.md").read_text(encoding="utf-8")
         for text in (manual, page):
-            for test in self.TESTS:
+            for test in (*self.TESTS, "describe"):
                 self.assertIn(test, text)
                 for option in self.options(test):
                     self.assertIn(option, text)

@@ -1,6 +1,10 @@
 """Tables in long form, conditions and missing values: tables_test.py PROGRAM PROJECT_FOLDER."""
 
+import csv
 import json
+import pathlib
+import shlex
+import tempfile
 import unittest
 
 from program import EXAMPLES, run
@@ -69,6 +73,105 @@ class Groups(unittest.TestCase):
 
     def test_blocks_of_independent_groups_are_no_option(self):
         self.assertEqual(run("mann-whitney", FEEDS, "--by", "feed", "--block", "A").returncode, 2)
+
+
+class Columns(unittest.TestCase):
+    def test_each_have_the_results_that_they_have_alone(self):
+        table = results("kruskal-wallis", AIR, "--by", "Month", "--each", "--missing", "omit")
+        self.assertEqual([column["column"] for column in table["columns"]],
+                         ["Ozone", "Solar.R", "Wind", "Temp", "Day"])
+        for column in table["columns"]:
+            alone = results("kruskal-wallis", AIR, "--by", "Month", "--y", column["column"], "--missing", "omit")
+            self.assertEqual((column["results"], column["missing"]), (alone["results"], alone["missing"]))
+
+    def test_are_rows_of_a_table_in_csv_with_what_is_wrong(self):
+        done = run("mann-whitney", AIR, "--y", "Ozone,Temp", "--by", "Month", "--groups", "5,8", "--format", "csv")
+        rows = list(csv.DictReader(done.stdout.splitlines()))
+        self.assertEqual([row["column"] for row in rows], ["Ozone", "Temp"])
+        self.assertIn("air_quality!Ozone lacks 10 values", rows[0]["error"])
+        self.assertEqual((rows[1]["df.1"], rows[1]["error"]), ("31", ""))
+        self.assertEqual(done.returncode, 0)
+        self.assertIn("Ozone has no result", done.stderr)
+
+    def test_have_a_report_each_as_text(self):
+        done = run("mann-whitney", AIR, "--y", "Wind,Temp", "--by", "Month", "--groups", "5,8")
+        self.assertEqual(done.stdout.count("Mann-Whitney Test Results for:"), 2)
+        self.assertIn("Set 1 Range = air_quality!$C$1:$C$154", done.stdout)
+
+    def test_without_any_result_are_a_failure(self):
+        done = run("mann-whitney", "-", "--by", "g", "--each", "--format", "csv", text="g,a\n1,2\n2,2\n3,1\n")
+        self.assertEqual(done.returncode, 1)
+        self.assertIn("the test compares two", done.stdout)
+
+    def test_are_saved_and_no_pages(self):
+        with tempfile.TemporaryDirectory() as folder:
+            path = pathlib.Path(folder) / "table.csv"
+            words = ["runs", AIR, "--y", "Wind,Temp", "--each", "--cut", "median", "--save", str(path)]
+            self.assertEqual(run(*words).returncode, 0)
+            self.assertTrue(path.read_text(encoding="utf-8").startswith("column,runs,expected"))
+        self.assertEqual(run("runs", AIR, "--each", "--format", "html").returncode, 2)
+
+    def test_may_be_more_than_a_sheet_has(self):
+        many = 20000
+        rows = ["group," + ",".join(f"c{i}" for i in range(many))]
+        rows += [name + "," + ",".join(str((i + row) % 4) for i in range(many)) for row, name in enumerate("xyxy")]
+        text = "\n".join(rows)
+        table = results("mann-whitney", "-", "--by", "group", "--each", text=text)
+        self.assertEqual(len(table["columns"]), many)
+        self.assertIn("more columns", run("mann-whitney", "-", "--by", "group", text=text).stderr)
+
+
+class Descriptions(unittest.TestCase):
+    def test_say_what_each_column_holds(self):
+        description = json.loads(run("describe", AIR, "--format", "json").stdout)
+        sheet = description["sheets"][0]
+        self.assertEqual((sheet["sheet"], sheet["rows"], sheet["headers"]), ("air_quality", 153, True))
+        # R: summary(airquality$Ozone); length(unique(na.omit(airquality$Ozone)))
+        self.assertEqual(sheet["columns"][0], {"column": "A", "header": "Ozone", "kind": "numbers", "count": 116,
+                                               "missing": 37, "distinct": 67, "min": 1, "median": 31.5, "max": 168})
+
+    def test_tell_the_kinds_apart(self):
+        text = "n,t,d,b,m\n1,x,2020-01-01,TRUE,1\n2,y,2020-01-02,FALSE,z\n"
+        columns = json.loads(run("describe", "-", "--format", "json", text=text).stdout)["sheets"][0]["columns"]
+        self.assertEqual([column["kind"] for column in columns], ["numbers", "texts", "dates", "logical", "mixed"])
+
+    def test_suggest_commands_that_work(self):
+        for file in (AIR, FEEDS, SLEEP, *(str(path) for path in EXAMPLES.glob("*.csv"))):
+            commands = json.loads(run("describe", file, "--format", "json").stdout)["commands"]
+            self.assertTrue(commands, file)
+            for command in commands:
+                done = run(*shlex.split(command)[1:])
+                self.assertEqual(done.returncode, 0, command + "\n" + done.stderr)
+
+    def test_match_the_shape_of_the_data(self):
+        commands = json.loads(run("describe", SLEEP, "--format", "json").stdout)["commands"]
+        self.assertIn(f"tbvnonpara wilcoxon {SLEEP} --y extra --by group --block ID", commands)
+
+    def test_take_no_options_of_tests(self):
+        self.assertEqual(run("describe", FEEDS, "--by", "feed").returncode, 2)
+        self.assertEqual(run("describe", FEEDS, "--format", "html").returncode, 2)
+
+    def test_of_an_empty_file_suggest_nothing(self):
+        done = run("describe", "-", text="")
+        self.assertEqual((done.returncode, done.stdout), (0, "stdin: 0 rows, no headers\n"))
+
+
+class Plans(unittest.TestCase):
+    def test_count_and_stop(self):
+        done = run("mann-whitney", AIR, "--y", "Ozone", "--by", "Month", "--groups", "5,8", "--missing", "omit", "--plan")
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        self.assertEqual(done.stdout.splitlines()[1:],
+                         ["using air_quality!A1:A154 by air_quality!E1:E154 (first row is headers)",
+                          "groups: 5 (26), 8 (26)",
+                          "left out: 91 of 153 rows of other groups, 10 of 62 values that are missing"])
+
+    def test_are_for_programs_too(self):
+        plan = results("spearman", AIR, "--y", "Wind", "--x", "Temp", "--plan")
+        self.assertEqual(plan["ranges"]["y"], "air_quality!C1:C154")
+        self.assertEqual(plan["groups"], [{"name": "Wind", "n": 153}, {"name": "Temp", "n": 153}])
+
+    def test_refuse_what_the_test_would(self):
+        self.assertEqual(run("spearman", AIR, "--y", "Ozone", "--x", "Temp", "--plan").returncode, 1)
 
 
 class Conditions(unittest.TestCase):

@@ -1,0 +1,109 @@
+#include "cli/test_columns.hpp"
+
+#include <algorithm>
+#include <cstdio>
+#include <fmt/format.h>
+
+#include "cli/messages.hpp"
+#include "cli/save.hpp"
+#include "cli/telling.hpp"
+#include "cli/terminal.hpp"
+#include "tbvnonpara/analysis/each_column.hpp"
+#include "tbvnonpara/rendering/column_table.hpp"
+#include "tbvnonpara/rendering/text_report.hpp"
+
+namespace TBVNonPara::cli {
+
+namespace {
+
+using analysis::ColumnTest;
+using analysis::EachColumn;
+using rendering::Output;
+using Tests = std::vector<ColumnTest>;
+
+/// In front of the description that a table shows stands what the program knows of the error.
+void explainErrors(Tests& tests, const Arguments& arguments) {
+    for (ColumnTest& test : tests) {
+        if (test.error) {
+            analysis::ChosenRanges ranges;
+            ranges.y = test.address;
+            test.error.emplace(test.error->number(), explain(*test.error, {arguments.test, ranges}),
+                               test.error->source());
+        }
+    }
+}
+
+Tests writeReports(const workbook::EmbeddedApplication& application, const Arguments& arguments,
+                   const EachColumn& each, Output& output) {
+    const bool shown = arguments.save.empty();
+    bool first = true;
+    return analysis::reportEach(
+        application, arguments, each, [&](const ColumnTest&, const analysis::FinishedTest& finished) {
+            output.write(first ? "" : "\n");
+            first = false;
+            rendering::writeText({finished.sheet(), finished.block()}, shown && wantsColour(), output,
+                                 shown ? terminalWidth() : 0);
+        });
+}
+
+Tests writeTable(const workbook::EmbeddedApplication& application, const Arguments& arguments,
+                 const EachColumn& each, Output& output) {
+    Tests tests = analysis::testEach(application, arguments, each);
+    explainErrors(tests, arguments);
+    if (arguments.format == OutputFormat::Json) {
+        rendering::writeColumnsAsJson(arguments.test->name, tests, output);
+    } else {
+        const bool visible = arguments.save.empty() && writesToTerminal();
+        rendering::writeColumnsAsCsv(tests, {arguments.safeCsv, visible}, output);
+    }
+    return tests;
+}
+
+/// The columns without results, the first few by name.
+void tellFailures(const Tests& tests, const Arguments& arguments) {
+    constexpr std::size_t most = 5;
+    std::size_t failures = 0;
+    for (const ColumnTest& test : tests) {
+        if (!test.error) {
+            continue;
+        }
+        failures += 1;
+        if (failures <= most) {
+            analysis::ChosenRanges ranges;
+            ranges.y = test.address;
+            tellLines(fmt::format("tbvnonpara: {} has no result: {}", test.column,
+                                  explain(*test.error, {arguments.test, ranges})));
+        }
+    }
+    if (failures > most) {
+        tell(fmt::format("tbvnonpara: {} of {} columns have no result.\n", failures, tests.size()));
+    }
+}
+
+}  // namespace
+
+int testColumns(const workbook::EmbeddedApplication& application, const Arguments& arguments,
+                Progress& progress) {
+    const EachColumn each = analysis::chooseEach(application, arguments);
+    tell(
+        fmt::format("testing {} {}\n", each.columns.size(), each.columns.size() == 1 ? "column" : "columns"));
+    progress.next("Analysing");
+    Tests tests;
+    const auto write = [&](Output& output) {
+        tests = arguments.format == OutputFormat::Text ? writeReports(application, arguments, each, output)
+                                                       : writeTable(application, arguments, each, output);
+        progress.end();
+    };
+    if (arguments.save.empty()) {
+        Output output(stdout);
+        write(output);
+        output.finish();
+    } else {
+        saveText(arguments, write);
+        tellLines("saved in " + arguments.save);
+    }
+    tellFailures(tests, arguments);
+    return std::ranges::any_of(tests, [](const ColumnTest& test) { return !test.error; }) ? 0 : failureStatus;
+}
+
+}  // namespace TBVNonPara::cli
