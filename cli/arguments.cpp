@@ -85,6 +85,7 @@ void offerSheet(CLI::App& command, Words& words) {
     command.add_option("--sheet", words.arguments.sheet, "the sheet to read")
         ->type_name("NAME")
         ->check(filled());
+    command.add_flag("--transpose", words.arguments.transpose, "take the rows of the sheet as columns");
     CLI::Option* const with =
         command.add_flag("--headers", words.headers, "the first row of each range holds labels");
     command.add_flag("--no-headers", words.noHeaders, "the first row of each range is data")->excludes(with);
@@ -301,6 +302,13 @@ std::string usageText(std::string_view wrong, std::string_view first) {
     return fmt::format("tbvnonpara: {}\nTry: tbvnonpara {}--help\n", rendering::escaped(wrong), test);
 }
 
+/// A report beside data that were turned over would stand in the wrong place.
+std::optional<std::string> notForTurned(const Arguments& arguments) {
+    return arguments.transpose && (!arguments.output.empty() || arguments.withData)
+               ? std::optional("--transpose leaves the data as they are: leave --output and --with-data out")
+               : std::nullopt;
+}
+
 /// What has no meaning for one table of many columns.
 std::optional<std::string> notForEach(const Arguments& arguments) {
     if (!arguments.each) {
@@ -391,6 +399,9 @@ std::variant<Arguments, Answer> parseArguments(int count, const char* const* wor
     if (arguments.describe &&
         (arguments.format == OutputFormat::Html || arguments.format == OutputFormat::Xlsx)) {
         return Answer{usageText("describe gives text, csv or json", words[1]), usageStatus};
+    }
+    if (const std::optional<std::string> wrong = notForTurned(arguments)) {
+        return Answer{usageText(*wrong, words[1]), usageStatus};
     }
     if (const std::optional<std::string> wrong = notForEach(arguments)) {
         return Answer{usageText(*wrong, words[1]), usageStatus};

@@ -49,6 +49,9 @@ std::string commandFor(const SuggestedTest& test, const Arguments& arguments) {
         }
     };
     add("--sheet", arguments.sheet);
+    if (arguments.transpose) {
+        words.emplace_back("--transpose");
+    }
     add("--y", test.y);
     add("--x", test.x);
     add("--by", test.by);

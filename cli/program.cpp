@@ -22,6 +22,7 @@
 #include "tbvnonpara/analysis/results.hpp"
 #include "tbvnonpara/analysis/run_test.hpp"
 #include "tbvnonpara/analysis/test_data.hpp"
+#include "tbvnonpara/analysis/user_range.hpp"
 #include "tbvnonpara/rendering/csv_report.hpp"
 #include "tbvnonpara/rendering/data_picture.hpp"
 #include "tbvnonpara/rendering/display_width.hpp"
@@ -152,18 +153,19 @@ int analyse(const Arguments& arguments, Circumstances& circumstances) {
     if (analysis::testsEachColumn(*application, arguments)) {
         return testColumns(*application, arguments, progress);
     }
-    circumstances.ranges = analysis::chooseRanges(*application, arguments);
+    const analysis::ChosenRanges chosen = analysis::chooseRanges(*application, arguments);
+    circumstances.ranges = analysis::asInTheFile(*application, chosen);
     if (arguments.plan) {
         progress.end();
-        printPlan(arguments, circumstances.ranges, {application, arguments, circumstances.ranges});
+        printPlan(arguments, circumstances.ranges, {application, arguments, chosen});
         return 0;
     }
     if (!circumstances.ranges.note.empty()) {
         tellLines(circumstances.ranges.note);
     }
     progress.next("Analysing");
-    std::vector<std::string> warnings = warningsOnData(*application, arguments, circumstances.ranges);
-    const Tested tested = runOn(application, arguments, circumstances.ranges);
+    std::vector<std::string> warnings = warningsOnData(*application, arguments, chosen);
+    const Tested tested = runOn(application, arguments, chosen);
     std::ranges::move(warningsOnPlace(tested.finished, arguments), std::back_inserter(warnings));
     const auto writeTo = [&](Output& output) { write(tested, arguments, warnings, output); };
     if (!arguments.save.empty()) {

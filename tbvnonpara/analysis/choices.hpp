@@ -41,6 +41,7 @@ struct Choices {
     bool omitMissing = false;               ///< whether missing values are left out
     std::vector<std::string> missingWords;  ///< what stands for them beside the usual words
     bool each = false;                      ///< whether each column of `y` is tested by itself
+    bool transpose = false;                 ///< whether the rows of the sheet are the columns of the table
     bool account = false;         ///< whether the data are brought into form in any case, to be counted
     std::optional<bool> headers;  ///< whether the first row of each range holds labels
     bool descriptives = false;

@@ -133,7 +133,7 @@ CutSequence::CutSequence(const ObjectRef<workbook::EmbeddedApplication>& applica
     const Rectangle sides{1, 1, static_cast<Index>(m_Cut.sides.size()) + (label ? 1 : 0), 1};
     m_Ranges.y = m_Sheet.address(sides);
     m_Ranges.shown = {m_Sheet.shownAs(sides, numbers.shown.empty()
-                                                 ? shownInReports(range.sheet()->name(), range.areas())
+                                                 ? shownInReports(*range.sheet(), range.areas())
                                                  : numbers.shown.front().shown)};
 }
 

@@ -196,7 +196,7 @@ class Tests {
     void test(const Workplace& place, std::size_t number, const Report& report) {
         const Rectangle& cells = m_Each.columns[number];
         ColumnTest& result = m_Results[number];
-        result.address = shownInReports(m_Sheet->name(), {cells});
+        result.address = shownInReports(*m_Sheet, {cells});
         result.column = columnLetters(cells.left);
         try {
             reshaping::Column column = tableColumn(*m_Sheet, cells, m_Each.chosen.headers);

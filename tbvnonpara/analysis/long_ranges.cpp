@@ -7,6 +7,7 @@
 #include "tbvnonpara/analysis/column_address.hpp"
 #include "tbvnonpara/analysis/refusal.hpp"
 #include "tbvnonpara/analysis/table_column.hpp"
+#include "tbvnonpara/analysis/user_range.hpp"
 #include "tbvnonpara/core/a1.hpp"
 #include "tbvnonpara/core/conversions.hpp"
 #include "tbvnonpara/core/words.hpp"
@@ -152,8 +153,9 @@ ChosenRanges chooseLongRanges(const EmbeddedApplication& application, const Choi
     chosen.by = addressOf(columns.front(), rows);
     chosen.block = choices.block.empty() ? "" : addressOf(columns[1], rows);
     chosen.headers = beginsWithHeader(choices, columns, rows.first);
-    chosen.note = "using " + chosen.y + " by " + chosen.by +
-                  (chosen.block.empty() ? "" : " in blocks of " + chosen.block) +
+    const ChosenRanges known = asInTheFile(application, chosen);
+    chosen.note = "using " + known.y + " by " + known.by +
+                  (known.block.empty() ? "" : " in blocks of " + known.block) +
                   (chosen.headers ? " (first row is headers)" : " (no headers)");
     return chosen;
 }

@@ -6,6 +6,7 @@
 #include "tbvnonpara/analysis/column_address.hpp"
 #include "tbvnonpara/analysis/long_ranges.hpp"
 #include "tbvnonpara/analysis/refusal.hpp"
+#include "tbvnonpara/analysis/user_range.hpp"
 #include "tbvnonpara/core/a1.hpp"
 #include "tbvnonpara/core/conversions.hpp"
 #include "tbvnonpara/core/enumerations.hpp"
@@ -206,7 +207,7 @@ ChosenRanges chooseRanges(const EmbeddedApplication& application, const Choices&
     chosen.headers = choices.headers.value_or(choice.y.byHeader || choice.x.byHeader || detected);
     requireEqualRows(shape, chosen, y, x);
     if (choice.byItself || !choices.headers) {
-        chosen.note = noteOn(chosen, choice.rowNames);
+        chosen.note = noteOn(asInTheFile(application, chosen), choice.rowNames);
     }
     return chosen;
 }

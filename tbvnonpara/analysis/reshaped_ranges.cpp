@@ -23,7 +23,7 @@ Rectangle cellsOf(const std::vector<Column>& columns, std::size_t first, std::si
 
 std::string shownAddress(const workbook::EmbeddedApplication& application, const std::string& address) {
     const UserRange range(application, address);
-    return shownInReports(range->sheet()->name(), range->areas());
+    return shownInReports(*range->sheet(), range->areas());
 }
 
 }  // namespace

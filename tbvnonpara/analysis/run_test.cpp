@@ -4,6 +4,7 @@
 
 #include "tbvnonpara/analysis/refusal.hpp"
 #include "tbvnonpara/core/a1.hpp"
+#include "tbvnonpara/core/enumerations.hpp"
 #include "tbvnonpara/files/reading/spreadsheet_file.hpp"
 #include "tbvnonpara/workbook/sheet_range.hpp"
 
@@ -27,10 +28,22 @@ workbook::CsvOptions textOptions(const Choices& choices) {
             choices.encoding,  choices.comment, choices.each ? manyColumns : sheetColumns};
 }
 
-void activateSheet(const workbook::EmbeddedApplication& application, const std::string& name) {
-    if (!name.empty()) {
-        application.activeBook()->sheet(name)->Activate();
+/// Makes the sheet that the choices name the active one, and a table of it.
+void activateSheet(const workbook::EmbeddedApplication& application, const Choices& choices) {
+    if (!choices.sheet.empty()) {
+        application.activeBook()->sheet(choices.sheet)->Activate();
     }
+    if (!choices.transpose) {
+        return;
+    }
+    const std::shared_ptr<workbook::Sheet> sheet = application.activeSheet();
+    if (const auto used = sheet->usedArea(); used && used->bottom > sheetColumns && !choices.each) {
+        refuse(tbvNPBadYRange,
+               "The sheet \"" + sheet->name() + "\" has " + std::to_string(used->bottom) +
+                   " rows, more than the 16384 columns that its table may have unless each is "
+                   "tested by itself.");
+    }
+    sheet->turnOver();
 }
 
 }  // namespace
@@ -38,7 +51,7 @@ void activateSheet(const workbook::EmbeddedApplication& application, const std::
 ObjectRef<workbook::EmbeddedApplication> openFile(const Choices& choices, std::string* remark) try {
     ObjectRef<workbook::EmbeddedApplication> application = workbook::makeApplication();
     workbook::openDataFile(*application, choices.file, textOptions(choices), remark);
-    activateSheet(*application, choices.sheet);
+    activateSheet(*application, choices);
     return application;
 } catch (...) {
     refuseFile();
@@ -48,7 +61,7 @@ ObjectRef<workbook::EmbeddedApplication> openContents(std::string_view name, std
                                                       const Choices& choices, std::string* remark) try {
     ObjectRef<workbook::EmbeddedApplication> application = workbook::makeApplication();
     workbook::openData(*application, name, bytes, textOptions(choices), remark);
-    activateSheet(*application, choices.sheet);
+    activateSheet(*application, choices);
     return application;
 } catch (...) {
     refuseFile();

@@ -28,7 +28,7 @@ std::string ScratchSheet::address(const Rectangle& cells) const {
 }
 
 ShownAddress ScratchSheet::shownAs(const Rectangle& cells, std::string shown) const {
-    return {shownInReports(m_Sheet->name(), {cells}), std::move(shown)};
+    return {shownInReports(*m_Sheet, {cells}), std::move(shown)};
 }
 
 }  // namespace TBVNonPara::analysis

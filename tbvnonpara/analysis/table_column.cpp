@@ -14,6 +14,7 @@ reshaping::Column columnOf(const workbook::Sheet& sheet, const Rectangle& cells,
     reshaping::Column column;
     column.sheet = sheet.name();
     column.place = cells.left;
+    column.turned = sheet.turnedOver();
     const Index first = cells.top + (headers ? 1 : 0);
     if (headers && !isEmpty(sheet.value(cells.top, cells.left))) {
         column.header = toText(sheet.value(cells.top, cells.left));

@@ -94,8 +94,8 @@ std::vector<Column> columnsAt(const EmbeddedApplication& application, const std:
 
 bool needsReshaping(const EmbeddedApplication& application, const Choices& choices,
                     const ChosenRanges& chosen) {
-    if (choices.account || !chosen.by.empty() || !choices.where.empty() || choices.omitMissing ||
-        !choices.missingWords.empty()) {
+    if (choices.account || choices.transpose || !chosen.by.empty() || !choices.where.empty() ||
+        choices.omitMissing || !choices.missingWords.empty()) {
         return true;
     }
     const Kinds y = kindsIn(application, chosen.y, chosen.headers);

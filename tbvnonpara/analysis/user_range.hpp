@@ -2,7 +2,8 @@
 
 #include <string>
 
-#include "tbvnonpara/core/a1.hpp"
+#include "tbvnonpara/analysis/ranges.hpp"
+#include "tbvnonpara/core/rectangle.hpp"
 #include "tbvnonpara/workbook/embedded_application.hpp"
 #include "tbvnonpara/workbook/sheet_range.hpp"
 
@@ -21,9 +22,10 @@ class UserRange {
     RangeRef m_Held;
 };
 
-/// "chickwts!$B$1:$B$72", as a report shows an address.
-[[nodiscard]] inline std::string shownInReports(const std::string& sheet, const Areas& areas) {
-    return quotedSheetName(sheet) + '!' + absoluteAddress(areas);
-}
+/// "chickwts!$B$1:$B$72", as a report shows an address: where the cells stand in the user's file.
+[[nodiscard]] std::string shownInReports(const workbook::Sheet& sheet, Areas areas);
+
+/// The same ranges as a user types their addresses: "chickwts!B1:B72".
+[[nodiscard]] ChosenRanges asInTheFile(const workbook::EmbeddedApplication& application, ChosenRanges chosen);
 
 }  // namespace TBVNonPara::analysis

@@ -82,7 +82,7 @@ std::string columnInJson(const ColumnTest& test) {
     const std::string beginning =
         "{\"column\": " + textInJson(test.column) + ", \"address\": " + textInJson(test.address) + ", ";
     if (test.error) {
-        return beginning + "\"error\": {\"number\": " + std::to_string(test.error->number()) +
+        return beginning + R"("error": {"number": )" + std::to_string(test.error->number()) +
                ", \"description\": " + textInJson(problemOf(test)) + "}}";
     }
     return beginning + missingInJson(test.account) + ", \"results\": " + resultsInJson(test.results) + '}';

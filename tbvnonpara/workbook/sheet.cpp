@@ -97,4 +97,17 @@ void Sheet::Activate() {
     book()->activateSheet(*this);
 }
 
+void Sheet::turnOver() {
+    CellStore turned;
+    m_Values.visit(m_Values.usedArea().value_or(Rectangle()),
+                   [&](Index row, Index column, const CellValue& value) { turned.set(column, row, value); });
+    UnreadableCells problems;
+    for (const auto& [place, problem] : m_Unreadable) {
+        problems.emplace(std::pair(place.second, place.first), problem);
+    }
+    m_Values = std::move(turned);
+    m_Unreadable = std::move(problems);
+    m_TurnedOver = !m_TurnedOver;
+}
+
 }  // namespace TBVNonPara::workbook

@@ -54,6 +54,10 @@ class Sheet final : public Worksheet, public std::enable_shared_from_this<Sheet>
     [[nodiscard]] const UnreadableCells& unreadableCells() const noexcept { return m_Unreadable; }
     void setUnreadableCells(UnreadableCells cells) { m_Unreadable = std::move(cells); }
 
+    /// Makes rows of the columns and columns of the rows of all values; formats stay where they are.
+    void turnOver();
+    [[nodiscard]] bool turnedOver() const noexcept { return m_TurnedOver; }
+
     /// The workbook; raises the host's error once it is closed.
     [[nodiscard]] std::shared_ptr<Book> book() const;
     /// The range of areas that lie on the sheet.
@@ -69,6 +73,7 @@ class Sheet final : public Worksheet, public std::enable_shared_from_this<Sheet>
     CellStore m_Values;
     FormatStore m_Formats;
     UnreadableCells m_Unreadable;
+    bool m_TurnedOver = false;
 };
 
 }  // namespace TBVNonPara::workbook

@@ -174,6 +174,35 @@ class Plans(unittest.TestCase):
         self.assertEqual(run("spearman", AIR, "--y", "Ozone", "--x", "Temp", "--plan").returncode, 1)
 
 
+class Rows(unittest.TestCase):
+    TEXT = "before,4,5,7,9\nafter,6,8,NA,12\ngroup,a,b,a,b\n"
+
+    def test_are_columns_when_the_table_is_turned_over(self):
+        upright = "\n".join(",".join(row) for row in zip(*(line.split(",") for line in self.TEXT.splitlines())))
+        for words in (["wilcoxon", "--y", "before", "--x", "after"], ["kruskal-wallis", "--y", "before", "--by", "group"]):
+            turned = results(*words, "-", "--transpose", "--missing", "omit", text=self.TEXT)
+            self.assertEqual(turned["results"], results(*words, "-", "--missing", "omit", text=upright)["results"])
+
+    def test_are_named_where_they_stand_in_the_file(self):
+        done = run("wilcoxon", "-", "--transpose", "--y", "before", "--x", "after", "--missing", "omit", text=self.TEXT)
+        self.assertIn("using stdin!A1:E1 and stdin!A2:E2", done.stderr)
+        self.assertIn("Set 2 Range = stdin!$A$2:$E$2", done.stdout)
+        refused = run("wilcoxon", "-", "--transpose", "--y", "before", "--x", "after", text=self.TEXT)
+        self.assertIn('stdin!D2 holds the text "NA"', refused.stderr)
+
+    def test_more_than_a_sheet_has_columns_are_tested_each(self):
+        rows = ["group," + ",".join("abababab")]
+        rows += [f"gene{i}," + ",".join(str((i * j) % 7) for j in range(8)) for i in range(20000)]
+        text = "\n".join(rows)
+        table = results("mann-whitney", "-", "--transpose", "--by", "group", "--each", text=text)
+        self.assertEqual(len(table["columns"]), 20000)
+        self.assertEqual(table["columns"][5]["address"], "stdin!$A$7:$I$7")
+        self.assertIn("more than the 16384", run("median", "-", "--transpose", "--by", "group", text=text).stderr)
+
+    def test_leave_no_report_beside_them(self):
+        self.assertEqual(run("wilcoxon", "-", "--transpose", "--output", "stdin!H1", text=self.TEXT).returncode, 2)
+
+
 class Conditions(unittest.TestCase):
     def test_rows_are_taken_as_if_the_others_were_not_there(self):
         rows = [line.split(",") for line in (EXAMPLES / "air_quality.csv").read_text(encoding="utf-8").splitlines()]
