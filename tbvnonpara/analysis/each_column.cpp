@@ -11,6 +11,7 @@
 #include "tbvnonpara/analysis/refusal.hpp"
 #include "tbvnonpara/analysis/reshaped_ranges.hpp"
 #include "tbvnonpara/analysis/table_column.hpp"
+#include "tbvnonpara/analysis/table_form.hpp"
 #include "tbvnonpara/analysis/user_range.hpp"
 #include "tbvnonpara/core/words.hpp"
 #include "tbvnonpara/distributions/mann_whitney.hpp"
@@ -131,7 +132,7 @@ class Workplace {
         values.push_back(std::move(column));
         const reshaping::Reshaped reshaped = m_Form.bring(std::move(values));
         result.account = reshaped.account;
-        const ReshapedRanges ranges(*m_Application, m_Form, reshaped,
+        const ReshapedRanges ranges(*m_Application, m_Form.headed(), m_Form.secondColumns(), reshaped,
                                     {result.address, m_ShownX.empty() ? result.address : m_ShownX});
         if (!m_Choices.cut) {
             run(ranges.ranges(), result, report);

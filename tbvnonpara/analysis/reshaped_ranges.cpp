@@ -33,10 +33,11 @@ ShownVariables shownVariables(const workbook::EmbeddedApplication& application, 
     return {y, chosen.x.empty() ? y : shownAddress(application, chosen.x)};
 }
 
-ReshapedRanges::ReshapedRanges(const workbook::EmbeddedApplication& application, const TableForm& form,
-                               const reshaping::Reshaped& reshaped, const ShownVariables& shown)
+ReshapedRanges::ReshapedRanges(const workbook::EmbeddedApplication& application, bool headed,
+                               std::size_t secondColumns, const reshaping::Reshaped& reshaped,
+                               const ShownVariables& shown)
     : m_Sheet(application, "Reshaped") {
-    m_Ranges.headers = form.headed();
+    m_Ranges.headers = headed;
     const std::vector<Column>& columns = reshaped.columns;
     for (std::size_t i = 0; i < columns.size(); ++i) {
         const std::string& header = columns[i].header;
@@ -44,7 +45,7 @@ ReshapedRanges::ReshapedRanges(const workbook::EmbeddedApplication& application,
             m_Ranges.headers ? std::optional(header.empty() ? CellValue() : Text(header)) : std::nullopt;
         m_Sheet.put(static_cast<Index>(i) + 1, label, columns[i].cells);
     }
-    const std::size_t first = columns.size() - form.secondColumns();
+    const std::size_t first = columns.size() - secondColumns;
     const Rectangle y = cellsOf(columns, 0, first, m_Ranges.headers);
     m_Ranges.y = m_Sheet.address(y);
     m_Ranges.shown.push_back(m_Sheet.shownAs(y, shown.y));

@@ -4,7 +4,6 @@
 
 #include "tbvnonpara/analysis/ranges.hpp"
 #include "tbvnonpara/analysis/scratch_sheet.hpp"
-#include "tbvnonpara/analysis/table_form.hpp"
 #include "tbvnonpara/reshaping/reshaped.hpp"
 #include "tbvnonpara/workbook/embedded_application.hpp"
 
@@ -23,7 +22,8 @@ struct ShownVariables {
 /// Data brought into form, on a sheet of their own while it lives.
 class ReshapedRanges {
  public:
-    ReshapedRanges(const workbook::EmbeddedApplication& application, const TableForm& form,
+    /// The last `secondColumns` of the columns are those of the second variable.
+    ReshapedRanges(const workbook::EmbeddedApplication& application, bool headed, std::size_t secondColumns,
                    const reshaping::Reshaped& reshaped, const ShownVariables& shown);
 
     /// Of the sheet; a report names the user's.

@@ -1,6 +1,7 @@
 #include "tbvnonpara/analysis/table_form.hpp"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "tbvnonpara/analysis/table_column.hpp"
@@ -109,7 +110,7 @@ bool needsReshaping(const EmbeddedApplication& application, const Choices& choic
 
 TableForm::TableForm(const EmbeddedApplication& application, const Choices& choices,
                      const ChosenRanges& chosen)
-    : m_Headers(chosen.headers),
+    : m_Headed(chosen.headers || !chosen.by.empty()),
       m_Wishes(wishesOf(choices, chosen)),
       m_Conditions(application, choices, *UserRange(application, chosen.y)->sheet(), chosen.headers),
       m_Groups(columnAt(application, chosen.by, chosen.headers)),
@@ -126,20 +127,25 @@ TableForm::TableForm(const EmbeddedApplication& application, const Choices& choi
     }
 }
 
-reshaping::Reshaped TableForm::inForm(std::vector<Column> values) const {
-    if (m_Groups) {
-        return reshaping::fromLong({std::move(values.front()), *m_Groups, m_Blocks}, m_Wishes);
-    }
-    values.insert(values.end(), m_Second.begin(), m_Second.end());
-    return reshaping::fromWide(std::move(values), m_Wishes);
-}
-
-reshaping::Reshaped TableForm::bring(std::vector<Column> values) const {
+std::size_t TableForm::settleConditions(std::vector<Column>& values) const {
     std::size_t unfulfilled = 0;
     for (Column& column : values) {
         unfulfilled = std::max(unfulfilled, m_Conditions.apply(column));
     }
-    reshaping::Reshaped reshaped = inForm(std::move(values));
+    return unfulfilled;
+}
+
+reshaping::Reshaped TableForm::bring(std::vector<Column> values) const& {
+    return TableForm(*this).bring(std::move(values));
+}
+
+reshaping::Reshaped TableForm::bring(std::vector<Column> values) && {
+    const std::size_t unfulfilled = settleConditions(values);
+    std::ranges::move(m_Second, std::back_inserter(values));
+    reshaping::Reshaped reshaped =
+        m_Groups ? reshaping::fromLong({std::move(values.front()), std::move(*m_Groups), std::move(m_Blocks)},
+                                       m_Wishes)
+                 : reshaping::fromWide(std::move(values), m_Wishes);
     reshaped.account.rows += unfulfilled;
     reshaped.account.unfulfilled = unfulfilled;
     return reshaped;

@@ -26,17 +26,20 @@ class TableForm {
 
     /// The columns that the test takes instead of these. Raises a `reshaping::Refusal` that names the user's
     /// cells.
-    [[nodiscard]] reshaping::Reshaped bring(std::vector<reshaping::Column> values) const;
+    [[nodiscard]] reshaping::Reshaped bring(std::vector<reshaping::Column> values) const&;
+    /// The same for the last time.
+    [[nodiscard]] reshaping::Reshaped bring(std::vector<reshaping::Column> values) &&;
 
     /// Whether the columns have labels.
-    [[nodiscard]] bool headed() const noexcept { return m_Groups || m_Headers; }
+    [[nodiscard]] bool headed() const noexcept { return m_Headed; }
     /// How many of the columns are the second variable's; they are the last ones.
     [[nodiscard]] std::size_t secondColumns() const noexcept { return m_SecondColumns; }
 
  private:
-    [[nodiscard]] reshaping::Reshaped inForm(std::vector<reshaping::Column> values) const;
+    /// Leaves out the rows that fulfil no condition; returns how many.
+    [[nodiscard]] std::size_t settleConditions(std::vector<reshaping::Column>& values) const;
 
-    bool m_Headers;
+    bool m_Headed;
     reshaping::Wishes m_Wishes;
     RowConditions m_Conditions;
     std::optional<reshaping::Column> m_Groups;

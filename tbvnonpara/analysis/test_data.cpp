@@ -2,16 +2,21 @@
 
 #include <utility>
 
+#include "tbvnonpara/analysis/table_form.hpp"
+
 namespace TBVNonPara::analysis {
 
 TestData::TestData(const ObjectRef<workbook::EmbeddedApplication>& application, const Choices& choices,
                    const ChosenRanges& chosen)
     : m_Chosen(chosen) {
     if (needsReshaping(*application, choices, chosen)) {
-        const TableForm form(*application, choices, chosen);
-        const reshaping::Reshaped reshaped = form.bring(columnsAt(*application, chosen.y, chosen.headers));
+        TableForm form(*application, choices, chosen);
+        const bool headed = form.headed();
+        const std::size_t second = form.secondColumns();
+        const reshaping::Reshaped reshaped =
+            std::move(form).bring(columnsAt(*application, chosen.y, chosen.headers));
         m_Account = reshaped.account;
-        m_Reshaped.emplace(*application, form, reshaped, shownVariables(*application, chosen));
+        m_Reshaped.emplace(*application, headed, second, reshaped, shownVariables(*application, chosen));
     }
     if (choices.cut) {
         m_Cut.emplace(application, *choices.cut, m_Reshaped ? m_Reshaped->ranges() : chosen);

@@ -1,6 +1,7 @@
 #include "tbvnonpara/reshaping/groups.hpp"
 
 #include <algorithm>
+#include <array>
 #include <functional>
 #include <unordered_map>
 #include <utility>
@@ -54,6 +55,34 @@ class Register {
     std::unordered_map<double, std::int32_t> m_Numbers;
 };
 
+/// What was found out about texts that cells share: most tables have few of them.
+class SharedTexts {
+ public:
+    /// The group noted for the text, if it was the last one at its place.
+    [[nodiscard]] const std::int32_t* groupOf(const Text& text) const noexcept {
+        const Entry& entry = m_Entries.at(placeOf(text));
+        return entry.text == &text.string() ? &entry.group : nullptr;
+    }
+
+    void note(const Text& text, std::int32_t group) noexcept {
+        m_Entries.at(placeOf(text)) = {&text.string(), group};
+    }
+
+ private:
+    struct Entry {
+        const std::string* text = nullptr;
+        std::int32_t group = Groups::none;
+    };
+
+    static constexpr std::size_t entries = 64;
+
+    static std::size_t placeOf(const Text& text) noexcept {
+        return std::hash<const void*>()(&text.string()) / sizeof(std::string) % entries;
+    }
+
+    std::array<Entry, entries> m_Entries;
+};
+
 std::int32_t numberOf(const std::vector<Group>& groups, std::string_view name) {
     const auto found = std::ranges::find(groups, name, &Group::name);
     return found == groups.end() ? Groups::none : static_cast<std::int32_t>(found - groups.begin());
@@ -70,10 +99,18 @@ Groups groupsIn(const Column& column, const Missing& missing) {
     Groups result;
     result.ofCell.reserve(column.cells.size());
     Register found;
+    SharedTexts shared;
     for (const CellValue& cell : column.cells) {
-        const bool named = !missing.amongNames(cell);
-        result.missing += named ? 0 : 1;
-        result.ofCell.push_back(named ? found.groupOf(cell) : Groups::none);
+        const auto* const text = std::get_if<Text>(&cell);
+        const std::int32_t* const known = text == nullptr ? nullptr : shared.groupOf(*text);
+        const std::int32_t group = known != nullptr           ? *known
+                                   : missing.amongNames(cell) ? Groups::none
+                                                              : found.groupOf(cell);
+        result.missing += group == Groups::none ? 1 : 0;
+        result.ofCell.push_back(group);
+        if (text != nullptr && known == nullptr) {
+            shared.note(*text, group);
+        }
     }
     result.groups = std::move(found).names();
     for (const std::int32_t group : result.ofCell) {

@@ -72,6 +72,9 @@ std::vector<bool> rowsThatCount(const Groups& groups, const std::optional<Groups
 Groups settleGroups(LongTable& table, const Wishes& wishes, Account& account) {
     Groups groups = pickGroups(groupsIn(table.groups, wishes.missing), wishes.groups, table.groups);
     requireNames(table.groups, groups, wishes.omitMissing, "group");
+    if (!table.blocks && groups.missing == 0 && groups.others == 0) {
+        return groups;
+    }
     std::optional<Groups> blocks;
     if (table.blocks) {
         blocks = groupsIn(*table.blocks, wishes.missing);
@@ -112,12 +115,11 @@ void match(const LongTable& table, const Groups& groups, const Wishes& wishes, R
     result.columns = std::move(matched.columns);
 }
 
-void split(LongTable& table, Groups groups, const Wishes& wishes, Reshaped& result) {
+void split(LongTable& table, Groups groups, std::size_t missing, const Wishes& wishes, Reshaped& result) {
     result.account.units = table.values.cells.size();
-    const std::vector<bool> filled = filledCells(table.values);
-    result.account.missing = static_cast<std::size_t>(std::ranges::count(filled, false));
-    if (result.account.missing > 0) {
-        keepRows(table, filled);
+    result.account.missing = missing;
+    if (missing > 0) {
+        keepRows(table, filledCells(table.values));
         groups = pickGroups(groupsIn(table.groups, wishes.missing), wishes.groups, table.groups);
         requireNumberOfGroups(table.groups, groups, wishes);
     }
@@ -132,11 +134,12 @@ Reshaped fromLong(LongTable table, const Wishes& wishes) {
     result.account.rows = table.values.cells.size();
     Groups groups = settleGroups(table, wishes, result.account);
     requireNumberOfGroups(table.groups, groups, wishes);
-    settleMissing(table.values, makeNumbers(table.values, wishes.missing), wishes);
+    const MissingCells missing = makeNumbers(table.values, wishes.missing);
+    settleMissing(table.values, missing, wishes);
     if (table.blocks) {
         match(table, groups, wishes, result);
     } else {
-        split(table, std::move(groups), wishes, result);
+        split(table, std::move(groups), missing.count, wishes, result);
     }
     describeGroups(result);
     return result;

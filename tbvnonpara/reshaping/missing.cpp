@@ -136,10 +136,12 @@ MissingCells makeNumbers(Column& column, const Missing& missing) {
         CellValue& value = column.cells[cell];
         if (missing.amongNumbers(value)) {
             takeOut(column, cell, found);
-        } else if (const auto number = numberIn(value, dates)) {
+        } else if (!std::holds_alternative<double>(value)) {
+            const auto number = numberIn(value, dates);
+            if (!number) {
+                refuseCell(column, cell);
+            }
             value = *number;
-        } else {
-            refuseCell(column, cell);
         }
     }
     return found;

@@ -18,10 +18,11 @@ constexpr bool mayBeginNumber(char c) noexcept {
 }
 
 std::optional<bool> readAsBoolean(std::string_view field) {
-    if (field.size() == 4 && equalIgnoringCase(field, "true")) {
+    const char first = static_cast<char>(field.front() | 0x20);
+    if (first == 't' && field.size() == 4 && equalIgnoringCase(field, "true")) {
         return true;
     }
-    if (field.size() == 5 && equalIgnoringCase(field, "false")) {
+    if (first == 'f' && field.size() == 5 && equalIgnoringCase(field, "false")) {
         return false;
     }
     return std::nullopt;
@@ -97,7 +98,7 @@ CellValue CsvFieldReader::plain(std::string_view field) {
     if (const auto truth = readAsBoolean(field)) {
         return *truth;
     }
-    if (const auto error = cellErrorNamed(field)) {
+    if (const auto error = field.front() == '#' ? cellErrorNamed(field) : std::nullopt) {
         return *error;
     }
     return text(field);
