@@ -8,7 +8,7 @@
 #include "tests/whole/scenarios/embedded_host.hpp"
 
 // The scenarios through the registered class, in the process of a peer application. The environment variable
-// TBVNONPARA_BINDING says how the object is used: early, or else late.
+// TBVNONPARA_BINDING says how the object is used: early or late, which is what it means when it is not set.
 
 namespace TBVNonPara::Scenarios {
 
@@ -80,8 +80,7 @@ class RegisteredHost : public ScenarioHost {
     }
     [[nodiscard]] std::unique_ptr<Request> createRequest() override {
         const char* binding = std::getenv("TBVNONPARA_BINDING");
-        const bool early = binding != nullptr && std::string_view(binding) == "early";
-        return std::make_unique<TwofoldRequest>(early ? com::earlyBoundRequest() : com::lateBoundRequest(),
+        return std::make_unique<TwofoldRequest>(com::registeredRequest(binding == nullptr ? "late" : binding),
                                                 m_Twin.createRequest());
     }
     [[nodiscard]] const Application& application() const override { return *m_Workbook; }

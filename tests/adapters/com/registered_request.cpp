@@ -1,6 +1,8 @@
 #include "tests/adapters/com/registered_request.hpp"
 
 #include <bit>
+#include <stdexcept>
+#include <utility>
 
 #include "adapters/com/errors.hpp"
 #include "adapters/com/host_object.hpp"
@@ -26,6 +28,8 @@ VARIANT_BOOL asBoolean(bool truth) {
 
 class EarlyBoundRequest : public Scenarios::Request {
  public:
+    explicit EarlyBoundRequest(ComPtr<_clsNonPara> object) : m_Object(std::move(object)) {}
+
     void LetMethod(TBVNPMethod method) override {
         expect(m_Object->put_Method(std::bit_cast<::TBVNPMethod>(method)));
     }
@@ -55,11 +59,14 @@ class EarlyBoundRequest : public Scenarios::Request {
         }
     }
 
-    ComPtr<_clsNonPara> m_Object = created<_clsNonPara>();
+    ComPtr<_clsNonPara> m_Object;
 };
 
 class LateBoundRequest : public Scenarios::Request {
  public:
+    explicit LateBoundRequest(ComPtr<IDispatch> object)
+        : m_Object(std::move(object), Kind::Application, std::make_shared<ObjectModel>()) {}
+
     void LetMethod(TBVNPMethod method) override { m_Object.put(L"Method", std::int32_t(method)); }
     void LetHeaders(bool headers) override { m_Object.put(L"Headers", headers); }
     void LetOutputDescriptives(bool wanted) override { m_Object.put(L"OutputDescriptives", wanted); }
@@ -71,17 +78,27 @@ class LateBoundRequest : public Scenarios::Request {
     void Results(bool OverWrite) override { m_Object.call(L"Results", OverWrite); }
 
  private:
-    HostObject m_Object{created<IDispatch>(), Kind::Application, std::make_shared<ObjectModel>()};
+    HostObject m_Object;
 };
 
 }  // namespace
 
-std::unique_ptr<Scenarios::Request> earlyBoundRequest() {
-    return std::make_unique<EarlyBoundRequest>();
+std::unique_ptr<Scenarios::Request> earlyBoundRequest(ComPtr<_clsNonPara> object) {
+    return std::make_unique<EarlyBoundRequest>(std::move(object));
 }
 
-std::unique_ptr<Scenarios::Request> lateBoundRequest() {
-    return std::make_unique<LateBoundRequest>();
+std::unique_ptr<Scenarios::Request> lateBoundRequest(ComPtr<IDispatch> object) {
+    return std::make_unique<LateBoundRequest>(std::move(object));
+}
+
+std::unique_ptr<Scenarios::Request> registeredRequest(std::string_view binding) {
+    if (binding == "early") {
+        return earlyBoundRequest(created<_clsNonPara>());
+    }
+    if (binding == "late") {
+        return lateBoundRequest(created<IDispatch>());
+    }
+    throw std::invalid_argument("TBVNONPARA_BINDING is neither early nor late: " + std::string(binding));
 }
 
 }  // namespace TBVNonPara::com
