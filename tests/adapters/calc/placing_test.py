@@ -146,21 +146,53 @@ class Placing(TestCase):
         request.YRange, request.XRange = "Data!A1:A2001", "Data!B1:B2001"
         return request
 
-    def test_a_new_sheet_shows_its_numbers_and_headings_whole(self):
+    def stays_within_its_column(self, cells, row, column):
+        """Whether a cell is cut at its column's edge: numbers are, and texts with something to their right."""
+        if isinstance(cells[row][column], float):
+            return True
+        return column + 1 < len(cells[row]) and cells[row][column + 1] != ""
+
+    def optimal_widths(self, sheet):
+        """What the office takes for the width of each column, by the cells that end at the column's edge."""
+        cells = cells_of(sheet)
+        widths = {}
+        for column in range(len(cells[0])):
+            rows = [row for row in range(len(cells)) if self.stays_within_its_column(cells, row, column)]
+            for row in set(range(len(cells))) - set(rows):
+                sheet.getCellByPosition(column, row).String = ""
+            if rows:
+                sheet.getColumns().getByIndex(column).OptimalWidth = True
+                widths[column] = sheet.getColumns().getByIndex(column).Width
+        return widths
+
+    def test_every_column_of_a_new_sheet_is_as_wide_as_the_office_would_have_it(self):
         self.large()
         self.sheet.getCellRangeByName("A1").String = "A label that is much longer than a column is wide"
-        request = self.large_request()
-        request.OutputDescriptives = True
-        request.Results()
-        report = self.document.Sheets.getByIndex(1)
-        columns = report.getColumns()
-        # The label heads two columns of the tables, values and ranks; the title runs over the empty cells.
-        fitted = [columns.getByIndex(column).Width for column in range(5)]
-        columns.getByIndex(1).OptimalWidth = True
-        self.assertGreaterEqual(fitted[1], columns.getByIndex(1).Width)
-        self.assertGreater(fitted[1], 6000)
-        self.assertGreater(fitted[3], 6000)
-        self.assertLess(fitted[0], 3500)
+        # One block in the other order, and a sequence of two categories.
+        self.sheet.getCellRangeByName("B2").Value = 0.25
+        self.sheet.getCellRangeByName("C1:C2001").setDataArray((("Order",),) + (("first",), ("second",)) * 1000)
+        pair, groups = ("Data!A1:A2001", "Data!B1:B2001"), ("Data!A1:B2001", "")
+        for method, ranges in enumerate([pair] * 4 + [groups] * 3 + [("Data!C1:C2001", "")]):
+            with self.subTest(method=method):
+                request = self.large_request()
+                request.Method = method
+                request.OutputDescriptives = True
+                request.YRange, request.XRange = ranges
+                self.document.CurrentController.ActiveSheet = self.sheet
+                request.Results()
+                report = self.document.Sheets.getByIndex(self.document.Sheets.Count - 1)
+                columns = report.getColumns()
+                fitted = [columns.getByIndex(column).Width for column in range(len(cells_of(report)[0]))]
+                optimal = self.optimal_widths(report)
+                self.assertGreater(len(optimal), 1)
+                for column, width in optimal.items():
+                    self.assertGreaterEqual(fitted[column], width, column)
+
+    def test_the_title_of_a_new_sheet_runs_over_the_cells_beside_it(self):
+        self.large()
+        self.sheet.getCellRangeByName("A1").String = "A label that is much longer than a column is wide"
+        self.large_request().Results()
+        self.assertLess(self.document.Sheets.getByIndex(1).getColumns().getByIndex(0).Width, 3500)
 
     def test_beside_data_only_columns_without_any_are_widened_for_words_and_all_for_numbers(self):
         self.large()
