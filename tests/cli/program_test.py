@@ -87,6 +87,17 @@ class Terminals(unittest.TestCase):
             self.assertIn(r"1-tailed Test (x\x1B[31m < y)", shown)
             self.assert_harmless(shown)
 
+    def test_a_report_of_any_form_is_shown_without_what_would_act(self):
+        with tempfile.TemporaryDirectory() as folder:
+            path = pathlib.Path(folder) / "data.csv"
+            path.write_text("x\x1b[31m\u202e,y\n1,4\n2,5\n3,6\n", encoding="utf-8")
+            words = ("mann-whitney", str(path), "--headers", "--tails", "less", "--descriptives")
+            for form in ("text", "csv", "json", "html"):
+                with self.subTest(form=form):
+                    shown = on_a_terminal(*words, "--format", form, environment={"NO_COLOR": "1"})
+                    self.assertIn("[31m", shown)
+                    self.assert_harmless(shown)
+
     def test_no_line_is_wider_than_the_terminal(self):
         words = ("kruskal-wallis", str(EXAMPLES / "chicks.csv"), "--descriptives")
         lines = on_a_terminal(*words, columns=50, environment={"NO_COLOR": "1"}).replace("\r", "").split("\n")
