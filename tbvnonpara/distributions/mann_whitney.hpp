@@ -15,9 +15,9 @@ namespace TBVNonPara {
 /// U1 for the first variable smaller.
 [[nodiscard]] double chooseU(double U1, double U2, TBVNPTails tails) noexcept;
 
-/// The part of all arrangements of n1 and n2 values without ties whose U is at least this, rounded half to
-/// even. Takes time and memory in proportion to n1 x n2 x min(n1, n2) and n1 x n2. Raises SubscriptOutOfRange
-/// for a U below -1.
+/// The part of all arrangements of n1 and n2 values without ties whose U is at least this, a half rounded to
+/// the odd number beside it (U + 1 to the even one). Takes time and memory in proportion to
+/// n1 x n2 x min(n1, n2) and n1 x n2. Raises SubscriptOutOfRange for a U below -1.
 [[nodiscard]] double mannWhitneyUpperTail(Long n1, Long n2, double U);
 
 /// Counts of arrangements that are kept for sizes of samples that come again, as where many columns are
