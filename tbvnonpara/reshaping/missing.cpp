@@ -173,6 +173,15 @@ MissingCells emptyMissing(Column& column, const Missing& missing) {
     return found;
 }
 
+void emptyMissingNumbers(Column& column, const Missing& missing) {
+    const auto isMissing = [&](const CellValue& cell) { return missing.amongNumbers(cell); };
+    const auto isNumber = [](const CellValue& cell) { return numberIn(cell, {}).has_value(); };
+    const auto isEither = [&](const CellValue& cell) { return isNumber(cell) || isMissing(cell); };
+    if (std::ranges::all_of(column.cells, isEither) && std::ranges::any_of(column.cells, isNumber)) {
+        std::ranges::replace_if(column.cells, isMissing, CellValue());
+    }
+}
+
 void refuseMissing(const Column& column, const MissingCells& missing) {
     const CellValue& held = missing.firstHeld;
     throw Refusal(faultOf(held),

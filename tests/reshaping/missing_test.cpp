@@ -95,6 +95,17 @@ TEST(ASequence, KeepsHyphensAmongTextsAndLosesThemAmongNumbers) {
     EXPECT_EQ(cellsOf(numbers), "1 _ 2");
 }
 
+TEST(AColumnOfNumbers, LosesNAWhileOneOfNamesKeepsIt) {
+    Column numbers = columnOf("Arm", {Text("NA"), 0.0, Text("1"), Text("-")});
+    emptyMissingNumbers(numbers, Missing());
+    EXPECT_EQ(cellsOf(numbers), "_ 0 1 _");
+    for (Column names : {columnOf("Arm", {Text("NA"), 0.0, Text("a")}), columnOf("Arm", {Text("NA")})}) {
+        const std::string before = cellsOf(names);
+        emptyMissingNumbers(names, Missing());
+        EXPECT_EQ(cellsOf(names), before);
+    }
+}
+
 TEST(AColumnOfMissingCells, HoldsNoNumbers) {
     EXPECT_FALSE(holdsNumbers(columnOf("x", {Text("NA"), Empty()}), Missing()));
     EXPECT_TRUE(holdsNumbers(columnOf("x", {Text("NA"), Text("1e3")}), Missing()));

@@ -100,6 +100,18 @@ TEST(ALongTable, LosesMissingValuesAndNamesOnlyWhenAsked) {
               "Data!value lacks 1 value of 3, the first where Data!B3 holds the text \"NA\".");
 }
 
+TEST(ALongTable, WhoseGroupsAreNumbersHasNoGroupNA) {
+    LongTable table = tableOf({1.0, 2.0, 3.0}, "aaa");
+    table.groups.cells = {0.0, Text("NA"), 1.0};
+    EXPECT_EQ(refusal(table, wishesFor(Unit::Value)),
+              "Data!group names no group in 1 row; the first is Data!C3.");
+    const Reshaped result = fromLong(table, wishesFor(Unit::Value, true));
+    EXPECT_EQ(sizesOf(result.account.groups), "0 (1), 1 (1)");
+    EXPECT_EQ(result.account.unnamed, 1U);
+    table.groups.cells.back() = Text("x");
+    EXPECT_EQ(sizesOf(fromLong(table, picking({"NA", "0"})).account.groups), "NA (1), 0 (1)");
+}
+
 TEST(ALongTable, LosesAGroupWithoutValues) {
     const Reshaped result = fromLong(tableOf({1.0, Text("NA"), 3.0}, "abc"), wishesFor(Unit::Value, true));
     EXPECT_EQ(sizesOf(result.account.groups), "a (1), c (1)");
