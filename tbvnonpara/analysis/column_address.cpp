@@ -73,6 +73,16 @@ class Lookup {
         return headed.front();
     }
 
+    /// The column of an address such as B:B.
+    [[nodiscard]] std::optional<Index> columnAddressed(std::string_view text) const {
+        const std::size_t colon = text.find(':');
+        if (colon == std::string_view::npos) {
+            return std::nullopt;
+        }
+        const std::optional<Index> first = columnLettered(text.substr(0, colon));
+        return first == columnLettered(text.substr(colon + 1)) ? first : std::nullopt;
+    }
+
  private:
     /// From left to right.
     [[nodiscard]] std::vector<Index> columnsHeaded(std::string_view text) const {
@@ -166,7 +176,9 @@ NamedCells findCells(const workbook::EmbeddedApplication& application, std::stri
 
 std::optional<Index> findColumn(const workbook::EmbeddedApplication& application, std::string_view text,
                                 HeaderLookup lookup) {
-    return Lookup(application, lookup, tbvNPBadYRange).columnNamed(text);
+    const Lookup columns(application, lookup, tbvNPBadYRange);
+    const std::optional<Index> named = columns.columnNamed(text);
+    return named ? named : columns.columnAddressed(text);
 }
 
 HeaderLookup lookupFor(const std::optional<bool>& headers) noexcept {

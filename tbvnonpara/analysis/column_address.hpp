@@ -35,7 +35,8 @@ enum class HeaderLookup {
 [[nodiscard]] NamedCells findCells(const workbook::EmbeddedApplication& application, std::string_view text,
                                    HeaderLookup lookup, std::int32_t badRange);
 
-/// The column with this header or these letters on the active sheet; none when there is none.
+/// The column with this header, these letters or this address (B:B) on the active sheet; none when there is
+/// none.
 [[nodiscard]] std::optional<Index> findColumn(const workbook::EmbeddedApplication& application,
                                               std::string_view text, HeaderLookup lookup);
 

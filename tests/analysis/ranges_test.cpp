@@ -92,6 +92,18 @@ TEST(ChoosingRanges, AHeaderThatIsAlsoAnotherColumnsLettersIsRefusedNamingBoth) 
               "\"B\" is the header of column A and the letters of column B; write A:A or B:B.");
 }
 
+TEST(FindingAColumn, WholeColumnsTellAHeaderFromLetters) {
+    const auto application = workbookOf("B,C\n1,2\n");
+    const auto found = [&](std::string_view text) {
+        return findColumn(*application, text, HeaderLookup::Texts);
+    };
+    EXPECT_EQ(found("A:A"), Index(1));
+    EXPECT_EQ(found("b:B"), Index(2));
+    for (const char* none : {"A:B", "C:C", ":", "A:", "A1:A2"}) {
+        EXPECT_FALSE(found(none)) << none;
+    }
+}
+
 TEST(ChoosingRanges, TwoColumnsWithTheSameHeaderAreRefusedNamingBoth) {
     const Support::Raised raised = refused("n,n\n1,2\n", choicesFor("mann-whitney", "A", "n"));
     EXPECT_EQ(raised.number, tbvNPBadXRange);
