@@ -91,23 +91,25 @@ Groups settleGroups(LongTable& table, const Wishes& wishes, Account& account) {
     return pickGroups(groupsIn(table.groups, wishes.missing), wishes.groups, table.groups);
 }
 
-/// The first row with a gap, and how many there are.
+/// The first block with a gap, and how many there are. Where all have one nothing would be left.
 [[noreturn]] void refuseGaps(const MatchedBlocks& matched, const Gap& gap, const Column& blockColumn,
                              const Groups& blocks) {
+    const bool all = gap.rows == matched.blocks.size();
     const auto block = static_cast<std::size_t>(matched.blocks[gap.row]);
     throw Refusal(tbvNPBlankInData,
-                  counted(gap.rows, "block", "blocks") + " of " + nameOf(blockColumn) +
-                      (gap.rows == 1 ? " lacks" : " lack") + " a value; the first is " +
-                      inQuotes(blocks.groups[block].name) + ", without one of " +
+                  (all ? "No block of " + nameOf(blockColumn) + " has a value of every group"
+                       : counted(gap.rows, "block", "blocks") + " of " + nameOf(blockColumn) +
+                             (gap.rows == 1 ? " lacks" : " lack") + " a value") +
+                      "; the first is " + inQuotes(blocks.groups[block].name) + ", without one of " +
                       inQuotes(matched.columns[gap.column].header) + '.',
-                  Remedy::OmitMissing);
+                  all ? Remedy::CorrectData : Remedy::OmitMissing);
 }
 
 void match(const LongTable& table, const Groups& groups, const Wishes& wishes, Reshaped& result) {
     const Groups blocks = groupsIn(*table.blocks, wishes.missing);
     MatchedBlocks matched = matchBlocks(table.values, groups, *table.blocks, blocks);
     const Gap gap = firstGap(matched.columns);
-    if (gap.rows > 0 && !wishes.omitMissing) {
+    if (gap.rows > 0 && (!wishes.omitMissing || gap.rows == matched.blocks.size())) {
         refuseGaps(matched, gap, *table.blocks, blocks);
     }
     result.account.units = matched.blocks.size();

@@ -134,6 +134,18 @@ TEST(ABlock, WithAGapIsRefusedOrLeftOut) {
     EXPECT_EQ(leftOut(result.account), "left out: 2 of 3 blocks with missing values");
 }
 
+TEST(Blocks, ThatAllHaveAGapAreRefusedWhateverIsLeftOut) {
+    for (const bool omit : {false, true}) {
+        const Refusal gaps = refusedBy([&] {
+            static_cast<void>(fromLong(tableOf({1.0, 2.0}, "ab", "xy"), wishesFor(Unit::Pair, omit)));
+        });
+        EXPECT_EQ(
+            gaps.description(),
+            "No block of Data!block has a value of every group; the first is \"x\", without one of \"b\".");
+        EXPECT_EQ(gaps.remedy(), Remedy::CorrectData);
+    }
+}
+
 TEST(ABlock, WithTwoValuesOfAGroupIsAlwaysRefused) {
     const LongTable table = tableOf({1.0, 2.0, 3.0}, "aba", "xxx");
     for (const bool omit : {false, true}) {
