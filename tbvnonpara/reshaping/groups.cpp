@@ -33,6 +33,9 @@ class Register {
             return known != m_Numbers.end() ? known->second
                                             : m_Numbers.emplace(*number, named(toText(cell))).first->second;
         }
+        if (const auto* const truth = std::get_if<bool>(&cell)) {
+            return named(*truth ? "TRUE" : "FALSE");
+        }
         return named(toText(cell));
     }
 

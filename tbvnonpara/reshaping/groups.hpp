@@ -10,7 +10,7 @@
 namespace TBVNonPara::reshaping {
 
 struct Group {
-    std::string name;  ///< a number as its text
+    std::string name;  ///< a number as its text, TRUE and FALSE as sheets show them
     std::size_t size = 0;
 };
 

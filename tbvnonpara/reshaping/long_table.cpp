@@ -134,9 +134,9 @@ Reshaped fromLong(LongTable table, const Wishes& wishes) {
     Reshaped result;
     result.account.unit = wishes.unit;
     result.account.rows = table.values.cells.size();
-    emptyMissingNumbers(table.groups, wishes.missing);
+    emptyMissingCodes(table.groups, wishes.missing);
     if (table.blocks) {
-        emptyMissingNumbers(*table.blocks, wishes.missing);
+        emptyMissingCodes(*table.blocks, wishes.missing);
     }
     Groups groups = settleGroups(table, wishes, result.account);
     requireNumberOfGroups(table.groups, groups, wishes);

@@ -173,11 +173,13 @@ MissingCells emptyMissing(Column& column, const Missing& missing) {
     return found;
 }
 
-void emptyMissingNumbers(Column& column, const Missing& missing) {
+void emptyMissingCodes(Column& column, const Missing& missing) {
     const auto isMissing = [&](const CellValue& cell) { return missing.amongNumbers(cell); };
-    const auto isNumber = [](const CellValue& cell) { return numberIn(cell, {}).has_value(); };
-    const auto isEither = [&](const CellValue& cell) { return isNumber(cell) || isMissing(cell); };
-    if (std::ranges::all_of(column.cells, isEither) && std::ranges::any_of(column.cells, isNumber)) {
+    const auto isCode = [](const CellValue& cell) {
+        return std::holds_alternative<bool>(cell) || numberIn(cell, {}).has_value();
+    };
+    const auto isEither = [&](const CellValue& cell) { return isCode(cell) || isMissing(cell); };
+    if (std::ranges::all_of(column.cells, isEither) && std::ranges::any_of(column.cells, isCode)) {
         std::ranges::replace_if(column.cells, isMissing, CellValue());
     }
 }

@@ -46,8 +46,8 @@ MissingCells makeNumbers(Column& column, const Missing& missing);
 /// Empties what is missing in a sequence, of numbers or of texts, and counts it.
 MissingCells emptyMissing(Column& column, const Missing& missing);
 
-/// Empties what is missing in a column of numbers; one that holds anything else, dates too, stays as it is.
-void emptyMissingNumbers(Column& column, const Missing& missing);
+/// Empties what is missing among numbers, TRUE and FALSE; a column that holds any other name stays as it is.
+void emptyMissingCodes(Column& column, const Missing& missing);
 
 /// Refuses missing values that nobody asked to leave out: how many, and where the first is.
 [[noreturn]] void refuseMissing(const Column& column, const MissingCells& missing);

@@ -95,13 +95,16 @@ TEST(ASequence, KeepsHyphensAmongTextsAndLosesThemAmongNumbers) {
     EXPECT_EQ(cellsOf(numbers), "1 _ 2");
 }
 
-TEST(AColumnOfNumbers, LosesNAWhileOneOfNamesKeepsIt) {
+TEST(AColumnOfCodes, LosesNAWhileOneOfNamesKeepsIt) {
     Column numbers = columnOf("Arm", {Text("NA"), 0.0, Text("1"), Text("-")});
-    emptyMissingNumbers(numbers, Missing());
+    emptyMissingCodes(numbers, Missing());
     EXPECT_EQ(cellsOf(numbers), "_ 0 1 _");
+    Column truths = columnOf("Arm", {true, Text("NA"), false});
+    emptyMissingCodes(truths, Missing());
+    EXPECT_EQ(cellsOf(truths), "True _ False");
     for (Column names : {columnOf("Arm", {Text("NA"), 0.0, Text("a")}), columnOf("Arm", {Text("NA")})}) {
         const std::string before = cellsOf(names);
-        emptyMissingNumbers(names, Missing());
+        emptyMissingCodes(names, Missing());
         EXPECT_EQ(cellsOf(names), before);
     }
 }

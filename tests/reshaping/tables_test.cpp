@@ -67,6 +67,12 @@ TEST(ALongTable, TellsNumbersApartByTheirTexts) {
     EXPECT_EQ(sizesOf(fromLong(table, wishesFor(Unit::Value)).account.groups), "5 (2), 7 (1)");
 }
 
+TEST(ALongTable, NamesTrueAndFalseAsSheetsShowThem) {
+    LongTable table = tableOf({1.0, 2.0, 3.0}, "aaa");
+    table.groups.cells = {true, false, Text("TRUE")};
+    EXPECT_EQ(sizesOf(fromLong(table, picking({"FALSE", "TRUE"})).account.groups), "FALSE (1), TRUE (2)");
+}
+
 TEST(ALongTable, RefusesGroupsThatAreNotThere) {
     EXPECT_EQ(refusal(tableOf({1.0, 2.0}, "ab"), picking({"a", "z"})),
               "There is no group \"z\"; the groups of Data!group are a (1), b (1).");
