@@ -258,6 +258,10 @@ mann_whitney("mann-whitney --by feed --groups casein,linseed --tails greater", w
              c("casein", "linseed"), "greater")
 mann_whitney("mann-whitney --by feed --groups meatmeal,horsebean", weight ~ feed, data, c("meatmeal", "horsebean"))
 
+data <- table_of("write.csv/crimtab.csv")
+friedman_wide("friedman --headers", data)
+wilcoxon("wilcoxon --headers --y 172.72 --x 175.26 --ignore-ties", data[["172.72"]], data[["175.26"]])
+
 data <- table_of("write.csv/discoveries.csv")
 cut_runs("runs --cut median", data$x, median(data$x))
 runs("runs --cut median --cut-equal above", data$x >= median(data$x))
@@ -304,6 +308,10 @@ data <- table_of("write.csv/mtcars.csv")
 mann_whitney("mann-whitney --y mpg --by am --groups 0,1 --tails less", mpg ~ am, data, 0:1, "less")
 kruskal("kruskal-wallis --y mpg --by cyl", mpg ~ cyl, data)
 spearman("spearman --y mpg --x wt --where am=1", data$mpg[data$am == 1], data$wt[data$am == 1])
+
+data <- table_of("write.csv/nwtco.csv")
+mann_whitney("mann-whitney --y age --by in.subcohort --groups TRUE,FALSE", age ~ in.subcohort, data, c(TRUE, FALSE))
+kruskal("kruskal-wallis --y age --by stage --where in.subcohort=FALSE", age ~ stage, subset(data, !in.subcohort))
 
 data <- table_of("write.csv/OrchardSprays.csv")
 friedman("friedman --y decrease --by treatment --block rowpos", decrease ~ treatment | rowpos, data)

@@ -13,11 +13,11 @@ write_each <- function(folder, ending, write, tables) {
 # Below an empty header the names of the rows; a series or a named vector becomes a column "x".
 write_each("write.csv", ".csv", write.csv, list(
   airquality = airquality, anorexia = anorexia, barley = barley, birthwt = birthwt, cancer = head(lung, 120),
-  chickwts = chickwts, discoveries = discoveries, esoph = esoph, genotype = genotype, immer = immer,
+  chickwts = chickwts, crimtab = crimtab, discoveries = discoveries, esoph = esoph, genotype = genotype, immer = immer,
   InsectSprays = InsectSprays, LakeHuron = LakeHuron, LifeCycleSavings = LifeCycleSavings, morley = morley,
-  mtcars = mtcars, OrchardSprays = OrchardSprays, PlantGrowth = PlantGrowth, precip = precip,
-  presidents = presidents, state.x77 = state.x77, survey = head(survey, 100), VADeaths = VADeaths,
-  warpbreaks = warpbreaks, WorldPhones = WorldPhones))
+  mtcars = mtcars, nwtco = nwtco[1:120, c("stage", "age", "in.subcohort")], OrchardSprays = OrchardSprays,
+  PlantGrowth = PlantGrowth, precip = precip, presidents = presidents, state.x77 = state.x77,
+  survey = head(survey, 100), VADeaths = VADeaths, warpbreaks = warpbreaks, WorldPhones = WorldPhones))
 
 without_names <- function(table, file) write.csv(table, file, row.names = FALSE)
 write_each("write.csv_without_names", ".csv", without_names, list(
