@@ -102,6 +102,10 @@ Error withRemedy(const reshaping::Refusal& refusal, std::string_view command) {
                 refusal, fmt::format("Pick two, for example: {} --groups {}", command, shellWord(names)));
         case reshaping::Remedy::NameBlocks:
             return withSentence(refusal, "Name the column that says which with --block.");
+        case reshaping::Remedy::SplitValues:
+            return withSentence(refusal,
+                                fmt::format("Where it names groups, write --y {} --by {}.",
+                                            shellWord(refusal.groups()[0]), shellWord(refusal.groups()[1])));
     }
     return Error(refusal.number(), refusal.description(), refusal.source());
 }

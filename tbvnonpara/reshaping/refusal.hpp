@@ -14,6 +14,7 @@ enum class Remedy {
     OmitMissing,  ///< leave out what is missing
     PickGroups,   ///< pick among the groups
     NameBlocks,   ///< name the column that tells which values belong together
+    SplitValues,  ///< split one column by another, whose headers or letters groups() gives
 };
 
 /// A table that cannot be brought into the form of a test: the description says what, where and how many.
@@ -26,7 +27,7 @@ class Refusal : public Error {
           m_Groups(std::move(groups)) {}
 
     [[nodiscard]] Remedy remedy() const noexcept { return m_Remedy; }
-    /// Names of groups to pick from, as many as the test takes, where that is the remedy.
+    /// Names of groups to pick from, as many as the test takes, or two columns, where that is the remedy.
     [[nodiscard]] const std::vector<std::string>& groups() const noexcept { return m_Groups; }
 
  private:

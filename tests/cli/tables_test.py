@@ -54,6 +54,14 @@ class Groups(unittest.TestCase):
         self.assertEqual(command, f"tbvnonpara mann-whitney {FEEDS} --y weight --by feed --groups horsebean,linseed")
         self.assertEqual(run(*command.split()[1:]).returncode, 0)
 
+    def test_names_beside_numbers_show_how_to_split_these(self):
+        done = run("kruskal-wallis", FEEDS)
+        self.assertEqual(done.returncode, 1)
+        self.assertIn('feeds!C2 holds the text "horsebean", and feeds!feed no number; every value must be one. '
+                      "Where it names groups, write --y weight --by feed.", done.stderr)
+        done = run("median", "-", text="the value,my group\n1,a\n2,b\n")
+        self.assertIn("write --y 'the value' --by 'my group'.", done.stderr)
+
     def test_a_command_with_blanks_and_quotes_can_be_typed(self):
         text = "a value,the group\n1,it's\n2,\"x,y\"\n3,z\n"
         done = run("mann-whitney", "-", "--y", "a value", "--by", "the group", text=text)

@@ -184,6 +184,21 @@ TEST(AWideTable, MayHoldBlanksWhereTheTestTakesThem) {
     EXPECT_EQ(words.remedy(), Remedy::OmitMissing);
 }
 
+TEST(AWideTable, OfNumbersAndNamesIsTakenForALongOne) {
+    const auto refused = [](const std::vector<Column>& columns) {
+        return refusedBy([&] { static_cast<void>(fromWide(columns, wishesFor(Unit::Value))); });
+    };
+    const Column names = columnOf("feed", {Text("NA"), Text("casein"), Text("corn")}, 3);
+    const Refusal splitting = refused({names, columnOf("", {1.0, Text("NA"), 3.0})});
+    EXPECT_EQ(splitting.description(),
+              "Data!C3 holds the text \"casein\", and Data!feed no number; every value must be one.");
+    EXPECT_EQ(splitting.remedy(), Remedy::SplitValues);
+    EXPECT_EQ(splitting.groups(), (std::vector<std::string>{"B", "feed"}));
+    EXPECT_EQ(refused({names, names}).remedy(), Remedy::CorrectData);
+    const Column mixed = columnOf("weight", {1.0, Text("high")});
+    EXPECT_EQ(refused({columnOf("x", {1.0, 2.0}), mixed}).remedy(), Remedy::CorrectData);
+}
+
 TEST(AWideTable, OfUnequalPairsOrWithoutValuesIsRefused) {
     const auto refused = [](const std::vector<Column>& columns, Unit unit) {
         return refusedBy([&] { static_cast<void>(fromWide(columns, wishesFor(unit, true))); });
