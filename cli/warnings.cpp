@@ -26,19 +26,38 @@ bool holdsManyNumbers(const ValueGrid& cells, Index firstRow) {
     return false;
 }
 
+Index blanksIn(const ValueGrid& cells, Index firstRow) {
+    Index blanks = 0;
+    for (Index row = firstRow; row <= toIndex(cells.rows()); ++row) {
+        blanks += isEmpty(cells(row, 1)) ? 1 : 0;
+    }
+    return blanks;
+}
+
 }  // namespace
 
 std::vector<std::string> warningsOnData(const workbook::EmbeddedApplication& application,
                                         const Arguments& arguments, const analysis::ChosenRanges& ranges) {
-    if (arguments.test->method != tbvNPWWRuns || arguments.cut ||
-        !holdsManyNumbers(application.GetRange(ranges.y)->GetValue(), ranges.headers ? 2 : 1)) {
-        return {};
+    std::vector<std::string> warnings;
+    if (arguments.test->method != tbvNPWWRuns || arguments.cut) {
+        return warnings;
     }
-    return {
-        fmt::format("The numbers in {} are so varied that there are more than a third as many categories as "
-                    "rows: each number counts as one. For runs above and below a value, add --cut median, or "
-                    "mean, or the value.",
-                    ranges.y)};
+    const ValueGrid cells = application.GetRange(ranges.y)->GetValue();
+    const Index firstRow = ranges.headers ? 2 : 1;
+    if (holdsManyNumbers(cells, firstRow)) {
+        warnings.push_back(
+            fmt::format("The numbers in {} are so varied that there are more than a third as many categories "
+                        "as rows: each "
+                        "number counts as one. For runs above and below a value, add --cut median, or mean, "
+                        "or the value.",
+                        ranges.y));
+    }
+    if (const Index blanks = blanksIn(cells, firstRow); blanks > 0 && !arguments.omitMissing) {
+        warnings.push_back(fmt::format(
+            "{} of the cells in {} {} blank and count as a category; leave them out with --missing omit.",
+            blanks, ranges.y, blanks == 1 ? "is" : "are"));
+    }
+    return warnings;
 }
 
 std::vector<std::string> warningsOnPlace(const analysis::FinishedTest& finished,

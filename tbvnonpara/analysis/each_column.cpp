@@ -117,8 +117,8 @@ class LaterSheets {
 /// A workbook in memory for one thread.
 class Workplace {
  public:
-    Workplace(const Choices& choices, const TableForm& form, const std::string& shownX)
-        : m_Choices(choices),
+    Workplace(Choices choices, const TableForm& form, const std::string& shownX)
+        : m_Choices(std::move(choices)),
           m_Form(form),
           m_ShownX(shownX),
           m_Application(workbook::makeApplication()),

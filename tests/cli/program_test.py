@@ -146,6 +146,14 @@ class Warnings(unittest.TestCase):
         self.assertTrue(self.warned(["Level", 1, 2, 3, 1, 2, 3, 1, 2]))
         self.assertFalse(self.warned(["Level", 1, 2, 3, 1, 2, 3, 1, 2, 3]))
 
+    def test_blanks_are_one_with_a_warning(self):
+        done = run("runs", "-", text="c,d\nx,1\n,2\ny,3\nx,4\n,5\ny,6\n")
+        self.assertEqual(done.returncode, 0)
+        self.assertIn("2 of the cells in stdin!A1:A7 are blank and count as a category", done.stderr)
+        omitted = run("runs", "-", "--missing", "omit", text="c,d\nx,1\n,2\ny,3\nx,4\n,5\ny,6\n")
+        self.assertIn("left out: 2 of 6 values that are missing", omitted.stderr)
+        self.assertNotIn("warning", omitted.stderr)
+
     def test_texts_are_categories_without_a_warning(self):
         self.assertFalse(self.warned("abcdabcdab"))
         self.assertNotIn("warning", run("mann-whitney", PLANTS).stderr)
