@@ -30,10 +30,18 @@ bool beginsWithHeaders(const workbook::Sheet& sheet, Index top, const std::vecto
            std::ranges::any_of(columns, [&](const Piece& piece) { return !isEmpty(first(piece)); });
 }
 
-template <typename Kind>
-bool allHold(const Column& column, const Missing& missing) {
+/// Among TRUE and FALSE a value is missing as among numbers.
+bool isLogical(const Column& column, const Missing& missing) {
+    const auto isTruth = [](const CellValue& cell) { return std::holds_alternative<bool>(cell); };
+    return std::ranges::any_of(column.cells, isTruth) &&
+           std::ranges::all_of(column.cells, [&](const CellValue& cell) {
+               return isTruth(cell) || missing.amongNumbers(cell);
+           });
+}
+
+bool isOfTexts(const Column& column, const Missing& missing) {
     return std::ranges::all_of(column.cells, [&](const CellValue& cell) {
-        return missing.amongNames(cell) || std::holds_alternative<Kind>(cell);
+        return missing.amongNames(cell) || std::holds_alternative<Text>(cell);
     });
 }
 
@@ -47,10 +55,10 @@ ColumnKind kindOf(const Column& column, const Missing& missing) {
         const bool numbers = std::ranges::any_of(column.cells, holdsNumber);
         return numbers ? ColumnKind::Numbers : ColumnKind::Dates;
     }
-    if (allHold<bool>(column, missing)) {
+    if (isLogical(column, missing)) {
         return ColumnKind::Logical;
     }
-    return allHold<Text>(column, missing) ? ColumnKind::Texts : ColumnKind::Mixed;
+    return isOfTexts(column, missing) ? ColumnKind::Texts : ColumnKind::Mixed;
 }
 
 void addNumbers(Column column, const Missing& missing, ColumnSummary& summary) {
@@ -74,8 +82,9 @@ ColumnSummary summaryOf(const Column& column, const Missing& missing) {
     summary.kind = kindOf(column, missing);
     const bool numbers = summary.kind == ColumnKind::Numbers || summary.kind == ColumnKind::Dates;
     std::unordered_set<std::string> different;
+    const bool codes = numbers || summary.kind == ColumnKind::Logical;
     for (const CellValue& cell : column.cells) {
-        if (numbers ? missing.amongNumbers(cell) : missing.amongNames(cell)) {
+        if (codes ? missing.amongNumbers(cell) : missing.amongNames(cell)) {
             summary.missing += 1;
         } else {
             summary.values += 1;

@@ -151,6 +151,13 @@ class Descriptions(unittest.TestCase):
                 done = run(*shlex.split(command)[1:])
                 self.assertEqual(done.returncode, 0, command + "\n" + done.stderr)
 
+    def test_count_na_among_true_and_false_as_missing(self):
+        text = "ok,y\nTRUE,1.5\nNA,2.5\nFALSE,3.5\nTRUE,4.5\nFALSE,5.5\n"
+        description = json.loads(run("describe", "-", "--format", "json", text=text).stdout)
+        ok = description["sheets"][0]["columns"][0]
+        self.assertEqual((ok["kind"], ok["missing"], ok["distinct"]), ("logical", 1, 2))
+        self.assertEqual(description["commands"], ["tbvnonpara mann-whitney - --y y --by ok --missing omit"])
+
     def test_match_the_shape_of_the_data(self):
         commands = json.loads(run("describe", SLEEP, "--format", "json").stdout)["commands"]
         self.assertIn(f"tbvnonpara wilcoxon {SLEEP} --y extra --by group --block ID", commands)
