@@ -41,17 +41,56 @@ const analysis::OfferedTest& testOf(TBVNPMethod method) {
     raise(RuntimeError::SubscriptOutOfRange);
 }
 
+std::string wordFor(const std::optional<char>& character) {
+    if (!character) {
+        return "";
+    }
+    return *character == '\t' ? "tab" : *character == ' ' ? "space" : std::string(1, *character);
+}
+
+std::string_view wordFor(workbook::Encoding encoding) noexcept {
+    switch (encoding) {
+        case workbook::Encoding::Latin1:
+            return "latin1";
+        case workbook::Encoding::Windows1252:
+            return "windows-1252";
+        case workbook::Encoding::Utf8:
+            break;
+    }
+    return "";
+}
+
+/// Joined by commas; a word that holds one stands in quotes.
+std::string listOf(const std::vector<std::string>& words) {
+    std::string list;
+    for (const std::string& word : words) {
+        const bool quoted = word.find(',') != std::string::npos;
+        list += (list.empty() ? "" : ",") + (quoted ? '"' + word + '"' : word);
+    }
+    return list;
+}
+
+/// What was said about reading the file holds for its tests, too.
 std::string commandFor(const SuggestedTest& test, const Arguments& arguments) {
     std::vector<std::string> words = {std::string(testOf(test.method).name), arguments.file};
-    const auto add = [&](const char* option, const std::string& value) {
+    const auto add = [&](const char* option, std::string_view value) {
         if (!value.empty()) {
-            words.insert(words.end(), {option, value});
+            words.insert(words.end(), {option, std::string(value)});
         }
     };
     add("--sheet", arguments.sheet);
+    add("--delimiter", wordFor(arguments.delimiter));
+    add("--decimal", wordFor(arguments.decimal));
+    add("--thousands", wordFor(arguments.thousands));
+    add("--encoding", wordFor(arguments.encoding));
+    add("--comment", arguments.comment);
     if (arguments.transpose) {
         words.emplace_back("--transpose");
     }
+    if (arguments.headers) {
+        words.emplace_back(*arguments.headers ? "--headers" : "--no-headers");
+    }
+    add("--na", listOf(arguments.missingWords));
     add("--y", test.y);
     add("--x", test.x);
     add("--by", test.by);

@@ -151,6 +151,16 @@ class Descriptions(unittest.TestCase):
                 done = run(*shlex.split(command)[1:])
                 self.assertEqual(done.returncode, 0, command + "\n" + done.stderr)
 
+    def test_read_the_file_in_suggestions_as_they_did(self):
+        text = "# years\n1,5 1.000,5\n3,5 1.001,5\n4 1.003\n"
+        words = ["--delimiter", "space", "--decimal", ",", "--thousands", ".", "--encoding", "latin1",
+                 "--comment", "# y", "--no-headers", "--na", "-9"]
+        commands = json.loads(run("describe", "-", *words, "--format", "json", text=text).stdout)["commands"]
+        self.assertTrue(commands)
+        for command in commands:
+            self.assertIn(shlex.join(words), command)
+            self.assertEqual(run(*shlex.split(command)[1:], text=text).returncode, 0, command)
+
     def test_count_na_among_true_and_false_as_missing(self):
         text = "ok,y\nTRUE,1.5\nNA,2.5\nFALSE,3.5\nTRUE,4.5\nFALSE,5.5\n"
         description = json.loads(run("describe", "-", "--format", "json", text=text).stdout)
