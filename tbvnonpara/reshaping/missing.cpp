@@ -174,13 +174,20 @@ MissingCells emptyMissing(Column& column, const Missing& missing) {
 }
 
 void emptyMissingCodes(Column& column, const Missing& missing) {
-    const auto isMissing = [&](const CellValue& cell) { return missing.amongNumbers(cell); };
-    const auto isCode = [](const CellValue& cell) {
-        return std::holds_alternative<bool>(cell) || numberIn(cell, {}).has_value();
-    };
-    const auto isEither = [&](const CellValue& cell) { return isCode(cell) || isMissing(cell); };
-    if (std::ranges::all_of(column.cells, isEither) && std::ranges::any_of(column.cells, isCode)) {
-        std::ranges::replace_if(column.cells, isMissing, CellValue());
+    bool codes = false;
+    bool gaps = false;
+    for (const CellValue& cell : column.cells) {
+        if (std::holds_alternative<bool>(cell) || numberIn(cell, {})) {
+            codes = true;
+        } else if (missing.amongNumbers(cell)) {
+            gaps = true;
+        } else {
+            return;
+        }
+    }
+    if (codes && gaps) {
+        const auto isGap = [&](const CellValue& cell) { return missing.amongNumbers(cell); };
+        std::ranges::replace_if(column.cells, isGap, CellValue());
     }
 }
 
