@@ -3,7 +3,7 @@ include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 install(TARGETS tbvnonpara EXPORT TBVNonParaTargets)
-foreach(folder core ordering distributions host companion engine report request)
+foreach(folder core ordering distributions statistics host companion engine report request)
     install(DIRECTORY ${PROJECT_SOURCE_DIR}/tbvnonpara/${folder} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tbvnonpara
             FILES_MATCHING PATTERN *.hpp)
 endforeach()

@@ -112,6 +112,18 @@ double MannWhitneyCounts::upperTail(Long n1, Long n2, double U) {
     return sumFrom(table.frequencies, roundHalfToEven(U + 1)) / table.total;
 }
 
+std::vector<double> mannWhitneyUpperTails(Long n1, Long n2) {
+    const Array<DoubleDouble> F = frequenciesOfU(n1, n2);
+    const double total = sumFrom(F, 1);
+    std::vector<double> tails(static_cast<std::size_t>(toIndex(F.size())));
+    DoubleDouble sum;
+    for (std::size_t U = tails.size(); U-- > 0;) {
+        sum += F(static_cast<Index>(U) + 1);
+        tails[U] = toDouble(sum) / total;
+    }
+    return tails;
+}
+
 double mannWhitneyP(Long n1, Long n2, double U1, double U2, double tieSum, TBVNPTails tails,
                     const NormalTail& normal, MannWhitneyCounts* kept) {
     constexpr double approximateFrom = 50000;

@@ -2,6 +2,7 @@
 
 #include <map>
 #include <utility>
+#include <vector>
 
 #include "tbvnonpara/core/array.hpp"
 #include "tbvnonpara/core/double_double.hpp"
@@ -19,6 +20,9 @@ namespace TBVNonPara {
 /// the odd number beside it (U + 1 to the even one). Takes time and memory in proportion to
 /// n1 x n2 x min(n1, n2) and n1 x n2. Raises SubscriptOutOfRange for a U below -1.
 [[nodiscard]] double mannWhitneyUpperTail(Long n1, Long n2, double U);
+
+/// The same for every U from 0 to n1 x n2 at once, at the place that is U.
+[[nodiscard]] std::vector<double> mannWhitneyUpperTails(Long n1, Long n2);
 
 /// Counts of arrangements that are kept for sizes of samples that come again, as where many columns are
 /// tested by the same groups: up to 64 MB. For one thread.

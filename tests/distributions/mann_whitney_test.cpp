@@ -236,5 +236,14 @@ TEST(MannWhitneyCounts, AreDroppedWhenTheyGrowTooLarge) {
         EXPECT_EQ(counts.upperTail(1, n, 0), 1) << n;
     }
 }
+
+TEST(MannWhitneyUpperTails, AreThoseOfEveryUAtOnce) {
+    const std::vector<double> tails = mannWhitneyUpperTails(7, 5);
+    ASSERT_EQ(tails.size(), 36U);
+    for (std::size_t U = 0; U < tails.size(); ++U) {
+        EXPECT_EQ(tails[U], mannWhitneyUpperTail(7, 5, static_cast<double>(U))) << U;
+    }
+}
+
 }  // namespace
 }  // namespace TBVNonPara

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "tbvnonpara/statistics/options.hpp"
+#include "tbvnonpara/statistics/probability.hpp"
+
+namespace TBVNonPara::statistics {
+
+/// Two of several groups, counted from 0.
+struct GroupPair {
+    std::size_t first = 0;
+    std::size_t second = 0;
+};
+
+/// All pairs of `groups` groups; with a control those that hold it alone.
+[[nodiscard]] std::vector<GroupPair> pairsOfGroups(std::size_t groups, std::optional<std::size_t> control);
+
+/// The probabilities of comparisons as they are adjusted for each other, in their order.
+[[nodiscard]] std::vector<Probability> adjusted(const std::vector<Probability>& probabilities,
+                                                Adjustment adjustment);
+
+/// Letters of groups: two that share one do not differ (insert and absorb, Piepho 2004). `ranks` orders the
+/// groups, largest first; `differ` are the pairs that do. Empty above 200 groups or 2,000 letters, where
+/// nobody reads them.
+[[nodiscard]] std::optional<std::vector<std::string>> lettersOf(const std::vector<double>& ranks,
+                                                                const std::vector<GroupPair>& differ);
+
+/// Fills in `adjusted` of comparisons by their `p`. Returns the letters of the groups whose places in the
+/// order `ranks` gives, none where all comparisons are with one control.
+template <typename Comparison>
+[[nodiscard]] std::optional<std::vector<std::string>> adjustTogether(std::vector<Comparison>& comparisons,
+                                                                     const std::vector<double>& ranks,
+                                                                     const Options& options,
+                                                                     bool withControl) {
+    std::vector<Probability> probabilities(comparisons.size());
+    std::ranges::transform(comparisons, probabilities.begin(), &Comparison::p);
+    const std::vector<Probability> together = adjusted(probabilities, options.adjustment);
+    std::vector<GroupPair> differ;
+    for (std::size_t i = 0; i < together.size(); ++i) {
+        comparisons[i].adjusted = together[i];
+        if (together[i].value <= 1 - options.confidence) {
+            differ.push_back({comparisons[i].first, comparisons[i].second});
+        }
+    }
+    return withControl ? std::nullopt : lettersOf(ranks, differ);
+}
+
+}  // namespace TBVNonPara::statistics

@@ -1,0 +1,105 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tbvnonpara/statistics/groups.hpp"
+#include "tbvnonpara/statistics/intervals.hpp"
+#include "tbvnonpara/statistics/mann_whitney.hpp"
+
+namespace TBVNonPara::statistics {
+
+/// Several treatments of the same blocks: do the blocks agree on an order of them?
+struct Friedman {
+    std::size_t blocks = 0;
+    std::size_t treatments = 0;
+    std::size_t missing = 0;  ///< blocks that were left out
+    struct BlockTies {
+        std::size_t blocks = 0;  ///< that hold ties
+        double sum = 0;          ///< of t^3 - t
+        double factor = 1;       ///< 1 - sum / (b (k^3 - k))
+    };
+    BlockTies ties;
+    /// All orders of the ranks within their blocks, while the count takes no more steps than allowed.
+    std::optional<ExactUpper> exact;
+    std::optional<ChiSquare> chiSquare;  ///< corrected for ties; none where all blocks are tied throughout
+    std::optional<FRatio> f;             ///< from the corrected W (Conover 1999; the report's is uncorrected)
+    /// Agreement from 0 to 1; the interval is the hull of that from noncentral F and of the block jackknife
+    /// on logit W. None of it for W = 1 or two blocks.
+    std::optional<Estimate> kendallW;
+    struct Group {
+        std::size_t n = 0;
+        OrderedEstimate median;
+        double meanRank = 0;
+    };
+    std::vector<Group> groups;
+    /// z of the mean ranks, two-tailed; positive where the first ranks higher.
+    struct Comparison {
+        std::size_t first = 0;  ///< from 0
+        std::size_t second = 0;
+        double z = 0;
+        PairCounts blocks;  ///< in which the first is larger, equal, smaller
+        Probability p;
+        Probability adjusted;
+    };
+    std::vector<Comparison> comparisons;
+    std::optional<std::vector<std::string>> letters;
+};
+
+/// `samples`: one span a treatment, all of one length from 2 (blocks), at least two treatments. With
+/// Missing::Omit a block that lacks a value is left out whole. Throws std::invalid_argument that names what
+/// is wrong. O(b k log k + k^2 b) and the exact count.
+[[nodiscard]] Friedman friedman(SampleSpans samples, const Options& options = {},
+                                std::optional<std::size_t> control = {});
+
+/// What P is shown: "exact", "chi-square" or "none".
+[[nodiscard]] std::string_view methodOf(const Friedman& test);
+
+template <typename Member>
+void visit(const Friedman::BlockTies& ties, Member& member) {
+    member("blocks", ties.blocks);
+    member("sum", ties.sum);
+    member("factor", ties.factor);
+}
+
+template <typename Member>
+void visit(const Friedman::Group& group, Member& member) {
+    member("n", group.n);
+    member("median", group.median);
+    member("meanRank", group.meanRank);
+}
+
+template <typename Member>
+void visit(const Friedman::Comparison& comparison, Member& member) {
+    member("first", comparison.first + 1);
+    member("second", comparison.second + 1);
+    member("z", comparison.z);
+    member("blocks", comparison.blocks);
+    member("p", comparison.p);
+    member("adjusted", comparison.adjusted);
+}
+
+template <typename Member>
+void visit(const Friedman& test, Member& member) {
+    member("data", [&](auto& data) {
+        data("blocks", test.blocks);
+        data("treatments", test.treatments);
+        data("missing", test.missing);
+        data("ties", test.ties);
+    });
+    member("p", [&](auto& p) {
+        p("method", methodOf(test));
+        p("exact", test.exact);
+        p("chiSquare", test.chiSquare);
+        p("f", test.f);
+    });
+    member("effect", [&](auto& effect) { effect("kendallW", test.kendallW); });
+    member("groups", test.groups);
+    member("comparisons", test.comparisons);
+    member("letters", test.letters);
+}
+
+}  // namespace TBVNonPara::statistics

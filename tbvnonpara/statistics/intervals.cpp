@@ -1,0 +1,54 @@
+#include "tbvnonpara/statistics/intervals.hpp"
+
+#include <boost/math/distributions/beta.hpp>
+#include <boost/math/distributions/binomial.hpp>
+#include <cmath>
+#include <numeric>
+
+#include "tbvnonpara/statistics/probability.hpp"
+
+namespace TBVNonPara::statistics {
+
+Estimate share(std::size_t successes, std::size_t trials, double confidence) {
+    const auto k = static_cast<double>(successes);
+    const auto n = static_cast<double>(trials);
+    const double tail = (1 - confidence) / 2;
+    const double low =
+        successes == 0 ? 0 : boost::math::quantile(boost::math::beta_distribution(k, n - k + 1), tail);
+    const double high = successes == trials ? 1
+                                            : boost::math::quantile(boost::math::complement(
+                                                  boost::math::beta_distribution(k + 1, n - k), tail));
+    return {k / n, low, high};
+}
+
+double fairCoinsAtMost(std::size_t k, std::size_t n) {
+    return boost::math::cdf(boost::math::binomial(static_cast<double>(n), 0.5), static_cast<double>(k));
+}
+
+std::size_t coinsFromTheEnd(std::size_t n, double confidence) {
+    const double tail = (1 - confidence) / 2;
+    std::size_t holds = 0;
+    std::size_t fails = n / 2 + 1;
+    while (fails - holds > 1) {
+        const std::size_t k = std::midpoint(holds, fails);
+        (fairCoinsAtMost(k - 1, n) <= tail ? holds : fails) = k;
+    }
+    return holds;
+}
+
+OrderedEstimate medianOf(std::span<const double> ascending, double confidence) {
+    const std::size_t n = ascending.size();
+    Depth depth{coinsFromTheEnd(n, confidence), 0, 1 - 2 * fairCoinsAtMost(0, n)};
+    if (depth.k > 0) {
+        depth.attained = 1 - 2 * fairCoinsAtMost(depth.k - 1, n);
+    }
+    return medianAmong(n, depth, [ascending](std::uint64_t place) { return ascending[place]; });
+}
+
+Depth normalDepth(double mean, double deviation, double confidence) {
+    const double k = std::floor(mean - normalQuantile(confidence) * deviation);
+    const auto level = [=](double depth) { return 1 - 2 * normalTail((mean - depth) / deviation).value; };
+    return k > 0 ? Depth{static_cast<std::uint64_t>(k), level(k), level(1)} : Depth{0, 0, level(1)};
+}
+
+}  // namespace TBVNonPara::statistics

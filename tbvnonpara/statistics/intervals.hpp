@@ -1,0 +1,85 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <numeric>
+#include <optional>
+#include <span>
+
+namespace TBVNonPara::statistics {
+
+/// An estimate with its interval, where there is one.
+struct Estimate {
+    double value = 0;
+    std::optional<double> low;
+    std::optional<double> high;
+};
+
+/// An estimate whose interval ends at observations: `attained` is the level that it has in truth, `best` the
+/// highest that these data allow (where that falls short of the level asked for, there is no interval).
+struct OrderedEstimate {
+    double value = 0;
+    std::optional<double> low;
+    std::optional<double> high;
+    std::optional<double> attained;
+    double best = 0;
+};
+
+/// A share of successes with the interval of Clopper and Pearson (1934). `trials` is not 0.
+[[nodiscard]] Estimate share(std::size_t successes, std::size_t trials, double confidence);
+
+/// The median of values that ascend with the interval between two of them (Thompson 1936). Not empty.
+[[nodiscard]] OrderedEstimate medianOf(std::span<const double> ascending, double confidence);
+
+/// How far from either end of ordered values an interval ends (0: there is none), with the levels of
+/// OrderedEstimate.
+struct Depth {
+    std::uint64_t k = 0;
+    double attained = 0;
+    double best = 0;
+};
+
+/// The depth in a symmetric distribution by its standard normal approximation.
+[[nodiscard]] Depth normalDepth(double mean, double deviation, double confidence);
+
+/// The median of `count` ordered values and the interval of this depth; `at` gives the value at a place from
+/// 0 on.
+template <typename At>
+[[nodiscard]] OrderedEstimate medianAmong(std::uint64_t count, const Depth& depth, At at) {
+    const auto value = [&](std::uint64_t place) { return at(place) + 0.0; };  // 0, not -0
+    OrderedEstimate median{value(count / 2), {}, {}, {}, depth.best};
+    if (count % 2 == 0) {
+        median.value = std::midpoint(value(count / 2 - 1), median.value);
+    }
+    if (depth.k > 0) {
+        median.low = value(depth.k - 1);
+        median.high = value(count - depth.k);
+        median.attained = depth.attained;
+    }
+    return median;
+}
+
+/// The number k of values to count from either end for such an interval, 0 for none: the largest for which k
+/// - 1 or fewer of n fair coins has a probability of at most half of what the level leaves.
+[[nodiscard]] std::size_t coinsFromTheEnd(std::size_t n, double confidence);
+
+/// Probability that at most k of n fair coins fall one way.
+[[nodiscard]] double fairCoinsAtMost(std::size_t k, std::size_t n);
+
+template <typename Member>
+void visit(const Estimate& estimate, Member& member) {
+    member("value", estimate.value);
+    member("low", estimate.low);
+    member("high", estimate.high);
+}
+
+template <typename Member>
+void visit(const OrderedEstimate& estimate, Member& member) {
+    member("value", estimate.value);
+    member("low", estimate.low);
+    member("high", estimate.high);
+    member("attained", estimate.attained);
+    member("best", estimate.best);
+}
+
+}  // namespace TBVNonPara::statistics

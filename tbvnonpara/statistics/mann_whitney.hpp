@@ -1,0 +1,107 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string_view>
+
+#include "tbvnonpara/statistics/intervals.hpp"
+#include "tbvnonpara/statistics/midranks.hpp"
+#include "tbvnonpara/statistics/options.hpp"
+#include "tbvnonpara/statistics/probability.hpp"
+
+namespace TBVNonPara::statistics {
+
+/// How the pairs of one value of each sample compare.
+struct PairCounts {
+    std::uint64_t greater = 0;  ///< the first is larger
+    std::uint64_t equal = 0;
+    std::uint64_t less = 0;
+};
+
+/// Two independent samples: which tends to be larger, by how much, and how sure that is.
+struct MannWhitney {
+    std::array<std::size_t, 2> n{};
+    std::size_t missing = 0;
+    Ties ties;
+    PairCounts pairs;
+    /// u[0] counts the pairs in which the first sample is larger, equal ones half. (The report's U1 is u[1].)
+    std::array<double, 2> u{};
+    std::array<double, 2> rankSum{};
+    /// Untied below 50,000 pairs; given the ties while the count takes no more steps than allowed.
+    std::optional<Tails> exact;
+    /// With the variance of tied ranks (Hemelrijk 1952); none where all values are equal.
+    std::optional<NormalApproximation> normal;
+    /// Brunner and Munzel (2000), which does not need equal spreads; positive where the first sample is
+    /// larger. None where the placements do not vary.
+    std::optional<StudentTails> robust;
+    /// Share of pairs in which the first is larger, equal ones half (Vargha and Delaney 2000), with the
+    /// interval of Newcombe (2006, method 5) whose variance at 1/2 is that of the tied rank sum.
+    Estimate superiority;
+    /// The same as the matched share less the other: 2 A - 1, Cliff's delta.
+    Estimate rankBiserial;
+    /// Median of all differences first - second (Hodges and Lehmann 1963).
+    OrderedEstimate shift;
+    struct Group {
+        std::size_t n = 0;
+        OrderedEstimate median;
+        double meanRank = 0;
+    };
+    std::array<Group, 2> groups;
+};
+
+/// first, second: any length from 1, finite, in any order. O(n log n) and the exact count that `options`
+/// allow. Throws std::invalid_argument that names the sample and position of a value that is not finite, and
+/// for a sample without values.
+[[nodiscard]] MannWhitney mannWhitney(std::span<const double> first, std::span<const double> second,
+                                      const Options& options = {});
+
+/// The share alone, of two samples that ascend. O(n1 + n2).
+[[nodiscard]] double superiority(std::span<const double> first, std::span<const double> second);
+
+/// What P is shown: "exact", "normal" or "none".
+[[nodiscard]] std::string_view methodOf(const MannWhitney& test);
+
+template <typename Member>
+void visit(const PairCounts& pairs, Member& member) {
+    member("greater", pairs.greater);
+    member("equal", pairs.equal);
+    member("less", pairs.less);
+}
+
+template <typename Member>
+void visit(const MannWhitney::Group& group, Member& member) {
+    member("n", group.n);
+    member("median", group.median);
+    member("meanRank", group.meanRank);
+}
+
+template <typename Member>
+void visit(const MannWhitney& test, Member& member) {
+    member("data", [&](auto& data) {
+        data("n", test.n);
+        data("missing", test.missing);
+        data("ties", test.ties);
+        data("pairs", test.pairs);
+    });
+    member("statistic", [&](auto& statistic) {
+        statistic("u", test.u);
+        statistic("rankSum", test.rankSum);
+    });
+    member("p", [&](auto& p) {
+        p("method", methodOf(test));
+        p("exact", test.exact);
+        p("normal", test.normal);
+    });
+    member("robust", test.robust);
+    member("effect", [&](auto& effect) {
+        effect("superiority", test.superiority);
+        effect("rankBiserial", test.rankBiserial);
+        effect("shift", test.shift);
+    });
+    member("groups", test.groups);
+}
+
+}  // namespace TBVNonPara::statistics

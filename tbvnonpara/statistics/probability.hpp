@@ -1,0 +1,114 @@
+#pragma once
+
+#include <optional>
+
+#include "tbvnonpara/distributions/exact_tails.hpp"
+
+namespace TBVNonPara::statistics {
+
+/// A probability and its common logarithm, which goes on where a double ends: 1e-968 has the value 0 and the
+/// logarithm -968.
+struct Probability {
+    double value = 1;
+    double log10 = 0;
+};
+
+/// A probability in the three directions; `point` is what exactly the observed value has.
+struct Tails {
+    Probability two;
+    Probability greater;
+    Probability less;
+    std::optional<double> point;
+};
+
+/// A standard normal value with the probabilities of one as extreme.
+struct NormalTails {
+    double z = 0;
+    Probability two;
+    Probability greater;
+    Probability less;
+};
+
+/// z without and with a continuity correction of `step` towards the mean.
+struct NormalApproximation {
+    NormalTails plain;
+    NormalTails corrected;
+};
+
+/// Student's t with its degrees of freedom.
+struct StudentTails {
+    double t = 0;
+    double df = 0;
+    Probability two;
+    Probability greater;
+    Probability less;
+};
+
+[[nodiscard]] Probability probability(double value);
+[[nodiscard]] Tails tails(const ExactTails& exact);
+
+/// The upper tail of the standard normal distribution.
+[[nodiscard]] Probability normalTail(double z);
+/// The upper tail of Student's t.
+[[nodiscard]] Probability studentTail(double t, double df);
+/// The upper tail of chi-square.
+[[nodiscard]] Probability chiSquareTail(double value, double df);
+/// The upper tail of F.
+[[nodiscard]] Probability fTail(double value, double df1, double df2);
+
+/// At least k of n fair coins.
+[[nodiscard]] Probability fairCoinsAtLeast(double k, double n);
+
+/// `distance` from the mean of a statistic with this standard deviation. With the correction each direction
+/// moves half a `step` towards what it would have to exceed; the two-tailed z ends at 0. None where there is
+/// no spread.
+[[nodiscard]] std::optional<NormalApproximation> normalApproximation(double distance, double deviation,
+                                                                     double step);
+
+[[nodiscard]] StudentTails studentTails(double t, double df);
+
+/// The standard normal value that a level leaves half of the rest above: 1.96 for 0.95.
+[[nodiscard]] double normalQuantile(double confidence);
+
+// The names of all members, which every surface takes from here: visit(value, member) calls member(name,
+// figure) for each of them; a figure may be a function that calls member again, for a block of figures below
+// one name.
+
+template <typename Member>
+void visit(const Probability& p, Member& member) {
+    member("value", p.value);
+    member("log10", p.log10);
+}
+
+template <typename Member>
+void visit(const Tails& tails, Member& member) {
+    member("two", tails.two);
+    member("greater", tails.greater);
+    member("less", tails.less);
+    member("point", tails.point);
+}
+
+template <typename Member>
+void visit(const NormalTails& normal, Member& member) {
+    member("z", normal.z);
+    member("two", normal.two);
+    member("greater", normal.greater);
+    member("less", normal.less);
+}
+
+template <typename Member>
+void visit(const NormalApproximation& normal, Member& member) {
+    visit(normal.plain, member);
+    member("corrected", normal.corrected);
+}
+
+template <typename Member>
+void visit(const StudentTails& student, Member& member) {
+    member("t", student.t);
+    member("df", student.df);
+    member("two", student.two);
+    member("greater", student.greater);
+    member("less", student.less);
+}
+
+}  // namespace TBVNonPara::statistics

@@ -1,0 +1,100 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "tbvnonpara/statistics/options.hpp"
+#include "tbvnonpara/statistics/probability.hpp"
+
+namespace TBVNonPara::statistics {
+
+/// Do equal categories cluster in a sequence, or avoid each other?
+struct Runs {
+    std::size_t n = 0;
+    std::size_t missing = 0;
+    std::vector<std::size_t> counts;  ///< of the categories in order of first appearance
+    std::size_t runs = 0;
+    double expected = 0;
+    double variance = 0;
+    struct Exact {
+        Probability two;
+        Probability fewer;
+        Probability more;
+        double point = 0;
+    };
+    std::optional<Exact> exact;  ///< all orders of the cells; beyond two categories while the steps last
+    /// `less` stands for fewer runs, `greater` for more; none for one category.
+    struct Normal {
+        NormalApproximation approximation;
+    };
+    std::optional<Normal> normal;
+    /// Share of neighbours that are equal and what a random order would have; none for one cell.
+    struct EqualNeighbours {
+        double value = 0;
+        double expected = 0;
+    };
+    std::optional<EqualNeighbours> equalNeighbours;
+};
+
+/// `categories`: the number of each cell's category, from 0, in order of first appearance; any length from 1.
+/// O(n) and the exact count. Throws std::invalid_argument for an empty sequence.
+[[nodiscard]] Runs runs(std::span<const std::size_t> categories, const Options& options = {});
+
+/// The same for numbers, each distinct one a category. NaN is refused or left out; O(n log n).
+[[nodiscard]] Runs runs(std::span<const double> values, const Options& options = {});
+
+/// What P is shown: "exact", "normal" or "none".
+[[nodiscard]] std::string_view methodOf(const Runs& test);
+
+template <typename Member>
+void visit(const Runs::Exact& exact, Member& member) {
+    member("two", exact.two);
+    member("fewer", exact.fewer);
+    member("more", exact.more);
+    member("point", exact.point);
+}
+
+/// The normal approximation under the names that runs have.
+template <typename Member>
+void visit(const Runs::Normal& normal, Member& member) {
+    const auto directions = [](const NormalTails& tails) {
+        return [&tails](auto& direction) {
+            direction("z", tails.z);
+            direction("two", tails.two);
+            direction("fewer", tails.less);
+            direction("more", tails.greater);
+        };
+    };
+    directions(normal.approximation.plain)(member);
+    member("corrected", directions(normal.approximation.corrected));
+}
+
+template <typename Member>
+void visit(const Runs::EqualNeighbours& share, Member& member) {
+    member("value", share.value);
+    member("expected", share.expected);
+}
+
+template <typename Member>
+void visit(const Runs& test, Member& member) {
+    member("data", [&](auto& data) {
+        data("n", test.n);
+        data("missing", test.missing);
+        data("categories", test.counts.size());
+        data("counts", test.counts);
+        data("runs", test.runs);
+        data("expected", test.expected);
+        data("variance", test.variance);
+    });
+    member("p", [&](auto& p) {
+        p("method", methodOf(test));
+        p("exact", test.exact);
+        p("normal", test.normal);
+    });
+    member("effect", [&](auto& effect) { effect("equalNeighbours", test.equalNeighbours); });
+}
+
+}  // namespace TBVNonPara::statistics
