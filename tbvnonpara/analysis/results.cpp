@@ -1,5 +1,7 @@
 #include "tbvnonpara/analysis/results.hpp"
 
+#include <algorithm>
+
 namespace TBVNonPara::analysis {
 
 namespace {
@@ -107,6 +109,11 @@ std::vector<NamedResult> namedResults(TBVNPMethod method, const clsNonParaBO& en
             return runs(engine);
     }
     return {};
+}
+
+double reportedP(TBVNPMethod method, const clsNonParaBO& engine) {
+    const std::vector<NamedResult> results = namedResults(method, engine);
+    return std::get<double>(std::ranges::find(results, "p", &NamedResult::name)->value);
 }
 
 }  // namespace TBVNonPara::analysis

@@ -23,4 +23,7 @@ struct NamedResult {
 /// stand together.
 [[nodiscard]] std::vector<NamedResult> namedResults(TBVNPMethod method, const clsNonParaBO& engine);
 
+/// The P that the report shows, or the first of several.
+[[nodiscard]] double reportedP(TBVNPMethod method, const clsNonParaBO& engine);
+
 }  // namespace TBVNonPara::analysis

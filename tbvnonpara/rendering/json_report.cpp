@@ -1,5 +1,6 @@
 #include "tbvnonpara/rendering/json_report.hpp"
 
+#include "tbvnonpara/rendering/details_json.hpp"
 #include "tbvnonpara/rendering/json_values.hpp"
 
 namespace TBVNonPara::rendering {
@@ -30,6 +31,10 @@ std::string member(std::string_view name, std::size_t number) {
     return textInJson(name) + ": " + std::to_string(number);
 }
 
+std::string memberOfDetails(const analysis::Details* details) {
+    return details == nullptr ? "" : ",\n  \"details\": " + figureInJson(detailFigures(*details), 2);
+}
+
 }  // namespace
 
 std::string missingInJson(const reshaping::Account& data) {
@@ -56,7 +61,7 @@ void writeJson(std::string_view test, std::string_view address, const ReportBloc
     writeRows(report, output);
     output.write("\n    ]\n  },\n  \"results\": " + resultsInJson(results) +
                  (beside.data == nullptr ? "" : accountInJson(*beside.data)) +
-                 listOfWarnings(beside.warnings) + "\n}\n");
+                 memberOfDetails(beside.details) + listOfWarnings(beside.warnings) + "\n}\n");
 }
 
 }  // namespace TBVNonPara::rendering

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "tbvnonpara/analysis/details.hpp"
 #include "tbvnonpara/analysis/results.hpp"
 #include "tbvnonpara/rendering/output.hpp"
 #include "tbvnonpara/rendering/report_block.hpp"
@@ -13,7 +14,8 @@ namespace TBVNonPara::rendering {
 
 /// What stands beside a report and its results.
 struct BesideReport {
-    const reshaping::Account* data = nullptr;  ///< what was left out, for data that were brought into form
+    const reshaping::Account* data = nullptr;    ///< what was left out, for data that were brought into form
+    const analysis::Details* details = nullptr;  ///< the test in full, where it was asked for
     std::vector<std::string> warnings;
 };
 
@@ -24,7 +26,7 @@ struct BesideReport {
 [[nodiscard]] std::string accountInJson(const reshaping::Account& data);
 
 /// Writes a report as one JSON object: the test's name, the report's address and all its cells, the results
-/// by name; groups and what was left out of the data, and warnings, where there are any.
+/// by name; groups and what was left out of the data, details and warnings, where there are any.
 void writeJson(std::string_view test, std::string_view address, const ReportBlock& report,
                const std::vector<analysis::NamedResult>& results, Output& output,
                const BesideReport& beside = {});

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "tbvnonpara/analysis/choices.hpp"
+#include "tbvnonpara/analysis/columns.hpp"
+#include "tbvnonpara/analysis/ranges.hpp"
+#include "tbvnonpara/engine/clsNonParaBO.hpp"
+#include "tbvnonpara/statistics/friedman.hpp"
+#include "tbvnonpara/statistics/kruskal_wallis.hpp"
+#include "tbvnonpara/statistics/mann_whitney.hpp"
+#include "tbvnonpara/statistics/median.hpp"
+#include "tbvnonpara/statistics/runs.hpp"
+#include "tbvnonpara/statistics/sign.hpp"
+#include "tbvnonpara/statistics/spearman.hpp"
+#include "tbvnonpara/statistics/wilcoxon.hpp"
+
+namespace TBVNonPara::analysis {
+
+/// What a user may choose about the details.
+struct DetailChoices {
+    double confidence = 0.95;
+    statistics::Adjustment adjustment = statistics::Adjustment::Holm;
+    std::string control;  ///< the label of the one group to compare with; empty for all pairs
+};
+
+using TestInFull =
+    std::variant<statistics::MannWhitney, statistics::Wilcoxon, statistics::Spearman, statistics::Sign,
+                 statistics::Runs, statistics::Median, statistics::KruskalWallis, statistics::Friedman>;
+
+/// A test in full, and what is needed to tell about it.
+struct Details {
+    const OfferedTest* test = nullptr;
+    TBVNPTails tails = tbvNPTwoTailed;
+    DetailChoices choices;
+    std::vector<std::string>
+        labels;  ///< of the variables or the groups with values; the categories of a sequence
+    TestInFull result;
+    double reportedP = 0;  ///< what the report shows
+};
+
+/// The columns that a test reads: the first range's, then the second's. Read before a report can cover them.
+[[nodiscard]] std::vector<LabelledColumn> columnsOf(const workbook::EmbeddedApplication& application,
+                                                    const ChosenRanges& ranges);
+
+/// Raises an error where there is no such control, or where the columns have no details:
+/// std::invalid_argument says why.
+[[nodiscard]] Details detailsOf(const Choices& choices, const DetailChoices& chosen,
+                                const std::vector<LabelledColumn>& columns, const clsNonParaBO& engine);
+
+}  // namespace TBVNonPara::analysis

@@ -1,0 +1,34 @@
+#include "tbvnonpara/rendering/details_page.hpp"
+
+#include <fmt/format.h>
+
+#include "tbvnonpara/rendering/details_k_samples.hpp"
+#include "tbvnonpara/rendering/details_two_samples.hpp"
+#include "tbvnonpara/rendering/details_words.hpp"
+
+namespace TBVNonPara::rendering {
+
+std::string shownDetail(const DetailCell& cell) {
+    if (const auto* text = std::get_if<std::string>(&cell.value)) {
+        return *text;
+    }
+    const auto* number = std::get_if<double>(&cell.value);
+    if (number == nullptr) {
+        return "";
+    }
+    switch (cell.form) {
+        case DetailForm::Probability:
+            return probabilityText({*number, cell.log10});
+        case DetailForm::Whole:
+            return fmt::format("{:.0f}", *number);
+        case DetailForm::Number:
+            break;
+    }
+    return fourDecimals(*number);
+}
+
+DetailPage detailPage(const analysis::Details& details) {
+    return std::visit([&](const auto& test) { return pageOf(test, details); }, details.result);
+}
+
+}  // namespace TBVNonPara::rendering
