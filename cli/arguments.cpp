@@ -43,7 +43,17 @@ struct Words {
     std::string groups;
     std::string missing;
     std::string missingWords;
+    bool details = false;
+    double confidence = 95;
+    std::string adjust = "holm";
+    std::string control;
 };
+
+const std::map<std::string, statistics::Adjustment> adjustments = {
+    {"holm", statistics::Adjustment::Holm},
+    {"bonferroni", statistics::Adjustment::Bonferroni},
+    {"bh", statistics::Adjustment::BenjaminiHochberg},
+    {"none", statistics::Adjustment::None}};
 
 const std::map<std::string, workbook::Encoding> encodings = {
     {"", workbook::Encoding::Utf8},
@@ -233,6 +243,32 @@ void offerSaving(CLI::App& command, Arguments& arguments) {
         ->needs(save);
 }
 
+/// The options that say what stands below the report.
+void offerDetails(CLI::App& command, const OfferedTest& test, Words& words) {
+    CLI::Option* const details =
+        command.add_flag("--details", words.details,
+                         "add effects with intervals, exact probabilities, groups and\n"
+                         "comparisons, as text, csv or json");
+    command
+        .add_option("--confidence", words.confidence, "the level of the intervals in per cent, 50 to 99.9")
+        ->type_name("PERCENT")
+        ->check(CLI::Range(50.0, 99.9).description(""))
+        ->needs(details);
+    if (!analysis::takesManyColumns(test.shape)) {
+        return;
+    }
+    command
+        .add_option("--adjust", words.adjust,
+                    "how P of comparisons is adjusted: holm, bonferroni, bh or none")
+        ->type_name("WORD")
+        ->check(CLI::IsMember({"holm", "bonferroni", "bh", "none"}).description(""))
+        ->needs(details);
+    command.add_option("--control", words.control, "compare with this group alone")
+        ->type_name("NAME")
+        ->check(filled())
+        ->needs(details);
+}
+
 void offer(CLI::App& program, const OfferedTest& test, Words& words) {
     CLI::App& command = *program.add_subcommand(std::string(test.name), std::string(test.summary));
     command.group("Tests");
@@ -254,6 +290,7 @@ void offer(CLI::App& program, const OfferedTest& test, Words& words) {
     if (test.tails) {
         offerTails(command, test, words);
     }
+    offerDetails(command, test, words);
     command.footer(fmt::format("Example: tbvnonpara {}{}", wordsOf(test).example, whereExamplesLie()));
     command.callback([&words, &test] { words.arguments.test = &test; });
 }
@@ -352,6 +389,10 @@ Arguments finish(Words words) {
     if (!words.decimal.empty()) {
         arguments.decimal = words.decimal.front();
     }
+    if (words.details) {
+        arguments.details =
+            analysis::DetailChoices{words.confidence / 100, adjustments.at(words.adjust), words.control};
+    }
     return std::move(arguments);
 }
 
@@ -405,6 +446,10 @@ std::variant<Arguments, Answer> parseArguments(int count, const char* const* wor
     }
     if (const std::optional<std::string> wrong = notForEach(arguments)) {
         return Answer{usageText(*wrong, words[1]), usageStatus};
+    }
+    if (arguments.details &&
+        (arguments.format == OutputFormat::Html || arguments.format == OutputFormat::Xlsx)) {
+        return Answer{usageText("--details are given as text, csv or json", words[1]), usageStatus};
     }
     return arguments;
 }

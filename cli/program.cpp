@@ -8,6 +8,7 @@
 
 #include "cli/arguments.hpp"
 #include "cli/describe.hpp"
+#include "cli/details.hpp"
 #include "cli/messages.hpp"
 #include "cli/plan.hpp"
 #include "cli/progress.hpp"
@@ -59,6 +60,8 @@ struct Tested {
     rendering::PictureData picture;
     std::optional<reshaping::Account> account;
     std::optional<analysis::CutNumbers> cut;
+    std::vector<analysis::LabelledColumn> columns;  ///< of the details
+    std::optional<analysis::Details> details = {};
 };
 
 /// The results of the test, and where its numbers were cut.
@@ -79,17 +82,22 @@ void write(const Tested& tested, const Arguments& arguments, const std::vector<s
     const analysis::FinishedTest& finished = tested.finished;
     const rendering::ReportBlock report(finished.sheet(), finished.block());
     const bool shown = arguments.save.empty();
+    const std::size_t width = shown ? terminalWidth() : 0;
+    const rendering::CsvFields fields{arguments.safeCsv, shown && writesToTerminal()};
     switch (arguments.format) {
         case OutputFormat::Text:
-            rendering::writeText(report, shown && wantsColour(), output, shown ? terminalWidth() : 0);
+            rendering::writeText(report, shown && wantsColour(), output, width);
+            writeDetailsBelow(tested.details, output, width);
             break;
         case OutputFormat::Json:
             rendering::writeJson(arguments.test->name, finished.address(), report,
                                  resultsOf(tested, arguments), output,
-                                 {tested.account ? &*tested.account : nullptr, warnings});
+                                 {tested.account ? &*tested.account : nullptr,
+                                  tested.details ? &*tested.details : nullptr, warnings});
             break;
         case OutputFormat::Csv:
-            rendering::writeCsv(report, output, {arguments.safeCsv, shown && writesToTerminal()});
+            rendering::writeCsv(report, output, fields);
+            writeDetailsBelow(tested.details, output, fields);
             break;
         case OutputFormat::Html:
             rendering::writeHtml(
@@ -131,10 +139,11 @@ Tested runOn(const ObjectRef<workbook::EmbeddedApplication>& application, const 
     for (const std::string& note : data.notes()) {
         tellLines(note);
     }
-    // The picture shows the data as they are before a report is put over them.
+    // The picture and the details show the data as they are before a report is put over them.
     rendering::PictureData picture = dataToDraw(*application, arguments, data.ranges());
+    std::vector<analysis::LabelledColumn> columns = columnsInDetail(*application, arguments, data.ranges());
     return {analysis::runTest(application, arguments, data.ranges()), std::move(picture),
-            copyOf(data.account()), copyOf(data.cut())};
+            copyOf(data.account()), copyOf(data.cut()), std::move(columns)};
 }
 
 int analyse(const Arguments& arguments, Circumstances& circumstances) {
@@ -151,6 +160,9 @@ int analyse(const Arguments& arguments, Circumstances& circumstances) {
         return 0;
     }
     if (analysis::testsEachColumn(*application, arguments)) {
+        if (arguments.details) {
+            analysis::refuse(tbvNPYRangeColumns, "Details are of one column; name one with --y.");
+        }
         return testColumns(*application, arguments, progress);
     }
     const analysis::ChosenRanges chosen = analysis::chooseRanges(*application, arguments);
@@ -165,7 +177,8 @@ int analyse(const Arguments& arguments, Circumstances& circumstances) {
     }
     progress.next("Analysing");
     std::vector<std::string> warnings = warningsOnData(*application, arguments, chosen);
-    const Tested tested = runOn(application, arguments, chosen);
+    Tested tested = runOn(application, arguments, chosen);
+    tested.details = findDetails(arguments, tested.columns, tested.finished.engine(), warnings);
     std::ranges::move(warningsOnPlace(tested.finished, arguments), std::back_inserter(warnings));
     const auto writeTo = [&](Output& output) { write(tested, arguments, warnings, output); };
     if (!arguments.save.empty()) {
@@ -173,11 +186,13 @@ int analyse(const Arguments& arguments, Circumstances& circumstances) {
         const std::string saved = saveReport(tested.finished, arguments, writeTo);
         progress.end();
         warn(warnings);
+        tell(lineOnSmallP(arguments, tested.finished.engine()));
         tell(rendering::escaped(saved) + '\n');
         return 0;
     }
     progress.end();
     warn(warnings);
+    tell(lineOnSmallP(arguments, tested.finished.engine()));
     Output output(stdout);
     writeTo(output);
     output.finish();

@@ -6,12 +6,15 @@ _tbvnonpara_options() {
         return
     fi
     local options="--y --by --groups --each --plan --where --missing --na --sheet --transpose --headers --no-headers --format --safe-csv --delimiter --decimal --thousands --encoding --comment
-        --save --output --overwrite --with-data --help"
+        --save --output --overwrite --with-data --details --confidence --help"
     case $1 in
         mann-whitney | wilcoxon | spearman | sign) options+=" --x" ;;
     esac
     case $1 in
         wilcoxon | spearman | sign | friedman) options+=" --block" ;;
+    esac
+    case $1 in
+        median | friedman | kruskal-wallis) options+=" --adjust --control" ;;
     esac
     case $1 in
         sign | runs) ;;
@@ -123,11 +126,12 @@ _tbvnonpara() {
         --cut) mapfile -t COMPREPLY < <(compgen -W "median mean" -- "$word") ;;
         --cut-equal) mapfile -t COMPREPLY < <(compgen -W "drop above below" -- "$word") ;;
         --encoding) mapfile -t COMPREPLY < <(compgen -W "utf-8 latin1 windows-1252" -- "$word") ;;
+        --adjust) mapfile -t COMPREPLY < <(compgen -W "holm bonferroni bh none" -- "$word") ;;
         --missing) mapfile -t COMPREPLY < <(compgen -W "omit" -- "$word") ;;
         --names) mapfile -t COMPREPLY < <(compgen -W "columns sheets" -- "$word") ;;
         --y | --x | --by | --block) _tbvnonpara_offer_names columns "$word" ;;
         --sheet) _tbvnonpara_offer_names sheets "$word" ;;
-        --decimal | --comment | --groups | --where | --na | --output) ;;
+        --decimal | --comment | --groups | --where | --na | --output | --confidence | --control) ;;
         --save)
             _tbvnonpara_offer_files < <(compgen -f -- "$word")
             ;;

@@ -43,6 +43,42 @@ TEST(Arguments, OfAPlainCallLeaveEverythingOpen) {
     EXPECT_EQ(arguments.decimal, std::nullopt);
 }
 
+TEST(Arguments, OfDetailsHaveADefault) {
+    EXPECT_FALSE(accepted({"friedman", "data.csv"}).details);
+    const auto details = accepted({"friedman", "data.csv", "--details"}).details;
+    ASSERT_TRUE(details);
+    EXPECT_EQ(details->confidence, 0.95);
+    EXPECT_EQ(details->adjustment, statistics::Adjustment::Holm);
+    EXPECT_EQ(details->control, "");
+}
+
+TEST(Arguments, OfDetailsSayLevelAdjustmentAndControl) {
+    const auto details = accepted({"median", "data.csv", "--details", "--confidence", "90", "--adjust", "bh",
+                                   "--control", "placebo"})
+                             .details;
+    ASSERT_TRUE(details);
+    EXPECT_EQ(details->confidence, 0.9);
+    EXPECT_EQ(details->adjustment, statistics::Adjustment::BenjaminiHochberg);
+    EXPECT_EQ(details->control, "placebo");
+}
+
+TEST(Arguments, OfDetailsAreRefusedWhereTheyMeanNothing) {
+    const std::vector<std::vector<const char*>> cases = {
+        {"sign", "data.csv", "--confidence", "90"},
+        {"sign", "data.csv", "--details", "--confidence", "49"},
+        {"sign", "data.csv", "--details", "--confidence", "100"},
+        {"sign", "data.csv", "--details", "--adjust", "holm"},
+        {"median", "data.csv", "--adjust", "holm"},
+        {"median", "data.csv", "--details", "--adjust", "tukey"},
+        {"median", "data.csv", "--control", "a"},
+        {"median", "data.csv", "--details", "--format", "html"},
+        {"median", "data.csv", "--details", "--save", "report.xlsx"},
+    };
+    for (const std::vector<const char*>& words : cases) {
+        EXPECT_EQ(answered(words).status, usageStatus) << words[2] << words.back();
+    }
+}
+
 TEST(Arguments, TakeEveryOption) {
     const Arguments arguments = accepted({"wilcoxon", "--y", "A", "--x", "B", "--sheet", "S", "--headers",
                                           "--descriptives", "--ignore-ties", "--tails", "less", "--format",

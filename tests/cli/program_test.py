@@ -337,5 +337,98 @@ class Files(unittest.TestCase):
         self.assertEqual(json.loads(result.stdout)["report"]["address"], "'Results (2)'!$A$1:$D$9")
 
 
+class Details(unittest.TestCase):
+    SLEEP = str(EXAMPLES / "sleep.csv")
+    CHICKS = str(EXAMPLES / "chicks.csv")
+    HURON = str(EXAMPLES / "huron.csv")
+
+    def details(self, *words, **options):
+        result = run(*words, "--details", "--format", "json", **options)
+        self.assertEqual(result.returncode, 0, result.stderr)
+        return json.loads(result.stdout)["details"]
+
+    def test_the_report_above_them_is_the_same(self):
+        for form in ("text", "csv"):
+            plain = run("kruskal-wallis", self.CHICKS, "--format", form).stdout
+            full = run("kruskal-wallis", self.CHICKS, "--format", form, "--details").stdout
+            self.assertTrue(full.startswith(plain), form)
+            self.assertGreater(len(full), len(plain) + 500)
+
+    def test_json_has_the_level_the_adjustment_and_the_labels(self):
+        details = self.details("kruskal-wallis", self.CHICKS, "--confidence", "90", "--adjust", "bh")
+        self.assertEqual((details["schema"], details["test"], details["level"], details["adjust"]),
+                         (1, "kruskal-wallis", 0.9, "bh"))
+        self.assertEqual(details["labels"][0], "casein")
+        self.assertEqual(len(details["comparisons"]), 15)
+
+    def test_a_higher_level_gives_a_wider_interval(self):
+        widths = []
+        for level in ("80", "95", "99"):
+            shift = self.details("mann-whitney", self.SLEEP, "--confidence", level)["effect"]["shift"]
+            widths.append(shift["high"] - shift["low"])
+        self.assertEqual(widths, sorted(widths))
+        self.assertLess(widths[0], widths[2])
+
+    def test_comparisons_are_with_the_control_alone(self):
+        details = self.details("kruskal-wallis", self.CHICKS, "--control", "linseed")
+        pairs = [(comparison["first"], comparison["second"]) for comparison in details["comparisons"]]
+        self.assertEqual(pairs, [(1, 3), (2, 3), (3, 4), (3, 5), (3, 6)])
+        self.assertIsNone(details["letters"])
+
+    def test_a_control_that_is_none_is_refused_by_name(self):
+        result = run("median", self.CHICKS, "--details", "--control", "straw")
+        self.assertEqual((result.returncode, result.stdout), (1, ""))
+        self.assertIn('There is no group "straw"; the groups are casein, horsebean', result.stderr)
+
+    def test_the_probability_shown_is_that_of_the_tails(self):
+        text = run("mann-whitney", self.SLEEP, "--details", "--tails", "less").stdout
+        self.assertIn("P (less)\n", text)
+        self.assertIn("P = 0.0329 is exact", text)
+        self.assertIn("P (fewer)\n", run("runs", self.HURON, "--details", "--tails", "fewer").stdout)
+
+    def test_every_test_has_them(self):
+        for test, file in (("mann-whitney", self.SLEEP), ("wilcoxon", self.SLEEP), ("spearman", self.SLEEP),
+                           ("sign", self.SLEEP), ("runs", self.HURON), ("median", self.CHICKS),
+                           ("friedman", self.SLEEP), ("kruskal-wallis", self.CHICKS)):
+            details = self.details(test, file)
+            self.assertEqual(details["test"], test)
+            for name in ("labels", "words", "notes", "data", "p", "effect"):
+                self.assertTrue(details[name], (test, name))
+            self.assertIn("\r\nblock,name,first", run(test, file, "--details", "--format", "csv").stdout.replace(
+                "\n", "\r\n").replace("\r\r", "\r"))
+
+    def test_codes_have_signs_and_no_differences(self):
+        details = self.details("sign", str(EXAMPLES / "maize_signs.csv"))
+        self.assertIsNone(details["effect"]["medianDifference"])
+        self.assertEqual(len(details["labels"]), 1)
+
+    def test_sides_of_a_cut_are_the_categories(self):
+        details = self.details("runs", str(EXAMPLES / "lake_levels.csv"), "--cut", "median")
+        self.assertEqual(len(details["labels"]), 2)
+        self.assertEqual(details["data"]["categories"], 2)
+
+    def test_texts_numbers_and_truth_are_categories(self):
+        details = self.details("runs", "-", "--no-headers", text="a\n1\n1\nTRUE\nb\na\n1\n")
+        self.assertEqual(details["data"]["counts"], [2, 3, 1, 1])
+
+    def test_a_blank_is_no_value(self):
+        details = self.details("kruskal-wallis", "-", text="a,b\n1,4\n2,\n3,6\n")
+        self.assertEqual(details["data"]["n"], 5)
+
+    def test_long_tables_have_them_too(self):
+        text = "feed,weight\n" + "".join(f"{feed},{w}\n" for feed, w in
+                                         [("a", 1), ("b", 4), ("a", 2), ("b", 5), ("a", 3), ("c", 9), ("c", 7)])
+        details = self.details("kruskal-wallis", "-", "--y", "weight", "--by", "feed", text=text)
+        self.assertEqual(details["labels"], ["a", "b", "c"])
+        self.assertEqual([group["n"] for group in details["groups"]], [3, 2, 2])
+
+    def test_what_four_decimals_hide_is_told(self):
+        told = "P = 7.1e-09 (0.0000 at four decimals)\n"
+        self.assertTrue(run("runs", self.HURON).stderr.endswith(told))
+        for words in (["--details"], ["--format", "json"], ["--format", "csv"]):
+            self.assertNotIn("four decimals", run("runs", self.HURON, *words).stderr)
+        self.assertNotIn("four decimals", run("mann-whitney", PLANTS).stderr)
+
+
 if __name__ == "__main__":
     unittest.main()
