@@ -116,7 +116,8 @@ class TidyTable {
             if (!std::holds_alternative<FigureBlock>(way.value)) {
                 continue;
             }
-            const std::string whole = within.empty() ? name : within + '.' + name;
+            std::string whole = within;
+            whole += (within.empty() ? "" : ".") + name;
             const Figure* p = find(way, m_Direction);
             p = p == nullptr ? find(way, "p") : p;
             if (p != nullptr) {
