@@ -69,7 +69,11 @@ MatchedBlocks matchBlocks(const Column& values, const Groups& groups, const Colu
                               " of " + nameOf(blockColumn) + " has two values of " +
                               inQuotes(groups.groups[static_cast<std::size_t>(group)].name) + ": " +
                               nameOfCell(values, place) + " and " + nameOfCell(values, cell) +
-                              "; every block takes one of each.");
+                              "; every block takes one of each.")
+                .about(Reason::SecondValue,
+                       {blocks.groups[static_cast<std::size_t>(block)].name, nameOf(blockColumn),
+                        groups.groups[static_cast<std::size_t>(group)].name, nameOfCell(values, place),
+                        nameOfCell(values, cell)});
         }
         place = cell;
     }

@@ -58,7 +58,8 @@ std::optional<ThreeNumbers> threeNumbers(std::string_view text) noexcept {
 }
 
 std::string twoDigits(int number) {
-    return (number < 10 ? "0" : "") + std::to_string(number);
+    const std::string digits = std::to_string(number);
+    return number < 10 ? '0' + digits : digits;
 }
 
 std::optional<double> serial(int year, int month, int day, std::string_view time) {

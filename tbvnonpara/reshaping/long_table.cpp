@@ -17,12 +17,13 @@ void requireNames(const Column& column, const Groups& groups, bool omit, std::st
     if (groups.missing == 0 || omit) {
         return;
     }
-    const auto first = std::ranges::find(groups.ofCell, Groups::none) - groups.ofCell.begin();
+    const auto found = std::ranges::find(groups.ofCell, Groups::none) - groups.ofCell.begin();
+    const std::string first = nameOfCell(column, static_cast<std::size_t>(found));
     throw Refusal(tbvNPBlankInData,
                   nameOf(column) + " names no " + std::string(what) + " in " +
-                      counted(groups.missing, "row", "rows") + "; the first is " +
-                      nameOfCell(column, static_cast<std::size_t>(first)) + '.',
-                  Remedy::OmitMissing);
+                      counted(groups.missing, "row", "rows") + "; the first is " + first + '.',
+                  Remedy::OmitMissing)
+        .about(Reason::NamesMissing, {nameOf(column), std::to_string(groups.missing), first});
 }
 
 std::vector<std::string> firstNames(const std::vector<Group>& groups, std::size_t most) {
@@ -41,13 +42,15 @@ void requireNumberOfGroups(const Column& column, const Groups& groups, const Wis
         throw Refusal(tbvNPTooFewGroups,
                       nameOf(column) +
                           (count == 0 ? " names no group" : " has one group, " + sizesOf(groups.groups)) +
-                          "; the test compares " + (wishes.mostGroups == 2 ? "two." : "two or more."));
+                          "; the test compares " + (wishes.mostGroups == 2 ? "two." : "two or more."))
+            .about(count == 0 ? Reason::NoGroup : Reason::OneGroup, {nameOf(column), sizesOf(groups.groups)});
     }
     if (count > wishes.mostGroups) {
         throw Refusal(tbvNPTooFewGroups,
                       nameOf(column) + " has " + std::to_string(count) + " groups, " +
                           sizesOf(groups.groups) + "; the test compares two.",
-                      Remedy::PickGroups, firstNames(groups.groups, 2));
+                      Remedy::PickGroups, firstNames(groups.groups, 2))
+            .about(Reason::TooManyGroups, {nameOf(column), std::to_string(count), sizesOf(groups.groups)});
     }
 }
 
@@ -102,7 +105,9 @@ Groups settleGroups(LongTable& table, const Wishes& wishes, Account& account) {
                              (gap.rows == 1 ? " lacks" : " lack") + " a value") +
                       "; the first is " + inQuotes(blocks.groups[block].name) + ", without one of " +
                       inQuotes(matched.columns[gap.column].header) + '.',
-                  all ? Remedy::CorrectData : Remedy::OmitMissing);
+                  all ? Remedy::CorrectData : Remedy::OmitMissing)
+        .about(Reason::BlocksIncomplete, {nameOf(blockColumn), std::to_string(gap.rows),
+                                          blocks.groups[block].name, matched.columns[gap.column].header});
 }
 
 void match(const LongTable& table, const Groups& groups, const Wishes& wishes, Reshaped& result) {

@@ -82,7 +82,8 @@ DataCheckErrors faultOf(const CellValue& value) noexcept {
                                       (date ? ", a date whose day and month cannot be told apart, or that "
                                               "is written in another order than those above; write dates as "
                                               "2020-03-01."
-                                            : "; every value of " + nameOf(column) + " must be a number."));
+                                            : "; every value of " + nameOf(column) + " must be a number."))
+        .about(Reason::NotANumber, {nameOfCell(column, cell)});
 }
 
 /// Empties a cell that is missing, and counts it.
@@ -198,7 +199,10 @@ void refuseMissing(const Column& column, const MissingCells& missing) {
                       std::to_string(column.cells.size()) + ", the first where " +
                       nameOfCell(column, missing.first) +
                       (isEmpty(held) ? " is blank." : " holds " + contentsOf(held) + '.'),
-                  Remedy::OmitMissing);
+                  Remedy::OmitMissing)
+        .about(Reason::ValuesMissing,
+               {nameOf(column), std::to_string(missing.count), std::to_string(column.cells.size()),
+                nameOfCell(column, missing.first)});
 }
 
 }  // namespace TBVNonPara::reshaping

@@ -17,6 +17,22 @@ enum class Remedy {
     SplitValues,  ///< split one column by another, whose headers or letters groups() gives
 };
 
+/// What is wrong with a table, for front ends with words of their own. The facts of a refusal come in this
+/// order.
+enum class Reason {
+    Other,             ///< no facts
+    NotANumber,        ///< cell
+    ValuesMissing,     ///< column, how many, of how many, first cell
+    NamesMissing,      ///< column, how many rows, first cell
+    NoGroup,           ///< column
+    OneGroup,          ///< column, group and its size
+    TooManyGroups,     ///< column, how many, groups
+    BlocksIncomplete,  ///< column, how many, first block, group that it lacks
+    SecondValue,       ///< block, column, group, first cell, second cell
+    NothingLeft,       ///< column
+    UnequalColumns,    ///< column, rows, column, rows
+};
+
 /// A table that cannot be brought into the form of a test: the description says what, where and how many.
 class Refusal : public Error {
  public:
@@ -26,6 +42,15 @@ class Refusal : public Error {
           m_Remedy(remedy),
           m_Groups(std::move(groups)) {}
 
+    /// The same with its reason.
+    [[nodiscard]] Refusal about(Reason reason, std::vector<std::string> facts) && {
+        m_Reason = reason;
+        m_Facts = std::move(facts);
+        return std::move(*this);
+    }
+
+    [[nodiscard]] Reason reason() const noexcept { return m_Reason; }
+    [[nodiscard]] const std::vector<std::string>& facts() const noexcept { return m_Facts; }
     [[nodiscard]] Remedy remedy() const noexcept { return m_Remedy; }
     /// Names of groups to pick from, as many as the test takes, or two columns, where that is the remedy.
     [[nodiscard]] const std::vector<std::string>& groups() const noexcept { return m_Groups; }
@@ -33,6 +58,8 @@ class Refusal : public Error {
  private:
     Remedy m_Remedy;
     std::vector<std::string> m_Groups;
+    Reason m_Reason = Reason::Other;
+    std::vector<std::string> m_Facts;
 };
 
 }  // namespace TBVNonPara::reshaping

@@ -15,7 +15,8 @@ void settleMissing(const Column& column, const MissingCells& missing, const Wish
 void describeGroups(Reshaped& reshaped) {
     for (const Column& column : reshaped.columns) {
         if (column.cells.empty()) {
-            throw Refusal(tbvNPNoData, "No value is left of " + nameOf(column) + '.');
+            throw Refusal(tbvNPNoData, "No value is left of " + nameOf(column) + '.')
+                .about(Reason::NothingLeft, {nameOf(column)});
         }
         reshaped.account.groups.push_back({column.header, column.cells.size()});
     }

@@ -79,7 +79,9 @@ void settleRows(Reshaped& result, const Wishes& wishes) {
             throw Refusal(tbvNPUnequalPairs, nameOf(result.columns.front()) + " has " +
                                                  counted(rows, "row", "rows") + ", " + nameOf(column) + ' ' +
                                                  std::to_string(column.cells.size()) +
-                                                 "; rows belong together, so make them equally long.");
+                                                 "; rows belong together, so make them equally long.")
+                .about(Reason::UnequalColumns, {nameOf(result.columns.front()), std::to_string(rows),
+                                                nameOf(column), std::to_string(column.cells.size())});
         }
         settleMissing(column, makeNumbers(column, wishes.missing), wishes);
     }
