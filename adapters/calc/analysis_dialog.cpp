@@ -31,14 +31,6 @@ std::vector<AnalysisDialog*>& openDialogs() {
     return dialogs;
 }
 
-bool takesGroups(TBVNPMethod method) {
-    return method == tbvNPMedian || method == tbvNPFriedman || method == tbvNPKWallis;
-}
-
-bool takesTwoRanges(TBVNPMethod method) {
-    return method == tbvNPMannU || method == tbvNPWilcoxon || method == tbvNPSpearman || method == tbvNPSign;
-}
-
 }  // namespace
 
 void AnalysisDialog::openFor(const Context& context, const Reference<css::frame::XFrame>& frame) {
@@ -72,7 +64,7 @@ void AnalysisDialog::open() {
     m_View.fill(controls::test, m_Texts.tests);
     showSettings();
     prefill();
-    countHidden();
+    countRows();
     const auto parent = query<css::awt::XWindowPeer>(m_Frame->getContainerWindow());
     m_View.create(parent);
     arrange();
@@ -121,6 +113,7 @@ void AnalysisDialog::showSettings() {
     m_View.check(controls::labels, last.headers);
     m_View.check(controls::descriptives, last.descriptives);
     m_View.check(controls::ignoreTies, last.ignoreTies);
+    m_View.check(controls::missing, last.omitMissing);
 }
 
 /// Selected cells go into the fields, but never over what the user has typed.
@@ -153,6 +146,18 @@ bool AnalysisDialog::countHidden() {
     return true;
 }
 
+bool AnalysisDialog::countRows() {
+    const bool hiddenChanged = countHidden();
+    const reshaping::Account missing = countMissing(document(), settings());
+    if (missing.missing == m_Missing.missing && missing.units == m_Missing.units &&
+        missing.unit == m_Missing.unit) {
+        return hiddenChanged;
+    }
+    m_Missing = missing;
+    m_View.setBoxLabel(controls::missing, missingLabel(m_Texts, missing));
+    return true;
+}
+
 void AnalysisDialog::arrange() {
     const TBVNPMethod test = method();
     const bool groups = takesGroups(test);
@@ -168,6 +173,7 @@ void AnalysisDialog::arrange() {
     m_State.alternatives = !groups;
     m_State.secondRange = takesTwoRanges(test);
     m_State.hiddenRows = m_Hidden.hidden > 0;
+    m_State.missing = m_Missing.missing > 0;
     m_State.ignoreTies = test == tbvNPWilcoxon;
     m_State.outputCell = m_View.checked(controls::cell);
     m_View.setCloseLabel(m_State.running ? m_Texts.cancel : m_Texts.close);
@@ -190,19 +196,19 @@ void AnalysisDialog::actionPerformed(const css::awt::ActionEvent& event) {
 void AnalysisDialog::itemStateChanged(const css::awt::ItemEvent&) {
     m_View.clearMessages();
     prefill();
-    countHidden();
+    countRows();
     arrange();
 }
 
 void AnalysisDialog::textChanged(const css::awt::TextEvent&) {
-    if (countHidden()) {
+    if (countRows()) {
         arrange();
     }
 }
 
 /// Rows may have been filtered on the sheet while the dialog stood beside it.
 void AnalysisDialog::windowActivated(const css::lang::EventObject&) {
-    if (m_Open && !m_Run && countHidden()) {
+    if (m_Open && !m_Run && countRows()) {
         arrange();
     }
 }
@@ -221,13 +227,14 @@ AnalysisSettings AnalysisDialog::settings() const {
     settings.tails = static_cast<TBVNPTails>(m_View.selected(controls::alternative));
     settings.headers = m_View.checked(controls::labels);
     settings.descriptives = m_View.checked(controls::descriptives);
-    settings.ignoreTies = m_State.ignoreTies && m_View.checked(controls::ignoreTies);
+    settings.ignoreTies = settings.method == tbvNPWilcoxon && m_View.checked(controls::ignoreTies);
     settings.firstRange = m_View.text(Field::First);
-    settings.secondRange = m_State.secondRange ? m_View.text(Field::Second) : std::string();
+    settings.secondRange = takesTwoRanges(settings.method) ? m_View.text(Field::Second) : std::string();
     settings.outputCell = m_View.checked(controls::cell) ? m_View.text(Field::Output) : std::string();
     settings.overWrite = m_View.checked(controls::overwrite);
     settings.newSheetName = m_Texts.sheets[static_cast<std::size_t>(settings.method)];
-    settings.visibleRowsOnly = m_State.hiddenRows && m_View.checked(controls::visibleRows);
+    settings.visibleRowsOnly = m_Hidden.hidden > 0 && m_View.checked(controls::visibleRows);
+    settings.omitMissing = m_Missing.missing > 0 && m_View.checked(controls::missing);
     return settings;
 }
 
@@ -267,6 +274,8 @@ void AnalysisDialog::finished(const Outcome& outcome) {
         arrange();
     } else if (outcome.error) {
         showError(*outcome.error);
+    } else if (outcome.refusal) {
+        showRefusal(*outcome.refusal);
     } else {
         close();
     }

@@ -11,6 +11,7 @@
 #include "adapters/calc/background_run.hpp"
 #include "adapters/calc/dialog_view.hpp"
 #include "adapters/calc/selection.hpp"
+#include "adapters/calc/user_table.hpp"
 
 namespace TBVNonPara::calc {
 
@@ -54,6 +55,8 @@ class AnalysisDialog
     void prefill();
     /// Counts the hidden rows of the ranges anew; whether they are others than before.
     bool countHidden();
+    /// Counts the hidden rows and the missing values anew; whether the boxes about them say something else.
+    bool countRows();
     void arrange();
     void help();
     void pick(Field field);
@@ -61,6 +64,8 @@ class AnalysisDialog
     void run();
     void finished(const Outcome& outcome);
     void showError(const Error& error);
+    void showRefusal(const reshaping::Refusal& refusal);
+    void showMessage(Field field, const std::string& words);
     [[nodiscard]] Field fieldOf(const Error& error) const;
     [[nodiscard]] Field fieldHolding(const std::string& description) const;
     [[nodiscard]] AnalysisSettings settings() const;
@@ -79,6 +84,7 @@ class AnalysisDialog
     std::unique_ptr<BackgroundRun> m_Run;
     Reference<css::task::XStatusIndicator> m_Progress;
     HiddenCount m_Hidden;
+    reshaping::Account m_Missing;
     bool m_Open = false;
 };
 

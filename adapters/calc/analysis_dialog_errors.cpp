@@ -5,12 +5,31 @@
 
 namespace TBVNonPara::calc {
 
+namespace {
+
+bool isAboutMissingValues(std::int32_t number) noexcept {
+    return number == tbvNPTextInData || number == tbvNPErrorInData || number == tbvNPBlankInData;
+}
+
+}  // namespace
+
 void AnalysisDialog::showError(const Error& error) {
-    const Field field = fieldOf(error);
     RequestNames names;
     names.y = m_View.text(Field::First);
     names.x = m_View.text(Field::Second);
-    m_View.setMessage(field, plainWords(error, method(), names, m_Language));
+    std::string words = plainWords(error, method(), names, m_Language);
+    if (m_State.missing && isAboutMissingValues(error.number())) {
+        words += ' ' + remedyText(m_Texts, reshaping::Remedy::OmitMissing);
+    }
+    showMessage(fieldOf(error), words);
+}
+
+void AnalysisDialog::showRefusal(const reshaping::Refusal& refusal) {
+    showMessage(fieldOf(refusal), refusalWords(refusal, m_Language));
+}
+
+void AnalysisDialog::showMessage(Field field, const std::string& words) {
+    m_View.setMessage(field, words);
     arrange();
     m_View.focus(field);
 }

@@ -2,7 +2,9 @@
 
 #include "adapters/calc/calc_application.hpp"
 #include "adapters/calc/main_thread.hpp"
-#include "tbvnonpara/request/clsNonPara.hpp"
+#include "adapters/calc/reshaped_application.hpp"
+#include "tbvnonpara/core/words.hpp"
+#include "tbvnonpara/reshaping/refusal.hpp"
 
 namespace TBVNonPara::calc {
 
@@ -12,6 +14,23 @@ namespace {
 class Cancelled : public std::exception {};
 
 constexpr sal_Int32 fullProgress = 1000;
+
+void setUp(clsNonPara& request, Session& session, const AnalysisSettings& settings) {
+    request.LetMethod(settings.method);
+    request.LetTails(settings.tails);
+    request.LetHeaders(settings.headers);
+    request.LetOutputDescriptives(settings.descriptives);
+    request.LetIgnoreTies(settings.ignoreTies);
+    {
+        const DataRangeScope scope(session, DataRange::First, settings.firstRange);
+        request.LetYRange(settings.firstRange);
+    }
+    {
+        const DataRangeScope scope(session, DataRange::Second, settings.secondRange);
+        request.LetXRange(settings.secondRange);
+    }
+    request.LetOutputRange(settings.outputCell);
+}
 
 }  // namespace
 
@@ -49,22 +68,24 @@ void BackgroundRun::analyse() {
     if (m_Settings.visibleRowsOnly) {
         session->leaveOutHiddenRows();
     }
+    m_Settings.omitMissing ? analyseTable(session) : analyseRanges(session);
+}
+
+void BackgroundRun::analyseRanges(const std::shared_ptr<Session>& session) {
     clsNonPara request(calcCompanions(session));
-    request.LetMethod(m_Settings.method);
-    request.LetTails(m_Settings.tails);
-    request.LetHeaders(m_Settings.headers);
-    request.LetOutputDescriptives(m_Settings.descriptives);
-    request.LetIgnoreTies(m_Settings.ignoreTies);
-    {
-        const DataRangeScope scope(*session, DataRange::First, m_Settings.firstRange);
-        request.LetYRange(m_Settings.firstRange);
-    }
-    {
-        const DataRangeScope scope(*session, DataRange::Second, m_Settings.secondRange);
-        request.LetXRange(m_Settings.secondRange);
-    }
-    request.LetOutputRange(m_Settings.outputCell);
-    const Run run(*session, rowRules(m_Settings.method, m_Settings.headers));
+    setUp(request, *session, m_Settings);
+    const Run run(*session, rowRules(m_Settings));
+    request.Results(m_Settings.overWrite);
+}
+
+void BackgroundRun::analyseTable(const std::shared_ptr<Session>& session) {
+    const UserTable table = findTable(m_Document, m_Settings, session->dataRows());
+    const Run run(*session, rowRules(m_Settings));
+    step();
+    reshaping::Reshaped reshaped = reshape(table, m_Settings);
+    session->noteOnReport(capitalised(leftOut(reshaped.account)));
+    clsNonPara request(reshapedCompanions(session, table, std::move(reshaped), m_Settings));
+    setUp(request, *session, m_Settings);
     request.Results(m_Settings.overWrite);
 }
 
@@ -72,6 +93,8 @@ void BackgroundRun::work() {
     Outcome outcome;
     try {
         analyse();
+    } catch (const reshaping::Refusal& refusal) {
+        outcome.refusal = refusal;
     } catch (...) {
         outcome.error = currentError();
         outcome.cancelled = m_Cancelled;

@@ -7,29 +7,16 @@
 #include <optional>
 #include <thread>
 
-#include "adapters/calc/documents.hpp"
-#include "tbvnonpara/core/enumerations.hpp"
+#include "adapters/calc/analysis_settings.hpp"
+#include "adapters/calc/session.hpp"
+#include "tbvnonpara/reshaping/refusal.hpp"
 
 namespace TBVNonPara::calc {
-
-/// What the user asked for.
-struct AnalysisSettings {
-    TBVNPMethod method = tbvNPMannU;
-    TBVNPTails tails = tbvNPTwoTailed;
-    bool headers = true;
-    bool descriptives = false;
-    bool ignoreTies = false;
-    std::string firstRange;
-    std::string secondRange;
-    std::string outputCell;  ///< empty: a new sheet
-    bool overWrite = false;
-    bool visibleRowsOnly = false;
-    std::string newSheetName;
-};
 
 /// How a run ended: well, by an error, or because the user wanted it to.
 struct Outcome {
     std::optional<Error> error;
+    std::optional<reshaping::Refusal> refusal;  ///< of data that cannot be brought into form
     bool cancelled = false;
 };
 
@@ -49,6 +36,8 @@ class BackgroundRun {
     void work();
     void step();
     void analyse();
+    void analyseRanges(const std::shared_ptr<Session>& session);
+    void analyseTable(const std::shared_ptr<Session>& session);
 
     Context m_Context;
     DocumentRef m_Document;

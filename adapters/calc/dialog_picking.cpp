@@ -8,10 +8,6 @@ namespace {
 
 using css::uno::Any;
 
-bool takesSeveralRanges(TBVNPMethod method) {
-    return method == tbvNPMedian || method == tbvNPFriedman || method == tbvNPKWallis;
-}
-
 css::beans::PropertyValue named(const char* name, const Any& value) {
     return {OUString::createFromAscii(name), 0, value, css::beans::PropertyState_DIRECT_VALUE};
 }
@@ -40,7 +36,7 @@ void AnalysisDialog::endPicking(const OUString& range) {
     if (!text.empty()) {
         // The picker gives one range at a time: another one is added to those that the field holds.
         const std::string held = m_View.text(field);
-        const bool adds = field == Field::First && takesSeveralRanges(method()) && !held.empty();
+        const bool adds = field == Field::First && takesGroups(method()) && !held.empty();
         m_View.setText(field, adds ? held + ';' + text : text);
     }
     m_View.show(true);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 
 namespace TBVNonPara::calc {
 
@@ -26,6 +27,10 @@ constexpr DialogTexts english{
     .groupRanges = "~Data ranges:",
     .groupingRange = "~Second range (optional):",
     .visibleRows = "~Visible rows only (% of % are filtered out or hidden)",
+    .missing = "Leave out ~missing values (%)",
+    .units = {"% of % values", "% of % pairs", "% of % blocks", "% of % values"},
+    .unnamedRows = "% of % rows without a name",
+    .omitMissing = "Tick \"Leave out missing values\".",
     .report = "Report to",
     .newSheet = "a new s~heet",
     .cell = "a ~cell:",
@@ -61,6 +66,10 @@ constexpr DialogTexts german{
     .groupRanges = "~Datenbereiche:",
     .groupingRange = "~Zweiter Bereich (freigestellt):",
     .visibleRows = "Nur ~sichtbare Zeilen (% von % sind gefiltert oder ausgeblendet)",
+    .missing = "~Fehlende Werte auslassen (%)",
+    .units = {"% von % Werten", "% von % Paaren", "% von % Blöcken", "% von % Werten"},
+    .unnamedRows = "% von % Zeilen ohne Namen",
+    .omitMissing = "Bitte „Fehlende Werte auslassen“ ankreuzen.",
     .report = "Bericht auf",
     .newSheet = "ein neues ~Blatt",
     .cell = "eine Ze~lle:",
@@ -144,6 +153,47 @@ constexpr auto germanCauses = std::to_array<GermanCause>({
 });
 // clang-format on
 
+/// What is wrong with a table in German; the English words are the refusals' own.
+struct GermanReason {
+    reshaping::Reason reason;
+    std::string_view text;
+};
+
+/// Percent signs stand for the facts.
+// clang-format off
+constexpr auto germanReasons = std::to_array<GermanReason>({
+    {reshaping::Reason::NotANumber, "% enthält keine Zahl; jeder Wert muss eine Zahl sein."},
+    {reshaping::Reason::ValuesMissing, "Fehlende Werte in %: % von %, zuerst in %."},
+    {reshaping::Reason::NamesMissing, "Zeilen ohne Namen in %: %, zuerst %."},
+    {reshaping::Reason::NoGroup, "% nennt keine Gruppe."},
+    {reshaping::Reason::OneGroup, "% nennt nur eine Gruppe: %."},
+    {reshaping::Reason::TooManyGroups, "% nennt % Gruppen, %; der Test vergleicht zwei."},
+    {reshaping::Reason::BlocksIncomplete, "Unvollständige Blöcke in %: %, zuerst „%“ ohne einen Wert von „%“."},
+    {reshaping::Reason::SecondValue, "Der Block „%“ in % hat zwei Werte von „%“: % und %; jeder Block nimmt von jeder Gruppe einen."},
+    {reshaping::Reason::NothingLeft, "Von % bleibt kein Wert übrig."},
+    {reshaping::Reason::UnequalColumns, "% hat % Zeilen, % dagegen %; die Zeilen gehören zusammen und müssen gleich viele sein."},
+});
+// clang-format on
+
+/// The text with these in place of its percent signs, one after the other.
+std::string filledIn(std::string_view text, std::span<const std::string> facts) {
+    std::string result;
+    for (const std::string& fact : facts) {
+        const std::size_t place = text.find('%');
+        if (place == std::string_view::npos) {
+            break;
+        }
+        result += std::string(text.substr(0, place)) + fact;
+        text.remove_prefix(place + 1);
+    }
+    return result + std::string(text);
+}
+
+std::string inGerman(const reshaping::Refusal& refusal) {
+    const auto* const known = std::ranges::find(germanReasons, refusal.reason(), &GermanReason::reason);
+    return known == germanReasons.end() ? refusal.description() : filledIn(known->text, refusal.facts());
+}
+
 /// The first word of a description is the cell that it is about.
 std::string withCell(std::string_view text, const std::string& description) {
     std::string result(text);
@@ -172,11 +222,20 @@ const DialogTexts& dialogTexts(std::string_view language) {
 }
 
 std::string visibleRowsLabel(const DialogTexts& texts, std::int32_t hidden, std::int32_t all) {
-    std::string label(texts.visibleRows);
-    for (const std::int32_t number : {hidden, all}) {
-        label.replace(label.find('%'), 1, std::to_string(number));
-    }
-    return label;
+    return filledIn(texts.visibleRows, std::array{std::to_string(hidden), std::to_string(all)});
+}
+
+std::string missingLabel(const DialogTexts& texts, const reshaping::Account& account) {
+    std::string list;
+    const auto add = [&](std::string_view text, std::size_t some, std::size_t all) {
+        if (some > 0) {
+            list += (list.empty() ? "" : ", ") +
+                    filledIn(text, std::array{std::to_string(some), std::to_string(all)});
+        }
+    };
+    add(texts.units.at(static_cast<std::size_t>(account.unit)), account.missing, account.units);
+    add(texts.unnamedRows, account.unnamed, account.rows);
+    return filledIn(texts.missing, std::array{list});
 }
 
 const Alternatives& alternativesOf(TBVNPMethod method, bool secondRange, std::string_view language) {
@@ -193,6 +252,16 @@ const Alternatives& alternativesOf(TBVNPMethod method, bool secondRange, std::st
         default:
             return texts.samples;
     }
+}
+
+std::string remedyText(const DialogTexts& texts, reshaping::Remedy remedy) {
+    return std::string(remedy == reshaping::Remedy::OmitMissing ? texts.omitMissing : std::string_view());
+}
+
+std::string refusalWords(const reshaping::Refusal& refusal, std::string_view language) {
+    const std::string remedy = remedyText(dialogTexts(language), refusal.remedy());
+    const std::string words = isGerman(language) ? inGerman(refusal) : refusal.description();
+    return words + (remedy.empty() ? "" : " ") + remedy;
 }
 
 std::string_view germanWords(Cause cause) noexcept {

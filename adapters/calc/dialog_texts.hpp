@@ -6,6 +6,8 @@
 
 #include "tbvnonpara/core/enumerations.hpp"
 #include "tbvnonpara/request/error_causes.hpp"
+#include "tbvnonpara/reshaping/account.hpp"
+#include "tbvnonpara/reshaping/refusal.hpp"
 
 namespace TBVNonPara::calc {
 
@@ -22,6 +24,10 @@ struct DialogTexts {
     std::string_view groupRanges;
     std::string_view groupingRange;
     std::string_view visibleRows;  ///< with the rows that are hidden and all rows in place of % and %
+    std::string_view missing;      ///< with what would be left out in place of %
+    std::array<std::string_view, 4> units;  ///< by the units: how many are missing, and of how many
+    std::string_view unnamedRows;
+    std::string_view omitMissing;  ///< what helps against missing values
     std::string_view report;
     std::string_view newSheet;
     std::string_view cell;
@@ -47,6 +53,15 @@ struct DialogTexts {
 
 /// The text of the box about hidden rows.
 [[nodiscard]] std::string visibleRowsLabel(const DialogTexts& texts, std::int32_t hidden, std::int32_t all);
+
+/// The text of the box about missing values.
+[[nodiscard]] std::string missingLabel(const DialogTexts& texts, const reshaping::Account& account);
+
+/// What helps against a refusal, in the dialog's terms; empty where the data must be corrected.
+[[nodiscard]] std::string remedyText(const DialogTexts& texts, reshaping::Remedy remedy);
+
+/// A refusal and what helps.
+[[nodiscard]] std::string refusalWords(const reshaping::Refusal& refusal, std::string_view language);
 
 /// The three alternatives in the words of a test: both ways, first greater, first less.
 using Alternatives = std::array<std::string_view, 3>;

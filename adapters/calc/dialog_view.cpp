@@ -4,6 +4,7 @@
 #include <com/sun/star/awt/ImagePosition.hpp>
 #include <com/sun/star/awt/PushButtonType.hpp>
 #include <com/sun/star/awt/XButton.hpp>
+#include <com/sun/star/awt/XCheckBox.hpp>
 #include <com/sun/star/awt/XListBox.hpp>
 #include <com/sun/star/awt/XRadioButton.hpp>
 #include <com/sun/star/awt/XTextComponent.hpp>
@@ -87,6 +88,7 @@ void DialogView::addControls() {
     }
     addField(Field::First, m_Texts.firstRange);
     addField(Field::Second, m_Texts.secondRange);
+    addBox("CheckBox", controls::missing, m_Texts.missing);
     addBox("CheckBox", controls::visibleRows, m_Texts.visibleRows);
     add("FixedLine", "Report")->setPropertyValue("Label", Any(fromUtf8(m_Texts.report)));
     addBox("RadioButton", controls::newSheet, m_Texts.newSheet);
@@ -189,6 +191,7 @@ void DialogView::listen(const Reference<css::awt::XActionListener>& actions,
     for (const char* name : {controls::newSheet, controls::cell}) {
         query<css::awt::XRadioButton>(control(ascii(name)))->addItemListener(items);
     }
+    query<css::awt::XCheckBox>(control(ascii(controls::visibleRows)))->addItemListener(items);
     for (const Field field : {Field::First, Field::Second}) {
         query<css::awt::XTextComponent>(control(ascii(nameOf(field))))->addTextListener(texts);
     }

@@ -25,6 +25,7 @@ enum class Field { First, Second, Output, None };
 namespace controls {
 constexpr auto test = "Test";
 constexpr auto alternative = "Alternative";
+constexpr auto missing = "Missing";
 constexpr auto visibleRows = "VisibleRows";
 constexpr auto newSheet = "NewSheet";
 constexpr auto cell = "Cell";
@@ -41,6 +42,7 @@ constexpr auto help = "Help";
 struct DialogState {
     bool alternatives = true;
     bool secondRange = true;
+    bool missing = false;
     bool hiddenRows = false;
     bool ignoreTies = false;
     bool outputCell = false;
@@ -117,6 +119,7 @@ class DialogView {
     std::int32_t arrangeField(Field field, std::int32_t top, bool enabled);
     std::int32_t arrangeMessage(Field field, std::int32_t left, std::int32_t top);
     std::int32_t arrangeRow(const char* name, std::int32_t top, bool enabled);
+    std::int32_t arrangeBoxIf(bool shown, const char* name, std::int32_t top, bool enabled);
     std::int32_t arrangeBox(const char* name, std::int32_t top, bool enabled);
     std::int32_t arrangeButtons(std::int32_t top, bool idle);
     std::int32_t arrangeReport(std::int32_t top, const DialogState& state);

@@ -73,6 +73,14 @@ std::int32_t DialogView::arrangeBox(const char* name, std::int32_t top, bool ena
     return top + m_Heights.box + measures::gap;
 }
 
+std::int32_t DialogView::arrangeBoxIf(bool shown, const char* name, std::int32_t top, bool enabled) {
+    if (shown) {
+        return arrangeBox(name, top, enabled);
+    }
+    hide(ascii(name));
+    return top;
+}
+
 std::int32_t DialogView::arrangeReport(std::int32_t top, const DialogState& state) {
     place("Report", {measures::margin, top, measures::width - 2 * measures::margin, measures::line});
     top = arrangeBox(controls::newSheet, top + measures::line + measures::gap, !state.running);
@@ -119,19 +127,12 @@ void DialogView::arrange(const DialogState& state) {
             hide(name);
         }
     }
-    if (state.hiddenRows) {
-        top = arrangeBox(controls::visibleRows, top, idle);
-    } else {
-        hide(ascii(controls::visibleRows));
-    }
+    top = arrangeBoxIf(state.missing, controls::missing, top, idle);
+    top = arrangeBoxIf(state.hiddenRows, controls::visibleRows, top, idle);
     top = arrangeReport(top + measures::gap, state);
     top = arrangeBox(controls::labels, top, idle);
     top = arrangeBox(controls::descriptives, top, idle);
-    if (state.ignoreTies) {
-        top = arrangeBox(controls::ignoreTies, top, idle);
-    } else {
-        hide(ascii(controls::ignoreTies));
-    }
+    top = arrangeBoxIf(state.ignoreTies, controls::ignoreTies, top, idle);
     top = arrangeMessage(Field::None, measures::margin, top) + measures::gap;
     top = arrangeButtons(top, idle);
     const auto dialog = query<XPropertySet>(m_Models);

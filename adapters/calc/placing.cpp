@@ -158,13 +158,10 @@ void placeAll(Session& session, const SheetAreas& source, const SheetAreas& targ
     }
 }
 
-/// The addresses in a report are those of whole ranges: which of their rows took part stands beside it.
-void noteRowsLeftOut(const Session& session, const SheetRef& sheet, const CellArea& block) {
-    const DataRows* rows = session.dataRows();
-    if (rows != nullptr && !rows->leftOut().empty()) {
+void addNote(const Session& session, const SheetRef& sheet, const CellArea& block) {
+    if (const std::string note = session.note(); !note.empty()) {
         query<css::sheet::XSheetAnnotationsSupplier>(sheet)->getAnnotations()->insertNew(
-            cornerOf(sheet, block),
-            fromUtf8("Visible rows only. Left out as filtered or hidden:\n" + rows->leftOut()));
+            cornerOf(sheet, block), fromUtf8(note));
     }
 }
 
@@ -201,7 +198,7 @@ void place(Session& session, const SheetAreas& source, const SheetAreas& target,
     switch (kind) {
         case PasteKind::All:
             placeAll(session, source, target, block);
-            noteRowsLeftOut(session, target.sheet, block);
+            addNote(session, target.sheet, block);
             if (source.document != target.document) {
                 widenColumns(source, target, block);
             }

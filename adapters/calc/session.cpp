@@ -129,6 +129,13 @@ std::vector<KeptRowsRef> Session::rowsOf(const SheetAreas& cells) const {
                                         : std::vector<KeptRowsRef>();
 }
 
+// The addresses in a report are those of whole ranges: which of their rows took part stands beside it.
+std::string Session::note() const {
+    const bool hidden = m_DataRows && !m_DataRows->leftOut().empty();
+    return (hidden ? "Visible rows only. Left out as filtered or hidden:\n" + m_DataRows->leftOut() : "") +
+           m_Note;
+}
+
 OUString Session::reportTitle() const {
     const DocumentRef scratch = documentNamed(m_Context, scratchWorkbookName);
     const Reference<css::text::XTextRange> cell(sheetAt(scratch, 0)->getCellByPosition(0, 0),

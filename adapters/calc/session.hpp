@@ -66,8 +66,13 @@ class Session {
     [[nodiscard]] DataRows* dataRows() const noexcept { return m_DataRows.get(); }
     /// The ranges resolved next are data of this range, or none's.
     void resolveFor(std::optional<DataRange> range) { m_ResolvingFor = range; }
+    [[nodiscard]] std::optional<DataRange> resolvingFor() const noexcept { return m_ResolvingFor; }
     /// The rows by which a range that was just resolved is read; empty where all of them are.
     [[nodiscard]] std::vector<KeptRowsRef> rowsOf(const SheetAreas& cells) const;
+
+    /// What was done to the data, to stand beside the report in a comment.
+    void noteOnReport(std::string note) { m_Note = std::move(note); }
+    [[nodiscard]] std::string note() const;
 
     /// Cells that a Boolean was written to: their format tells it from a number, and other formats must not
     /// take it away.
@@ -111,6 +116,7 @@ class Session {
     AddedSheet m_AddedSheet;
     std::unique_ptr<DataRows> m_DataRows;
     std::optional<DataRange> m_ResolvingFor;
+    std::string m_Note;
     std::function<void()> m_OnStep;
 };
 

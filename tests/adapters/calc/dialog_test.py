@@ -105,7 +105,8 @@ class Dialog(DialogCase):
         self.sheet.getCellRangeByName("B4").String = "n/a"
         self.open_dialog("A1:B7")
         self.press("OK")
-        text = 'Data!B4 holds the text "n/a"; every cell below the header must be a number.'
+        text = ('Data!B4 holds the text "n/a"; every cell below the header must be a number. '
+                'Tick "Leave out missing values".')
         self.assertTrue(wait_for(lambda: text in self.texts()))
         self.assertGreater(self.control(text, LABEL).box[1], self.field("Second range:").box[1])
 

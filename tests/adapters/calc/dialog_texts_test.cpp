@@ -24,8 +24,9 @@ TEST_P(EveryLanguage, GivesEachLetterToOneControlThatIsSeenAtTheSameTime) {
         for (const std::string_view second : {texts.secondRange, texts.groupingRange}) {
             std::set<char> letters;
             for (const std::string_view label :
-                 {texts.test, texts.alternative, first, second, texts.visibleRows, texts.newSheet, texts.cell,
-                  texts.overwrite, texts.labels, texts.descriptives, texts.ignoreTies}) {
+                 {texts.test, texts.alternative, first, second, texts.missing, texts.visibleRows,
+                  texts.newSheet, texts.cell, texts.overwrite, texts.labels, texts.descriptives,
+                  texts.ignoreTies}) {
                 const std::size_t mark = label.find('~');
                 ASSERT_NE(mark, std::string_view::npos) << label;
                 EXPECT_TRUE(letters.insert(static_cast<char>(std::tolower(label[mark + 1]))).second) << label;
@@ -48,6 +49,55 @@ TEST(Dialog, SaysHowManyRowsAreHidden) {
               "~Visible rows only (3 of 10 are filtered out or hidden)");
     EXPECT_EQ(visibleRowsLabel(dialogTexts("de"), 3, 10),
               "Nur ~sichtbare Zeilen (3 von 10 sind gefiltert oder ausgeblendet)");
+}
+
+reshaping::Account accountOf(reshaping::Unit unit, std::size_t missing, std::size_t units,
+                             std::size_t unnamed) {
+    reshaping::Account account;
+    account.unit = unit;
+    account.missing = missing;
+    account.units = units;
+    account.unnamed = unnamed;
+    account.rows = 71;
+    return account;
+}
+
+TEST(Dialog, SaysHowManyValuesPairsOrBlocksWouldBeLeftOut) {
+    const DialogTexts& german = dialogTexts("de");
+    const DialogTexts& english = dialogTexts("en");
+    EXPECT_EQ(missingLabel(english, accountOf(reshaping::Unit::Value, 37, 153, 0)),
+              "Leave out ~missing values (37 of 153 values)");
+    EXPECT_EQ(missingLabel(english, accountOf(reshaping::Unit::Pair, 1, 20, 2)),
+              "Leave out ~missing values (1 of 20 pairs, 2 of 71 rows without a name)");
+    EXPECT_EQ(missingLabel(german, accountOf(reshaping::Unit::Block, 1, 20, 0)),
+              "~Fehlende Werte auslassen (1 von 20 Blöcken)");
+    EXPECT_EQ(missingLabel(german, accountOf(reshaping::Unit::Element, 0, 20, 3)),
+              "~Fehlende Werte auslassen (3 von 71 Zeilen ohne Namen)");
+}
+
+TEST(Dialog, SaysInGermanWhatIsWrongWithATable) {
+    using reshaping::Reason;
+    using reshaping::Refusal;
+    EXPECT_EQ(refusalWords(Refusal(tbvNPTextInData, "x").about(Reason::NotANumber, {"Data!B5"}), "de"),
+              "Data!B5 enthält keine Zahl; jeder Wert muss eine Zahl sein.");
+    EXPECT_EQ(refusalWords(Refusal(tbvNPBlankInData, "x", reshaping::Remedy::OmitMissing)
+                               .about(Reason::ValuesMissing, {"Data!100% a", "2", "9", "Data!B5"}),
+                           "de"),
+              "Fehlende Werte in Data!100% a: 2 von 9, zuerst in Data!B5. Bitte „Fehlende Werte auslassen“ "
+              "ankreuzen.");
+    EXPECT_EQ(refusalWords(
+                  Refusal(tbvNPNoData, "No value is left of Data!B.", reshaping::Remedy::OmitMissing), "en"),
+              "No value is left of Data!B. Tick \"Leave out missing values\".");
+}
+
+TEST(Dialog, HasGermanWordsForEveryReasonOfARefusal) {
+    const std::vector<std::string> facts(5, "x");
+    for (int reason = static_cast<int>(reshaping::Reason::Other) + 1;
+         reason <= static_cast<int>(reshaping::Reason::UnequalColumns); ++reason) {
+        const auto refusal =
+            reshaping::Refusal(tbvNPNoData, "English").about(static_cast<reshaping::Reason>(reason), facts);
+        EXPECT_EQ(refusalWords(refusal, "de").find("English"), std::string::npos) << reason;
+    }
 }
 
 TEST(Dialog, SpeaksEnglishWhereALanguageIsMissing) {

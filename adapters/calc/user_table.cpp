@@ -1,0 +1,116 @@
+#include "adapters/calc/user_table.hpp"
+
+#include <algorithm>
+#include <numeric>
+
+#include "adapters/calc/reading.hpp"
+#include "tbvnonpara/reshaping/wide_table.hpp"
+
+namespace TBVNonPara::calc {
+
+namespace {
+
+using reshaping::Column;
+using reshaping::Unit;
+
+TableRange findRange(const DocumentRef& document, const std::string& address, DataRange range, DataRows* rows,
+                     std::int32_t numberOfTheError) {
+    TableRange found;
+    if (address.empty()) {
+        return found;
+    }
+    try {
+        found.cells = resolve(document, activeSheet(document), address);
+    } catch (...) {
+        throw Error(numberOfTheError);
+    }
+    if (rows != nullptr) {
+        found.rows = rows->name(range, found.cells);
+    }
+    return found;
+}
+
+/// The rows of an area that are read, counted from 0 on the sheet.
+KeptRows rowsOf(const TableRange& range, std::size_t area) {
+    if (!range.rows.empty()) {
+        return *range.rows[area];
+    }
+    KeptRows all(static_cast<std::size_t>(range.cells.areas[area].rows()));
+    std::iota(all.begin(), all.end(), range.cells.areas[area].top);
+    return all;
+}
+
+Column columnOf(std::span<const CellValue> cells, std::int32_t top, std::span<const std::int32_t> rows,
+                bool headers) {
+    Column column;
+    if (headers && !rows.empty()) {
+        const CellValue& label = cells[static_cast<std::size_t>(rows.front() - top)];
+        column.header = isEmpty(label) ? std::string() : toText(label);
+        rows = rows.subspan(1);
+    }
+    for (const std::int32_t row : rows) {
+        column.rows.push_back(row + 1);
+        column.cells.push_back(cells[static_cast<std::size_t>(row - top)]);
+    }
+    return column;
+}
+
+void addColumns(const TableRange& range, bool headers, std::vector<Column>& columns) {
+    for (std::size_t area = 0; area < range.cells.areas.size(); ++area) {
+        const CellArea& cells = range.cells.areas[area];
+        const ValueGrid values = readCells(range.cells.document, range.cells.sheet, cells);
+        const KeptRows rows = rowsOf(range, area);
+        for (std::int32_t column = 0; column < cells.columns(); ++column) {
+            columns.push_back(columnOf(values.column(column + 1), cells.top, rows, headers));
+            columns.back().sheet = toUtf8(nameOf(range.cells.sheet));
+            columns.back().place = cells.left + column + 1;
+        }
+    }
+}
+
+Unit unitOf(const AnalysisSettings& settings) {
+    const bool codes = settings.method == tbvNPSign && settings.secondRange.empty();
+    if (settings.method == tbvNPWWRuns || codes) {
+        return Unit::Element;
+    }
+    if (settings.method == tbvNPFriedman) {
+        return Unit::Block;
+    }
+    return rowRules(settings).paired ? Unit::Pair : Unit::Value;
+}
+
+reshaping::Wishes wishesOf(const AnalysisSettings& settings) {
+    reshaping::Wishes wishes;
+    wishes.unit = unitOf(settings);
+    wishes.omitMissing = settings.omitMissing;
+    return wishes;
+}
+
+}  // namespace
+
+UserTable findTable(const DocumentRef& document, const AnalysisSettings& settings, DataRows* rows) {
+    if (settings.firstRange.empty()) {
+        throw Error(tbvNPNoYRange);
+    }
+    return {findRange(document, settings.firstRange, DataRange::First, rows, tbvNPBadYRange),
+            findRange(document, settings.secondRange, DataRange::Second, rows, tbvNPBadXRange)};
+}
+
+reshaping::Reshaped reshape(const UserTable& table, const AnalysisSettings& settings) {
+    std::vector<Column> columns;
+    addColumns(table.first, settings.headers, columns);
+    addColumns(table.second, settings.headers, columns);
+    return reshaping::fromWide(std::move(columns), wishesOf(settings));
+}
+
+reshaping::Account countMissing(const DocumentRef& document, AnalysisSettings settings) try {
+    settings.omitMissing = true;
+    DataRows rows;
+    const UserTable table = findTable(document, settings, settings.visibleRowsOnly ? &rows : nullptr);
+    rows.count(rowRules(settings));
+    return reshape(table, settings).account;
+} catch (...) {
+    return {};
+}
+
+}  // namespace TBVNonPara::calc
