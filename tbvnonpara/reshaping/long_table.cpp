@@ -136,6 +136,10 @@ void split(LongTable& table, Groups groups, std::size_t missing, const Wishes& w
 }  // namespace
 
 Reshaped fromLong(LongTable table, const Wishes& wishes) {
+    requireEqualRows(table.values, table.groups);
+    if (table.blocks) {
+        requireEqualRows(table.values, *table.blocks);
+    }
     Reshaped result;
     result.account.unit = wishes.unit;
     result.account.rows = table.values.cells.size();

@@ -14,8 +14,9 @@ struct LongTable {
     std::optional<Column> blocks;
 };
 
-/// One column for each group. Raises a Refusal for groups that are not there or too many or too few, for
-/// missing values that are not to be left out, for a block with a gap or with two values of a group.
+/// One column for each group. Raises a Refusal for columns of unequal length, for groups that are not there
+/// or too many or too few, for missing values that are not to be left out, for a block with a gap or with two
+/// values of a group.
 [[nodiscard]] Reshaped fromLong(LongTable table, const Wishes& wishes);
 
 }  // namespace TBVNonPara::reshaping

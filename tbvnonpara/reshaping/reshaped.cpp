@@ -12,6 +12,17 @@ void settleMissing(const Column& column, const MissingCells& missing, const Wish
     }
 }
 
+void requireEqualRows(const Column& first, const Column& other) {
+    const std::string rows = std::to_string(other.cells.size());
+    if (first.cells.size() != other.cells.size()) {
+        throw Refusal(tbvNPUnequalPairs,
+                      nameOf(first) + " has " + counted(first.cells.size(), "row", "rows") + ", " +
+                          nameOf(other) + ' ' + rows + "; rows belong together, so make them equally long.")
+            .about(Reason::UnequalColumns,
+                   {nameOf(first), std::to_string(first.cells.size()), nameOf(other), rows});
+    }
+}
+
 void describeGroups(Reshaped& reshaped) {
     for (const Column& column : reshaped.columns) {
         if (column.cells.empty()) {

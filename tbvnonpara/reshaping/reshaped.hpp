@@ -28,6 +28,9 @@ struct Reshaped {
 /// Refuses missing values unless they are to be left out, or are blanks that may be there.
 void settleMissing(const Column& column, const MissingCells& missing, const Wishes& wishes);
 
+/// Refuses two columns of unequal length, whose rows belong together.
+void requireEqualRows(const Column& first, const Column& other);
+
 /// Names the columns as groups with their sizes; a column without a value is refused.
 void describeGroups(Reshaped& reshaped);
 

@@ -53,7 +53,8 @@ void requireNoNames(const std::vector<Column>& columns, const Missing& missing) 
             throw Refusal(tbvNPTextInData,
                           nameOfCell(names, cell) + " holds " + contentsOf(names.cells[cell]) + ", and " +
                               nameOf(names) + " no number; every value must be one.",
-                          Remedy::SplitValues, {labelOf(*values), labelOf(names)});
+                          Remedy::SplitValues, {labelOf(*values), labelOf(names)})
+                .about(Reason::NotANumber, {nameOfCell(names, cell)});
         }
     }
 }
@@ -75,14 +76,7 @@ void settleSamples(Reshaped& result, const Wishes& wishes) {
 void settleRows(Reshaped& result, const Wishes& wishes) {
     const std::size_t rows = result.columns.front().cells.size();
     for (Column& column : result.columns) {
-        if (column.cells.size() != rows) {
-            throw Refusal(tbvNPUnequalPairs, nameOf(result.columns.front()) + " has " +
-                                                 counted(rows, "row", "rows") + ", " + nameOf(column) + ' ' +
-                                                 std::to_string(column.cells.size()) +
-                                                 "; rows belong together, so make them equally long.")
-                .about(Reason::UnequalColumns, {nameOf(result.columns.front()), std::to_string(rows),
-                                                nameOf(column), std::to_string(column.cells.size())});
-        }
+        requireEqualRows(result.columns.front(), column);
         settleMissing(column, makeNumbers(column, wishes.missing), wishes);
     }
     result.account.units = rows;

@@ -43,6 +43,39 @@ std::string refusal(const LongTable& table, const Wishes& wishes) {
     return refusedBy([&] { static_cast<void>(fromLong(table, wishes)); }).description();
 }
 
+TEST(ALongTable, OfUnequalColumnsIsRefused) {
+    EXPECT_EQ(refusal(tableOf({1.0, 2.0, 3.0}, "ab"), wishesFor(Unit::Value)),
+              "Data!value has 3 rows, Data!group 2; rows belong together, so make them equally long.");
+    EXPECT_EQ(refusal(tableOf({1.0, 2.0}, "ab", "x"), wishesFor(Unit::Pair)),
+              "Data!value has 2 rows, Data!block 1; rows belong together, so make them equally long.");
+}
+
+TEST(ALongTable, IsRefusedWithAReasonAndItsFacts) {
+    struct Case {
+        LongTable table;
+        Unit unit;
+        Reason reason;
+        std::vector<std::string> facts;
+    };
+    // clang-format off
+    const Case cases[] = {
+        {tableOf({1.0, 2.0}, "ab", "xxx"),           Unit::Pair,  Reason::UnequalColumns,   {"Data!value", "2", "Data!block", "3"}},
+        {tableOf({1.0, Text("x")}, "ab"),            Unit::Value, Reason::NotANumber,       {"Data!B3"}},
+        {tableOf({1.0, Text("NA")}, "ab"),           Unit::Value, Reason::ValuesMissing,    {"Data!value", "1", "2", "Data!B3"}},
+        {tableOf({1.0, 2.0, 3.0}, "a_b"),            Unit::Value, Reason::NamesMissing,     {"Data!group", "1", "Data!C3"}},
+        {tableOf({1.0, 2.0}, "aa"),                  Unit::Value, Reason::OneGroup,         {"Data!group", "a (2)"}},
+        {tableOf({1.0, 2.0, 3.0}, "aba", "xxy"),     Unit::Pair,  Reason::BlocksIncomplete, {"Data!block", "1", "y", "b"}},
+        {tableOf({1.0, 2.0, 3.0}, "aba", "xxx"),     Unit::Pair,  Reason::SecondValue,      {"x", "Data!block", "a", "Data!B2", "Data!B4"}},
+    };
+    // clang-format on
+    for (const Case& one : cases) {
+        const Refusal refused =
+            refusedBy([&] { static_cast<void>(fromLong(one.table, wishesFor(one.unit))); });
+        EXPECT_EQ(refused.reason(), one.reason) << refused.description();
+        EXPECT_EQ(refused.facts(), one.facts) << refused.description();
+    }
+}
+
 TEST(ALongTable, IsSplitInTheOrderOfItsGroups) {
     const Reshaped result = fromLong(tableOf({1.0, 2.0, 3.0, 4.0}, "baba"), wishesFor(Unit::Value));
     ASSERT_EQ(result.columns.size(), 2U);
