@@ -7,23 +7,12 @@
 #include <com/sun/star/frame/TerminationVetoException.hpp>
 #include <com/sun/star/frame/XModel.hpp>
 #include <com/sun/star/task/XStatusIndicatorFactory.hpp>
-#include <cppuhelper/weakref.hxx>
 
 #include "adapters/calc/office_language.hpp"
 
 namespace TBVNonPara::calc {
 
 namespace {
-
-/// What the last dialog of a document was left with; it lasts as long as the document is open.
-AnalysisSettings& lastSettings(const DocumentRef& document) {
-    using Remembered = std::pair<css::uno::WeakReference<css::sheet::XSpreadsheetDocument>, AnalysisSettings>;
-    static std::vector<Remembered> all;
-    std::erase_if(all, [](const Remembered& one) { return !one.first.get().is(); });
-    const auto found =
-        std::ranges::find_if(all, [&](const Remembered& one) { return one.first.get() == document; });
-    return found != all.end() ? found->second : all.emplace_back(document, AnalysisSettings()).second;
-}
 
 /// The dialogs that are open: one for a window at most.
 std::vector<AnalysisDialog*>& openDialogs() {
@@ -69,7 +58,7 @@ void AnalysisDialog::open() {
     m_View.create(parent);
     arrange();
     m_View.open(parent);
-    m_View.listen(this, this, this, this);
+    m_View.listen(this, this, this, this, this, this);
     m_Frame->addEventListener(static_cast<css::awt::XActionListener*>(this));
     openDialogs().push_back(this);
     m_Open = true;
@@ -91,52 +80,10 @@ void AnalysisDialog::close() {
     m_View.close();
 }
 
-void AnalysisDialog::rememberSettings() const {
-    // A window that is closed has no document any more.
-    const Reference<css::frame::XController> controller = m_Frame->getController();
-    if (controller.is() && controller->getModel().is()) {
-        lastSettings(document()) = settings();
-    }
-}
-
-void AnalysisDialog::showSettings() {
-    const AnalysisSettings& last = lastSettings(document());
-    m_View.select(controls::test, last.method);
-    m_View.fill(controls::alternative, alternativesOf(last.method, true, m_Language));
-    m_View.select(controls::alternative, last.tails);
-    m_View.setText(Field::First, last.firstRange);
-    m_View.setText(Field::Second, last.secondRange);
-    m_View.setText(Field::Output, last.outputCell);
-    m_View.check(controls::newSheet, last.outputCell.empty());
-    m_View.check(controls::cell, !last.outputCell.empty());
-    m_View.check(controls::overwrite, last.overWrite);
-    m_View.check(controls::labels, last.headers);
-    m_View.check(controls::descriptives, last.descriptives);
-    m_View.check(controls::ignoreTies, last.ignoreTies);
-    m_View.check(controls::missing, last.omitMissing);
-}
-
-/// Selected cells go into the fields, but never over what the user has typed.
-void AnalysisDialog::prefill() {
-    const bool untouched =
-        m_View.text(Field::First) == m_FirstPrefilled && m_View.text(Field::Second) == m_SecondPrefilled;
-    const SheetAreas selection = selectedCells(document());
-    if (selection.areas.empty() || (m_Open && !untouched)) {
-        return;
-    }
-    const Suggestion suggestion = suggest(selection, takesGroups(method()), takesTwoRanges(method()));
-    m_FirstPrefilled = suggestion.first;
-    m_SecondPrefilled = suggestion.second;
-    m_View.setText(Field::First, suggestion.first);
-    m_View.setText(Field::Second, suggestion.second);
-    if (!m_Open) {
-        m_View.check(controls::labels, suggestion.labels);
-    }
-}
-
 bool AnalysisDialog::countHidden() {
-    const std::string second = takesTwoRanges(method()) ? m_View.text(Field::Second) : std::string();
-    const HiddenCount count = countHiddenRows(document(), std::array{m_View.text(Field::First), second});
+    const AnalysisSettings asked = settings();
+    const HiddenCount count = countHiddenRows(
+        document(), std::array{asked.firstRange, asked.secondRange, asked.groupRange, asked.blockRange});
     if (count == m_Hidden) {
         return false;
     }
@@ -148,32 +95,36 @@ bool AnalysisDialog::countHidden() {
 
 bool AnalysisDialog::countRows() {
     const bool hiddenChanged = countHidden();
-    const reshaping::Account missing = countMissing(document(), settings());
-    if (missing.missing == m_Missing.missing && missing.units == m_Missing.units &&
-        missing.unit == m_Missing.unit) {
-        return hiddenChanged;
-    }
-    m_Missing = missing;
-    m_View.setBoxLabel(controls::missing, missingLabel(m_Texts, missing));
-    return true;
+    return readTable() || hiddenChanged;
+}
+
+void AnalysisDialog::labelFields() {
+    const TBVNPMethod test = method();
+    const bool several = takesGroups(test) && !isLong();
+    m_View.setLabel(Field::First,
+                    isLong()              ? m_Texts.valueRange
+                    : several             ? m_Texts.groupRanges
+                    : test == tbvNPWWRuns ? m_Texts.dataRange
+                                          : m_Texts.firstRange,
+                    several ? m_Texts.severalAreas : std::string_view());
+    m_View.setLabel(Field::Second, test == tbvNPSign ? m_Texts.groupingRange : m_Texts.secondRange, {});
+    m_View.setGroupsLabel(takesGroups(test) ? m_Texts.groupTicks : m_Texts.twoGroupTicks);
 }
 
 void AnalysisDialog::arrange() {
     const TBVNPMethod test = method();
-    const bool groups = takesGroups(test);
     const std::int32_t alternative = m_View.selected(controls::alternative);
-    m_View.fill(controls::alternative, alternativesOf(test, !m_View.text(Field::Second).empty(), m_Language));
+    const bool pairs = isLong() || !m_View.text(Field::Second).empty();
+    m_View.fill(controls::alternative, alternativesOf(test, pairs, m_Language));
     m_View.select(controls::alternative, alternative);
-    m_View.setLabel(Field::First,
-                    groups                ? m_Texts.groupRanges
-                    : test == tbvNPWWRuns ? m_Texts.dataRange
-                                          : m_Texts.firstRange,
-                    groups ? m_Texts.severalAreas : std::string_view());
-    m_View.setLabel(Field::Second, test == tbvNPSign ? m_Texts.groupingRange : m_Texts.secondRange, {});
-    m_State.alternatives = !groups;
-    m_State.secondRange = takesTwoRanges(test);
+    labelFields();
+    m_State.alternatives = !takesGroups(test);
+    m_State.longTableOffered = takesLongTable(test);
+    m_State.longTable = isLong();
+    m_State.blocks = isLong() && takesBlocks(test);
+    m_State.secondRange = takesTwoRanges(test) && !isLong();
     m_State.hiddenRows = m_Hidden.hidden > 0;
-    m_State.missing = m_Missing.missing > 0;
+    m_State.missing = m_Missing.missing + m_Missing.unnamed > 0;
     m_State.ignoreTies = test == tbvNPWilcoxon;
     m_State.outputCell = m_View.checked(controls::cell);
     m_View.setCloseLabel(m_State.running ? m_Texts.cancel : m_Texts.close);
@@ -188,6 +139,10 @@ void AnalysisDialog::actionPerformed(const css::awt::ActionEvent& event) {
         windowClosing({});
     } else if (event.ActionCommand.equalsAscii(controls::help)) {
         help();
+    } else if (event.ActionCommand.equalsAscii(controls::moveUp)) {
+        moveGroup(-1);
+    } else if (event.ActionCommand.equalsAscii(controls::moveDown)) {
+        moveGroup(1);
     } else {
         pick(DialogView::fieldOfPicker(event.ActionCommand));
     }
@@ -221,27 +176,13 @@ void AnalysisDialog::windowClosing(const css::lang::EventObject&) {
     }
 }
 
-AnalysisSettings AnalysisDialog::settings() const {
-    AnalysisSettings settings;
-    settings.method = method();
-    settings.tails = static_cast<TBVNPTails>(m_View.selected(controls::alternative));
-    settings.headers = m_View.checked(controls::labels);
-    settings.descriptives = m_View.checked(controls::descriptives);
-    settings.ignoreTies = settings.method == tbvNPWilcoxon && m_View.checked(controls::ignoreTies);
-    settings.firstRange = m_View.text(Field::First);
-    settings.secondRange = takesTwoRanges(settings.method) ? m_View.text(Field::Second) : std::string();
-    settings.outputCell = m_View.checked(controls::cell) ? m_View.text(Field::Output) : std::string();
-    settings.overWrite = m_View.checked(controls::overwrite);
-    settings.newSheetName = m_Texts.sheets[static_cast<std::size_t>(settings.method)];
-    settings.visibleRowsOnly = m_Hidden.hidden > 0 && m_View.checked(controls::visibleRows);
-    settings.omitMissing = m_Missing.missing > 0 && m_View.checked(controls::missing);
-    return settings;
-}
-
 void AnalysisDialog::run() {
     m_View.clearMessages();
     if (m_View.checked(controls::cell) && m_View.text(Field::Output).empty()) {
         showError(Error(tbvNPBadOutputRange));
+        return;
+    }
+    if (isLong() && refuseTable()) {
         return;
     }
     if (countHidden()) {

@@ -2,6 +2,7 @@
 
 #include "adapters/calc/addresses.hpp"
 #include "adapters/calc/analysis_dialog.hpp"
+#include "adapters/calc/refusal_words.hpp"
 
 namespace TBVNonPara::calc {
 
@@ -44,7 +45,7 @@ Field AnalysisDialog::fieldOf(const Error& error) const {
         case tbvNPNoXRange:
         case tbvNPUnequalPairs:
         case tbvNPXRangeColumns:
-            return Field::Second;
+            return m_State.secondRange ? Field::Second : Field::First;
         case tbvNPBadYRange:
         case tbvNPNoYRange:
         case tbvNPTooFewGroups:
@@ -60,6 +61,23 @@ Field AnalysisDialog::fieldOf(const Error& error) const {
             return fieldHolding(error.description());
         default:
             return Field::None;
+    }
+}
+
+Field AnalysisDialog::fieldOf(const reshaping::Refusal& refusal) const {
+    if (!isLong()) {
+        return fieldOf(static_cast<const Error&>(refusal));
+    }
+    switch (refusal.reason()) {
+        case reshaping::Reason::BlocksIncomplete:
+        case reshaping::Reason::SecondValue:
+            return Field::Blocks;
+        case reshaping::Reason::NotANumber:
+        case reshaping::Reason::ValuesMissing:
+        case reshaping::Reason::NothingLeft:
+            return Field::First;
+        default:
+            return Field::Groups;
     }
 }
 

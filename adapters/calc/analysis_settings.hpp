@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "adapters/calc/data_rows.hpp"
 #include "tbvnonpara/core/enumerations.hpp"
@@ -16,6 +17,10 @@ struct AnalysisSettings {
     bool ignoreTies = false;
     std::string firstRange;
     std::string secondRange;
+    bool groupsInOneColumn = false;
+    std::string groupRange;
+    std::string blockRange;
+    std::vector<std::string> groups;  ///< those that are compared, in their order; empty for all
     bool omitMissing = false;
     std::string outputCell;  ///< empty: a new sheet
     bool overWrite = false;
@@ -32,9 +37,19 @@ struct AnalysisSettings {
     return method == tbvNPMannU || method == tbvNPWilcoxon || method == tbvNPSpearman || method == tbvNPSign;
 }
 
-/// How the rows of the settings' ranges belong together.
+/// Whether a test can take its groups out of one column: the order of a sequence has none.
+[[nodiscard]] constexpr bool takesLongTable(TBVNPMethod method) noexcept {
+    return method != tbvNPWWRuns;
+}
+
+/// Whether a test compares values that belong together.
+[[nodiscard]] inline bool takesBlocks(TBVNPMethod method) noexcept {
+    return rowRules(method, false).paired;
+}
+
+/// How the rows of the settings' ranges belong together: those of a table in long form always do.
 [[nodiscard]] inline RowRules rowRules(const AnalysisSettings& settings) noexcept {
-    return rowRules(settings.method, settings.headers);
+    return {settings.headers, settings.groupsInOneColumn || takesBlocks(settings.method)};
 }
 
 }  // namespace TBVNonPara::calc

@@ -15,6 +15,26 @@ class Cancelled : public std::exception {};
 
 constexpr sal_Int32 fullProgress = 1000;
 
+/// What is asked of the columns that were made of a table in long form: the groups' names are their labels,
+/// and two groups are two ranges.
+AnalysisSettings asColumns(AnalysisSettings settings) {
+    if (settings.groupsInOneColumn) {
+        settings.headers = true;
+        settings.secondRange = takesTwoRanges(settings.method) ? settings.firstRange : "";
+    }
+    return settings;
+}
+
+/// What a report does not say itself: which column named its groups, and what was left out.
+std::string noteOn(const reshaping::Account& account, const AnalysisSettings& settings) {
+    std::string note;
+    if (settings.groupsInOneColumn) {
+        note = "Groups of " + settings.groupRange + ": " + reshaping::sizesOf(account.groups);
+    }
+    const std::string leftOut = capitalised(reshaping::leftOut(account));
+    return note + (note.empty() || leftOut.empty() ? "" : "\n") + leftOut;
+}
+
 void setUp(clsNonPara& request, Session& session, const AnalysisSettings& settings) {
     request.LetMethod(settings.method);
     request.LetTails(settings.tails);
@@ -68,7 +88,7 @@ void BackgroundRun::analyse() {
     if (m_Settings.visibleRowsOnly) {
         session->leaveOutHiddenRows();
     }
-    m_Settings.omitMissing ? analyseTable(session) : analyseRanges(session);
+    m_Settings.omitMissing || m_Settings.groupsInOneColumn ? analyseTable(session) : analyseRanges(session);
 }
 
 void BackgroundRun::analyseRanges(const std::shared_ptr<Session>& session) {
@@ -83,9 +103,9 @@ void BackgroundRun::analyseTable(const std::shared_ptr<Session>& session) {
     const Run run(*session, rowRules(m_Settings));
     step();
     reshaping::Reshaped reshaped = reshape(table, m_Settings);
-    session->noteOnReport(capitalised(leftOut(reshaped.account)));
+    session->noteOnReport(noteOn(reshaped.account, m_Settings));
     clsNonPara request(reshapedCompanions(session, table, std::move(reshaped), m_Settings));
-    setUp(request, *session, m_Settings);
+    setUp(request, *session, asColumns(m_Settings));
     request.Results(m_Settings.overWrite);
 }
 

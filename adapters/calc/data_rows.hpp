@@ -12,8 +12,8 @@
 
 namespace TBVNonPara::calc {
 
-/// The two data ranges of a request.
-enum class DataRange { First, Second };
+/// The two data ranges of a request, and what tells the rows of the first one apart in a table in long form.
+enum class DataRange { First, Second, Groups, Blocks };
 
 /// The rows of an area that take part, counted from 0 on the sheet, in order.
 using KeptRows = std::vector<std::int32_t>;
@@ -54,7 +54,7 @@ class DataRows {
     [[nodiscard]] Slot& slot(DataRange range) { return m_Slots[static_cast<std::size_t>(range)]; }
     void noteLeftOut(const SheetRef& sheet, const CellArea& area, std::int32_t labels, const KeptRows& rows);
 
-    std::array<Slot, 2> m_Slots;
+    std::array<Slot, 4> m_Slots;
     std::string m_LeftOut;
 };
 

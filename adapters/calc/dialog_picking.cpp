@@ -36,7 +36,7 @@ void AnalysisDialog::endPicking(const OUString& range) {
     if (!text.empty()) {
         // The picker gives one range at a time: another one is added to those that the field holds.
         const std::string held = m_View.text(field);
-        const bool adds = field == Field::First && takesGroups(method()) && !held.empty();
+        const bool adds = field == Field::First && takesGroups(method()) && !isLong() && !held.empty();
         m_View.setText(field, adds ? held + ';' + text : text);
     }
     m_View.show(true);

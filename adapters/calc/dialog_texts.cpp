@@ -2,15 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <span>
 
 namespace TBVNonPara::calc {
 
 namespace {
-
-bool isGerman(std::string_view language) {
-    return language.starts_with("de");
-}
 
 // clang-format off
 constexpr DialogTexts english{
@@ -26,10 +21,25 @@ constexpr DialogTexts english{
     .dataRange = "~Data range:",
     .groupRanges = "~Data ranges:",
     .groupingRange = "~Second range (optional):",
+    .groupsInColumn = "~Groups in one column",
+    .valueRange = "Val~ue range:",
+    .groupRange = "Gr~oup range:",
+    .blockRange = "~Block range:",
+    .groupTicks = "Groups (tic~k):",
+    .twoGroupTicks = "Groups (tic~k two):",
+    .moveUp = "Move the group up",
+    .moveDown = "Move the group down",
+    .tickTwo = "Tick two groups.",
+    .tickSeveral = "Tick two groups or more.",
+    .chooseGroupRange = "Choose the range that names the group of each value.",
+    .chooseBlockRange = "Choose the range that says which values belong together.",
+    .noRange = "% is no range of this document; correct its address.",
+    .oneColumn = "Choose one column.",
     .visibleRows = "~Visible rows only (% of % are filtered out or hidden)",
     .missing = "Leave out ~missing values (%)",
     .units = {"% of % values", "% of % pairs", "% of % blocks", "% of % values"},
     .unnamedRows = "% of % rows without a name",
+    .splitValues = "Tick \"Groups in one column\".",
     .omitMissing = "Tick \"Leave out missing values\".",
     .report = "Report to",
     .newSheet = "a new s~heet",
@@ -65,10 +75,25 @@ constexpr DialogTexts german{
     .dataRange = "~Datenbereich:",
     .groupRanges = "~Datenbereiche:",
     .groupingRange = "~Zweiter Bereich (freigestellt):",
+    .groupsInColumn = "Gruppen in einer S~palte",
+    .valueRange = "~Wertebereich:",
+    .groupRange = "Gruppenbere~ich:",
+    .blockRange = "Bl~ockbereich:",
+    .groupTicks = "Gruppen (an~kreuzen):",
+    .twoGroupTicks = "Gruppen (zwei an~kreuzen):",
+    .moveUp = "Gruppe nach oben",
+    .moveDown = "Gruppe nach unten",
+    .tickTwo = "Bitte zwei Gruppen ankreuzen.",
+    .tickSeveral = "Bitte zwei Gruppen oder mehr ankreuzen.",
+    .chooseGroupRange = "Bitte den Bereich angeben, der die Gruppe jedes Werts nennt.",
+    .chooseBlockRange = "Bitte den Bereich angeben, der sagt, welche Werte zusammengehören.",
+    .noRange = "% ist kein Bereich des Dokuments.",
+    .oneColumn = "Bitte eine einzige Spalte angeben.",
     .visibleRows = "Nur ~sichtbare Zeilen (% von % sind gefiltert oder ausgeblendet)",
     .missing = "~Fehlende Werte auslassen (%)",
     .units = {"% von % Werten", "% von % Paaren", "% von % Blöcken", "% von % Werten"},
     .unnamedRows = "% von % Zeilen ohne Namen",
+    .splitValues = "Bitte „Gruppen in einer Spalte“ ankreuzen.",
     .omitMissing = "Bitte „Fehlende Werte auslassen“ ankreuzen.",
     .report = "Bericht auf",
     .newSheet = "ein neues ~Blatt",
@@ -153,47 +178,6 @@ constexpr auto germanCauses = std::to_array<GermanCause>({
 });
 // clang-format on
 
-/// What is wrong with a table in German; the English words are the refusals' own.
-struct GermanReason {
-    reshaping::Reason reason;
-    std::string_view text;
-};
-
-/// Percent signs stand for the facts.
-// clang-format off
-constexpr auto germanReasons = std::to_array<GermanReason>({
-    {reshaping::Reason::NotANumber, "% enthält keine Zahl; jeder Wert muss eine Zahl sein."},
-    {reshaping::Reason::ValuesMissing, "Fehlende Werte in %: % von %, zuerst in %."},
-    {reshaping::Reason::NamesMissing, "Zeilen ohne Namen in %: %, zuerst %."},
-    {reshaping::Reason::NoGroup, "% nennt keine Gruppe."},
-    {reshaping::Reason::OneGroup, "% nennt nur eine Gruppe: %."},
-    {reshaping::Reason::TooManyGroups, "% nennt % Gruppen, %; der Test vergleicht zwei."},
-    {reshaping::Reason::BlocksIncomplete, "Unvollständige Blöcke in %: %, zuerst „%“ ohne einen Wert von „%“."},
-    {reshaping::Reason::SecondValue, "Der Block „%“ in % hat zwei Werte von „%“: % und %; jeder Block nimmt von jeder Gruppe einen."},
-    {reshaping::Reason::NothingLeft, "Von % bleibt kein Wert übrig."},
-    {reshaping::Reason::UnequalColumns, "% hat % Zeilen, % dagegen %; die Zeilen gehören zusammen und müssen gleich viele sein."},
-});
-// clang-format on
-
-/// The text with these in place of its percent signs, one after the other.
-std::string filledIn(std::string_view text, std::span<const std::string> facts) {
-    std::string result;
-    for (const std::string& fact : facts) {
-        const std::size_t place = text.find('%');
-        if (place == std::string_view::npos) {
-            break;
-        }
-        result += std::string(text.substr(0, place)) + fact;
-        text.remove_prefix(place + 1);
-    }
-    return result + std::string(text);
-}
-
-std::string inGerman(const reshaping::Refusal& refusal) {
-    const auto* const known = std::ranges::find(germanReasons, refusal.reason(), &GermanReason::reason);
-    return known == germanReasons.end() ? refusal.description() : filledIn(known->text, refusal.facts());
-}
-
 /// The first word of a description is the cell that it is about.
 std::string withCell(std::string_view text, const std::string& description) {
     std::string result(text);
@@ -216,6 +200,23 @@ std::string inEnglish(Cause cause, const Error& error, const RequestNames& names
 }
 
 }  // namespace
+
+bool isGerman(std::string_view language) noexcept {
+    return language.starts_with("de");
+}
+
+std::string filledIn(std::string_view text, std::span<const std::string> facts) {
+    std::string result;
+    for (const std::string& fact : facts) {
+        const std::size_t place = text.find('%');
+        if (place == std::string_view::npos) {
+            break;
+        }
+        result += std::string(text.substr(0, place)) + fact;
+        text.remove_prefix(place + 1);
+    }
+    return result + std::string(text);
+}
 
 const DialogTexts& dialogTexts(std::string_view language) {
     return isGerman(language) ? german : english;
@@ -252,16 +253,6 @@ const Alternatives& alternativesOf(TBVNPMethod method, bool secondRange, std::st
         default:
             return texts.samples;
     }
-}
-
-std::string remedyText(const DialogTexts& texts, reshaping::Remedy remedy) {
-    return std::string(remedy == reshaping::Remedy::OmitMissing ? texts.omitMissing : std::string_view());
-}
-
-std::string refusalWords(const reshaping::Refusal& refusal, std::string_view language) {
-    const std::string remedy = remedyText(dialogTexts(language), refusal.remedy());
-    const std::string words = isGerman(language) ? inGerman(refusal) : refusal.description();
-    return words + (remedy.empty() ? "" : " ") + remedy;
 }
 
 std::string_view germanWords(Cause cause) noexcept {

@@ -1,13 +1,13 @@
 #pragma once
 
 #include <array>
+#include <span>
 #include <string>
 #include <string_view>
 
 #include "tbvnonpara/core/enumerations.hpp"
 #include "tbvnonpara/request/error_causes.hpp"
 #include "tbvnonpara/reshaping/account.hpp"
-#include "tbvnonpara/reshaping/refusal.hpp"
 
 namespace TBVNonPara::calc {
 
@@ -23,10 +23,25 @@ struct DialogTexts {
     std::string_view dataRange;
     std::string_view groupRanges;
     std::string_view groupingRange;
+    std::string_view groupsInColumn;
+    std::string_view valueRange;
+    std::string_view groupRange;
+    std::string_view blockRange;
+    std::string_view groupTicks;     ///< the list where a test takes several groups
+    std::string_view twoGroupTicks;  ///< and where it takes two
+    std::string_view moveUp;
+    std::string_view moveDown;
+    std::string_view tickTwo;
+    std::string_view tickSeveral;
+    std::string_view chooseGroupRange;
+    std::string_view chooseBlockRange;
+    std::string_view noRange;  ///< with what was written in place of %
+    std::string_view oneColumn;
     std::string_view visibleRows;  ///< with the rows that are hidden and all rows in place of % and %
     std::string_view missing;      ///< with what would be left out in place of %
     std::array<std::string_view, 4> units;  ///< by the units: how many are missing, and of how many
     std::string_view unnamedRows;
+    std::string_view splitValues;  ///< what helps where names stand beside the values
     std::string_view omitMissing;  ///< what helps against missing values
     std::string_view report;
     std::string_view newSheet;
@@ -51,17 +66,16 @@ struct DialogTexts {
 /// The texts of a language ("de", "en-US"); English where there are none.
 [[nodiscard]] const DialogTexts& dialogTexts(std::string_view language);
 
+[[nodiscard]] bool isGerman(std::string_view language) noexcept;
+
+/// The text with these in place of its percent signs, one after the other.
+[[nodiscard]] std::string filledIn(std::string_view text, std::span<const std::string> facts);
+
 /// The text of the box about hidden rows.
 [[nodiscard]] std::string visibleRowsLabel(const DialogTexts& texts, std::int32_t hidden, std::int32_t all);
 
 /// The text of the box about missing values.
 [[nodiscard]] std::string missingLabel(const DialogTexts& texts, const reshaping::Account& account);
-
-/// What helps against a refusal, in the dialog's terms; empty where the data must be corrected.
-[[nodiscard]] std::string remedyText(const DialogTexts& texts, reshaping::Remedy remedy);
-
-/// A refusal and what helps.
-[[nodiscard]] std::string refusalWords(const reshaping::Refusal& refusal, std::string_view language);
 
 /// The three alternatives in the words of a test: both ways, first greater, first less.
 using Alternatives = std::array<std::string_view, 3>;

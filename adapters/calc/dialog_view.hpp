@@ -1,9 +1,12 @@
 #pragma once
 
+#include <array>
 #include <com/sun/star/awt/XActionListener.hpp>
 #include <com/sun/star/awt/XControl.hpp>
 #include <com/sun/star/awt/XControlContainer.hpp>
 #include <com/sun/star/awt/XItemListener.hpp>
+#include <com/sun/star/awt/XKeyListener.hpp>
+#include <com/sun/star/awt/XMouseListener.hpp>
 #include <com/sun/star/awt/XTextListener.hpp>
 #include <com/sun/star/awt/XTopWindowListener.hpp>
 #include <com/sun/star/awt/XWindow.hpp>
@@ -19,12 +22,19 @@
 namespace TBVNonPara::calc {
 
 /// The fields that take a range.
-enum class Field { First, Second, Output, None };
+enum class Field { First, Second, Groups, Blocks, Output, None };
+
+constexpr std::array dataFields{Field::First, Field::Second, Field::Groups, Field::Blocks};
+constexpr std::array rangeFields{Field::First, Field::Second, Field::Groups, Field::Blocks, Field::Output};
 
 /// The names of the controls that something is asked of.
 namespace controls {
 constexpr auto test = "Test";
 constexpr auto alternative = "Alternative";
+constexpr auto groupsInColumn = "GroupsInColumn";
+constexpr auto groups = "GroupTicks";
+constexpr auto moveUp = "MoveUp";
+constexpr auto moveDown = "MoveDown";
 constexpr auto missing = "Missing";
 constexpr auto visibleRows = "VisibleRows";
 constexpr auto newSheet = "NewSheet";
@@ -41,6 +51,9 @@ constexpr auto help = "Help";
 /// What a dialog shows at the moment besides the texts in its fields.
 struct DialogState {
     bool alternatives = true;
+    bool longTableOffered = true;
+    bool longTable = false;
+    bool blocks = false;
     bool secondRange = true;
     bool missing = false;
     bool hiddenRows = false;
@@ -64,6 +77,8 @@ class DialogView {
     void listen(const Reference<css::awt::XActionListener>& actions,
                 const Reference<css::awt::XItemListener>& items,
                 const Reference<css::awt::XTextListener>& texts,
+                const Reference<css::awt::XMouseListener>& mouse,
+                const Reference<css::awt::XKeyListener>& keys,
                 const Reference<css::awt::XTopWindowListener>& window);
 
     /// Shows and enables what belongs to a state, and places it.
@@ -72,6 +87,12 @@ class DialogView {
     [[nodiscard]] std::int32_t selected(const char* list) const;
     void select(const char* list, std::int32_t position);
     void fill(const char* list, std::span<const std::string_view> items);
+    void showGroups(std::span<const std::string> lines, std::int32_t selected);
+    /// The group that the list stands on; -1 for none.
+    [[nodiscard]] std::int32_t selectedGroup() const;
+    void setGroupsLabel(std::string_view label);
+    /// Whether a place in the list of groups, in pixels from its left, is that of the ticks.
+    [[nodiscard]] bool isAtTicks(std::int32_t left) const;
     [[nodiscard]] bool checked(const char* box) const;
     void check(const char* box, bool checked);
 
@@ -109,6 +130,8 @@ class DialogView {
     void addLabelled(const char* kind, const char* name, std::string_view label);
     void addField(Field field, std::string_view label);
     void tellPicker(Field field, std::string_view label);
+    void addGroups();
+    void addIcon(const OUString& name, const char* icon, std::string_view help);
     void addBox(const char* kind, const char* name, std::string_view label);
     void addButton(const char* name, std::string_view label, std::int16_t type);
     void addButtons();
@@ -117,6 +140,9 @@ class DialogView {
     void place(const OUString& name, const Place& place) const;
     void hide(const OUString& name) const;
     std::int32_t arrangeField(Field field, std::int32_t top, bool enabled);
+    std::int32_t arrangeFieldIf(bool shown, Field field, std::int32_t top, bool enabled);
+    std::int32_t arrangeGroups(bool shown, std::int32_t top, bool enabled);
+    std::int32_t arrangeRanges(const DialogState& state, std::int32_t top);
     std::int32_t arrangeMessage(Field field, std::int32_t left, std::int32_t top);
     std::int32_t arrangeRow(const char* name, std::int32_t top, bool enabled);
     std::int32_t arrangeBoxIf(bool shown, const char* name, std::int32_t top, bool enabled);

@@ -108,6 +108,48 @@ std::int32_t DialogView::arrangeButtons(std::int32_t top, bool idle) {
     return top + m_Heights.button;
 }
 
+std::int32_t DialogView::arrangeFieldIf(bool shown, Field field, std::int32_t top, bool enabled) {
+    if (shown) {
+        return arrangeField(field, top, enabled);
+    }
+    const OUString name = ascii(nameOf(field));
+    for (const OUString& part : {labelOf(name), name, pickerOf(name), messageOf(name)}) {
+        hide(part);
+    }
+    return top;
+}
+
+std::int32_t DialogView::arrangeGroups(bool shown, std::int32_t top, bool enabled) {
+    const OUString list = ascii(controls::groups);
+    const std::array buttons{ascii(controls::moveUp), ascii(controls::moveDown)};
+    if (!shown) {
+        for (const OUString& name : {labelOf(list), list, buttons[0], buttons[1]}) {
+            hide(name);
+        }
+        return top;
+    }
+    const std::int32_t right = measures::width - measures::margin - measures::pickerWidth;
+    place(labelOf(list), {measures::margin, top, measures::labelWidth, measures::line});
+    place(list,
+          {measures::fieldLeft, top, right - measures::gap - measures::fieldLeft, measures::listHeight});
+    place(buttons[0], {right, top, measures::pickerWidth, m_Heights.row});
+    place(buttons[1], {right, top + m_Heights.row + measures::gap, measures::pickerWidth, m_Heights.row});
+    for (const OUString& name : {list, buttons[0], buttons[1]}) {
+        set(name, "Enabled", Any(enabled));
+    }
+    return top + measures::listHeight + measures::gap;
+}
+
+std::int32_t DialogView::arrangeRanges(const DialogState& state, std::int32_t top) {
+    const bool idle = !state.running;
+    top = arrangeBoxIf(state.longTableOffered, controls::groupsInColumn, top, idle);
+    top = arrangeField(Field::First, top, idle);
+    top = arrangeFieldIf(state.secondRange, Field::Second, top, idle);
+    top = arrangeFieldIf(state.longTable, Field::Groups, top, idle);
+    top = arrangeGroups(state.longTable, top, idle);
+    return arrangeFieldIf(state.blocks, Field::Blocks, top, idle);
+}
+
 void DialogView::arrange(const DialogState& state) {
     const bool idle = !state.running;
     std::int32_t top = arrangeRow(controls::test, measures::margin, idle);
@@ -118,15 +160,7 @@ void DialogView::arrange(const DialogState& state) {
         hide(labelOf(alternative));
         hide(alternative);
     }
-    top = arrangeField(Field::First, top, idle);
-    const OUString second = ascii(nameOf(Field::Second));
-    if (state.secondRange) {
-        top = arrangeField(Field::Second, top, idle);
-    } else {
-        for (const OUString& name : {labelOf(second), second, pickerOf(second), messageOf(second)}) {
-            hide(name);
-        }
-    }
+    top = arrangeRanges(state, top);
     top = arrangeBoxIf(state.missing, controls::missing, top, idle);
     top = arrangeBoxIf(state.hiddenRows, controls::visibleRows, top, idle);
     top = arrangeReport(top + measures::gap, state);

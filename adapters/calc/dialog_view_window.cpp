@@ -62,10 +62,16 @@ void DialogView::setMessageColour() {
     const std::int32_t brightness =
         ((ground >> 16) & 0xFF) * 3 + ((ground >> 8) & 0xFF) * 6 + (ground & 0xFF);
     constexpr std::int32_t middle = 1280;
-    for (const Field field : {Field::First, Field::Second, Field::Output, Field::None}) {
-        set(messageOf(ascii(nameOf(field))), "TextColor",
-            Any(brightness < middle ? measures::messageColourOnDark : measures::messageColour));
+    const Any colour(brightness < middle ? measures::messageColourOnDark : measures::messageColour);
+    for (const Field field : rangeFields) {
+        set(messageOf(ascii(nameOf(field))), "TextColor", colour);
     }
+    set(messageOf(ascii(nameOf(Field::None))), "TextColor", colour);
+}
+
+bool DialogView::isAtTicks(std::int32_t left) const {
+    const auto units = query<css::awt::XUnitConversion>(m_Dialog->getPeer());
+    return units->convertPointToLogic({left, 0}, css::util::MeasureUnit::APPFONT).X <= measures::tickWidth;
 }
 
 void DialogView::centreOn(const Reference<css::awt::XWindow>& parent) {

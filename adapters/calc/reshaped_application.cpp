@@ -41,15 +41,27 @@ std::size_t columnsOf(const TableRange& range) {
     return columns;
 }
 
-BothColumns divided(const UserTable& table, std::vector<reshaping::Column> columns, bool headers) {
-    const auto second = columns.begin() + static_cast<std::ptrdiff_t>(columnsOf(table.first));
+/// How many of the columns are those of the first range.
+std::size_t firstColumns(const UserTable& table, std::size_t all, const AnalysisSettings& settings) {
+    if (settings.groupsInOneColumn) {
+        return takesGroups(settings.method) ? all : 1;
+    }
+    return columnsOf(table.first);
+}
+
+BothColumns divided(const UserTable& table, std::vector<reshaping::Column> columns,
+                    const AnalysisSettings& settings) {
+    const auto second =
+        columns.begin() + static_cast<std::ptrdiff_t>(firstColumns(table, columns.size(), settings));
+    const bool headers = settings.groupsInOneColumn || settings.headers;
+    const TableRange& origin = settings.groupsInOneColumn ? table.first : table.second;
     std::vector<reshaping::Column> others(std::make_move_iterator(second),
                                           std::make_move_iterator(columns.end()));
     columns.erase(second, columns.end());
     BothColumns both;
     both[0] = std::make_shared<ReshapedColumns>(table.first.cells, std::move(columns), headers);
     if (!others.empty()) {
-        both[1] = std::make_shared<ReshapedColumns>(table.second.cells, std::move(others), headers);
+        both[1] = std::make_shared<ReshapedColumns>(origin.cells, std::move(others), headers);
     }
     return both;
 }
@@ -59,8 +71,8 @@ BothColumns divided(const UserTable& table, std::vector<reshaping::Column> colum
 CompanionLibrary reshapedCompanions(const std::shared_ptr<Session>& session, const UserTable& table,
                                     reshaping::Reshaped reshaped, const AnalysisSettings& settings) {
     CompanionLibrary companions = calcCompanions(session);
-    companions.application = makeObject<ReshapedApplication>(
-        session, divided(table, std::move(reshaped.columns), settings.headers));
+    companions.application =
+        makeObject<ReshapedApplication>(session, divided(table, std::move(reshaped.columns), settings));
     return companions;
 }
 

@@ -58,7 +58,7 @@ SheetAreas ReshapedColumns::originOf(std::int32_t row, std::int32_t column) cons
     return {m_Origin.document, m_Origin.sheet, {{left, top, left, top}}};
 }
 
-ReshapedRange::ReshapedRange(const std::shared_ptr<Session>& session, ReshapedColumnsRef columns)
+ReshapedRange::ReshapedRange(const std::shared_ptr<Session>& session, const ReshapedColumnsRef& columns)
     : ReshapedRange(session, columns, columns->origin(), columns->whole()) {
 }
 

@@ -33,7 +33,7 @@ using ReshapedColumnsRef = std::shared_ptr<const ReshapedColumns>;
 /// A range of the user's that is read as the columns that were made of it, under its own address.
 class ReshapedRange : public CalcRange {
  public:
-    ReshapedRange(const std::shared_ptr<Session>& session, ReshapedColumnsRef columns);
+    ReshapedRange(const std::shared_ptr<Session>& session, const ReshapedColumnsRef& columns);
 
     [[nodiscard]] RangeRef GetCells(Long row, Long column) const override;
     [[nodiscard]] Long GetRowsCount() const override { return m_Part.rows(); }

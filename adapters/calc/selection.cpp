@@ -37,10 +37,10 @@ std::string joined(const SheetRef& sheet, std::span<const CellArea> areas) {
     return text;
 }
 
-std::vector<CellArea> columnsOf(const std::vector<CellArea>& areas) {
+std::vector<CellArea> columnsOf(const std::vector<CellArea>& areas, std::size_t most) {
     std::vector<CellArea> columns;
     for (const CellArea& area : areas) {
-        for (std::int32_t column = area.left; column <= area.right && columns.size() < 2; ++column) {
+        for (std::int32_t column = area.left; column <= area.right && columns.size() < most; ++column) {
             columns.push_back({column, area.top, column, area.bottom});
         }
     }
@@ -107,12 +107,19 @@ Suggestion suggest(const SheetAreas& selection, bool groups, bool twoRanges) {
         suggestion.first = joined(selection.sheet, selection.areas);
         return suggestion;
     }
-    const std::vector<CellArea> columns = columnsOf(selection.areas);
-    suggestion.first = userAddress(selection.sheet, columns.front());
-    if (twoRanges && columns.size() > 1) {
-        suggestion.second = userAddress(selection.sheet, columns[1]);
-    }
+    const std::vector<std::string> columns = columnAddresses(selection, 2);
+    suggestion.first = columns.front();
+    suggestion.second = twoRanges ? columns.back() : std::string();
     return suggestion;
+}
+
+std::vector<std::string> columnAddresses(const SheetAreas& selection, std::size_t number) {
+    std::vector<std::string> addresses;
+    for (const CellArea& column : columnsOf(selection.areas, number)) {
+        addresses.push_back(userAddress(selection.sheet, column));
+    }
+    addresses.resize(number);
+    return addresses;
 }
 
 }  // namespace TBVNonPara::calc

@@ -25,6 +25,9 @@ struct Suggestion {
 /// For two samples the first two columns or areas, for one sample the first, for groups everything.
 [[nodiscard]] Suggestion suggest(const SheetAreas& selection, bool groups, bool twoRanges);
 
+/// The addresses of the first columns of a selection, as many as are asked for; empty where there are less.
+[[nodiscard]] std::vector<std::string> columnAddresses(const SheetAreas& selection, std::size_t number);
+
 /// An area as the user reads it: $Data.$A$1:$A$9.
 [[nodiscard]] std::string userAddress(const SheetRef& sheet, const CellArea& area);
 

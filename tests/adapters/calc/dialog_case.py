@@ -1,15 +1,16 @@
 """A Calc on a screen with the dialog in it: how its tests find, fill in and photograph it."""
 
+import contextlib
 import os
 import pathlib
 import time
 
 import uno  # noqa: F401
-from com.sun.star.accessibility.AccessibleRole import (CHECK_BOX, COMBO_BOX, DIALOG, LABEL, LIST_ITEM,
+from com.sun.star.accessibility.AccessibleRole import (CHECK_BOX, COMBO_BOX, DIALOG, LABEL, LIST, LIST_ITEM,
                                                        PUSH_BUTTON, RADIO_BUTTON, TEXT)
 from com.sun.star.accessibility.AccessibleStateType import CHECKED, FOCUSED
 
-from office import Office, TestCase, cells_of
+from office import Office, TestCase, cells_of, property_value
 from screen import Element, Screen, wait_for, window, window_now, windows
 
 COMMAND = "org.tbvnonpara.calc:dialog"
@@ -41,6 +42,27 @@ class DialogCase(TestCase):
             opened.find("Close").click()
         wait_for(lambda: self.find() is None)
         self.document.close(True)
+
+    @contextlib.contextmanager
+    def in_german(self):
+        """The office speaks German for a while; the dialog is closed at the end."""
+        provider = self.office.create("com.sun.star.configuration.ConfigurationProvider")
+        settings = provider.createInstanceWithArguments(
+            "com.sun.star.configuration.ConfigurationUpdateAccess",
+            (property_value("nodepath", "/org.openoffice.Setup/L10N"),))
+        before = settings.ooLocale
+        settings.ooLocale = "de"
+        settings.commitChanges()
+        try:
+            self.office.dispatch(self.document, COMMAND)
+            self.dialog = window(self.office, "Nichtparametrische Tests")
+            yield
+            self.choose("Test:", "Mann-Whitney-U-Test")
+            self.press("Schließen")
+            self.assertTrue(wait_for(lambda: window_now(self.office, "Nichtparametrische Tests") is None))
+        finally:
+            settings.ooLocale = before
+            settings.commitChanges()
 
     def find(self):
         return window_now(self.office, TITLE)
@@ -146,7 +168,7 @@ class DialogCase(TestCase):
 
     def check_layout(self):
         left, top, width, height = self.dialog.box
-        roles = (LABEL, TEXT, PUSH_BUTTON, CHECK_BOX, RADIO_BUTTON, COMBO_BOX)
+        roles = (LABEL, TEXT, PUSH_BUTTON, CHECK_BOX, RADIO_BUTTON, COMBO_BOX, LIST)
         boxes = []
         for element in self.dialog.children:
             if element.role in roles and element.box[2] > 10:

@@ -58,7 +58,7 @@ class Input(DialogCase):
         self.control("a new sheet", RADIO_BUTTON).click()
         order = ["First range:", PICK + "First range", "Second range:", PICK + "Second range", "a new sheet",
                  "Labels in the first row", "Descriptive tables", "Help", "Close", "OK", "Test:", "Alternative:",
-                 "First range:"]
+                 "Groups in one column", "First range:"]
         left, top, _, _ = self.field("First range:").box
         self.screen.mouse("mousemove", left + 5, top + 5, "click", 1)
         for place, name in enumerate(order):

@@ -76,8 +76,9 @@ class LightGtk(DesktopLook):
 
     def test_rows_do_not_touch(self):
         self.open_dialog("A1:C7")
-        # Test, alternative, two ranges, two places of the report, overwriting, two boxes, the buttons.
-        for test, number in (("Mann-Whitney U test", 10), ("Wilcoxon paired-sample test", 11), ("Friedman test", 8)):
+        # Test, alternative, groups in one column, two ranges, two places of the report, overwriting, two boxes, the
+        # buttons.
+        for test, number in (("Mann-Whitney U test", 11), ("Wilcoxon paired-sample test", 12), ("Friedman test", 9)):
             with self.subTest(test=test):
                 self.choose("Test:", test)
                 self.assertTrue(wait_for(lambda: len(self.rows()) == number), self.rows())
@@ -85,6 +86,14 @@ class LightGtk(DesktopLook):
                 gaps = [below[0] - above[1] for above, below in zip(rows, rows[1:])]
                 self.assertGreaterEqual(min(gaps), 3, gaps)
                 self.check_layout()
+        self.choose("Test:", "Mann-Whitney U test")
+
+    def test_a_table_in_long_form_is_taken_without_overlaps(self):
+        self.open_dialog("A1:C7")
+        self.choose("Test:", "Wilcoxon paired-sample test")
+        self.tick("Groups in one column")
+        self.assertTrue(wait_for(lambda: "Block range:" in self.texts()))
+        self.check_layout()
         self.choose("Test:", "Mann-Whitney U test")
 
     def test_an_error_can_be_read(self):

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <set>
 
+#include "adapters/calc/refusal_words.hpp"
+
 namespace TBVNonPara::calc {
 
 namespace {
@@ -24,13 +26,28 @@ TEST_P(EveryLanguage, GivesEachLetterToOneControlThatIsSeenAtTheSameTime) {
         for (const std::string_view second : {texts.secondRange, texts.groupingRange}) {
             std::set<char> letters;
             for (const std::string_view label :
-                 {texts.test, texts.alternative, first, second, texts.missing, texts.visibleRows,
-                  texts.newSheet, texts.cell, texts.overwrite, texts.labels, texts.descriptives,
-                  texts.ignoreTies}) {
+                 {texts.test, texts.alternative, texts.groupsInColumn, first, second, texts.missing,
+                  texts.visibleRows, texts.newSheet, texts.cell, texts.overwrite, texts.labels,
+                  texts.descriptives, texts.ignoreTies}) {
                 const std::size_t mark = label.find('~');
                 ASSERT_NE(mark, std::string_view::npos) << label;
                 EXPECT_TRUE(letters.insert(static_cast<char>(std::tolower(label[mark + 1]))).second) << label;
             }
+        }
+    }
+}
+
+TEST_P(EveryLanguage, GivesEachLetterToOneControlOfATableInLongFormAsWell) {
+    const DialogTexts& texts = dialogTexts(GetParam());
+    for (const std::string_view ticks : {texts.groupTicks, texts.twoGroupTicks}) {
+        std::set<char> letters;
+        for (const std::string_view label :
+             {texts.test, texts.alternative, texts.groupsInColumn, texts.valueRange, texts.groupRange, ticks,
+              texts.blockRange, texts.missing, texts.visibleRows, texts.newSheet, texts.cell, texts.overwrite,
+              texts.labels, texts.descriptives, texts.ignoreTies}) {
+            const std::size_t mark = label.find('~');
+            ASSERT_NE(mark, std::string_view::npos) << label;
+            EXPECT_TRUE(letters.insert(static_cast<char>(std::tolower(label[mark + 1]))).second) << label;
         }
     }
 }
@@ -88,6 +105,16 @@ TEST(Dialog, SaysInGermanWhatIsWrongWithATable) {
     EXPECT_EQ(refusalWords(
                   Refusal(tbvNPNoData, "No value is left of Data!B.", reshaping::Remedy::OmitMissing), "en"),
               "No value is left of Data!B. Tick \"Leave out missing values\".");
+}
+
+TEST(Dialog, SaysWhatHelpsAgainstARefusal) {
+    using reshaping::Remedy;
+    const DialogTexts& texts = dialogTexts("en");
+    EXPECT_EQ(remedyText(texts, Remedy::PickGroups), "Tick two groups.");
+    EXPECT_EQ(remedyText(texts, Remedy::NameBlocks),
+              "Choose the range that says which values belong together.");
+    EXPECT_EQ(remedyText(texts, Remedy::SplitValues), "Tick \"Groups in one column\".");
+    EXPECT_EQ(remedyText(texts, Remedy::CorrectData), "");
 }
 
 TEST(Dialog, HasGermanWordsForEveryReasonOfARefusal) {
