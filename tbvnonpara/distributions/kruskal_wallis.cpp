@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <numeric>
 #include <vector>
@@ -47,12 +48,14 @@ struct Deal {
 
     /// The smallest sum of as many scores.
     [[nodiscard]] Score lowest(Score count) const {
-        return std::accumulate(scores.begin(), scores.begin() + count, Score(0));
+        return std::accumulate(scores.begin(), scores.begin() + static_cast<std::ptrdiff_t>(count), Score(0));
     }
 
     /// How many sums as many scores can have.
     [[nodiscard]] Score sums(Score count) const {
-        return std::accumulate(scores.rbegin(), scores.rbegin() + count, Score(0)) - lowest(count) + 1;
+        return std::accumulate(scores.rbegin(), scores.rbegin() + static_cast<std::ptrdiff_t>(count),
+                               Score(0)) -
+               lowest(count) + 1;
     }
 
  private:
