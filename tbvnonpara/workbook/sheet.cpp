@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "tbvnonpara/core/a1.hpp"
 #include "tbvnonpara/core/utf8.hpp"
 #include "tbvnonpara/workbook/book.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
@@ -100,7 +101,10 @@ void Sheet::Activate() {
 void Sheet::turnOver() {
     CellStore turned;
     m_Values.visit(m_Values.usedArea().value_or(Rectangle()),
-                   [&](Index row, Index column, const CellValue& value) { turned.set(column, row, value); });
+                   [&](Index row, Index column, const CellValue& value) {
+                       const CellPlace place{column, row};
+                       turned.set(place.row, place.column, value);
+                   });
     UnreadableCells problems;
     for (const auto& [place, problem] : m_Unreadable) {
         problems.emplace(std::pair(place.second, place.first), problem);
