@@ -79,18 +79,7 @@ class FindingTheApplication : public testing::Test {
     }
 
     static ComPtr<IDispatch> applicationElsewhereRunning() {
-        // The process of the test before may still be on its way out when it is asked.
-        constexpr int attempts = 40;
-        constexpr DWORD milliseconds = 50;
-        ComPtr<IDispatch> application;
-        HRESULT status = E_FAIL;
-        for (int attempt = 0; attempt < attempts && FAILED(status); ++attempt) {
-            Sleep(attempt == 0 ? 0 : milliseconds);
-            status = CoCreateInstance(Peer::outOfProcessClass, nullptr, CLSCTX_LOCAL_SERVER, IID_IDispatch,
-                                      reinterpret_cast<void**>(application.out()));
-        }
-        check(status);
-        return application;
+        return Peer::startPeer(Peer::outOfProcessClass, CLSCTX_LOCAL_SERVER);
     }
 
     LoadedServer m_Server;

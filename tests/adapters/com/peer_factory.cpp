@@ -1,5 +1,6 @@
 #include "tests/adapters/com/peer_factory.hpp"
 
+#include "adapters/com/errors.hpp"
 #include "tests/adapters/com/peer_application.hpp"
 
 namespace TBVNonPara::Peer {
@@ -58,6 +59,28 @@ void unregisterPeers() {
                                     std::wstring(L"Excel.Application"), L"CLSID\\" + text(inProcessClass),
                                     L"CLSID\\" + text(outOfProcessClass)}) {
         RegDeleteTreeW(HKEY_LOCAL_MACHINE, (L"Software\\Classes\\" + key).c_str());
+    }
+}
+
+com::ComPtr<IDispatch> startPeer(const GUID& id, DWORD context) {
+    constexpr int attempts = 20;
+    constexpr DWORD milliseconds = 50;
+    for (int attempt = 1;; ++attempt) {
+        com::ComPtr<IDispatch> peer;
+        HRESULT status =
+            CoCreateInstance(id, nullptr, context, IID_IDispatch, reinterpret_cast<void**>(peer.out()));
+        if (SUCCEEDED(status) && context == CLSCTX_LOCAL_SERVER) {
+            Sleep(milliseconds);
+            UINT count = 0;
+            status = peer->GetTypeInfoCount(&count);
+        }
+        if (SUCCEEDED(status)) {
+            return peer;
+        }
+        if (attempt == attempts) {
+            com::check(status);
+        }
+        Sleep(milliseconds);
     }
 }
 

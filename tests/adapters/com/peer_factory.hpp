@@ -15,6 +15,11 @@ constexpr GUID outOfProcessClass = {
 /// Creates peer applications, each with a workbook of its own.
 [[nodiscard]] com::ComPtr<IClassFactory> peerFactory();
 
+/// A registered peer, in this process or, with CLSCTX_LOCAL_SERVER, in one of its own. A process that is on
+/// its way out after its last client may take one more request and fail the next; then another one is
+/// started.
+[[nodiscard]] com::ComPtr<IDispatch> startPeer(const GUID& id, DWORD context);
+
 /// Makes TBVPeer.InProcess, TBVPeer.OutOfProcess and, for the active application, Excel.Application known; or
 /// forgets them.
 void registerPeers(const std::wstring& library, const std::wstring& program);

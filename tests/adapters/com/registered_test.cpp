@@ -42,9 +42,7 @@ class EarlyBoundClient : public testing::TestWithParam<Place> {
     }
 
     static HostObject application() {
-        ComPtr<IDispatch> created;
-        check(CoCreateInstance(GetParam().application, nullptr, GetParam().context, IID_IDispatch,
-                               reinterpret_cast<void**>(created.out())));
+        const ComPtr<IDispatch> created = Peer::startPeer(GetParam().application, GetParam().context);
         return HostObject(created, Kind::Application, std::make_shared<ObjectModel>());
     }
 
