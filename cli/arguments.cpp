@@ -354,6 +354,9 @@ std::optional<std::string> notForEach(const Arguments& arguments) {
     if (arguments.format == OutputFormat::Html || arguments.format == OutputFormat::Xlsx) {
         return "--each gives text, csv or json";
     }
+    if (arguments.plan) {
+        return "--plan is of one column: name it with --y, without --each";
+    }
     return arguments.output.empty() ? std::nullopt
                                     : std::optional("--each places no reports: leave --output out");
 }

@@ -160,8 +160,8 @@ int analyse(const Arguments& arguments, Circumstances& circumstances) {
         return 0;
     }
     if (analysis::testsEachColumn(*application, arguments)) {
-        if (arguments.details) {
-            analysis::refuse(tbvNPYRangeColumns, "Details are of one column; name one with --y.");
+        if (arguments.details || arguments.plan) {
+            analysis::refuse(tbvNPYRangeColumns, "Details and plans are of one column; name one with --y.");
         }
         return testColumns(*application, arguments, progress);
     }

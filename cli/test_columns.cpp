@@ -21,13 +21,16 @@ using analysis::EachColumn;
 using rendering::Output;
 using Tests = std::vector<ColumnTest>;
 
-/// In front of the description that a table shows stands what the program knows of the error.
+/// Errors in the program's words, with the option that helps.
 void explainErrors(Tests& tests, const Arguments& arguments) {
     for (ColumnTest& test : tests) {
         if (test.error) {
             analysis::ChosenRanges ranges;
             ranges.y = test.address;
-            test.error.emplace(test.error->number(), explain(*test.error, {arguments.test, ranges}),
+            const bool missing = test.remedy == reshaping::Remedy::OmitMissing;
+            test.error.emplace(test.error->number(),
+                               explain(*test.error, {arguments.test, ranges}) +
+                                   (missing ? " Add --missing omit to leave out what is missing." : ""),
                                test.error->source());
         }
     }
@@ -37,13 +40,15 @@ Tests writeReports(const workbook::EmbeddedApplication& application, const Argum
                    const EachColumn& each, Output& output) {
     const bool shown = arguments.save.empty();
     bool first = true;
-    return analysis::reportEach(
+    Tests tests = analysis::reportEach(
         application, arguments, each, [&](const ColumnTest&, const analysis::FinishedTest& finished) {
             output.write(first ? "" : "\n");
             first = false;
             rendering::writeText({finished.sheet(), finished.block()}, shown && wantsColour(), output,
                                  shown ? terminalWidth() : 0);
         });
+    explainErrors(tests, arguments);
+    return tests;
 }
 
 Tests writeTable(const workbook::EmbeddedApplication& application, const Arguments& arguments,
@@ -60,7 +65,7 @@ Tests writeTable(const workbook::EmbeddedApplication& application, const Argumen
 }
 
 /// The columns without results, the first few by name.
-void tellFailures(const Tests& tests, const Arguments& arguments) {
+void tellFailures(const Tests& tests) {
     constexpr std::size_t most = 5;
     std::size_t failures = 0;
     for (const ColumnTest& test : tests) {
@@ -69,10 +74,8 @@ void tellFailures(const Tests& tests, const Arguments& arguments) {
         }
         failures += 1;
         if (failures <= most) {
-            analysis::ChosenRanges ranges;
-            ranges.y = test.address;
-            tellLines(fmt::format("tbvnonpara: {} has no result: {}", test.column,
-                                  explain(*test.error, {arguments.test, ranges})));
+            tellLines(
+                fmt::format("tbvnonpara: {} has no result: {}", test.column, test.error->description()));
         }
     }
     if (failures > most) {
@@ -102,7 +105,7 @@ int testColumns(const workbook::EmbeddedApplication& application, const Argument
         saveText(arguments, write);
         tellLines("saved in " + arguments.save);
     }
-    tellFailures(tests, arguments);
+    tellFailures(tests);
     return std::ranges::any_of(tests, [](const ColumnTest& test) { return !test.error; }) ? 0 : failureStatus;
 }
 

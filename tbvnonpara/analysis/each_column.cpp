@@ -205,6 +205,9 @@ class Tests {
             place.test(std::move(column), result, report);
         } catch (const std::system_error&) {
             throw;
+        } catch (const reshaping::Refusal& refusal) {
+            result.error.emplace(refusal.number(), refusal.description(), refusal.source());
+            result.remedy = refusal.remedy();
         } catch (...) {
             result.error = currentError();
         }

@@ -11,6 +11,7 @@
 #include "tbvnonpara/analysis/run_test.hpp"
 #include "tbvnonpara/core/error.hpp"
 #include "tbvnonpara/reshaping/account.hpp"
+#include "tbvnonpara/reshaping/refusal.hpp"
 
 namespace TBVNonPara::analysis {
 
@@ -34,7 +35,8 @@ struct ColumnTest {
     std::string address;  ///< as a report shows it
     std::vector<NamedResult> results;
     reshaping::Account account;
-    std::optional<Error> error;  ///< why there are no results
+    std::optional<Error> error;                                 ///< why there are no results
+    reshaping::Remedy remedy = reshaping::Remedy::CorrectData;  ///< what helps against that
 };
 
 /// Tests each column by itself, on all processors, in the order of the columns.

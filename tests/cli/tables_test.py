@@ -97,6 +97,7 @@ class Columns(unittest.TestCase):
         rows = list(csv.DictReader(done.stdout.splitlines()))
         self.assertEqual([row["column"] for row in rows], ["Ozone", "Temp"])
         self.assertIn("air_quality!Ozone lacks 10 values", rows[0]["error"])
+        self.assertIn("Add --missing omit", rows[0]["error"])
         self.assertEqual((rows[1]["df.1"], rows[1]["error"]), ("31", ""))
         self.assertEqual(done.returncode, 0)
         self.assertIn("Ozone has no result", done.stderr)
@@ -118,6 +119,11 @@ class Columns(unittest.TestCase):
             self.assertEqual(run(*words).returncode, 0)
             self.assertTrue(path.read_text(encoding="utf-8").startswith("column,runs,expected"))
         self.assertEqual(run("runs", AIR, "--each", "--format", "html").returncode, 2)
+
+    def test_are_not_planned_but_refused(self):
+        self.assertEqual(run("runs", AIR, "--each", "--plan").returncode, 2)
+        several = run("median", AIR, "--y", "Wind,Temp", "--by", "Month", "--plan")
+        self.assertEqual((several.returncode, several.stdout), (1, ""))
 
     def test_may_be_more_than_a_sheet_has(self):
         many = 20000
