@@ -37,24 +37,36 @@ void CellStore::set(Index row, Index column, CellValue value) {
         clear({row, column, row, column});
         return;
     }
-    growTo(row, column)[Place(row).offset] = std::move(value);
+    const Place place(row);
+    Block& block = blockFor(place, column);
+    if (place.offset == block.size()) {
+        block.push_back(std::move(value));
+    } else {
+        growTo(place.offset, block)[place.offset] = std::move(value);
+    }
 }
 
-CellStore::Block& CellStore::growTo(Index row, Index column) {
-    const Place place(row);
+CellStore::Block& CellStore::blockFor(Place place, Index column) {
     if (m_Columns.size() < static_cast<std::size_t>(column)) {
         m_Columns.resize(static_cast<std::size_t>(column));
     }
     Column& blocks = m_Columns[static_cast<std::size_t>(column - 1)];
     if (blocks.size() <= place.block) {
         blocks.resize(place.block + 1);
-    }
-    Block& block = blocks[place.block];
-    if (block.size() <= place.offset) {
-        if (block.capacity() <= place.offset) {
-            block.reserve(std::bit_ceil(place.offset + 1));
+        // Below a full block the column goes on, most likely.
+        if (place.block > 0 && blocks[place.block - 1].size() == blockRows) {
+            blocks[place.block].reserve(blockRows);
         }
-        block.resize(place.offset + 1);
+    }
+    return blocks[place.block];
+}
+
+CellStore::Block& CellStore::growTo(std::size_t offset, Block& block) {
+    if (block.size() <= offset) {
+        if (block.capacity() <= offset) {
+            block.reserve(std::bit_ceil(offset + 1));
+        }
+        block.resize(offset + 1);
     }
     return block;
 }
@@ -84,7 +96,7 @@ void CellStore::write(Index row, Index column, std::span<const CellValue> values
     while (!values.empty()) {
         const Place place(row);
         const std::size_t rows = std::min(values.size(), blockRows - place.offset);
-        Block& block = growTo(row + static_cast<Index>(rows) - 1, column);
+        Block& block = growTo(place.offset + rows - 1, blockFor(place, column));
         copyValues(values.first(rows), block.data() + place.offset);
         dropEmptyEnd(block);
         values = values.subspan(rows);

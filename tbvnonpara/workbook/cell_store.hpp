@@ -67,7 +67,8 @@ class CellStore {
         const auto position = static_cast<std::size_t>(column - 1);
         return position < m_Columns.size() ? &m_Columns[position] : nullptr;
     }
-    Block& growTo(Index row, Index column);
+    Block& blockFor(Place place, Index column);
+    static Block& growTo(std::size_t offset, Block& block);
     static void clearRows(Column& column, Index top, Index bottom);
     static void dropEmptyEnd(Block& block);
     static Index lastUsedRow(const Column& column) noexcept;

@@ -1,6 +1,7 @@
 #include "tbvnonpara/files/csv/reader.hpp"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "tbvnonpara/core/utf8.hpp"
@@ -111,7 +112,11 @@ class CsvParser {
           m_MostColumns(options.mostColumns),
           m_Source(source),
           m_At(start),
-          m_Line(start == 0 ? 1 : 2) {}
+          m_Line(start == 0 ? 1 : 2) {
+        for (const char c : {delimiter, '\n', '\r', delimiter == ' ' ? '\t' : delimiter}) {
+            m_Ends.at(static_cast<unsigned char>(c)) = true;
+        }
+    }
 
     [[nodiscard]] CsvData read() {
         while (m_At < m_Text.size()) {
@@ -147,9 +152,7 @@ class CsvParser {
         takeLineEnd();
     }
 
-    [[nodiscard]] bool endsField(char c) const noexcept {
-        return c == m_Delimiter || c == '\n' || c == '\r' || (c == '\t' && m_Delimiter == ' ');
-    }
+    [[nodiscard]] bool endsField(char c) const noexcept { return m_Ends[static_cast<unsigned char>(c)]; }
 
     /// Between fields that blanks divide.
     void skipBlanks() noexcept {
@@ -159,11 +162,11 @@ class CsvParser {
     }
 
     std::string_view takePlain() {
-        const std::size_t start = m_At;
-        while (m_At < m_Text.size() && !endsField(m_Text[m_At])) {
-            m_At += 1;
-        }
-        return m_Text.substr(start, m_At - start);
+        const std::string_view rest = m_Text.substr(m_At);
+        const auto end = std::ranges::find_if(rest, [this](char c) { return endsField(c); });
+        const auto size = static_cast<std::size_t>(end - rest.begin());
+        m_At += size;
+        return rest.substr(0, size);
     }
 
     CellValue quotedField() {
@@ -243,6 +246,7 @@ class CsvParser {
 
     std::string_view m_Text;
     char m_Delimiter;
+    std::array<bool, 256> m_Ends{};  ///< which bytes end a field without quotes
     CsvFieldReader m_Fields;
     std::string_view m_Comment;
     Index m_MostColumns;
