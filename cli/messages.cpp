@@ -100,6 +100,8 @@ Error withRemedy(const reshaping::Refusal& refusal, std::string_view command) {
         case reshaping::Remedy::PickGroups:
             return withSentence(
                 refusal, fmt::format("Pick two, for example: {} --groups {}", command, shellWord(names)));
+        case reshaping::Remedy::SayHeaders:
+            return withSentence(refusal, "Add --headers if the first row holds headers.");
         case reshaping::Remedy::NameBlocks:
             return withSentence(refusal, "Name the column that says which with --block.");
         case reshaping::Remedy::SplitValues:

@@ -47,6 +47,7 @@ std::string remedyText(const DialogTexts& texts, reshaping::Remedy remedy) {
         case reshaping::Remedy::SplitValues:
             return std::string(texts.splitValues);
         case reshaping::Remedy::CorrectData:
+        case reshaping::Remedy::SayHeaders:
             break;
     }
     return {};

@@ -9,6 +9,7 @@
 #include "tbvnonpara/core/a1.hpp"
 #include "tbvnonpara/core/enumerations.hpp"
 #include "tbvnonpara/core/words.hpp"
+#include "tbvnonpara/reshaping/refusal.hpp"
 #include "tbvnonpara/workbook/address.hpp"
 
 namespace TBVNonPara::analysis {
@@ -83,6 +84,20 @@ class Lookup {
         return first == columnLettered(text.substr(colon + 1)) ? first : std::nullopt;
     }
 
+    /// A sentence that names the columns.
+    [[nodiscard]] std::string known() const {
+        constexpr Index most = 12;
+        std::string names;
+        for (Index number = m_Used ? m_Used->left : 1; m_Used && number <= std::min(m_Used->right, most);
+             ++number) {
+            const CellValue& header = m_Sheet->value(m_Used->top, number);
+            const bool headed = m_Lookup != HeaderLookup::None && std::holds_alternative<Text>(header);
+            names +=
+                (names.empty() ? "" : ", ") + letters(number) + (headed ? " (" + toText(header) + ')' : "");
+        }
+        return names.empty() ? "The sheet is empty." : "The columns are " + names + '.';
+    }
+
  private:
     /// From left to right.
     [[nodiscard]] std::vector<Index> columnsHeaded(std::string_view text) const {
@@ -131,6 +146,7 @@ class Lookup {
             const std::string name = m_Application.GetRange(text)->GetWorksheet()->GetName();
             found.sheet = m_Application.activeBook()->sheet(name);
         } catch (const Error& error) {
+            requireNoNumberAbove(text);
             const bool isWord = text.find_first_of(":!$0123456789") == std::string_view::npos;
             refuse("There is no column " + inQuotes(text) + ". " + known() + ' ' +
                    (isWord ? "Name one by its header or letters, or give an address such as A1:A9."
@@ -139,17 +155,19 @@ class Lookup {
         return found;
     }
 
-    [[nodiscard]] std::string known() const {
-        constexpr Index most = 12;
-        std::string names;
-        for (Index number = m_Used ? m_Used->left : 1; m_Used && number <= std::min(m_Used->right, most);
-             ++number) {
-            const CellValue& header = m_Sheet->value(m_Used->top, number);
-            const bool headed = m_Lookup != HeaderLookup::None && std::holds_alternative<Text>(header);
-            names +=
-                (names.empty() ? "" : ", ") + letters(number) + (headed ? " (" + toText(header) + ')' : "");
+    /// A number above a column is taken for data, unless the user says that the first row holds headers.
+    void requireNoNumberAbove(std::string_view text) const {
+        for (Index number = m_Used ? m_Used->left : 1; m_Used && number <= m_Used->right; ++number) {
+            const CellValue& top = m_Sheet->value(m_Used->top, number);
+            if (m_Lookup == HeaderLookup::Texts && std::holds_alternative<double>(top) &&
+                toText(top) == text) {
+                throw reshaping::Refusal(m_BadRange,
+                                         "There is no column " + inQuotes(text) + ": the number " +
+                                             toText(top) + " in " + plainAddress(m_Used->top, number) +
+                                             " is taken for data. " + known(),
+                                         reshaping::Remedy::SayHeaders);
+            }
         }
-        return names.empty() ? "The sheet is empty." : "The columns are " + names + '.';
     }
 
     static std::string letters(Index number) { return columnLetters(number); }
@@ -179,6 +197,10 @@ std::optional<Index> findColumn(const workbook::EmbeddedApplication& application
     const Lookup columns(application, lookup, tbvNPBadYRange);
     const std::optional<Index> named = columns.columnNamed(text);
     return named ? named : columns.columnAddressed(text);
+}
+
+std::string columnsInWords(const workbook::EmbeddedApplication& application, HeaderLookup lookup) {
+    return Lookup(application, lookup, tbvNPBadYRange).known();
 }
 
 HeaderLookup lookupFor(const std::optional<bool>& headers) noexcept {

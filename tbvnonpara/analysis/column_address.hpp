@@ -40,6 +40,10 @@ enum class HeaderLookup {
 [[nodiscard]] std::optional<Index> findColumn(const workbook::EmbeddedApplication& application,
                                               std::string_view text, HeaderLookup lookup);
 
+/// "The columns are A (weight), B (feed)": the first dozen of the active sheet.
+[[nodiscard]] std::string columnsInWords(const workbook::EmbeddedApplication& application,
+                                         HeaderLookup lookup);
+
 /// How the first row is read when the user says whether it holds headers, or leaves it open.
 [[nodiscard]] HeaderLookup lookupFor(const std::optional<bool>& headers) noexcept;
 

@@ -18,7 +18,8 @@ RowConditions::RowConditions(const workbook::EmbeddedApplication& application, c
     const Rectangle used = sheet.usedArea().value_or(Rectangle());
     for (const std::string& text : choices.where) {
         const auto condition = reshaping::readCondition(
-            text, [&](std::string_view name) { return findColumn(application, name, lookup).has_value(); });
+            text, {[&](std::string_view name) { return findColumn(application, name, lookup).has_value(); },
+                   [&] { return columnsInWords(application, lookup); }});
         const Index number = findColumn(application, condition.column, lookup).value();
         const reshaping::Column column = tableColumn(sheet, {used.top, number, used.bottom, number}, headers);
         m_Keep.resize(static_cast<std::size_t>(used.bottom) + 1, true);

@@ -108,6 +108,12 @@ constexpr bool isOrder(Comparison comparison) noexcept {
     throw Refusal(tbvNPTextInData, description);
 }
 
+bool hasDecimalComma(std::string_view text) {
+    std::string pointed(text);
+    std::ranges::replace(pointed, ',', '.');
+    return pointed != text && readAsNumber(pointed).has_value();
+}
+
 void requireOrder(const WrittenCondition& condition, const Column& column, std::size_t cell) {
     const auto* const text = std::get_if<Text>(&column.cells[cell]);
     if (text != nullptr && !readAsNumber(text->string()) && !dateOf(text->string())) {
@@ -125,7 +131,7 @@ bool holds(const WrittenCondition& condition, const std::vector<Operand>& values
 
 }  // namespace
 
-WrittenCondition readCondition(std::string_view text, const std::function<bool(std::string_view)>& isColumn) {
+WrittenCondition readCondition(std::string_view text, const KnownColumns& columns) {
     bool compares = false;
     for (std::size_t i = 1; i < text.size(); ++i) {
         const Sign* const sign = signAt(text.substr(i));
@@ -134,7 +140,7 @@ WrittenCondition readCondition(std::string_view text, const std::function<bool(s
         }
         compares = true;
         const std::string column = withoutQuotes(text.substr(0, i));
-        if (isColumn(column)) {
+        if (columns.has(column)) {
             const std::string_view values = text.substr(i + sign->text.size());
             return {std::string(text), column, sign->comparison,
                     sign->comparison == Comparison::In ? listed(values)
@@ -142,7 +148,7 @@ WrittenCondition readCondition(std::string_view text, const std::function<bool(s
         }
     }
     refuseCondition("The condition " + inQuotes(text) +
-                    (compares ? " begins with no column of the table."
+                    (compares ? " begins with no column of the table. " + columns.list()
                               : " compares nothing; write a column, one of = != < <= > >= or in, and a "
                                 "value, for example feed = casein."));
 }
@@ -154,9 +160,11 @@ std::vector<bool> fulfilling(const WrittenCondition& condition, const Column& co
     if (ordered && !values.front().hasOrder()) {
         refuseCondition("The condition " + inQuotes(condition.text) + " asks for an order, but " +
                         inQuotes(values.front().text) +
-                        " is neither a number nor a date such as 2020-03-01; compare texts with = or !=.");
+                        " is neither a number nor a date such as 2020-03-01; " +
+                        (hasDecimalComma(values.front().text) ? "write decimals with a point."
+                                                              : "compare texts with = or !=."));
     }
-    const bool numbers = std::ranges::any_of(values, &Operand::hasOrder);
+    const bool numbers = holdsNumbers(column, missing);
     const bool blanksWanted = condition.comparison != Comparison::NotEqual &&
                               std::ranges::any_of(values, [](const Operand& v) { return v.text.empty(); });
     std::vector<bool> fulfilled;

@@ -22,12 +22,18 @@ struct WrittenCondition {
     std::vector<std::string> values;  ///< one, or several behind `in`
 };
 
+/// The columns that a condition may name.
+struct KnownColumns {
+    std::function<bool(std::string_view)> has;
+    std::function<std::string()> list;  ///< a sentence for the refusal
+};
+
 /// Takes a condition apart where what stands before the comparison names a column. Raises a Refusal when no
 /// place does, or nothing is compared.
-[[nodiscard]] WrittenCondition readCondition(std::string_view text,
-                                             const std::function<bool(std::string_view)>& isColumn);
+[[nodiscard]] WrittenCondition readCondition(std::string_view text, const KnownColumns& columns);
 
-/// Which cells of the column fulfil the condition: numbers compare as numbers, dates (year first) with dates
+/// Which cells of the column fulfil the condition. What counts as missing depends on what the column holds,
+/// numbers or names, and not on the condition: numbers compare as numbers, dates (year first) with dates
 /// and with the days of a sheet, texts as texts. An empty value is equal to what is missing, which fulfils
 /// nothing else, not even !=. Raises a Refusal for an order among texts.
 [[nodiscard]] std::vector<bool> fulfilling(const WrittenCondition& condition, const Column& column,

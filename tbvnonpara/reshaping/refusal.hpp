@@ -13,6 +13,7 @@ enum class Remedy {
     CorrectData,
     OmitMissing,  ///< leave out what is missing
     PickGroups,   ///< pick among the groups
+    SayHeaders,   ///< say that the first row holds headers
     NameBlocks,   ///< name the column that tells which values belong together
     SplitValues,  ///< split one column by another, whose headers or letters groups() gives
 };

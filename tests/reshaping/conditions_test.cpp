@@ -10,7 +10,8 @@ namespace {
 
 /// The condition on a table of one column.
 WrittenCondition on(const std::string& name, std::string_view text) {
-    return readCondition(text, [&](std::string_view column) { return column == name; });
+    return readCondition(text, {[&](std::string_view column) { return column == name; },
+                                [&] { return "The column is " + name + '.'; }});
 }
 
 /// "110" for two cells that fulfil it and one that does not.
@@ -40,7 +41,7 @@ TEST(ACondition, MayNameAColumnThatLooksLikeOne) {
 
 TEST(ACondition, ThatSaysNothingIsRefused) {
     EXPECT_EQ(refusedBy([] { static_cast<void>(on("feed", "fed = casein")); }).description(),
-              "The condition \"fed = casein\" begins with no column of the table.");
+              "The condition \"fed = casein\" begins with no column of the table. The column is feed.");
     EXPECT_NE(refusedBy([] { static_cast<void>(on("feed", "feed")); }).description().find("compares nothing"),
               std::string::npos);
 }
@@ -74,11 +75,18 @@ TEST(Dates, CompareAsDatesWithTextsAndDaysOfASheet) {
 TEST(WhatIsMissing, IsEqualToNothingButNothing) {
     EXPECT_EQ(met("c = ", {Text("a"), Empty(), Text(" ")}), "011");
     EXPECT_EQ(met("c != 1", {2.0, Empty(), Text("NA")}), "100");
+    EXPECT_EQ(met("c != low", {2.0, Empty(), Text("NA")}), "100");
+}
+
+TEST(WhatIsMissing, IsNoWordAmongNames) {
+    EXPECT_EQ(met("c != 1", {Text("a"), Empty(), Text("NA"), Text("-"), 1.0}), "10110");
 }
 
 TEST(AnOrder, AmongTextsIsRefused) {
     const Refusal value = refusedBy([] { static_cast<void>(met("c < a", {1.0})); });
     EXPECT_NE(value.description().find("\"a\" is neither a number nor a date"), std::string::npos);
+    const Refusal comma = refusedBy([] { static_cast<void>(met("c < 1,5", {1.0})); });
+    EXPECT_NE(comma.description().find("write decimals with a point."), std::string::npos);
     const Refusal cell = refusedBy([] { static_cast<void>(met("c < 5", {1.0, Text("many")})); });
     EXPECT_EQ(cell.description(),
               "The condition \"c < 5\" asks for an order, but Data!B3 holds the text \"many\"; compare texts "
