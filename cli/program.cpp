@@ -179,6 +179,9 @@ int analyse(const Arguments& arguments, Circumstances& circumstances) {
     std::vector<std::string> warnings = warningsOnData(*application, arguments, chosen);
     Tested tested = runOn(application, arguments, chosen);
     tested.details = findDetails(arguments, tested.columns, tested.finished.engine(), warnings);
+    if (tested.account) {
+        std::ranges::move(warningsOnGroups(*tested.account, arguments), std::back_inserter(warnings));
+    }
     std::ranges::move(warningsOnPlace(tested.finished, arguments), std::back_inserter(warnings));
     const auto writeTo = [&](Output& output) { write(tested, arguments, warnings, output); };
     if (!arguments.save.empty()) {

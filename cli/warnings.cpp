@@ -5,7 +5,9 @@
 
 #include "cli/save.hpp"
 #include "tbvnonpara/core/a1.hpp"
+#include "tbvnonpara/core/words.hpp"
 #include "tbvnonpara/files/xlsx/drawings.hpp"
+#include "tbvnonpara/reshaping/missing.hpp"
 
 namespace TBVNonPara::cli {
 
@@ -56,6 +58,22 @@ std::vector<std::string> warningsOnData(const workbook::EmbeddedApplication& app
         warnings.push_back(fmt::format(
             "{} of the cells in {} {} blank and count as a category; leave them out with --missing omit.",
             blanks, ranges.y, blanks == 1 ? "is" : "are"));
+    }
+    return warnings;
+}
+
+std::vector<std::string> warningsOnGroups(const reshaping::Account& account, const Arguments& arguments) {
+    std::vector<std::string> warnings;
+    if (arguments.by.empty()) {
+        return warnings;
+    }
+    for (const reshaping::Group& group : account.groups) {
+        if (reshaping::soundsMissing(group.name)) {
+            warnings.push_back(
+                fmt::format("One of the groups is called {}. If that stands for a missing name, add --na {} "
+                            "--missing omit.",
+                            inQuotes(group.name), group.name));
+        }
     }
     return warnings;
 }

@@ -5,6 +5,7 @@
 
 #include "cli/arguments.hpp"
 #include "tbvnonpara/analysis/run_test.hpp"
+#include "tbvnonpara/reshaping/account.hpp"
 
 namespace TBVNonPara::cli {
 
@@ -13,6 +14,10 @@ namespace TBVNonPara::cli {
 [[nodiscard]] std::vector<std::string> warningsOnData(const workbook::EmbeddedApplication& application,
                                                       const Arguments& arguments,
                                                       const analysis::ChosenRanges& ranges);
+
+/// Groups that may be none: "NA" among names is a name.
+[[nodiscard]] std::vector<std::string> warningsOnGroups(const reshaping::Account& account,
+                                                        const Arguments& arguments);
 
 /// What a user of the workbook will not see of a report that is placed in it: what lies under charts and
 /// pictures. Asked before the workbook is replaced.

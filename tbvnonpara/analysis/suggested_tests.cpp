@@ -107,6 +107,21 @@ class Table {
         if (m_Groups.empty() && !missing && m_Numbers.size() == 2) {
             tests.push_back({tbvNPWilcoxon, nameOf(y), nameOf(x), "", "", false, false});
         }
+        if (m_Groups.empty() && m_Numbers.size() > 2 && !samples) {
+            addBlocks(tests);
+        }
+    }
+
+    /// Three columns or more, row by row, beside nothing but the rows' names.
+    void addBlocks(std::vector<SuggestedTest>& tests) const {
+        const bool all = std::ranges::all_of(m_Summary.columns, [&](const ColumnSummary& column) {
+            return isRowNames(column) || std::ranges::find(m_Numbers, &column) != m_Numbers.end();
+        });
+        const bool missing =
+            std::ranges::any_of(m_Numbers, [](const ColumnSummary* column) { return column->missing > 0; });
+        if (all) {
+            tests.push_back({tbvNPFriedman, "", "", "", "", missing, false});
+        }
     }
 
     /// A column whose every value comes once with every group.

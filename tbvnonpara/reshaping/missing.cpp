@@ -17,11 +17,6 @@ namespace {
 
 constexpr std::array<std::string_view, 5> usualWords = {"na", "n/a", "nan", "null", "#n/a"};
 
-bool isUsual(std::string_view text) {
-    constexpr std::size_t longest = 4;
-    return text.size() <= longest && std::ranges::find(usualWords, foldCase(text)) != usualWords.end();
-}
-
 bool isMark(std::string_view text) noexcept {
     return text == "." || text == "-";
 }
@@ -100,6 +95,11 @@ void takeOut(Column& column, std::size_t cell, MissingCells& missing) {
 
 }  // namespace
 
+bool soundsMissing(std::string_view text) {
+    constexpr std::size_t longest = 4;
+    return text.size() <= longest && std::ranges::find(usualWords, foldCase(text)) != usualWords.end();
+}
+
 Missing::Missing(const std::vector<std::string>& words) {
     for (const std::string& word : words) {
         m_Given.insert(foldCase(trimmed(word, " \t")));
@@ -115,11 +115,11 @@ bool Missing::amongNumbers(const CellValue& value) const {
         return !m_Given.empty() && m_Given.contains(toText(*number));
     }
     const auto word = wordIn(value);
-    return word && (word->empty() || isUsual(*word) || isMark(*word) || given(*word));
+    return word && (word->empty() || soundsMissing(*word) || isMark(*word) || given(*word));
 }
 
 bool Missing::amongTexts(const CellValue& value) const {
-    return amongNames(value) || isUsual(wordIn(value).value_or("x"));
+    return amongNames(value) || soundsMissing(wordIn(value).value_or("x"));
 }
 
 bool Missing::amongNames(const CellValue& value) const {

@@ -28,6 +28,9 @@ class Missing {
     std::unordered_set<std::string> m_Given;
 };
 
+/// Whether a text is one of the usual words for a missing value: "NA", "N/A", "NaN", "null", "#N/A".
+[[nodiscard]] bool soundsMissing(std::string_view text);
+
 /// What is missing in a column.
 struct MissingCells {
     std::size_t count = 0;

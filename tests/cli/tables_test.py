@@ -178,6 +178,13 @@ class Descriptions(unittest.TestCase):
         commands = json.loads(run("describe", SLEEP, "--format", "json").stdout)["commands"]
         self.assertIn(f"tbvnonpara wilcoxon {SLEEP} --y extra --by group --block ID", commands)
 
+    def test_of_three_columns_side_by_side_are_of_blocks(self):
+        text = "r1,r2,r3\n5.4,5.5,5.55\n5.85,5.7,5.75\n5.2,5.6,5.5\n5.55,5.5,5.4\n"
+        for table in (text, text.replace("r1", ",r1").replace("\n5", "\nx,5")):
+            commands = json.loads(run("describe", "-", "--format", "json", text=table).stdout)["commands"]
+            self.assertIn("tbvnonpara friedman -", commands)
+            self.assertEqual(run("friedman", "-", text=table).returncode, 0)
+
     def test_take_no_options_of_tests(self):
         self.assertEqual(run("describe", FEEDS, "--by", "feed").returncode, 2)
         self.assertEqual(run("describe", FEEDS, "--format", "html").returncode, 2)
@@ -252,13 +259,41 @@ class Conditions(unittest.TestCase):
 
     def test_what_is_no_condition_is_refused(self):
         for condition, says in (("feed < m", "neither a number nor a date"), ("feed", "compares nothing"),
-                                ("food = corn", "begins with no column")):
+                                ("food = corn", "begins with no column of the table. The columns are A"),
+                                ("weight > 1,5", "write decimals with a point")):
             done = run("kruskal-wallis", FEEDS, "--by", "feed", "--where", condition)
             self.assertEqual(done.returncode, 1, condition)
             self.assertIn(says, done.stderr)
 
 
+class Headers(unittest.TestCase):
+    TEXT = "1999,2000\n1,2\n2,5\n3,4\n"
+
+    def test_that_are_numbers_are_pointed_out(self):
+        done = run("mann-whitney", "-", "--y", "1999", "--x", "2000", text=self.TEXT)
+        self.assertEqual((done.returncode, done.stdout), (1, ""))
+        self.assertIn('There is no column "1999": the number 1999 in A1 is taken for data.', done.stderr)
+        self.assertIn("Add --headers", done.stderr)
+
+    def test_that_are_numbers_name_columns_when_told(self):
+        report = results("mann-whitney", "-", "--headers", "--y", "1999", "--x", "2000", text=self.TEXT)
+        self.assertEqual(report["results"]["df"], [3, 3])
+
+
 class MissingValues(unittest.TestCase):
+    NAMES = "y,g\n1,a\n4,a\n3,b\n2,b\n5,NA\n6,NA\n"
+
+    def test_among_names_are_pointed_out_as_a_group(self):
+        done = run("kruskal-wallis", "-", "--by", "g", text=self.NAMES)
+        self.assertEqual(done.returncode, 0)
+        self.assertIn('One of the groups is called "NA". If that stands for a missing name, add --na NA --missing omit.',
+                      done.stderr)
+
+    def test_among_names_are_left_out_when_told(self):
+        done = run("kruskal-wallis", "-", "--by", "g", "--na", "NA", "--missing", "omit", text=self.NAMES)
+        self.assertNotIn("One of the groups", done.stderr)
+        self.assertIn("left out: 2 of 6 rows without a group", done.stderr)
+
     def test_are_refused_with_their_number_their_place_and_the_option(self):
         done = run("spearman", AIR, "--y", "Ozone", "--x", "Temp")
         self.assertEqual((done.returncode, done.stdout), (1, ""))
