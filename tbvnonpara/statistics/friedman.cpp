@@ -232,6 +232,9 @@ Friedman friedman(SampleSpans samples, const Options& options, std::optional<std
     }
     test.kendallW = kendallOf(blocks, all, options.confidence);
     compareTreatments(test, blocks, options, control);
+    if (options.trend) {
+        test.trend = pageTrend(blocks.ranks, blocks.treatments, options.exactSteps);
+    }
     return test;
 }
 

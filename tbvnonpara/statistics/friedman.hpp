@@ -9,6 +9,7 @@
 #include "tbvnonpara/statistics/groups.hpp"
 #include "tbvnonpara/statistics/intervals.hpp"
 #include "tbvnonpara/statistics/mann_whitney.hpp"
+#include "tbvnonpara/statistics/trend.hpp"
 
 namespace TBVNonPara::statistics {
 
@@ -46,6 +47,7 @@ struct Friedman {
         Probability adjusted;
     };
     std::vector<Comparison> comparisons;
+    std::optional<Trend> trend;  ///< where that is asked for
     std::optional<std::vector<std::string>> letters;
 };
 
@@ -100,6 +102,7 @@ void visit(const Friedman& test, Member& member) {
     member("groups", test.groups);
     member("comparisons", test.comparisons);
     member("letters", test.letters);
+    member("trend", test.trend);
 }
 
 }  // namespace TBVNonPara::statistics

@@ -103,6 +103,9 @@ KruskalWallis kruskalWallis(SampleSpans samples, const Options& options, std::op
     }
     test.epsilonSquared = explainedVariation(H, N, k, options.confidence);
     compare(test, groups, options, controlGroup);
+    if (options.trend) {
+        test.trend = jonckheereTerpstra(groups, options.exactSteps);
+    }
     return test;
 }
 

@@ -9,6 +9,7 @@
 #include "tbvnonpara/statistics/groups.hpp"
 #include "tbvnonpara/statistics/intervals.hpp"
 #include "tbvnonpara/statistics/midranks.hpp"
+#include "tbvnonpara/statistics/trend.hpp"
 
 namespace TBVNonPara::statistics {
 
@@ -41,6 +42,7 @@ struct KruskalWallis {
         Probability adjusted;
     };
     std::vector<Comparison> comparisons;
+    std::optional<Trend> trend;                       ///< where that is asked for
     std::optional<std::vector<std::string>> letters;  ///< groups that share one do not differ at 1 - level
 };
 
@@ -87,6 +89,7 @@ void visit(const KruskalWallis& test, Member& member) {
     member("groups", test.groups);
     member("comparisons", test.comparisons);
     member("letters", test.letters);
+    member("trend", test.trend);
 }
 
 }  // namespace TBVNonPara::statistics

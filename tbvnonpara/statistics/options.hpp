@@ -17,6 +17,7 @@ struct Options {
     double confidence = 0.95;  ///< level of the intervals, 0.5 to 0.999
     Missing missing = Missing::Refuse;
     Adjustment adjustment = Adjustment::Holm;
+    bool trend = false;       ///< also whether values rise from group to group (Kruskal-Wallis, Friedman)
     double exactSteps = 1e9;  ///< additions that an exact count may take; 0 leaves it out
 };
 

@@ -53,14 +53,16 @@ TEST_P(Reference, HasTheSameFigures) {
     for (const std::vector<std::string>& row : referenceRows(GetParam())) {
         if (!row[0].empty()) {
             about = row[0] + " of " + row[1];
-            figures = figuresOfTest(row[0], numberLists(row[1]), {.confidence = std::stod(row[2])});
+            figures = figuresOfTest(
+                row[0], numberLists(row[1]),
+                {.confidence = std::stod(row[2]), .trend = GetParam() == std::string_view("trend.csv")});
         }
         SCOPED_TRACE(about);
         expectFigure(figures, row[3], row[4]);
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Of, Reference, testing::Values("details.csv", "details_counts.csv"),
+INSTANTIATE_TEST_SUITE_P(Of, Reference, testing::Values("details.csv", "details_counts.csv", "trend.csv"),
                          [](const auto& file) { return Support::fieldsOf(file.param, '.').front(); });
 
 }  // namespace
