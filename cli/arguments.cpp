@@ -47,6 +47,7 @@ struct Words {
     double confidence = 95;
     std::string adjust = "holm";
     std::string control;
+    bool trend = false;
 };
 
 const std::map<std::string, statistics::Adjustment> adjustments = {
@@ -267,6 +268,10 @@ void offerDetails(CLI::App& command, const OfferedTest& test, Words& words) {
         ->type_name("NAME")
         ->check(filled())
         ->needs(details);
+    if (test.method == tbvNPKWallis || test.method == tbvNPFriedman) {
+        command.add_flag("--trend", words.trend, "also test whether values rise from group to group")
+            ->needs(details);
+    }
 }
 
 void offer(CLI::App& program, const OfferedTest& test, Words& words) {
@@ -393,8 +398,8 @@ Arguments finish(Words words) {
         arguments.decimal = words.decimal.front();
     }
     if (words.details) {
-        arguments.details =
-            analysis::DetailChoices{words.confidence / 100, adjustments.at(words.adjust), words.control};
+        arguments.details = analysis::DetailChoices{words.confidence / 100, adjustments.at(words.adjust),
+                                                    words.trend, words.control};
     }
     return std::move(arguments);
 }

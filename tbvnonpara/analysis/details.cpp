@@ -105,7 +105,8 @@ class InFull {
         : m_Columns(columns),
           m_Options{.confidence = chosen.confidence,
                     .missing = statistics::Missing::Omit,
-                    .adjustment = chosen.adjustment},
+                    .adjustment = chosen.adjustment,
+                    .trend = chosen.trend},
           m_Labels(labelsOf(columns)),
           m_Control(controlAmong(m_Labels, chosen.control)) {}
 

@@ -24,6 +24,7 @@ namespace TBVNonPara::analysis {
 struct DetailChoices {
     double confidence = 0.95;
     statistics::Adjustment adjustment = statistics::Adjustment::Holm;
+    bool trend = false;   ///< also whether values rise from group to group
     std::string control;  ///< the label of the one group to compare with; empty for all pairs
 };
 

@@ -62,6 +62,7 @@ class TidyTable {
         addRobust();
         addGroups();
         addComparisons();
+        addTrend();
     }
 
     [[nodiscard]] const std::vector<TidyRow>& rows() const { return m_Rows; }
@@ -204,6 +205,19 @@ class TidyTable {
             row[Adjusted] = at(comparison, "adjusted.value");
             fillProbability(row, find(comparison, "p"));
         }
+    }
+
+    /// Its statistic, its effect, and its probabilities beside the test's own.
+    void addTrend() {
+        const Figure* const trend = find(m_Figures, "trend");
+        if (trend == nullptr || !std::holds_alternative<FigureBlock>(trend->value)) {
+            return;
+        }
+        TidyRow& statistic = add("trend", "statistic");
+        statistic[Value] = at(*trend, "statistic");
+        statistic[Note] = at(*trend, "test");
+        add("trend", "correlation")[Value] = at(*trend, "correlation");
+        addProbabilities(*trend, "trend");
     }
 
     [[nodiscard]] CellValue labelAt(const Figure& comparison, std::string_view which) const {

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <fmt/format.h>
 
+#include "tbvnonpara/rendering/details_trend.hpp"
 #include "tbvnonpara/rendering/details_words.hpp"
 
 namespace TBVNonPara::rendering {
@@ -240,6 +241,7 @@ DetailPage pageOf(const KruskalWallis& test, const analysis::Details& details) {
         comparisons.rows.push_back(std::move(row));
     }
     page.tables = {std::move(effect), std::move(probability), std::move(groups), std::move(comparisons)};
+    tellTrend(page, test.trend, details.choices);
     page.notes.push_back(tiesText(test.ties, "values"));
     return page;
 }
@@ -273,6 +275,7 @@ DetailPage pageOf(const Friedman& test, const analysis::Details& details) {
         comparisons.rows.push_back(std::move(row));
     }
     page.tables = {std::move(effect), std::move(probability), std::move(groups), std::move(comparisons)};
+    tellTrend(page, test.trend, details.choices);
     page.notes.push_back(fmt::format("Ties in {} of {}; factor {}.", test.ties.blocks,
                                      counted(test.blocks, "block", "blocks"),
                                      fourDecimals(test.ties.factor)));

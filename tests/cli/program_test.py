@@ -380,6 +380,29 @@ class Details(unittest.TestCase):
         self.assertEqual((result.returncode, result.stdout), (1, ""))
         self.assertIn('There is no group "straw"; the groups are casein, horsebean', result.stderr)
 
+    def test_a_trend_is_tested_on_request(self):
+        self.assertIsNone(self.details("kruskal-wallis", self.CHICKS)["trend"])
+        # Three groups of two without ties that rise throughout: one of 90 ways to deal six values.
+        rising = "a,b,c\n1,3,5\n2,4,6\n"
+        trend = self.details("kruskal-wallis", "-", "--trend", text=rising)["trend"]
+        self.assertEqual((trend["test"], trend["statistic"], trend["expected"]), ("jonckheere-terpstra", 12, 6))
+        self.assertAlmostEqual(trend["exact"]["greater"]["value"], 1 / 90, places=15)
+        # Two blocks of three treatments with one exchange: 1 + 2 x 2 of 36 orders reach 14 + 13.
+        blocks = "a,b,c\n1,2,3\n2,1,3\n"
+        trend = self.details("friedman", "-", "--trend", text=blocks)["trend"]
+        self.assertEqual((trend["test"], trend["statistic"], trend["expected"]), ("page", 27, 24))
+        self.assertAlmostEqual(trend["exact"]["greater"]["value"], 5 / 36, places=15)
+        text = run("kruskal-wallis", "-", "--details", "--trend", text=rising).stdout
+        self.assertIn("Values rise from group to group (Kendall's tau-b = 0.89, P = 0.0222, exact).", text)
+        self.assertIn("Trend (Jonckheere and Terpstra)\n", text)
+        table = run("kruskal-wallis", "-", "--details", "--trend", "--format", "csv", text=rising).stdout
+        self.assertIn("\ntrend,statistic,,,,12,", table)
+        self.assertIn("\nprobability,trend.exact,", table)
+
+    def test_a_trend_is_asked_of_groups_in_details_alone(self):
+        self.assertEqual(run("kruskal-wallis", self.CHICKS, "--trend").returncode, 2)
+        self.assertEqual(run("mann-whitney", self.SLEEP, "--details", "--trend").returncode, 2)
+
     def test_the_probability_shown_is_that_of_the_tails(self):
         text = run("mann-whitney", self.SLEEP, "--details", "--tails", "less").stdout
         self.assertIn("P (less)\n", text)
