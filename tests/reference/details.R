@@ -472,4 +472,45 @@ for (of in 2:6) friedman(list(whole(5, of), whole(5, of, 1), whole(5, of)))
 for (b in c(3, 6, 7)) friedman(list(round(rnorm(b), 2), round(rnorm(b, 1), 2), round(rnorm(b), 2)), 0.9)
 friedman(lapply(0:3, function(s) round(rnorm(15, s / 2), 1)))
 
+# Forty and more of each: few and many different values, alone and together, apart and alike, at four levels.
+set.seed(40)
+levels <- c(0.5, 0.8, 0.95, 0.99)
+level_of <- function(i) levels[1 + i %% 4]
+for (i in 1:24) {
+  n1 <- 1 + i %% 9; n2 <- 2 + (7 * i) %% 11
+  if (i %% 3 == 0) mann_whitney(whole(n1, 1 + i %/% 4), whole(n2, 1 + i %/% 4, i %% 2), level_of(i))
+  else mann_whitney(round(rnorm(n1, i %% 5), 2), round(rnorm(n2), 2), level_of(i))
+}
+for (i in 1:26) {
+  n <- 1 + (5 * i) %% 17
+  if (i %% 3 == 0) wilcoxon(whole(n, 1 + i %/% 4), whole(n, 1 + i %/% 4, i %% 2), level_of(i))
+  else wilcoxon(round(rnorm(n, i %% 4 - 1), 1), round(rnorm(n), 1), level_of(i))
+}
+for (i in 1:26) {
+  n <- 2 + i %% 7
+  if (i %% 3 == 0) spearman(whole(n, 2 + i %/% 5), whole(n, 2 + i %/% 5), level_of(i))
+  else if (i %% 3 == 1) { x <- round(rnorm(n), 2); spearman(x, round(x * (i %% 5 - 2) + rnorm(n), 2), level_of(i)) }
+  else spearman(round(rnorm(17 + i), 3), round(rnorm(17 + i), 3), level_of(i))
+}
+for (i in 1:30) {
+  n <- 1 + (7 * i) %% 41
+  if (i %% 3 == 0) sign_test(whole(n, 1 + i %/% 5), whole(n, 1 + i %/% 5), level_of(i))
+  else sign_test(round(rnorm(n, i %% 3 - 1), 1), round(rnorm(n), 1), level_of(i))
+}
+for (i in 1:26) runs(whole(if (i %% 2 == 0) 2 + i %% 7 else 5 + 2 * i, if (i %% 2 == 0) 1 + i %% 4 else 2))
+for (i in 1:30) {
+  sizes <- 1 + (c(3, 5, 7) * i) %% c(5, 9, 8)
+  median_test(lapply(sizes[1:(2 + i %% 2)], function(n)
+    if (i %% 3 == 0) whole(n, 2 + i %/% 6) else round(rnorm(n, i %% 4 * runif(1)), 2)), level_of(i))
+}
+for (i in 1:26) {
+  sizes <- 1 + (c(3, 5, 7, 2) * i) %% c(5, 9, 8, 6)
+  kruskal_wallis(lapply(sizes[1:(2 + i %% 3)], function(n)
+    if (i %% 3 == 0) whole(n, 2 + i %/% 6) else round(rnorm(n, i %% 4 * runif(1)), 2)), level_of(i))
+}
+for (i in 1:28) {
+  b <- 2 + i %% 7; k <- 2 + (i %/% 7) %% 3
+  friedman(lapply(1:k, function(t) if (i %% 3 == 0) whole(b, 2 + i %/% 7) else round(rnorm(b, t * (i %% 3) / 2), 2)), level_of(i))
+}
+
 writeLines(c("test,groups,level,figure,value", unlist(rows)), "details.csv")
