@@ -8,8 +8,8 @@
 
 namespace {
 
-/// Long columns come and go one after the other. What one leaves serves the next, instead of going back to the
-/// system, which clears every page that it hands out again: a third of all page faults.
+/// Long columns come and go one after the other. What one leaves serves the next, instead of going back to
+/// the system, which clears every page that it hands out again: a third of all page faults.
 void keepFreedMemory() noexcept {
 #ifdef __GLIBC__
     constexpr int largestOfHeap = 32 << 20;  // more is not taken
