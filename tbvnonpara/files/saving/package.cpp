@@ -47,14 +47,18 @@ void Package::open() {
 }
 
 std::string Package::read(const std::string& part) const try {
-    constexpr std::size_t pieceSize = std::size_t(1) << 20U;
+    // Pieces grow with what there is: most parts are small, and every byte of a piece is cleared before it is
+    // read.
+    constexpr std::size_t smallest = std::size_t(1) << 14U;
+    constexpr std::size_t largest = std::size_t(1) << 20U;
     const std::unique_ptr<PartStream> stream = m_Kept->open(part);
     std::string content;
     std::size_t count = 1;
     while (count != 0) {
         const std::size_t before = content.size();
-        content.resize(before + pieceSize);
-        count = stream->read(content.data() + before, pieceSize);
+        const std::size_t size = std::clamp(before, smallest, largest);
+        content.resize(before + size);
+        count = stream->read(content.data() + before, size);
         content.resize(before + count);
     }
     return content;
