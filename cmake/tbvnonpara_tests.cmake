@@ -5,6 +5,9 @@ find_package(GTest REQUIRED)
 # within their folder.
 option(TBVNONPARA_TEST_UNITS "Compile each program of tests as one unit" ${CMAKE_UNITY_BUILD})
 
+# Those that take longer to run than an optimizer takes over them: under the sanitizers, what plays many runs.
+set(TBVNONPARA_OPTIMIZED_TESTS "" CACHE STRING "Programs of tests to optimize")
+
 # What is compiled once and run once is not worth optimizing. Programs are compiled as libraries are (not -fPIE), so
 # that both take the same precompiled headers.
 function(tbvnonpara_compile_as_test target)
@@ -18,6 +21,11 @@ function(tbvnonpara_compile_as_test target)
         return()
     endif()
     target_link_libraries(${target} PRIVATE tbvnonpara_test_support)
+    if(target IN_LIST TBVNONPARA_OPTIMIZED_TESTS)
+        # The precompiled headers are those without optimization.
+        target_compile_options(${target} PRIVATE -O1)
+        return()
+    endif()
     target_precompile_headers(${target} REUSE_FROM tbvnonpara_test_support)
 endfunction()
 
