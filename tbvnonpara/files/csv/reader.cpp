@@ -163,7 +163,7 @@ class CsvParser {
 
     std::string_view takePlain() {
         const std::string_view rest = m_Text.substr(m_At);
-        const auto end = std::ranges::find_if(rest, [this](char c) { return endsField(c); });
+        const auto* const end = std::ranges::find_if(rest, [this](char c) { return endsField(c); });
         const auto size = static_cast<std::size_t>(end - rest.begin());
         m_At += size;
         return rest.substr(0, size);
