@@ -1,9 +1,11 @@
 #include "adapters/calc/calc_worksheet.hpp"
 
 #include <com/sun/star/container/XIndexAccess.hpp>
+#include <com/sun/star/container/XNamed.hpp>
 #include <com/sun/star/table/XColumnRowRange.hpp>
 
 #include "adapters/calc/calc_range.hpp"
+#include "adapters/calc/macro_modules.hpp"
 #include "adapters/calc/placing.hpp"
 
 namespace TBVNonPara::calc {
@@ -75,6 +77,32 @@ void CalcWorksheet::Move(const WorksheetRef& after) {
 
 void CalcWorksheet::Activate() {
     hosted([&] { activate(*m_Session, m_Document, m_Sheet); });
+}
+
+void CalcWorksheet::LetName(std::string_view name) {
+    hosted([&] {
+        const OUString wanted = fromUtf8(name);
+        const OUString before = nameOf(m_Sheet);
+        m_Session->beforeChange(m_Document);
+        query<css::container::XNamed>(m_Sheet)->setName(wanted);
+        // A name that cannot be had is passed over in silence.
+        if (nameOf(m_Sheet) != wanted) {
+            raiseHostError("The sheet cannot be named \"" + std::string(name) +
+                           "\": there is such a sheet already, or no sheet may have this name.");
+        }
+        m_Session->renameAddedSheet(m_Document, before, wanted);
+    });
+}
+
+void CalcWorksheet::Delete() {
+    hosted([&] {
+        m_Session->beforeChange(m_Document);
+        if (m_Session->isAddedSheet(m_Document, nameOf(m_Sheet))) {
+            m_Session->removeAddedSheet();
+        } else {
+            removeSheet(m_Document, nameOf(m_Sheet));
+        }
+    });
 }
 
 CalcWorkbook::CalcWorkbook(std::shared_ptr<Session> session, const DocumentRef& document)

@@ -18,6 +18,8 @@ class CalcWorksheet : public Worksheet {
     [[nodiscard]] RangeRef GetRange(const RangeRef& first, const RangeRef& last) const override;
     void Move(const WorksheetRef& after) override;
     void Activate() override;
+    void LetName(std::string_view name) override;
+    void Delete() override;
 
  private:
     std::shared_ptr<Session> m_Session;

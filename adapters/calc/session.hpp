@@ -59,6 +59,14 @@ class Session {
         m_AddedSheet = {document, name, before};
     }
     void removeAddedSheet();
+    [[nodiscard]] bool isAddedSheet(const DocumentRef& document, const OUString& name) const {
+        return m_AddedSheet.document == document && m_AddedSheet.name == name;
+    }
+    void renameAddedSheet(const DocumentRef& document, const OUString& before, const OUString& name) {
+        if (isAddedSheet(document, before)) {
+            m_AddedSheet.name = name;
+        }
+    }
 
     /// Only visible rows of the data ranges take part from now on.
     void leaveOutHiddenRows() { m_DataRows = std::make_unique<DataRows>(); }

@@ -126,6 +126,8 @@ class AutomationWorksheet final : public Worksheet {
         m_Object.call(L"Move", Variant::missing(), objectOf(after));
     }
     void Activate() override { m_Object.call(L"Activate"); }
+    void LetName(std::string_view name) override { m_Object.put(L"Name", name); }
+    void Delete() override { m_Object.call(L"Delete"); }
 
  private:
     HostObject m_Object;

@@ -22,9 +22,13 @@ class Worksheet {
     /// The rectangle between two cells.
     [[nodiscard]] virtual RangeRef GetRange(const RangeRef& first, const RangeRef& last) const = 0;
 
+    /// Gives the sheet another name; the host refuses one that is taken or that no sheet may have.
+    virtual void LetName(std::string_view name) = 0;
     /// Moves the sheet behind another one.
     virtual void Move(const WorksheetRef& after) = 0;
     virtual void Activate() = 0;
+    /// Takes the sheet out of its workbook. A host may ask its user first where the sheet holds something.
+    virtual void Delete() = 0;
 };
 
 }  // namespace TBVNonPara

@@ -84,13 +84,22 @@ void Book::Activate() {
     application()->activateBook(*this);
 }
 
-std::shared_ptr<Sheet> Book::addSheet(std::string_view name) {
+void Book::requireFreeName(std::string_view name, const Sheet* own) const {
     requireSheetName(name);
-    if (find(name) != nullptr) {
+    if (const std::shared_ptr<Sheet> there = find(name); there != nullptr && there.get() != own) {
         refuse("There is a sheet \"" + std::string(name) + "\" in workbook \"" + m_Name +
                "\" already; choose another name.");
     }
+}
+
+std::shared_ptr<Sheet> Book::addSheet(std::string_view name) {
+    requireFreeName(name, nullptr);
     return append(name);
+}
+
+void Book::renameSheet(Sheet& sheet, std::string_view name) {
+    requireFreeName(name, &sheet);
+    sheet.setName(name);
 }
 
 std::shared_ptr<Sheet> Book::adoptSheet(std::string_view name) {

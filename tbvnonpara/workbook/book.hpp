@@ -43,6 +43,8 @@ class Book final : public Workbook, public std::enable_shared_from_this<Book> {
     std::shared_ptr<Sheet> adoptSheet(std::string_view name);
     /// Adds a sheet with the next free name ("Sheet2") in front of the active one and makes it active.
     std::shared_ptr<Sheet> insertSheet();
+    /// The same names as for sheets that are added; a sheet may get its own in other letters.
+    void renameSheet(Sheet& sheet, std::string_view name);
     /// Ranges of the sheet that are still held keep it; a sheet of another workbook is left alone.
     void removeSheet(const Sheet& sheet) noexcept;
     void moveSheet(const Sheet& sheet, const Worksheet& after);
@@ -54,6 +56,7 @@ class Book final : public Workbook, public std::enable_shared_from_this<Book> {
  private:
     std::shared_ptr<Sheet> append(std::string_view name);
     [[nodiscard]] std::shared_ptr<Sheet> find(std::string_view name) const;
+    void requireFreeName(std::string_view name, const Sheet* own) const;
     [[nodiscard]] std::size_t positionOf(const Worksheet& sheet) const;
 
     std::string m_Name;

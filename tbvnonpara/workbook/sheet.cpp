@@ -98,6 +98,14 @@ void Sheet::Activate() {
     book()->activateSheet(*this);
 }
 
+void Sheet::LetName(std::string_view name) {
+    book()->renameSheet(*this, name);
+}
+
+void Sheet::Delete() {
+    book()->removeSheet(*this);
+}
+
 void Sheet::turnOver() {
     CellStore turned;
     m_Values.visit(m_Values.usedArea().value_or(Rectangle()),

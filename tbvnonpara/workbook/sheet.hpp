@@ -34,6 +34,8 @@ class Sheet final : public Worksheet, public std::enable_shared_from_this<Sheet>
     [[nodiscard]] RangeRef GetRange(const RangeRef& first, const RangeRef& last) const override;
     void Move(const WorksheetRef& after) override;
     void Activate() override;
+    void LetName(std::string_view name) override;
+    void Delete() override;
 
     [[nodiscard]] const std::string& name() const noexcept { return m_Name; }
     /// A formula whose result the file does not hold shows as `uncalculated`, a value that cannot be read as
@@ -57,6 +59,9 @@ class Sheet final : public Worksheet, public std::enable_shared_from_this<Sheet>
     /// Makes rows of the columns and columns of the rows of all values; formats stay where they are.
     void turnOver();
     [[nodiscard]] bool turnedOver() const noexcept { return m_TurnedOver; }
+
+    /// For the workbook, which knows what names are free.
+    void setName(std::string_view name) { m_Name = name; }
 
     /// The workbook; raises the host's error once it is closed.
     [[nodiscard]] std::shared_ptr<Book> book() const;

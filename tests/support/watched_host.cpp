@@ -157,6 +157,14 @@ class WatchedWorksheet : public Worksheet {
         tell("Worksheet.Activate");
         m_Sheet->Activate();
     }
+    void LetName(std::string_view name) override {
+        tell("Worksheet.LetName");
+        m_Sheet->LetName(name);
+    }
+    void Delete() override {
+        tell("Worksheet.Delete");
+        m_Sheet->Delete();
+    }
 
  private:
     void tell(std::string_view operation) const { (*m_Watch)({operation, {}, {}}); }

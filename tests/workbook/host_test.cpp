@@ -99,6 +99,28 @@ TEST_F(Host, NamesOfSheetsAreChecked) {
     expectRefused([&] { m_Application->addSheet("äöüäöüäöüäöüäöüäöüäöüäöüäöüäöüä"); }, "There is a sheet");
 }
 
+TEST_F(Host, ASheetTakesAnotherName) {
+    const auto sheet = m_Application->addSheet("Data");
+    m_Application->addSheet("Other");
+    const RangeRef cell = sheet->GetCells(1, 1);
+    sheet->LetName("Details");
+    EXPECT_EQ(sheetNames(), "Details Other ");
+    EXPECT_EQ(cell->GetWorksheet()->GetName(), "Details");
+    sheet->LetName("DETAILS");
+    EXPECT_EQ(sheetNames(), "DETAILS Other ");
+    expectRefused([&] { sheet->LetName("other"); }, "There is a sheet \"other\"");
+    expectRefused([&] { sheet->LetName("a/b"); }, "A sheet cannot be named");
+    EXPECT_EQ(sheetNames(), "DETAILS Other ");
+}
+
+TEST_F(Host, ADeletedSheetIsGone) {
+    m_Application->addSheet("Data");
+    const WorksheetRef added = m_Application->AddWorksheets();
+    added->Delete();
+    EXPECT_EQ(sheetNames(), "Data ");
+    EXPECT_EQ(m_Application->activeSheet()->name(), "Data");
+}
+
 TEST_F(Host, FreeNamesOfSheetsAreSanitisedAndNumbered) {
     const auto book = m_Application->activeBook();
     EXPECT_EQ(book->freeSheetName("Data"), "Data");

@@ -236,7 +236,9 @@ PeerRef peerRange(const RangeRef& range) {
 
 PeerRef peerWorksheet(const WorksheetRef& sheet) {
     PeerRef peer = makePeer({
-        plain(L"Name", [sheet] { return Variant(sheet->GetName()); }),
+        plain(
+            L"Name", [sheet] { return Variant(sheet->GetName()); },
+            [sheet](const Arguments& a) { sheet->LetName(a.text(0)); }),
         plain(L"UsedRange", [sheet] { return asValue(peerRange(usedRange(*sheet))); }),
         plain(L"Parent", [sheet] { return asValue(peerWorkbook(sheet->GetParent())); }),
         {L"Cells", [sheet](const Arguments& a) { return cellsOf(*sheet, a); }},
@@ -249,6 +251,11 @@ PeerRef peerWorksheet(const WorksheetRef& sheet) {
         {L"Activate",
          [sheet](const Arguments&) {
              sheet->Activate();
+             return Variant();
+         }},
+        {L"Delete",
+         [sheet](const Arguments&) {
+             sheet->Delete();
              return Variant();
          }},
     });
