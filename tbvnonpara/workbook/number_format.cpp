@@ -121,6 +121,33 @@ std::string fixedText(double number, const FixedFormat& format) {
     return text.append(format.percent ? "%" : "");
 }
 
+/// "[<0.0001]A;B": A below the limit, else B.
+std::string_view sectionFor(double number, std::string_view format) {
+    const std::size_t end = format.find(']');
+    const std::size_t between = format.find(';');
+    double limit = 0;
+    if (!format.starts_with("[<") || end == std::string_view::npos || between == std::string_view::npos ||
+        between < end) {
+        return format;
+    }
+    const auto read = std::from_chars(format.data() + 2, format.data() + end, limit);
+    if (read.ec != std::errc() || read.ptr != format.data() + end) {
+        return format;
+    }
+    return number < limit ? format.substr(end + 1, between - end - 1) : format.substr(between + 1);
+}
+
+/// "5.11E-07" of "0.00E+00".
+std::string scientificText(double number) {
+    constexpr int decimals = 2;
+    std::array<char, 32> text{};
+    const auto written = std::to_chars(text.data(), text.data() + text.size(), number,
+                                       std::chars_format::scientific, decimals);
+    std::string shown(text.data(), written.ptr);
+    std::ranges::replace(shown, 'e', 'E');
+    return shown;
+}
+
 }  // namespace
 
 std::string displayText(const CellValue& value, std::string_view format) {
@@ -128,11 +155,15 @@ std::string displayText(const CellValue& value, std::string_view format) {
         return *truth ? "TRUE" : "FALSE";
     }
     const auto* number = std::get_if<double>(&value);
-    const std::optional<FixedFormat> fixed = parseFormat(format);
-    if (number == nullptr || !fixed || !std::isfinite(*number)) {
+    if (number == nullptr || !std::isfinite(*number)) {
         return toText(value);
     }
-    return fixedText(*number, *fixed);
+    const std::string_view section = sectionFor(*number, format);
+    if (section == "0.00E+00") {
+        return scientificText(*number);
+    }
+    const std::optional<FixedFormat> fixed = parseFormat(section);
+    return fixed ? fixedText(*number, *fixed) : toText(value);
 }
 
 }  // namespace TBVNonPara::workbook
