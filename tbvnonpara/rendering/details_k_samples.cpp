@@ -67,7 +67,7 @@ DetailTable upperTails(const std::optional<statistics::ExactUpper>& exact,
     }
     if (chiSquare) {
         table.rows.push_back({nameCell(chiSquareName), numberCell(chiSquare->value),
-                              nameCell(fmt::format("{:.0f}", chiSquare->df)), probabilityCell(chiSquare->p)});
+                              DetailCell{chiSquare->df, DetailForm::Whole}, probabilityCell(chiSquare->p)});
     }
     return table;
 }
@@ -235,7 +235,7 @@ DetailPage pageOf(const KruskalWallis& test, const analysis::Details& details) {
     DetailTable comparisons{"Comparisons (Dunn's z)", {"First larger", "z", "P", "Adjusted"}, {}};
     for (const KruskalWallis::Comparison& comparison : test.comparisons) {
         std::vector<DetailCell> row = comparisonRow(comparison, details.labels);
-        row.push_back(nameCell(percentage(comparison.superiority) + " %"));
+        row.push_back(percentCell(comparison.superiority));
         row.push_back(numberCell(comparison.z));
         addProbabilities(row, comparison);
         comparisons.rows.push_back(std::move(row));
@@ -269,7 +269,7 @@ DetailPage pageOf(const Friedman& test, const analysis::Details& details) {
     DetailTable comparisons{"Comparisons (z of the mean ranks)", {"First larger", "z", "P", "Adjusted"}, {}};
     for (const Friedman::Comparison& comparison : test.comparisons) {
         std::vector<DetailCell> row = comparisonRow(comparison, details.labels);
-        row.push_back(nameCell(fmt::format("{} of {}", comparison.blocks.greater, test.blocks)));
+        row.push_back(shareCell(comparison.blocks.greater, test.blocks));
         row.push_back(numberCell(comparison.z));
         addProbabilities(row, comparison);
         comparisons.rows.push_back(std::move(row));

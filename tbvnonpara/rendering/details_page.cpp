@@ -21,6 +21,10 @@ std::string shownDetail(const DetailCell& cell) {
             return probabilityText({*number, cell.log10});
         case DetailForm::Whole:
             return fmt::format("{:.0f}", *number);
+        case DetailForm::Percent:
+            return percentage(*number) + " %";
+        case DetailForm::Share:
+            return fmt::format("{:.0f} of {:.0f}", *number, cell.whole);
         case DetailForm::Number:
             break;
     }

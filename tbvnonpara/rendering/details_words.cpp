@@ -1,6 +1,5 @@
 #include "tbvnonpara/rendering/details_words.hpp"
 
-#include <cmath>
 #include <fmt/format.h>
 
 #include "tbvnonpara/rendering/numbers.hpp"
@@ -8,17 +7,6 @@
 namespace TBVNonPara::rendering {
 
 namespace {
-
-/// "3.42e-968" of a number that a double does not hold.
-std::string fromLogarithm(double log10) {
-    double exponent = std::floor(log10);
-    double digits = std::pow(10, log10 - exponent);
-    if (digits >= 9.995) {  // would be shown as 10.00
-        digits /= 10;
-        exponent += 1;
-    }
-    return fmt::format("{:.2f}e{:03.0f}", digits, exponent);
-}
 
 std::vector<DetailCell> rowOf(std::string name, double value, const std::optional<double>& low,
                               const std::optional<double>& high) {
@@ -39,6 +27,14 @@ DetailCell wholeCell(std::size_t number) {
     return {static_cast<double>(number), DetailForm::Whole};
 }
 
+DetailCell percentCell(double part) {
+    return {part, DetailForm::Percent};
+}
+
+DetailCell shareCell(std::size_t number, std::size_t whole) {
+    return {static_cast<double>(number), DetailForm::Share, 0, static_cast<double>(whole)};
+}
+
 DetailCell probabilityCell(const statistics::Probability& p) {
     return {p.value, DetailForm::Probability, p.log10};
 }
@@ -50,11 +46,10 @@ std::string fourDecimals(double number) {
 
 std::string probabilityText(const statistics::Probability& p) {
     constexpr double smallestWithDecimals = 0.0001;
-    constexpr double smallestDouble = 1e-300;
     if (p.value >= smallestWithDecimals) {
         return fourDecimals(p.value);
     }
-    return p.value >= smallestDouble ? fmt::format("{:.2e}", p.value) : fromLogarithm(p.log10);
+    return p.value >= smallestProbability ? fmt::format("{:.2e}", p.value) : smallProbabilityText(p.log10);
 }
 
 std::string percentage(double part) {

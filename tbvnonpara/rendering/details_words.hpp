@@ -14,6 +14,9 @@ namespace TBVNonPara::rendering {
 [[nodiscard]] DetailCell nameCell(std::string name);
 [[nodiscard]] DetailCell numberCell(std::optional<double> number);
 [[nodiscard]] DetailCell wholeCell(std::size_t number);
+/// "68 %" of 0.68, and "12 of 22".
+[[nodiscard]] DetailCell percentCell(double part);
+[[nodiscard]] DetailCell shareCell(std::size_t number, std::size_t whole);
 [[nodiscard]] DetailCell probabilityCell(const statistics::Probability& p);
 
 /// A number with four decimals, and a probability as tables show it.
