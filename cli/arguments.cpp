@@ -249,7 +249,7 @@ void offerDetails(CLI::App& command, const OfferedTest& test, Words& words) {
     CLI::Option* const details =
         command.add_flag("--details", words.details,
                          "add effects with intervals, exact probabilities, groups and\n"
-                         "comparisons, as text, csv or json");
+                         "comparisons");
     command
         .add_option("--confidence", words.confidence, "the level of the intervals in per cent, 50 to 99.9")
         ->type_name("PERCENT")
@@ -454,10 +454,6 @@ std::variant<Arguments, Answer> parseArguments(int count, const char* const* wor
     }
     if (const std::optional<std::string> wrong = notForEach(arguments)) {
         return Answer{usageText(*wrong, words[1]), usageStatus};
-    }
-    if (arguments.details &&
-        (arguments.format == OutputFormat::Html || arguments.format == OutputFormat::Xlsx)) {
-        return Answer{usageText("--details are given as text, csv or json", words[1]), usageStatus};
     }
     return arguments;
 }

@@ -43,6 +43,15 @@ void writeDetailsBelow(const std::optional<analysis::Details>& details, renderin
     }
 }
 
+void placeDetails(const Arguments& arguments, const std::optional<analysis::Details>& details,
+                  analysis::FinishedTest& finished, std::vector<std::string>& warnings) try {
+    if (details && arguments.format == OutputFormat::Xlsx) {
+        finished.placeDetails(rendering::detailPage(*details));
+    }
+} catch (const Error& error) {
+    warnings.push_back(fmt::format("There are no details: {}", error.description()));
+}
+
 std::string lineOnSmallP(const Arguments& arguments, const clsNonParaBO& engine) {
     constexpr double shownAsZero = 0.00005;
     const bool allDigits = arguments.format == OutputFormat::Json || arguments.format == OutputFormat::Csv;

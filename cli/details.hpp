@@ -27,6 +27,11 @@ void writeDetailsBelow(const std::optional<analysis::Details>& details, renderin
 void writeDetailsBelow(const std::optional<analysis::Details>& details, rendering::Output& output,
                        const rendering::CsvFields& fields);
 
+/// Places the details that a workbook is saved with; nothing for other forms. Where they cannot be placed, a
+/// warning says why.
+void placeDetails(const Arguments& arguments, const std::optional<analysis::Details>& details,
+                  analysis::FinishedTest& finished, std::vector<std::string>& warnings);
+
 /// A line on a P that the report's four decimals show as 0.0000 and nothing else tells; empty for any other.
 [[nodiscard]] std::string lineOnSmallP(const Arguments& arguments, const clsNonParaBO& engine);
 

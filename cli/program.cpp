@@ -179,6 +179,7 @@ int analyse(const Arguments& arguments, Circumstances& circumstances) {
     std::vector<std::string> warnings = warningsOnData(*application, arguments, chosen);
     Tested tested = runOn(application, arguments, chosen);
     tested.details = findDetails(arguments, tested.columns, tested.finished.engine(), warnings);
+    placeDetails(arguments, tested.details, tested.finished, warnings);
     if (tested.account) {
         std::ranges::move(warningsOnGroups(*tested.account, arguments), std::back_inserter(warnings));
     }

@@ -49,20 +49,29 @@ void requireSameKind(const Arguments& arguments) {
 std::string copyOfWorkbook(const analysis::FinishedTest& finished, const Arguments& arguments) {
     const auto target =
         arguments.output.empty() ? workbook::TargetSheet::Added : workbook::TargetSheet::Named;
-    return workbook::placeIntoCopy(workbook::readFile(arguments.file), arguments.file,
-                                   {&finished.sheet(), finished.block(), target, arguments.overwrite});
+    std::vector<workbook::Placement> placements = {
+        {&finished.sheet(), finished.block(), target, arguments.overwrite}};
+    if (finished.details()) {
+        placements.push_back({finished.details()->sheet.get(), finished.details()->block});
+    }
+    return workbook::placeIntoCopy(workbook::readFile(arguments.file), arguments.file, placements);
 }
 
-/// The report's sheet, as far as it is the report's, in front of the data.
+/// The report's sheet, as far as it is the report's, in front of the details and the data.
 std::string workbookOfItsOwn(const analysis::FinishedTest& finished, const Arguments& arguments) {
     std::vector<workbook::WrittenSheet> sheets = {{&finished.sheet(), finished.block()}};
     const auto used = finished.sheet().usedArea();
     if (!arguments.output.empty() && used) {
         sheets.front().area = around(*used, finished.block());
     }
+    const workbook::Sheet* const details = finished.details() ? finished.details()->sheet.get() : nullptr;
+    if (details != nullptr) {
+        sheets.push_back({details, finished.details()->block});
+    }
     for (const auto& sheet : finished.sheet().book()->sheets()) {
         const auto data = sheet->usedArea();
-        if (arguments.withData && data && sheet.get() != &finished.sheet()) {
+        const bool written = sheet.get() == &finished.sheet() || sheet.get() == details;
+        if (arguments.withData && data && !written) {
             sheets.push_back({sheet.get(), *data});
         }
     }
@@ -153,7 +162,8 @@ std::string saveReport(const analysis::FinishedTest& finished, const Arguments& 
             file.keep();
         });
     }
-    return "saved " + finished.address() + " in " + arguments.save;
+    const std::string details = finished.details() ? " and " + finished.details()->address() : "";
+    return "saved " + finished.address() + details + " in " + arguments.save;
 }
 
 }  // namespace TBVNonPara::cli

@@ -6,6 +6,7 @@
 #include "tbvnonpara/core/a1.hpp"
 #include "tbvnonpara/core/enumerations.hpp"
 #include "tbvnonpara/files/reading/spreadsheet_file.hpp"
+#include "tbvnonpara/report/details_sheet.hpp"
 #include "tbvnonpara/workbook/sheet_range.hpp"
 
 namespace TBVNonPara::analysis {
@@ -80,6 +81,10 @@ void requireResultsOfFormulas(const workbook::EmbeddedApplication& application,
     refuseAsOwn();
 }
 
+std::string PlacedBlock::address() const {
+    return quotedSheetName(sheet->name()) + '!' + absoluteAddress(block);
+}
+
 FinishedTest::FinishedTest(ObjectRef<workbook::EmbeddedApplication> application,
                            std::unique_ptr<clsNonPara> request)
     : m_Application(std::move(application)), m_Request(std::move(request)) {
@@ -87,23 +92,27 @@ FinishedTest::FinishedTest(ObjectRef<workbook::EmbeddedApplication> application,
     const workbook::Clipping& copied = *m_Application->clipboard();
     const workbook::SheetRange& selected = workbook::ownRange(m_Application->selection());
     const Rectangle first = selected.areas().front();
-    m_Sheet = selected.sheet();
-    m_Block = {first.top, first.left, first.top + copied.rows - 1, first.left + copied.columns - 1};
+    m_Report = {selected.sheet(),
+                {first.top, first.left, first.top + copied.rows - 1, first.left + copied.columns - 1}};
 }
 
 void FinishedTest::rename(const ShownAddress& address) {
     constexpr Index headerLines = 3;
-    for (Index row = m_Block.top; row < m_Block.top + headerLines && row <= m_Block.bottom; ++row) {
-        std::string text = toText(m_Sheet->value(row, m_Block.left));
+    const Rectangle& block = m_Report.block;
+    for (Index row = block.top; row < block.top + headerLines && row <= block.bottom; ++row) {
+        std::string text = toText(m_Report.sheet->value(row, block.left));
         if (text.ends_with(" = " + address.written)) {
             text.replace(text.size() - address.written.size(), std::string::npos, address.shown);
-            m_Sheet->values().set(row, m_Block.left, Text(text));
+            m_Report.sheet->values().set(row, block.left, Text(text));
         }
     }
 }
 
-std::string FinishedTest::address() const {
-    return quotedSheetName(m_Sheet->name()) + '!' + absoluteAddress(m_Block);
+void FinishedTest::placeDetails(const DetailPage& page) {
+    const RangeRef report = m_Report.sheet->range(Areas{m_Report.block});
+    const RangeRef placed = writeDetailsSheet(ownCompanions(m_Application), report, page);
+    const workbook::SheetRange& cells = workbook::ownRange(placed);
+    m_Details = {cells.sheet(), cells.areas().front()};
 }
 
 FinishedTest runTest(const ObjectRef<workbook::EmbeddedApplication>& application, const Choices& choices,

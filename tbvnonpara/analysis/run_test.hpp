@@ -1,11 +1,13 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "tbvnonpara/analysis/choices.hpp"
 #include "tbvnonpara/analysis/ranges.hpp"
+#include "tbvnonpara/report/detail_page.hpp"
 #include "tbvnonpara/request/clsNonPara.hpp"
 #include "tbvnonpara/workbook/embedded_application.hpp"
 
@@ -22,6 +24,15 @@ namespace TBVNonPara::analysis {
                                                                     const Choices& choices,
                                                                     std::string* remark = nullptr);
 
+/// Where something was placed.
+struct PlacedBlock {
+    std::shared_ptr<workbook::Sheet> sheet;
+    Rectangle block;
+
+    /// "Results!$A$1:$D$9".
+    [[nodiscard]] std::string address() const;
+};
+
 /// A finished analysis and where its report lies.
 class FinishedTest {
  public:
@@ -30,17 +41,23 @@ class FinishedTest {
     /// Puts another address into the lines that name the ranges.
     void rename(const ShownAddress& address);
 
+    /// Writes details onto a sheet of their own behind the report's. Raises what the host refuses; the report
+    /// stays as it is.
+    void placeDetails(const DetailPage& page);
+    /// Where the details lie; nothing where none were placed.
+    [[nodiscard]] const std::optional<PlacedBlock>& details() const { return m_Details; }
+
     [[nodiscard]] const clsNonParaBO& engine() const { return m_Request->engine(); }
     /// "Results!$A$1:$D$9".
-    [[nodiscard]] std::string address() const;
-    [[nodiscard]] const workbook::Sheet& sheet() const { return *m_Sheet; }
-    [[nodiscard]] const Rectangle& block() const { return m_Block; }
+    [[nodiscard]] std::string address() const { return m_Report.address(); }
+    [[nodiscard]] const workbook::Sheet& sheet() const { return *m_Report.sheet; }
+    [[nodiscard]] const Rectangle& block() const { return m_Report.block; }
 
  private:
     ObjectRef<workbook::EmbeddedApplication> m_Application;
     std::unique_ptr<clsNonPara> m_Request;
-    std::shared_ptr<workbook::Sheet> m_Sheet;
-    Rectangle m_Block;
+    PlacedBlock m_Report;
+    std::optional<PlacedBlock> m_Details;
 };
 
 /// Raises the host's error that names a cell of the ranges whose formula has no result in the file: the range

@@ -71,8 +71,6 @@ TEST(Arguments, OfDetailsAreRefusedWhereTheyMeanNothing) {
         {"median", "data.csv", "--adjust", "holm"},
         {"median", "data.csv", "--details", "--adjust", "tukey"},
         {"median", "data.csv", "--control", "a"},
-        {"median", "data.csv", "--details", "--format", "html"},
-        {"median", "data.csv", "--details", "--save", "report.xlsx"},
     };
     for (const std::vector<const char*>& words : cases) {
         EXPECT_EQ(answered(words).status, usageStatus) << words[2] << words.back();

@@ -175,7 +175,7 @@ std::optional<std::string> copyOf(const std::string& workbook, Rectangle& block)
         const MadeReport report(workbook);
         const std::shared_ptr<Sheet> sheet = report.application->activeBook()->sheet("Data");
         block = report.block;
-        copy = placeIntoCopy(workbook, "mutated.xlsx", {sheet.get(), block, TargetSheet::Named, false});
+        copy = placeIntoCopy(workbook, "mutated.xlsx", {{sheet.get(), block, TargetSheet::Named, false}});
     });
     return done ? std::optional(copy) : std::nullopt;
 }

@@ -90,7 +90,8 @@ std::string newSheet(const Placement& placement, StylePart& styles, bool strict)
 
 }  // namespace
 
-std::string placeIntoCopy(std::string workbook, const std::string& fileName, const Placement& placement) {
+std::string placeIntoCopy(std::string workbook, const std::string& fileName,
+                          const std::vector<Placement>& placements) {
     Package package(std::move(workbook), fileName);
     refuseSigned(package);
     WorkbookPart parts(package);
@@ -98,10 +99,12 @@ std::string placeIntoCopy(std::string workbook, const std::string& fileName, con
     StylePart styles(package.has(stylePart) ? package.read(stylePart)
                                             : emptyStylePart(spreadsheetVocabulary(parts.isStrict())),
                      stylePart);
-    if (placement.target == TargetSheet::Named) {
-        placeOnSheet(package, parts, styles, placement);
-    } else {
-        parts.addSheet(placement.sheet->name(), newSheet(placement, styles, parts.isStrict()));
+    for (const Placement& placement : placements) {
+        if (placement.target == TargetSheet::Named) {
+            placeOnSheet(package, parts, styles, placement);
+        } else {
+            parts.addSheet(placement.sheet->name(), newSheet(placement, styles, parts.isStrict()));
+        }
     }
     if (styles.changed() || !package.has(stylePart)) {
         package.put(stylePart, styles.finish());
