@@ -26,6 +26,7 @@
 #include "tbvnonpara/analysis/user_range.hpp"
 #include "tbvnonpara/rendering/csv_report.hpp"
 #include "tbvnonpara/rendering/data_picture.hpp"
+#include "tbvnonpara/rendering/details_html.hpp"
 #include "tbvnonpara/rendering/display_width.hpp"
 #include "tbvnonpara/rendering/html_report.hpp"
 #include "tbvnonpara/rendering/json_report.hpp"
@@ -83,6 +84,7 @@ void write(const Tested& tested, const Arguments& arguments, const std::vector<s
     const rendering::ReportBlock report(finished.sheet(), finished.block());
     const bool shown = arguments.save.empty();
     const std::size_t width = shown ? terminalWidth() : 0;
+    const analysis::Details* const details = tested.details ? &*tested.details : nullptr;
     const rendering::CsvFields fields{arguments.safeCsv, shown && writesToTerminal()};
     switch (arguments.format) {
         case OutputFormat::Text:
@@ -92,8 +94,7 @@ void write(const Tested& tested, const Arguments& arguments, const std::vector<s
         case OutputFormat::Json:
             rendering::writeJson(arguments.test->name, finished.address(), report,
                                  resultsOf(tested, arguments), output,
-                                 {tested.account ? &*tested.account : nullptr,
-                                  tested.details ? &*tested.details : nullptr, warnings});
+                                 {tested.account ? &*tested.account : nullptr, details, warnings});
             break;
         case OutputFormat::Csv:
             rendering::writeCsv(report, output, fields);
@@ -102,7 +103,8 @@ void write(const Tested& tested, const Arguments& arguments, const std::vector<s
         case OutputFormat::Html:
             rendering::writeHtml(
                 report, arguments.test->title,
-                rendering::dataPicture(arguments.test->method, tested.picture, finished.engine()), output);
+                rendering::dataPicture(arguments.test->method, tested.picture, finished.engine(), details),
+                output, details == nullptr ? "" : rendering::detailsInHtml(*details));
             break;
         case OutputFormat::Xlsx:
             break;  // only ever saved

@@ -111,13 +111,16 @@ PictureData pictureData(const workbook::EmbeddedApplication& application, std::s
             x.empty() ? std::vector<PictureColumn>() : columnsAt(application, x, headers)};
 }
 
-std::string dataPicture(TBVNPMethod method, const PictureData& data, const clsNonParaBO& engine) {
+std::string dataPicture(TBVNPMethod method, const PictureData& data, const clsNonParaBO& engine,
+                        const analysis::Details* details) {
     if (data.y.empty() || (data.x.empty() && needsTwoColumns(method))) {
         return "";
     }
     switch (method) {
         case tbvNPWilcoxon:
-            return differencesPicture(data.y.front().label, data.x.front().label, engine);
+            return differencesPicture(
+                data.y.front().label, data.x.front().label, engine,
+                details == nullptr ? std::nullopt : std::optional(details->choices.confidence));
         case tbvNPSpearman:
             return ranksPicture(data.y.front().label, data.x.front().label, engine);
         case tbvNPSign:
@@ -125,7 +128,10 @@ std::string dataPicture(TBVNPMethod method, const PictureData& data, const clsNo
         case tbvNPWWRuns:
             return sequencePicture(data.y.front());
         default:
-            return groupsPicture(data.y, data.x, engine);
+            return groupsPicture(data.y, data.x, engine,
+                                 details == nullptr
+                                     ? MedianIntervals()
+                                     : medianIntervals(*details, data.y.size() + data.x.size()));
     }
 }
 

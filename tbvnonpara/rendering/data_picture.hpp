@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "tbvnonpara/analysis/details.hpp"
 #include "tbvnonpara/core/enumerations.hpp"
 #include "tbvnonpara/engine/clsNonParaBO.hpp"
 #include "tbvnonpara/rendering/picture_data.hpp"
@@ -24,8 +25,8 @@ struct PictureData {
 /// The data of a test as a figure of a page, drawn in SVG: groups as points with box and median, pairs as
 /// their differences, a correlation as a scatter of ranks, signs as counted bars, a sequence as it runs.
 /// Ranks, signs and medians are those of the engine that has run the test. Large data are thinned: the figure
-/// stays below half a megabyte whatever the data.
-[[nodiscard]] std::string dataPicture(TBVNPMethod method, const PictureData& data,
-                                      const clsNonParaBO& engine);
+/// stays below half a megabyte whatever the data. With details, the intervals of the medians are bars.
+[[nodiscard]] std::string dataPicture(TBVNPMethod method, const PictureData& data, const clsNonParaBO& engine,
+                                      const analysis::Details* details = nullptr);
 
 }  // namespace TBVNonPara::rendering

@@ -199,13 +199,14 @@ std::string inHtml(std::string_view text) {
     return escaped;
 }
 
-void writeHtml(const ReportBlock& report, std::string_view title, std::string_view picture, Output& output) {
+void writeHtml(const ReportBlock& report, std::string_view title, std::string_view picture, Output& output,
+               std::string_view details) {
     output.write(
         "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
         "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
         "<link rel=\"icon\" href=\"data:,\">\n<title>" +
         inHtml(capitalised(title)) + " test</title>\n<style>" + std::string(htmlStyle) +
-        "</style>\n</head>\n<body>\n<main>\n");
+        std::string(details.empty() ? "" : htmlDetailsStyle) + "</style>\n</head>\n<body>\n<main>\n");
     bool begun = false;
     for (Index row = 1; row <= report.rows(); ++row) {
         const Section section = sectionAt(report, row);
@@ -217,6 +218,7 @@ void writeHtml(const ReportBlock& report, std::string_view title, std::string_vi
         row = section.last;
     }
     output.write(picture);
+    output.write(details);
     output.write("</main>\n</body>\n</html>\n");
 }
 

@@ -53,4 +53,20 @@ svg circle { fill-opacity: .7; }
 }
 )";
 
+/// What a page with details has beyond that.
+constexpr std::string_view htmlDetailsStyle = R"(
+h2 { font-size: 1.15rem; margin: 0 0 .5rem; }
+h3 { font-size: 1rem; margin: 1.2rem 0 .4rem; }
+.details .scroll { margin: 1rem 0 0; }
+.details .name { white-space: pre; }
+.details figure + p, .details .scroll + p { margin-top: 1rem; }
+blockquote { margin: 0; padding: .5rem .8rem; border-left: 3px solid var(--line); background: var(--wash);
+  overflow-wrap: anywhere; user-select: all; -webkit-user-select: all; }
+svg .interval { fill: var(--second); }
+svg .reference { stroke: var(--quiet); stroke-dasharray: 4 3; fill: none; }
+svg .span { stroke: var(--first); stroke-width: 2; fill: none; }
+svg .differs { stroke: var(--second); }
+@media print { blockquote { background: none; } }
+)";
+
 }  // namespace TBVNonPara::rendering

@@ -7,6 +7,7 @@
 #include <map>
 #include <span>
 
+#include "tbvnonpara/rendering/details_words.hpp"
 #include "tbvnonpara/rendering/svg.hpp"
 
 namespace TBVNonPara::rendering {
@@ -49,11 +50,12 @@ struct Group {
     std::string label;
     std::vector<double> sorted;
     double median = 0;
+    std::optional<MedianIntervals::Interval> interval = {};
 };
 
 /// The groups that there is room for, those of y first.
 std::vector<Group> groupsOf(const std::vector<PictureColumn>& y, const std::vector<PictureColumn>& x,
-                            const clsNonParaBO& engine) {
+                            const clsNonParaBO& engine, const MedianIntervals& intervals) {
     constexpr std::size_t mostGroups = 30;
     // Without descriptives the engine holds no medians of samples.
     const Array<double> medians = engine.GetMediansRaw();
@@ -66,10 +68,23 @@ std::vector<Group> groupsOf(const std::vector<PictureColumn>& y, const std::vect
             if (!group.sorted.empty()) {
                 group.median = known ? medians.elements()[groups.size()] : quantile(group.sorted, 0.5);
             }
+            group.interval = intervals.of(groups.size());
             groups.push_back(std::move(group));
         }
     }
     return groups;
+}
+
+/// " (0.1 to 4.6)".
+std::string inWords(const std::optional<MedianIntervals::Interval>& interval) {
+    return interval ? fmt::format(" ({} to {})", rounded(interval->low), rounded(interval->high)) : "";
+}
+
+/// A bar from one end to the other, wide enough to be seen where they are one.
+void drawInterval(Svg& svg, const Scale& scale, const MedianIntervals::Interval& interval, double top) {
+    constexpr double height = 4;
+    const double left = scale.at(interval.low);
+    svg.rectangle(left, top, std::max(scale.at(interval.high) - left, 2.0), height, "interval");
 }
 
 /// The medians of the first groups in words.
@@ -78,10 +93,21 @@ std::string mediansOf(const std::vector<Group>& groups, std::size_t most) {
     for (std::size_t i = 0; i < std::min(groups.size(), most); ++i) {
         if (!groups[i].sorted.empty()) {
             medians += (medians.empty() ? "" : ", ") + shortened(groups[i].label, labelLength) + ' ' +
-                       rounded(groups[i].median);
+                       rounded(groups[i].median) + inWords(groups[i].interval);
         }
     }
     return medians;
+}
+
+/// Between two of the values, which ascend.
+std::optional<MedianIntervals::Interval> intervalOfMedian(const std::vector<double>& ascending,
+                                                          std::optional<double> confidence) {
+    if (!confidence) {
+        return std::nullopt;
+    }
+    const statistics::OrderedEstimate median = statistics::medianOf(ascending, *confidence);
+    return median.low && median.high ? std::optional(MedianIntervals::Interval{*median.low, *median.high})
+                                     : std::nullopt;
 }
 
 void drawGroup(Svg& svg, const Scale& scale, const Group& group, double y, double halfHeight) {
@@ -102,14 +128,17 @@ void drawGroup(Svg& svg, const Scale& scale, const Group& group, double y, doubl
     }
     const double median = scale.at(group.median);
     svg.line(median, y - halfHeight - 2, median, y + halfHeight + 2, "median");
+    if (group.interval) {
+        drawInterval(svg, scale, *group.interval, y + halfHeight + 3);
+    }
 }
 
 }  // namespace
 
 std::string groupsPicture(const std::vector<PictureColumn>& y, const std::vector<PictureColumn>& x,
-                          const clsNonParaBO& engine) {
+                          const clsNonParaBO& engine, const MedianIntervals& intervals) {
     constexpr std::size_t mostMedians = 8;
-    const std::vector<Group> groups = groupsOf(y, x, engine);
+    const std::vector<Group> groups = groupsOf(y, x, engine, intervals);
     double lowest = std::numeric_limits<double>::infinity();
     double highest = -lowest;
     for (const Group& group : groups) {
@@ -130,6 +159,10 @@ std::string groupsPicture(const std::vector<PictureColumn>& y, const std::vector
     std::string description =
         "Points, quartiles as a box and the median as a line. Medians: " + mediansOf(groups, mostMedians) +
         '.';
+    if (std::ranges::any_of(groups, [](const Group& group) { return group.interval.has_value(); })) {
+        description +=
+            fmt::format(" The bar below a median is its {} interval.", levelText(intervals.confidence));
+    }
     const std::size_t columns = y.size() + x.size();
     if (groups.size() > mostMedians || columns > groups.size()) {
         description += fmt::format(" {} of {} groups are drawn.", groups.size(), columns);
@@ -137,7 +170,8 @@ std::string groupsPicture(const std::vector<PictureColumn>& y, const std::vector
     return svg.finish(bottom + belowAxis, "The groups", description);
 }
 
-std::string differencesPicture(const std::string& y, const std::string& x, const clsNonParaBO& engine) {
+std::string differencesPicture(const std::string& y, const std::string& x, const clsNonParaBO& engine,
+                               std::optional<double> confidence) {
     const Grid<double> pairs = engine.GetRanks();  // difference, rank and signed rank of each
     const std::span<const double> inOrder = pairs.column(1);
     std::vector<double> differences(inOrder.begin(), inOrder.end());
@@ -159,12 +193,15 @@ std::string differencesPicture(const std::string& y, const std::string& x, const
     const double median = quantile(differences, 0.5);
     const Array<Long> ns = engine.GetNsRank();  // positive, negative, zero
     svg.line(scale.at(median), 22, scale.at(median), bottom - 8, "median");
-    return svg.finish(
-        bottom + belowAxis, "The differences of the pairs",
-        fmt::format(
-            "{} minus {}, pair by pair: {} above zero, {} below, {} equal. The line is their median, {}.",
-            shortened(y, 40), shortened(x, 40), ns(1).value(), ns(2).value(), ns(3).value(),
-            rounded(median)));
+    std::string description = fmt::format(
+        "{} minus {}, pair by pair: {} above zero, {} below, {} equal. The line is their median, {}.",
+        shortened(y, 40), shortened(x, 40), ns(1).value(), ns(2).value(), ns(3).value(), rounded(median));
+    if (const auto interval = intervalOfMedian(differences, confidence)) {
+        drawInterval(svg, scale, *interval, bottom - 8);
+        description += fmt::format(" The bar below it is its {} interval, {} to {}.", levelText(*confidence),
+                                   rounded(interval->low), rounded(interval->high));
+    }
+    return svg.finish(bottom + belowAxis, "The differences of the pairs", description);
 }
 
 std::string ranksPicture(const std::string& y, const std::string& x, const clsNonParaBO& engine) {

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "tbvnonpara/engine/clsNonParaBO.hpp"
+#include "tbvnonpara/rendering/median_intervals.hpp"
 #include "tbvnonpara/rendering/picture_data.hpp"
 
 namespace TBVNonPara::rendering {
@@ -15,11 +16,14 @@ constexpr double labelsEnd = plotLeft - 14;
 constexpr double belowAxis = 28;
 constexpr std::size_t labelLength = 14;
 
-/// Figures of a page; empty texts when there is no number to draw. The engine has run the test.
+/// Figures of a page; empty texts when there is no number to draw. The engine has run the test. Intervals of
+/// medians are drawn where they are given, or of this level.
 [[nodiscard]] std::string groupsPicture(const std::vector<PictureColumn>& y,
-                                        const std::vector<PictureColumn>& x, const clsNonParaBO& engine);
+                                        const std::vector<PictureColumn>& x, const clsNonParaBO& engine,
+                                        const MedianIntervals& intervals = {});
 [[nodiscard]] std::string differencesPicture(const std::string& y, const std::string& x,
-                                             const clsNonParaBO& engine);
+                                             const clsNonParaBO& engine,
+                                             std::optional<double> confidence = {});
 [[nodiscard]] std::string ranksPicture(const std::string& y, const std::string& x,
                                        const clsNonParaBO& engine);
 

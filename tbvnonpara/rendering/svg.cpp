@@ -68,13 +68,14 @@ void Svg::text(double x, double y, std::string_view text, std::string_view ancho
                               length(x), length(y), anchor, inHtml(onOneLine(text)));
 }
 
-std::string Svg::finish(double height, std::string_view name, std::string_view description) const {
+std::string Svg::finish(double height, std::string_view name, std::string_view description,
+                        std::string_view id) const {
     return fmt::format(
-        "<figure>\n<svg viewBox=\"0 0 {} {}\" role=\"img\" aria-labelledby=\"picture-name "
-        "picture-description\">\n<title id=\"picture-name\">{}</title>\n<desc "
-        "id=\"picture-description\">{}</desc>\n{}</svg>\n<figcaption>{}</figcaption>\n</figure>\n",
-        length(width), length(height), inHtml(onOneLine(name)), inHtml(onOneLine(description)), m_Elements,
-        inHtml(onOneLine(description)));
+        "<figure>\n<svg viewBox=\"0 0 {0} {1}\" role=\"img\" aria-labelledby=\"{2}-name "
+        "{2}-description\">\n<title id=\"{2}-name\">{3}</title>\n<desc "
+        "id=\"{2}-description\">{4}</desc>\n{5}</svg>\n<figcaption>{4}</figcaption>\n</figure>\n",
+        length(width), length(height), id, inHtml(onOneLine(name)), inHtml(onOneLine(description)),
+        m_Elements);
 }
 
 Scale::Scale(double lowest, double highest, double from, double to)

@@ -18,9 +18,10 @@ class Svg {
     void text(double x, double y, std::string_view text, std::string_view anchor,
               std::string_view cssClass = "");
 
-    /// The drawing with its name and what it shows for those who cannot see it.
-    [[nodiscard]] std::string finish(double height, std::string_view name,
-                                     std::string_view description) const;
+    /// The drawing with its name and what it shows for those who cannot see it. Each of a page has an id of
+    /// its own.
+    [[nodiscard]] std::string finish(double height, std::string_view name, std::string_view description,
+                                     std::string_view id = "picture") const;
 
  private:
     std::string m_Elements;

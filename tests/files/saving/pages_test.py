@@ -76,6 +76,26 @@ def browser(*words):
             capture_output=True, encoding="utf-8", errors="replace", timeout=120)
 
 
+def fits(case, name, page):
+    """A page has room for everything in a window and on a phone, light and dark."""
+    for width, scheme in ((1000, 1), (390, 0)):
+        frame = FOLDER / f"frame-{name}-{width}.html"
+        frame.write_text(FRAME.format(width=width, page=page.as_uri()))
+        result = browser("--dump-dom", "--virtual-time-budget=5000",
+                         f"--blink-settings=preferredColorScheme={scheme}", frame.as_uri())
+        case.assertNotIn("CONSOLE", result.stderr, name)
+        found = re.search(r'<pre id="out">(\{.*\})</pre>', result.stdout)
+        case.assertIsNotNone(found, (name, result.stdout[-300:], result.stderr[-300:]))
+        layout = json.loads(found[1])
+        case.assertEqual((layout["tooWide"], layout["cut"]), (False, 0), (name, width))
+        case.assertEqual((layout["spilt"], layout["overlapping"]), (0, 0), (name, width))
+        case.assertGreater(layout["smallest"], 9, (name, width))
+        case.assertGreater(layout["pictureWidth"], 300, (name, width))
+        light = layout["paper"] == "rgb(255, 255, 255)"
+        case.assertEqual(light, scheme == 1, (name, layout))
+        case.assertNotEqual(layout["ink"], layout["paper"])
+
+
 class Outline(html.parser.HTMLParser):
     """The elements of a page, checked for being closed in order."""
 
@@ -163,22 +183,7 @@ class Pages(unittest.TestCase):
 
     def test_fit_their_window_in_light_and_dark(self):
         for test, page in {**self.pages, **self.hard_to_draw()}.items():
-            for width, scheme in ((1000, 1), (390, 0)):
-                frame = FOLDER / f"frame-{test}-{width}.html"
-                frame.write_text(FRAME.format(width=width, page=page.as_uri()))
-                result = browser("--dump-dom", "--virtual-time-budget=5000",
-                                 f"--blink-settings=preferredColorScheme={scheme}", frame.as_uri())
-                self.assertNotIn("CONSOLE", result.stderr, test)
-                found = re.search(r'<pre id="out">(\{.*\})</pre>', result.stdout)
-                self.assertIsNotNone(found, (test, result.stdout[-300:], result.stderr[-300:]))
-                layout = json.loads(found[1])
-                self.assertEqual((layout["tooWide"], layout["cut"]), (False, 0), (test, width))
-                self.assertEqual((layout["spilt"], layout["overlapping"]), (0, 0), (test, width))
-                self.assertGreater(layout["smallest"], 9, (test, width))
-                self.assertGreater(layout["pictureWidth"], 300, (test, width))
-                light = layout["paper"] == "rgb(255, 255, 255)"
-                self.assertEqual(light, scheme == 1, (test, layout))
-                self.assertNotEqual(layout["ink"], layout["paper"])
+            fits(self, test, page)
 
     def test_can_be_looked_at(self):
         if PICTURES is None:
@@ -190,6 +195,58 @@ class Pages(unittest.TestCase):
                 browser(f"--screenshot={PICTURES.resolve()}/{test}-{name}.png", f"--window-size={size}",
                         "--hide-scrollbars", f"--blink-settings=preferredColorScheme={scheme}", page.as_uri())
             browser(f"--print-to-pdf={PICTURES.resolve()}/{test}.pdf", page.as_uri())
+
+
+class Details(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.pages = {}
+        for test, (data, *_) in PAGES.items():
+            cls.pages[test] = FOLDER / f"details-{test}.html"
+            result = run(test, PROJECT / "examples" / data, "--details", "--save", cls.pages[test])
+            assert result.returncode == 0, result.stderr
+
+    def test_are_a_section_that_can_be_read_aloud(self):
+        for test, page in self.pages.items():
+            text = page.read_text(encoding="utf-8")
+            outline = Outline(text)
+            self.assertNotIn("script", outline.tags, test)
+            self.assertEqual((outline.tags.count("h2"), outline.tags.count("blockquote")), (1, 1), test)
+            self.assertEqual(outline.tags.count("caption"), outline.tags.count("table"), test)
+            self.assertEqual(outline.tags.count("svg"),
+                             2 if test in ("median", "friedman", "kruskal-wallis") else 1, test)
+            ids = [attributes["id"] for _, attributes in outline.attributes if "id" in attributes]
+            self.assertEqual(len(ids), len(set(ids)), test)
+            for tag, attributes in outline.attributes:
+                for name in attributes.get("aria-labelledby", "").split():
+                    self.assertIn(name, ids, test)
+                if tag == "th":
+                    self.assertIn(attributes.get("scope"), ("col", "colgroup", "row"), test)
+
+    def test_hold_the_exact_numbers(self):
+        for test, (data, *_) in PAGES.items():
+            effect = json.loads(run(test, PROJECT / "examples" / data, "--details", "--format",
+                                    "json").stdout)["details"]["effect"]
+            values = [float(value) for value in
+                      re.findall(r'<data value="([^"]*)">', self.pages[test].read_text(encoding="utf-8"))]
+            for name, figure in effect.items():
+                if figure is not None and name != "equalNeighbours":
+                    self.assertIn(figure["value"], values, (test, name))
+
+    def test_draw_the_intervals_of_medians(self):
+        for test, count in (("mann-whitney", 2), ("wilcoxon", 1), ("median", 6), ("friedman", 3),
+                            ("kruskal-wallis", 6), ("spearman", 0), ("sign", 0), ("runs", 0)):
+            text = self.pages[test].read_text(encoding="utf-8")
+            self.assertEqual(text.count('class="interval"'), count, test)
+
+    def test_fit_their_window_in_light_and_dark(self):
+        pages = {f"details-{test}": self.pages[test] for test in ("kruskal-wallis", "friedman", "median", "wilcoxon")}
+        Pages.hard_to_draw()
+        hard = pages["details-hard"] = FOLDER / "details-hard.html"
+        result = run("kruskal-wallis", FOLDER / "hard.csv", "--headers", "--details", "--save", hard)
+        self.assertEqual(result.returncode, 0, result.stderr)
+        for name, page in pages.items():
+            fits(self, name, page)
 
 
 class LargeData(unittest.TestCase):

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+#include "tbvnonpara/analysis/details.hpp"
+
+namespace TBVNonPara::rendering {
+
+/// The section of a page below its picture: the sentences, the tables with numbers that carry their exact
+/// value, the comparisons as a picture, the notes, and a sentence to quote.
+[[nodiscard]] std::string detailsInHtml(const analysis::Details& details);
+
+}  // namespace TBVNonPara::rendering
