@@ -398,8 +398,9 @@ Arguments finish(Words words) {
         arguments.decimal = words.decimal.front();
     }
     if (words.details) {
-        arguments.details = analysis::DetailChoices{words.confidence / 100, adjustments.at(words.adjust),
-                                                    words.trend, words.control};
+        // 99.9 / 100 lies above 0.999, the highest level that there is.
+        arguments.details = analysis::DetailChoices{std::min(words.confidence / 100, 0.999),
+                                                    adjustments.at(words.adjust), words.trend, words.control};
     }
     return std::move(arguments);
 }

@@ -62,6 +62,12 @@ TEST(Arguments, OfDetailsSayLevelAdjustmentAndControl) {
     EXPECT_EQ(details->control, "placebo");
 }
 
+TEST(Arguments, TheHighestLevelIsOneThatThereIs) {
+    const auto details = accepted({"sign", "data.csv", "--details", "--confidence", "99.9"}).details;
+    ASSERT_TRUE(details);
+    EXPECT_EQ(details->confidence, 0.999);
+}
+
 TEST(Arguments, OfDetailsAreRefusedWhereTheyMeanNothing) {
     const std::vector<std::vector<const char*>> cases = {
         {"sign", "data.csv", "--confidence", "90"},
