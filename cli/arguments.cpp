@@ -45,12 +45,13 @@ struct Words {
     std::string missingWords;
     bool details = false;
     double confidence = 95;
-    std::string adjust = "holm";
+    std::string adjust;
     std::string control;
     bool trend = false;
 };
 
 const std::map<std::string, statistics::Adjustment> adjustments = {
+    {"", statistics::Adjustment::Holm},
     {"holm", statistics::Adjustment::Holm},
     {"bonferroni", statistics::Adjustment::Bonferroni},
     {"bh", statistics::Adjustment::BenjaminiHochberg},
@@ -255,15 +256,17 @@ void offerDetails(CLI::App& command, const OfferedTest& test, Words& words) {
         ->type_name("PERCENT")
         ->check(CLI::Range(50.0, 99.9).description(""))
         ->needs(details);
-    if (!analysis::takesManyColumns(test.shape)) {
-        return;
-    }
+    const bool compares = analysis::takesManyColumns(test.shape);
+    const std::string of =
+        compares ? "of comparisons, and of columns with --each" : "of the columns with --each";
     command
-        .add_option("--adjust", words.adjust,
-                    "how P of comparisons is adjusted: holm, bonferroni, bh or none")
+        .add_option("--adjust", words.adjust, "how P is adjusted, " + of + ":\nholm, bonferroni, bh or none")
         ->type_name("WORD")
         ->check(CLI::IsMember({"holm", "bonferroni", "bh", "none"}).description(""))
         ->needs(details);
+    if (!compares) {
+        return;
+    }
     command.add_option("--control", words.control, "compare with this group alone")
         ->type_name("NAME")
         ->check(filled())
@@ -366,6 +369,15 @@ std::optional<std::string> notForEach(const Arguments& arguments) {
                                     : std::optional("--each places no reports: leave --output out");
 }
 
+/// A single test of two samples has one P.
+std::optional<std::string> notForOneP(const Arguments& arguments, bool adjusts) {
+    const bool hasMany =
+        arguments.test == nullptr || analysis::takesManyColumns(arguments.test->shape) || arguments.each;
+    return adjusts && !hasMany
+               ? std::optional("--adjust is for the columns of --each: add that, or leave it out")
+               : std::nullopt;
+}
+
 Arguments finish(Words words) {
     Arguments& arguments = words.arguments;
     if (arguments.test != nullptr) {
@@ -438,6 +450,7 @@ std::variant<Arguments, Answer> parseArguments(int count, const char* const* wor
         return Answer{usageText("--thousands and --decimal cannot both be the same", words[1]), usageStatus};
     }
     const bool formatGiven = !found.format.empty();
+    const bool adjusts = !found.adjust.empty();
     Arguments arguments = finish(std::move(found));
     arguments.command = asTyped({words + 1, words + count});
     if (const std::optional<std::string> wrong = settleSaving(arguments, formatGiven)) {
@@ -451,6 +464,9 @@ std::variant<Arguments, Answer> parseArguments(int count, const char* const* wor
         return Answer{usageText("describe gives text, csv or json", words[1]), usageStatus};
     }
     if (const std::optional<std::string> wrong = notForTurned(arguments)) {
+        return Answer{usageText(*wrong, words[1]), usageStatus};
+    }
+    if (const std::optional<std::string> wrong = notForOneP(arguments, adjusts)) {
         return Answer{usageText(*wrong, words[1]), usageStatus};
     }
     if (const std::optional<std::string> wrong = notForEach(arguments)) {

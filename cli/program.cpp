@@ -162,8 +162,8 @@ int analyse(const Arguments& arguments, Circumstances& circumstances) {
         return 0;
     }
     if (analysis::testsEachColumn(*application, arguments)) {
-        if (arguments.details || arguments.plan) {
-            analysis::refuse(tbvNPYRangeColumns, "Details and plans are of one column; name one with --y.");
+        if (arguments.plan) {
+            analysis::refuse(tbvNPYRangeColumns, "A plan is of one column; name one with --y.");
         }
         return testColumns(*application, arguments, progress);
     }

@@ -6,7 +6,7 @@ _tbvnonpara_options() {
         return
     fi
     local options="--y --by --groups --each --plan --where --missing --na --sheet --transpose --headers --no-headers --format --safe-csv --delimiter --decimal --thousands --encoding --comment
-        --save --output --overwrite --with-data --details --confidence --help"
+        --save --output --overwrite --with-data --details --confidence --adjust --help"
     case $1 in
         mann-whitney | wilcoxon | spearman | sign) options+=" --x" ;;
     esac
@@ -14,7 +14,7 @@ _tbvnonpara_options() {
         wilcoxon | spearman | sign | friedman) options+=" --block" ;;
     esac
     case $1 in
-        median | friedman | kruskal-wallis) options+=" --adjust --control" ;;
+        median | friedman | kruskal-wallis) options+=" --control" ;;
     esac
     case $1 in
         sign | runs) ;;

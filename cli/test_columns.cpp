@@ -4,12 +4,14 @@
 #include <cstdio>
 #include <fmt/format.h>
 
+#include "cli/details.hpp"
 #include "cli/messages.hpp"
 #include "cli/save.hpp"
 #include "cli/telling.hpp"
 #include "cli/terminal.hpp"
 #include "tbvnonpara/analysis/each_column.hpp"
 #include "tbvnonpara/rendering/column_table.hpp"
+#include "tbvnonpara/rendering/details_text.hpp"
 #include "tbvnonpara/rendering/text_report.hpp"
 
 namespace TBVNonPara::cli {
@@ -41,19 +43,26 @@ Tests writeReports(const workbook::EmbeddedApplication& application, const Argum
     const bool shown = arguments.save.empty();
     bool first = true;
     Tests tests = analysis::reportEach(
-        application, arguments, each, [&](const ColumnTest&, const analysis::FinishedTest& finished) {
+        application, arguments, each,
+        [&](const ColumnTest& test, const analysis::FinishedTest& finished) {
             output.write(first ? "" : "\n");
             first = false;
             rendering::writeText({finished.sheet(), finished.block()}, shown && wantsColour(), output,
                                  shown ? terminalWidth() : 0);
-        });
+            writeDetailsBelow(test.details, output, shown ? terminalWidth() : 0);
+        },
+        arguments.details);
     explainErrors(tests, arguments);
+    if (arguments.details) {
+        rendering::writeDetails(rendering::columnsPage(tests, *arguments.details), output,
+                                shown ? terminalWidth() : 0);
+    }
     return tests;
 }
 
 Tests writeTable(const workbook::EmbeddedApplication& application, const Arguments& arguments,
                  const EachColumn& each, Output& output) {
-    Tests tests = analysis::testEach(application, arguments, each);
+    Tests tests = analysis::testEach(application, arguments, each, arguments.details);
     explainErrors(tests, arguments);
     if (arguments.format == OutputFormat::Json) {
         rendering::writeColumnsAsJson(arguments.test->name, tests, output);

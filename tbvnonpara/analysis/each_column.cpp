@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <atomic>
+#include <stdexcept>
 #include <system_error>
 #include <thread>
 #include <utility>
 
 #include "tbvnonpara/analysis/column_address.hpp"
 #include "tbvnonpara/analysis/cut_sequence.hpp"
+#include "tbvnonpara/analysis/details_probability.hpp"
 #include "tbvnonpara/analysis/refusal.hpp"
 #include "tbvnonpara/analysis/reshaped_ranges.hpp"
 #include "tbvnonpara/analysis/table_column.hpp"
@@ -15,6 +17,7 @@
 #include "tbvnonpara/analysis/user_range.hpp"
 #include "tbvnonpara/core/words.hpp"
 #include "tbvnonpara/distributions/mann_whitney.hpp"
+#include "tbvnonpara/statistics/comparisons.hpp"
 #include "tbvnonpara/workbook/book.hpp"
 
 namespace TBVNonPara::analysis {
@@ -117,8 +120,10 @@ class LaterSheets {
 /// A workbook in memory for one thread.
 class Workplace {
  public:
-    Workplace(Choices choices, const TableForm& form, const std::string& shownX)
+    Workplace(Choices choices, const std::optional<DetailChoices>& details, const TableForm& form,
+              const std::string& shownX)
         : m_Choices(std::move(choices)),
+          m_Details(details),
           m_Form(form),
           m_ShownX(shownX),
           m_Application(workbook::makeApplication()),
@@ -145,14 +150,27 @@ class Workplace {
  private:
     void run(const ChosenRanges& ranges, ColumnTest& result, const Report& report) const {
         const LaterSheets reports(m_Application->activeBook());
+        const auto columns = m_Details ? columnsOf(*m_Application, ranges) : std::vector<LabelledColumn>();
         const FinishedTest finished = runTest(m_Application, m_Companions, m_Choices, ranges);
         result.results = namedResults(m_Choices.test->method, finished.engine());
+        if (m_Details) {
+            result.details = detailsIfAny(columns, finished.engine());
+        }
         if (report) {
             report(result, finished);
         }
     }
 
+    /// A column has its results, with details or without.
+    [[nodiscard]] std::optional<Details> detailsIfAny(const std::vector<LabelledColumn>& columns,
+                                                      const clsNonParaBO& engine) const try {
+        return detailsOf(m_Choices, *m_Details, columns, engine);
+    } catch (const std::invalid_argument&) {
+        return std::nullopt;
+    }
+
     Choices m_Choices;
+    const std::optional<DetailChoices>& m_Details;
     const TableForm& m_Form;
     const std::string& m_ShownX;
     ObjectRef<EmbeddedApplication> m_Application;
@@ -162,8 +180,10 @@ class Workplace {
 /// What all columns share, and how one of them is tested.
 class Tests {
  public:
-    Tests(const EmbeddedApplication& application, const Choices& choices, const EachColumn& each)
+    Tests(const EmbeddedApplication& application, const Choices& choices, const EachColumn& each,
+          const std::optional<DetailChoices>& details)
         : m_Choices(choices),
+          m_Details(details),
           m_Each(each),
           m_Sheet(UserRange(application, each.chosen.y)->sheet()),
           m_Form(application, choices, each.chosen),
@@ -173,7 +193,7 @@ class Tests {
     void onAllProcessors() {
         std::atomic<std::size_t> next = 0;
         const auto work = [&] {
-            const Workplace place(m_Choices, m_Form, m_ShownX);
+            const Workplace place(m_Choices, m_Details, m_Form, m_ShownX);
             for (std::size_t column = next++; column < m_Results.size(); column = next++) {
                 test(place, column, {});
             }
@@ -185,15 +205,36 @@ class Tests {
     }
 
     void inOrder(const Report& report) {
-        const Workplace place(m_Choices, m_Form, m_ShownX);
+        const Workplace place(m_Choices, m_Details, m_Form, m_ShownX);
         for (std::size_t column = 0; column < m_Results.size(); ++column) {
             test(place, column, report);
         }
     }
 
-    [[nodiscard]] std::vector<ColumnTest> results() && { return std::move(m_Results); }
+    [[nodiscard]] std::vector<ColumnTest> results() && {
+        if (m_Details) {
+            adjust();
+        }
+        return std::move(m_Results);
+    }
 
  private:
+    void adjust() {
+        std::vector<ColumnTest*> tested;
+        std::vector<statistics::Probability> probabilities;
+        for (ColumnTest& result : m_Results) {
+            const auto p = result.details ? probabilityOf(*result.details) : std::nullopt;
+            if (p) {
+                tested.push_back(&result);
+                probabilities.push_back(*p);
+            }
+        }
+        const auto together = statistics::adjusted(probabilities, m_Details->adjustment);
+        for (std::size_t i = 0; i < tested.size(); ++i) {
+            tested[i]->adjusted = together[i];
+        }
+    }
+
     void test(const Workplace& place, std::size_t number, const Report& report) {
         const Rectangle& cells = m_Each.columns[number];
         ColumnTest& result = m_Results[number];
@@ -214,6 +255,7 @@ class Tests {
     }
 
     const Choices& m_Choices;
+    const std::optional<DetailChoices>& m_Details;
     const EachColumn& m_Each;
     std::shared_ptr<Sheet> m_Sheet;
     TableForm m_Form;
@@ -244,15 +286,16 @@ EachColumn chooseEach(const EmbeddedApplication& application, const Choices& cho
 }
 
 std::vector<ColumnTest> testEach(const EmbeddedApplication& application, const Choices& choices,
-                                 const EachColumn& each) {
-    Tests tests(application, choices, each);
+                                 const EachColumn& each, const std::optional<DetailChoices>& details) {
+    Tests tests(application, choices, each, details);
     tests.onAllProcessors();
     return std::move(tests).results();
 }
 
 std::vector<ColumnTest> reportEach(const EmbeddedApplication& application, const Choices& choices,
-                                   const EachColumn& each, const Report& report) {
-    Tests tests(application, choices, each);
+                                   const EachColumn& each, const Report& report,
+                                   const std::optional<DetailChoices>& details) {
+    Tests tests(application, choices, each, details);
     tests.inOrder(report);
     return std::move(tests).results();
 }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "tbvnonpara/analysis/choices.hpp"
+#include "tbvnonpara/analysis/details.hpp"
 #include "tbvnonpara/analysis/ranges.hpp"
 #include "tbvnonpara/analysis/results.hpp"
 #include "tbvnonpara/analysis/run_test.hpp"
@@ -35,17 +36,22 @@ struct ColumnTest {
     std::string address;  ///< as a report shows it
     std::vector<NamedResult> results;
     reshaping::Account account;
-    std::optional<Error> error;                                 ///< why there are no results
+    std::optional<Details> details;                   ///< where they were asked for and exist
+    std::optional<statistics::Probability> adjusted;  ///< P of the details, for all columns together
+    std::optional<Error> error;                       ///< why there are no results
     reshaping::Remedy remedy = reshaping::Remedy::CorrectData;  ///< what helps against that
 };
 
-/// Tests each column by itself, on all processors, in the order of the columns.
+/// Tests each column by itself, on all processors, in the order of the columns; in full where details are
+/// asked for, with P adjusted over the columns.
 [[nodiscard]] std::vector<ColumnTest> testEach(const workbook::EmbeddedApplication& application,
-                                               const Choices& choices, const EachColumn& each);
+                                               const Choices& choices, const EachColumn& each,
+                                               const std::optional<DetailChoices>& details = {});
 
 /// The same one after the other, with each report as it comes; it is gone when `report` returns.
 [[nodiscard]] std::vector<ColumnTest> reportEach(
     const workbook::EmbeddedApplication& application, const Choices& choices, const EachColumn& each,
-    const std::function<void(const ColumnTest&, const FinishedTest&)>& report);
+    const std::function<void(const ColumnTest&, const FinishedTest&)>& report,
+    const std::optional<DetailChoices>& details = {});
 
 }  // namespace TBVNonPara::analysis

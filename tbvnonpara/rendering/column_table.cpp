@@ -1,9 +1,13 @@
 #include "tbvnonpara/rendering/column_table.hpp"
 
+#include <algorithm>
 #include <unordered_map>
 #include <utility>
 #include <variant>
 
+#include "tbvnonpara/analysis/details_probability.hpp"
+#include "tbvnonpara/rendering/details_json.hpp"
+#include "tbvnonpara/rendering/details_words.hpp"
 #include "tbvnonpara/rendering/json_report.hpp"
 #include "tbvnonpara/rendering/json_values.hpp"
 
@@ -64,16 +68,6 @@ class Names {
     std::unordered_map<std::string, std::size_t> m_Places;
 };
 
-Names namesIn(const std::vector<ColumnTest>& tests) {
-    Names names;
-    for (const ColumnTest& test : tests) {
-        for (const NamedResult& result : test.results) {
-            visitValues(result, [&](const std::string& name, const CellValue&) { names.placeOf(name); });
-        }
-    }
-    return names;
-}
-
 std::string problemOf(const ColumnTest& test) {
     return test.error ? test.error->description() : "";
 }
@@ -85,7 +79,64 @@ std::string columnInJson(const ColumnTest& test) {
         return beginning + R"("error": {"number": )" + std::to_string(test.error->number()) +
                ", \"description\": " + textInJson(problemOf(test)) + "}}";
     }
-    return beginning + missingInJson(test.account) + ", \"results\": " + resultsInJson(test.results) + '}';
+    std::string details;
+    if (test.details) {
+        details = ", \"details\": " + figureInJson(detailFigures(*test.details), 4) +
+                  ", \"adjusted\": " + figureInJson(statistics::figureOf(test.adjusted), 4);
+    }
+    return beginning + missingInJson(test.account) + ", \"results\": " + resultsInJson(test.results) +
+           details + '}';
+}
+
+/// The effects of a test in full as results of a row, and its probability alone and with the other columns'.
+std::vector<NamedResult> detailsAsResults(const ColumnTest& test) {
+    if (!test.details) {
+        return {};
+    }
+    const statistics::Figure figures = detailFigures(*test.details);
+    std::vector<NamedResult> results = {
+        {"details.method", std::get<std::string>(find(figures, "p.method")->value)}};
+    const auto add = [&](const std::string& name, const std::optional<double>& value) {
+        if (value) {
+            results.push_back({"details." + name, *value});
+        }
+    };
+    const auto p = analysis::probabilityOf(*test.details);
+    add("p", p ? std::optional(p->value) : std::nullopt);
+    add("p_adjusted", test.adjusted ? std::optional(test.adjusted->value) : std::nullopt);
+    for (const auto& [name, effect] : std::get<statistics::FigureBlock>(find(figures, "effect")->value)) {
+        for (const char* const member : {"value", "low", "high"}) {
+            const statistics::Figure* const figure = find(effect, member);
+            const auto* number = figure == nullptr ? nullptr : std::get_if<double>(&figure->value);
+            add(name + '.' + member, number == nullptr ? std::nullopt : std::optional(*number));
+        }
+    }
+    return results;
+}
+
+/// All results of a row, the details behind those of the report.
+void visitRow(const ColumnTest& test, const auto& visitor) {
+    for (const NamedResult& result : test.results) {
+        visitValues(result, visitor);
+    }
+    for (const NamedResult& result : detailsAsResults(test)) {
+        visitValues(result, visitor);
+    }
+}
+
+/// Those of the reports first.
+Names namesIn(const std::vector<ColumnTest>& tests) {
+    Names names;
+    const auto take = [&](const std::string& name, const CellValue&) { names.placeOf(name); };
+    for (const ColumnTest& test : tests) {
+        for (const NamedResult& result : test.results) {
+            visitValues(result, take);
+        }
+    }
+    for (const ColumnTest& test : tests) {
+        visitRow(test, take);
+    }
+    return names;
 }
 
 }  // namespace
@@ -99,11 +150,8 @@ void writeColumnsAsCsv(const std::vector<ColumnTest>& tests, const CsvFields& fi
     output.write(",missing,error\r\n");
     for (const ColumnTest& test : tests) {
         std::vector<CellValue> row(names.names().size());
-        for (const NamedResult& result : test.results) {
-            visitValues(result, [&](const std::string& name, const CellValue& value) {
-                row[names.placeOf(name)] = value;
-            });
-        }
+        visitRow(test,
+                 [&](const std::string& name, const CellValue& value) { row[names.placeOf(name)] = value; });
         output.write(csvField(Text(test.column), fields));
         for (const CellValue& value : row) {
             output.write(',' + csvField(value, fields));
@@ -114,11 +162,35 @@ void writeColumnsAsCsv(const std::vector<ColumnTest>& tests, const CsvFields& fi
 }
 
 void writeColumnsAsJson(std::string_view test, const std::vector<ColumnTest>& tests, Output& output) {
-    output.write("{\n  \"test\": " + textInJson(test) + ",\n  \"columns\": [");
+    const auto inFull =
+        std::ranges::find_if(tests, [](const ColumnTest& column) { return bool(column.details); });
+    const std::string adjust =
+        inFull == tests.end()
+            ? ""
+            : ",\n  \"adjust\": " + textInJson(adjustmentWord(inFull->details->choices.adjustment));
+    output.write("{\n  \"test\": " + textInJson(test) + adjust + ",\n  \"columns\": [");
     for (const ColumnTest& column : tests) {
         output.write((&column == tests.data() ? "\n    " : ",\n    ") + columnInJson(column));
     }
     output.write("\n  ]\n}\n");
+}
+
+DetailPage columnsPage(const std::vector<ColumnTest>& tests, const analysis::DetailChoices& choices) {
+    DetailTable table{"Columns", {"P", "Adjusted"}, {}};
+    std::size_t differ = 0;
+    for (const ColumnTest& test : tests) {
+        const auto p = test.details ? analysis::probabilityOf(*test.details) : std::nullopt;
+        if (p && test.adjusted) {
+            table.rows.push_back(
+                {nameCell(test.column), probabilityCell(*p), probabilityCell(*test.adjusted)});
+            differ += test.adjusted->value <= 1 - choices.confidence ? 1U : 0U;
+        }
+    }
+    const std::string among = counted(table.rows.size(), "column", "columns");
+    return {{std::to_string(differ) + " of " + among + " with an adjusted P of at most " +
+             levelText(1 - choices.confidence) + " (" + adjustmentText(choices.adjustment) + ")."},
+            {std::move(table)},
+            {}};
 }
 
 }  // namespace TBVNonPara::rendering

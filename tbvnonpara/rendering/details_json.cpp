@@ -14,20 +14,6 @@ using statistics::FigureBlock;
 using statistics::FigureList;
 using statistics::NamedFigure;
 
-std::string_view wordOf(statistics::Adjustment adjustment) {
-    switch (adjustment) {
-        case statistics::Adjustment::Holm:
-            return "holm";
-        case statistics::Adjustment::Bonferroni:
-            return "bonferroni";
-        case statistics::Adjustment::BenjaminiHochberg:
-            return "bh";
-        case statistics::Adjustment::None:
-            break;
-    }
-    return "none";
-}
-
 bool isNested(const Figure& figure) {
     return std::holds_alternative<FigureBlock>(figure.value) ||
            std::holds_alternative<FigureList>(figure.value);
@@ -75,6 +61,20 @@ class FigureInJson {
 
 }  // namespace
 
+std::string_view adjustmentWord(statistics::Adjustment adjustment) {
+    switch (adjustment) {
+        case statistics::Adjustment::Holm:
+            return "holm";
+        case statistics::Adjustment::Bonferroni:
+            return "bonferroni";
+        case statistics::Adjustment::BenjaminiHochberg:
+            return "bh";
+        case statistics::Adjustment::None:
+            break;
+    }
+    return "none";
+}
+
 Figure detailFigures(const analysis::Details& details) {
     const DetailPage page = detailPage(details);
     statistics::FigureCollector collector;
@@ -82,7 +82,7 @@ Figure detailFigures(const analysis::Details& details) {
     collector("test", details.test->name);
     collector("level", details.choices.confidence);
     if (analysis::takesManyColumns(details.test->shape)) {
-        collector("adjust", wordOf(details.choices.adjustment));
+        collector("adjust", adjustmentWord(details.choices.adjustment));
     }
     collector("labels", details.labels);
     collector("words", page.words);

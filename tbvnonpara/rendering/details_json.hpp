@@ -7,6 +7,9 @@
 
 namespace TBVNonPara::rendering {
 
+/// "holm", as options and JSON have it.
+[[nodiscard]] std::string_view adjustmentWord(statistics::Adjustment adjustment);
+
 /// All figures of a test in full under their names, with the sentences and notes of its page.
 [[nodiscard]] statistics::Figure detailFigures(const analysis::Details& details);
 

@@ -19,20 +19,6 @@ using statistics::Runs;
 constexpr std::string_view fromChiSquare =
     "P is from the chi-square approximation: an exact count would take too long for this many values.";
 
-std::string adjustmentText(statistics::Adjustment adjustment) {
-    switch (adjustment) {
-        case statistics::Adjustment::Holm:
-            return "P adjusted by Holm";
-        case statistics::Adjustment::Bonferroni:
-            return "P adjusted by Bonferroni";
-        case statistics::Adjustment::BenjaminiHochberg:
-            return "P adjusted by Benjamini and Hochberg";
-        case statistics::Adjustment::None:
-            break;
-    }
-    return "P not adjusted";
-}
-
 /// "2 of 3 pairs of groups differ at 5 % (P adjusted by Holm)."
 template <typename Comparison>
 std::string differences(const std::vector<Comparison>& comparisons, const analysis::DetailChoices& choices) {

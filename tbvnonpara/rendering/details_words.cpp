@@ -110,6 +110,20 @@ std::string sentenceOnP(const statistics::Probability& p, std::string_view how, 
     return fmt::format("P = {} {}.{}", probabilityText(p), how, report);
 }
 
+std::string adjustmentText(statistics::Adjustment adjustment) {
+    switch (adjustment) {
+        case statistics::Adjustment::Holm:
+            return "P adjusted by Holm";
+        case statistics::Adjustment::Bonferroni:
+            return "P adjusted by Bonferroni";
+        case statistics::Adjustment::BenjaminiHochberg:
+            return "P adjusted by Benjamini and Hochberg";
+        case statistics::Adjustment::None:
+            break;
+    }
+    return "P not adjusted";
+}
+
 void noteLevel(const statistics::OrderedEstimate& estimate, std::string_view what, double confidence,
                std::vector<std::string>& notes) {
     if (!estimate.attained) {

@@ -56,6 +56,9 @@ template <typename Tails>
 [[nodiscard]] std::string sentenceOnP(const statistics::Probability& p, std::string_view how,
                                       double reportedP);
 
+/// "P adjusted by Holm".
+[[nodiscard]] std::string adjustmentText(statistics::Adjustment adjustment);
+
 /// The sentence on an interval that ends at observations, where its level is another one or there is none.
 void noteLevel(const statistics::OrderedEstimate& estimate, std::string_view what, double confidence,
                std::vector<std::string>& notes);

@@ -1,5 +1,6 @@
 """Statuses, errors and files: program_test.py PROGRAM PROJECT_FOLDER."""
 
+import csv
 import json
 import os
 import pathlib
@@ -444,6 +445,44 @@ class Details(unittest.TestCase):
         details = self.details("kruskal-wallis", "-", "--y", "weight", "--by", "feed", text=text)
         self.assertEqual(details["labels"], ["a", "b", "c"])
         self.assertEqual([group["n"] for group in details["groups"]], [3, 2, 2])
+
+    COLUMNS = "one,two,same,group\n1,4,7,x\n2,5,7,x\n3,7,7,y\n5,9,7,y\n4,1,7,x\n9,9,7,y\n"
+
+    def test_of_each_column_are_one_table_with_p_adjusted_over_the_columns(self):
+        # Alone 4, 2 and 20 of the 20 ways to deal the ranks are as far from the mean as these or farther.
+        for adjust, expected in (("holm", [0.4, 0.3, 1]), ("bonferroni", [0.6, 0.3, 1]), ("bh", [0.3, 0.3, 1]),
+                                 ("none", [0.2, 0.1, 1])):
+            result = run("mann-whitney", "-", "--each", "--by", "group", "--details", "--adjust", adjust, "--format",
+                         "json", text=self.COLUMNS)
+            self.assertEqual(result.returncode, 0, result.stderr)
+            table = json.loads(result.stdout)
+            self.assertEqual(table["adjust"], adjust)
+            adjusted = [column["adjusted"]["value"] for column in table["columns"] if column.get("adjusted")]
+            self.assertEqual([round(p, 12) for p in adjusted], expected, adjust)
+            alone = [round(column["details"]["p"]["exact"]["two"]["value"], 12) for column in table["columns"]
+                     if column.get("adjusted")]
+            self.assertEqual(alone, [0.2, 0.1, 1])
+
+    def test_of_each_column_stand_behind_its_results_in_csv(self):
+        words = ["mann-whitney", "-", "--each", "--by", "group", "--format", "csv"]
+        plain = list(csv.DictReader(run(*words, text=self.COLUMNS).stdout.splitlines()))
+        full = list(csv.DictReader(run(*words, "--details", text=self.COLUMNS).stdout.splitlines()))
+        self.assertEqual([{name: row[name] for name in plain[0]} for row in full], plain)
+        self.assertEqual((full[1]["details.method"], full[1]["details.shift.value"], full[1]["missing"]),
+                         ("exact", "-5", "0"))
+        self.assertAlmostEqual(float(full[1]["details.p_adjusted"]), 0.3)
+
+    def test_of_each_column_stand_below_its_report_and_together_at_the_end(self):
+        text = run("mann-whitney", "-", "--each", "--by", "group", "--details", "--y", "one,two", text=self.COLUMNS).stdout
+        self.assertEqual(text.count("\nDetails\n"), 3)
+        self.assertTrue(text.endswith("          P  Adjusted\n─────────────────────\none  0.2000    0.2000\n"
+                                      "two  0.1000    0.2000\n\n"), text[-200:])
+        self.assertIn("0 of 2 columns with an adjusted P of at most 5 % (P adjusted by Holm).", text)
+
+    def test_one_p_is_not_adjusted(self):
+        result = run("mann-whitney", self.SLEEP, "--details", "--adjust", "holm")
+        self.assertEqual(result.returncode, 2)
+        self.assertIn("--adjust is for the columns of --each", result.stderr)
 
     def test_what_four_decimals_hide_is_told(self):
         told = "P = 7.1e-09 (0.0000 at four decimals)\n"

@@ -92,8 +92,13 @@ class Schema(unittest.TestCase):
         text = "a,b,c\n1,1,x\n1,-1,x\n-1,1,y\n1,-1,y\n-1,-1,y\n"
         for test, words in (("mann-whitney", ["--by", "c"]), ("kruskal-wallis", ["--by", "c"]), ("runs", []),
                             ("sign", [])):
-            printed = self.check(self.read(test, "-", "--each", *words, text=text), (test, "--each"))
-            self.assertGreater(len(printed["columns"]), 1)
+            for details in ([], ["--details", "--adjust", "bh"]):
+                printed = self.check(self.read(test, "-", "--each", *words, *details, text=text), (test, details))
+                self.assertGreater(len(printed["columns"]), 1)
+                self.assertEqual(["details" in column for column in printed["columns"]],
+                                 [bool(details)] * len(printed["columns"]))
+                printed["columns"][0]["newName"] = 1
+                self.assertFalse(VALIDATOR.is_valid(printed), test)
         printed = self.read("kruskal-wallis", "-", "--each", "--y", "a,b", "--by", "c",
                             text="a,b,c\n1,4,x\n2,,x\n3,7,y\n5,6,y\n")
         self.check(printed, "a column that is refused")
