@@ -17,6 +17,9 @@ _tbvnonpara_options() {
         median | friedman | kruskal-wallis) options+=" --control" ;;
     esac
     case $1 in
+        friedman | kruskal-wallis) options+=" --trend" ;;
+    esac
+    case $1 in
         sign | runs) ;;
         *) options+=" --descriptives" ;;
     esac
