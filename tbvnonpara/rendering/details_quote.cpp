@@ -123,10 +123,15 @@ std::string quotedChiSquare(std::string_view statistic, const Test& test) {
                                   : quotedP(test.chiSquare->p, "chi-square approximation"));
 }
 
-/// The page's sentence on which groups differ stands behind that on all of them.
-std::string withDifferences(std::string sentence, const Details& details) {
+/// The page's sentence on which groups differ stands behind that on all of them, and its last one where that
+/// is on a trend.
+std::string withDifferences(std::string sentence, const Details& details, bool trend = false) {
     const std::vector<std::string> words = detailPage(details).words;
-    return std::move(sentence) + ". " + words[1];
+    return std::move(sentence) + ". " + words[1] + (trend ? ' ' + words.back() : "");
+}
+
+bool tellsTrend(const std::optional<statistics::Trend>& trend) {
+    return trend && trend->normal;
 }
 
 std::string quote(const statistics::Median& test, const Details& details) {
@@ -146,7 +151,7 @@ std::string quote(const statistics::KruskalWallis& test, const Details& details)
                                              counted(test.groups.size(), "group", "groups"),
                                              counted(test.n, "value", "values"), quotedChiSquare("H", test),
                                              quoted("epsilon squared", test.epsilonSquared, details)),
-                                 details);
+                                 details, tellsTrend(test.trend));
 }
 
 std::string quote(const statistics::Friedman& test, const Details& details) {
@@ -156,7 +161,7 @@ std::string quote(const statistics::Friedman& test, const Details& details) {
                                                          counted(test.blocks, "block", "blocks"),
                                                          quotedChiSquare("chi-square", test),
                                                          quoted("Kendall's W", test.kendallW, details)),
-                                             details);
+                                             details, tellsTrend(test.trend));
 }
 
 }  // namespace

@@ -73,6 +73,9 @@ class Schema(unittest.TestCase):
                                        "--details", "--control", "5", "--adjust", "bh"), "a table in long form")
         self.assertIn("missing", printed)
         self.assertIsNone(printed["details"]["letters"])
+        for test, groups in (("kruskal-wallis", "chicks"), ("friedman", "rounding")):
+            printed = self.read(test, str(EXAMPLES / f"{groups}.csv"), "--details", "--trend")
+            self.assertIsNotNone(self.check(printed, (test, "a trend"))["details"]["trend"])
         lakes = self.read("runs", str(EXAMPLES / "lake_levels.csv"), "--cut", "median", "--details")
         self.assertIn("cut", self.check(lakes, "a cut")["results"])
         signs = self.read("sign", str(EXAMPLES / "maize_signs.csv"), "--details")
