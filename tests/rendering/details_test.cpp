@@ -162,7 +162,7 @@ TEST(DetailsJson, HasItsNames) {
     const statistics::Figure several = detailFigures(groupDetails());
     EXPECT_EQ(figureNamesOf(several, ""),
               FigureNames({"schema", "test", "level", "adjust", "labels", "words", "notes", "data", "p",
-                           "effect", "groups", "comparisons", "letters"}));
+                           "effect", "groups", "comparisons", "letters", "trend"}));
     EXPECT_EQ(figureNamesOf(several, "comparisons.3"),
               FigureNames({"first", "second", "z", "superiority", "p", "adjusted"}));
 }
