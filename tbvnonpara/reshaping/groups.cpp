@@ -63,13 +63,13 @@ class Register {
 class SharedTexts {
  public:
     /// The group noted for the text, if it was the last one at its place.
-    [[nodiscard]] const std::int32_t* groupOf(const Text& text) const noexcept {
-        const Entry& entry = m_Entries.at(placeOf(text));
-        return entry.text == &text.string() ? &entry.group : nullptr;
+    [[nodiscard]] const std::int32_t* groupOf(const std::string& text) const noexcept {
+        const Entry& entry = m_Entries.at(placeOf(&text));
+        return entry.text == &text ? &entry.group : nullptr;
     }
 
-    void note(const Text& text, std::int32_t group) noexcept {
-        m_Entries.at(placeOf(text)) = {&text.string(), group};
+    void note(const std::string& text, std::int32_t group) noexcept {
+        m_Entries.at(placeOf(&text)) = {&text, group};
     }
 
  private:
@@ -81,9 +81,9 @@ class SharedTexts {
     static constexpr std::size_t entries = 1024;
 
     /// By Knuth's multiplicative hashing: neighbours in memory come to stand far apart.
-    static std::size_t placeOf(const Text& text) noexcept {
+    static std::size_t placeOf(const std::string* text) noexcept {
         constexpr std::uint64_t golden = 0x9E3779B97F4A7C15U;
-        const std::uint64_t address = std::hash<const void*>()(&text.string());
+        const std::uint64_t address = std::hash<const void*>()(text);
         return static_cast<std::size_t>((address * golden) >> 54U) % entries;
     }
 
@@ -108,7 +108,8 @@ Groups groupsIn(const Column& column, const Missing& missing) {
     Register found;
     SharedTexts shared;
     for (const CellValue& cell : column.cells) {
-        const auto* const text = std::get_if<Text>(&cell);
+        const auto* const held = std::get_if<Text>(&cell);
+        const std::string* const text = held == nullptr ? nullptr : &held->string();
         const std::int32_t* const known = text == nullptr ? nullptr : shared.groupOf(*text);
         const std::int32_t group = known != nullptr           ? *known
                                    : missing.amongNames(cell) ? Groups::none
@@ -174,14 +175,27 @@ std::vector<Column> splitByGroup(const Column& values, const Groups& groups) {
         column.place = values.place;
         column.turned = values.turned;
         column.header = group.name;
-        column.rows.reserve(group.size);
-        column.cells.reserve(group.size);
+    }
+    std::vector<std::size_t> filled(columns.size());
+    for (const std::int32_t group : groups.ofCell) {
+        if (group != Groups::none) {
+            filled[static_cast<std::size_t>(group)] += 1;
+        }
+    }
+    for (std::size_t group = 0; group < columns.size(); ++group) {
+        columns[group].rows.resize(filled[group]);
+        columns[group].cells.resize(std::exchange(filled[group], 0));
     }
     for (std::size_t cell = 0; cell < values.cells.size(); ++cell) {
         if (groups.ofCell[cell] != Groups::none) {
-            Column& column = columns[static_cast<std::size_t>(groups.ofCell[cell])];
-            column.rows.push_back(values.rows[cell]);
-            column.cells.push_back(values.cells[cell]);
+            const auto group = static_cast<std::size_t>(groups.ofCell[cell]);
+            const std::size_t place = filled[group]++;
+            columns[group].rows[place] = values.rows[cell];
+            if (const auto* const number = std::get_if<double>(&values.cells[cell])) {
+                columns[group].cells[place] = *number;
+            } else {
+                columns[group].cells[place] = values.cells[cell];
+            }
         }
     }
     return columns;

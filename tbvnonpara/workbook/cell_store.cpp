@@ -9,11 +9,14 @@ namespace {
 
 const CellValue emptyCell;
 
-/// Copies values; numbers, by far the most, without the detour through the variant's table of copiers.
+/// Copies values; numbers and texts, by far the most, without the detour through the variant's table of
+/// copiers.
 void copyValues(std::span<const CellValue> from, CellValue* to) {
     for (const CellValue& value : from) {
         if (const auto* number = std::get_if<double>(&value)) {
             *to = *number;
+        } else if (const auto* text = std::get_if<Text>(&value)) {
+            *to = *text;
         } else {
             *to = value;
         }
@@ -32,7 +35,7 @@ const CellValue& CellStore::at(Index row, Index column) const noexcept {
     return (*blocks)[place.block][place.offset];
 }
 
-void CellStore::set(Index row, Index column, CellValue value) {
+void CellStore::setAnywhere(Index row, Index column, CellValue value) {
     if (isEmpty(value)) {
         clear({row, column, row, column});
         return;

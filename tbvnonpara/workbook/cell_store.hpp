@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "tbvnonpara/core/cell_value.hpp"
@@ -23,7 +24,13 @@ constexpr CellError unreadable{1};
 class CellStore {
  public:
     [[nodiscard]] const CellValue& at(Index row, Index column) const noexcept;
-    void set(Index row, Index column, CellValue value);
+    void set(Index row, Index column, CellValue value) {
+        if (Block* const block = blockEndingAbove(row, column); block != nullptr && !isEmpty(value)) {
+            block->push_back(std::move(value));
+        } else {
+            setAnywhere(row, column, std::move(value));
+        }
+    }
 
     /// The values of one column downwards from a row, as many as the span takes or brings.
     void read(Index row, Index column, std::span<CellValue> values) const;
@@ -67,6 +74,18 @@ class CellStore {
         const auto position = static_cast<std::size_t>(column - 1);
         return position < m_Columns.size() ? &m_Columns[position] : nullptr;
     }
+    /// The block that the cell is the next one of, where it has room for it: cells come one below the other.
+    [[nodiscard]] Block* blockEndingAbove(Index row, Index column) noexcept {
+        if (static_cast<std::size_t>(column) > m_Columns.size()) {
+            return nullptr;
+        }
+        Column& blocks = m_Columns[static_cast<std::size_t>(column - 1)];
+        const Place place(row);
+        const bool next = place.block < blocks.size() && place.offset == blocks[place.block].size() &&
+                          place.offset < blocks[place.block].capacity();
+        return next ? &blocks[place.block] : nullptr;
+    }
+    void setAnywhere(Index row, Index column, CellValue value);
     Block& blockFor(Place place, Index column);
     static Block& growTo(std::size_t offset, Block& block);
     static void clearRows(Column& column, Index top, Index bottom);

@@ -159,6 +159,16 @@ std::optional<double> CsvFieldReader::numberWithComma(std::string_view field) {
 }
 
 Text CsvFieldReader::text(std::string_view field) {
+    const std::size_t first = static_cast<unsigned char>(field.front());
+    const std::size_t last = static_cast<unsigned char>(field.back());
+    Text& recent = m_Recent.at((field.size() + 8 * first + last) % m_Recent.size());
+    if (recent.string() != field) {
+        recent = sharedText(field);
+    }
+    return recent;
+}
+
+Text CsvFieldReader::sharedText(std::string_view field) {
     if (const auto known = m_Texts.find(field); known != m_Texts.end()) {
         return known->second;
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -26,11 +27,14 @@ class CsvFieldReader {
     std::optional<double> numberWithoutGroups(std::string_view field);
     std::optional<double> numberWithComma(std::string_view field);
     Text text(std::string_view field);
+    Text sharedText(std::string_view field);
 
     std::optional<char> m_DecimalMark;
     std::optional<char> m_Thousands;
     /// The keys are the texts' own characters.
     std::unordered_map<std::string_view, Text> m_Texts;
+    /// The last text of each length, first and last character, which is found sooner.
+    std::array<Text, 64> m_Recent;
     std::string m_Digits;
     std::string m_Ungrouped;
 };
