@@ -5,6 +5,7 @@
 #include <map>
 #include <numeric>
 
+#include "tbvnonpara/distributions/factorial_log.hpp"
 #include "tbvnonpara/distributions/folding.hpp"
 #include "tbvnonpara/distributions/mann_whitney.hpp"
 
@@ -76,12 +77,34 @@ std::vector<double> chancesWithoutTies(const GroupCounts& sizes) {
     return chances;
 }
 
+/// Logarithms of how many ways there are to choose some of several. The ways themselves leave the range of
+/// doubles from 1,030 values on.
+class LogOfWays {
+ public:
+    explicit LogOfWays(std::size_t most) {
+        for (std::size_t n = 0; n <= most; ++n) {
+            m_Factorials.push_back(FactorialLog(Long(static_cast<Index>(n))));
+        }
+    }
+
+    [[nodiscard]] DoubleDouble choose(std::size_t n, std::size_t k) const {
+        return m_Factorials[n] - m_Factorials[k] - m_Factorials[n - k];
+    }
+
+ private:
+    std::vector<DoubleDouble> m_Factorials;
+};
+
 /// Deals the values, ascending, to the groups. What the groups hold is a state; for each one there are the
 /// chances of twice the sum.
 class Dealing {
  public:
     Dealing(GroupCounts sizes, double steps)
-        : m_Sizes(std::move(sizes)), m_Steps(steps), m_Left(sumOf(m_Sizes)), m_Dealt(m_Sizes.size()) {
+        : m_Sizes(std::move(sizes)),
+          m_Steps(steps),
+          m_Left(sumOf(m_Sizes)),
+          m_Ways(m_Left),
+          m_Dealt(m_Sizes.size()) {
         m_States[GroupCounts(m_Sizes.size())] = {1};
     }
 
@@ -89,17 +112,14 @@ class Dealing {
     bool deal(std::size_t equal) {
         m_Next.clear();
         m_Held = 0;
+        const DoubleDouble all = m_Ways.choose(m_Left, equal);
         for (const auto& [held, chances] : m_States) {
             m_From = &held;
             m_Chances = &chances;
-            dealTo(0, equal, 1.0);
+            dealTo(0, equal, -all);
             if (m_Steps < 0) {
                 return false;
             }
-        }
-        // The chances were multiplied by ways; all ways of this value together have the chance 1.
-        for (auto& [held, chances] : m_Next) {
-            std::ranges::for_each(chances, [ways = choose(m_Left, equal)](double& c) { c /= ways; });
         }
         m_States.swap(m_Next);
         m_Left -= equal;
@@ -109,16 +129,8 @@ class Dealing {
     [[nodiscard]] const std::vector<double>& chances() const { return m_States.begin()->second; }
 
  private:
-    static double choose(std::size_t n, std::size_t k) {
-        double ways = 1;
-        for (std::size_t i = 1; i <= k; ++i) {
-            ways = ways * static_cast<double>(n - k + i) / static_cast<double>(i);
-        }
-        return ways;
-    }
-
     /// Gives up to `left` of the equal values to this group, the rest to those after it.
-    void dealTo(std::size_t group, std::size_t left, double ways) {
+    void dealTo(std::size_t group, std::size_t left, DoubleDouble logOfChance) {
         if (m_Steps < 0) {
             return;
         }
@@ -126,17 +138,17 @@ class Dealing {
         if (group + 1 == m_Sizes.size()) {
             if (left <= room) {
                 m_Dealt[group] = left;
-                add(ways * choose(room, left));
+                add(std::exp(toDouble(logOfChance + m_Ways.choose(room, left))));
             }
             return;
         }
         for (std::size_t count = 0; count <= std::min(left, room); ++count) {
             m_Dealt[group] = count;
-            dealTo(group + 1, left - count, ways * choose(room, count));
+            dealTo(group + 1, left - count, logOfChance + m_Ways.choose(room, count));
         }
     }
 
-    void add(double ways) {
+    void add(double chance) {
         GroupCounts held(m_Sizes.size());
         std::ranges::transform(*m_From, m_Dealt, held.begin(), std::plus<>());
         std::size_t rise = pairsAmong(m_Dealt);
@@ -146,20 +158,31 @@ class Dealing {
             before += (*m_From)[group];
         }
         std::vector<double>& chances = m_Next[held];
-        if (chances.empty()) {
-            chances.resize(2 * pairsAmong(held) + 1);
-            m_Held += chances.size() * sizeof(double);
+        if (chances.empty() && !hold(2 * pairsAmong(held) + 1, chances)) {
+            return;
         }
         for (std::size_t i = 0; i < m_Chances->size(); ++i) {
-            chances[i + rise] += ways * (*m_Chances)[i];
+            chances[i + rise] += chance * (*m_Chances)[i];
         }
+        m_Steps -= static_cast<double>(m_Chances->size() + m_Sizes.size());
+    }
+
+    /// Makes room for a state, or says that there is none, and the count is given up.
+    bool hold(std::size_t size, std::vector<double>& chances) {
         constexpr std::size_t most = std::size_t(128) << 20U;  // as much again for the states before
-        m_Steps -= m_Held > most ? m_Steps + 1 : static_cast<double>(m_Chances->size() + m_Sizes.size());
+        m_Held += size * sizeof(double);
+        if (m_Held > most) {
+            m_Steps = -1;
+            return false;
+        }
+        chances.resize(size);
+        return true;
     }
 
     GroupCounts m_Sizes;
     double m_Steps;
     std::size_t m_Left;
+    LogOfWays m_Ways;
     std::map<GroupCounts, std::vector<double>> m_States;
     std::map<GroupCounts, std::vector<double>> m_Next;
     std::size_t m_Held = 0;  ///< bytes of m_Next

@@ -8,6 +8,7 @@ normal probability, and Page's test without ties, are SciPy's.
 """
 
 import itertools
+import math
 import random
 from collections import Counter
 from fractions import Fraction
@@ -106,6 +107,17 @@ for sizes in [(3, 3, 3), (5, 6, 7), (10, 10, 10, 10), (30, 20, 25), (2, 40), (8,
         jonckheere(groups, counts_without_ties(list(sizes)))
 # Too long to count: 5 x 120 with many ties.
 jonckheere([[v + g for v in whole(120, 40)] for g in range(5)], None)
+
+
+# Two values, of which the chances are hypergeometric: more ways than a double holds.
+for n1, n2, low1, low2 in [(1000, 60, 450, 35), (700, 40, 300, 25), (2, 1500, 1, 400)]:
+    counts = Counter()
+    for low in range(max(0, low1 + low2 - n2), min(n1, low1 + low2) + 1):
+        other = low1 + low2 - low
+        # Twice J: pairs that rise count two, equal ones one.
+        doubled = 2 * low * (n2 - other) + low * other + (n1 - low) * (n2 - other)
+        counts[doubled] += math.comb(low1 + low2, low) * math.comb(n1 + n2 - low1 - low2, n1 - low)
+    jonckheere([[1] * low1 + [2] * (n1 - low1), [1] * low2 + [2] * (n2 - low2)], counts)
 
 
 def page(blocks, figures):
