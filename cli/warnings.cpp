@@ -4,6 +4,7 @@
 #include <unordered_set>
 
 #include "cli/save.hpp"
+#include "cli/shell_words.hpp"
 #include "tbvnonpara/core/a1.hpp"
 #include "tbvnonpara/core/words.hpp"
 #include "tbvnonpara/files/xlsx/drawings.hpp"
@@ -72,7 +73,7 @@ std::vector<std::string> warningsOnGroups(const reshaping::Account& account, con
             warnings.push_back(
                 fmt::format("One of the groups is called {}. If that stands for a missing name, add --na {} "
                             "--missing omit.",
-                            inQuotes(group.name), group.name));
+                            inQuotes(group.name), shellWord(group.name)));
         }
     }
     return warnings;
