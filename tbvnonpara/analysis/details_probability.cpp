@@ -11,18 +11,18 @@ class Counting {
 
     template <typename Tails>
     Counting& of(const std::optional<Tails>& way) {
-        return way ? take(inDirection(way->two, way->greater, way->less)) : *this;
+        return way ? take(inDirection(way->two, way->greater, way->less, m_Tails)) : *this;
     }
     Counting& of(const std::optional<statistics::NormalApproximation>& way) {
         return way ? of(std::optional(way->plain)) : *this;
     }
     Counting& of(const std::optional<statistics::Runs::Exact>& way) {
-        return way ? take(inDirection(way->two, way->fewer, way->more)) : *this;
+        return way ? take(inDirection(way->two, way->fewer, way->more, m_Tails)) : *this;
     }
     /// Fewer runs lie below the mean, and are the first alternative.
     Counting& of(const std::optional<statistics::Runs::Normal>& way) {
         return way ? take(inDirection(way->approximation.plain.two, way->approximation.plain.less,
-                                      way->approximation.plain.greater))
+                                      way->approximation.plain.greater, m_Tails))
                    : *this;
     }
     Counting& of(const std::optional<statistics::ExactUpper>& way) { return way ? take(way->p) : *this; }
@@ -34,11 +34,6 @@ class Counting {
     Counting& take(const statistics::Probability& p) {
         m_Found = m_Found ? m_Found : p;
         return *this;
-    }
-    [[nodiscard]] const statistics::Probability& inDirection(const statistics::Probability& two,
-                                                             const statistics::Probability& first,
-                                                             const statistics::Probability& second) const {
-        return m_Tails == tbvNPTwoTailed ? two : m_Tails == tbvNPVar1GTVar2 ? first : second;
     }
 
     TBVNPTails m_Tails;
@@ -66,6 +61,12 @@ std::optional<statistics::Probability> counting(const auto& test, TBVNPTails tai
 }
 
 }  // namespace
+
+const statistics::Probability& inDirection(const statistics::Probability& two,
+                                           const statistics::Probability& first,
+                                           const statistics::Probability& second, TBVNPTails tails) {
+    return tails == tbvNPTwoTailed ? two : tails == tbvNPVar1GTVar2 ? first : second;
+}
 
 std::optional<statistics::Probability> probabilityOf(const Details& details) {
     return std::visit([&](const auto& test) { return counting(test, details.tails); }, details.result);

@@ -19,22 +19,6 @@ using statistics::Runs;
 constexpr std::string_view fromChiSquare =
     "P is from the chi-square approximation: an exact count would take too long for this many values.";
 
-/// "2 of 3 pairs of groups differ at 5 % (P adjusted by Holm)."
-template <typename Comparison>
-std::string differences(const std::vector<Comparison>& comparisons, const analysis::DetailChoices& choices) {
-    const double limit = 1 - choices.confidence;
-    const auto differ = static_cast<std::size_t>(std::ranges::count_if(
-        comparisons, [=](const Comparison& comparison) { return comparison.adjusted.value <= limit; }));
-    const std::string verb = differ == 1 || comparisons.size() == 1 ? "differs" : "differ";
-    const std::string what =
-        choices.control.empty()
-            ? fmt::format("{} {}", counted(comparisons.size(), "pair of groups", "pairs of groups"), verb)
-            : fmt::format("{} {} from {}", counted(comparisons.size(), "group", "groups"), verb,
-                          choices.control);
-    return fmt::format("{} of {} at {} ({}).", differ, what, levelText(limit),
-                       adjustmentText(choices.adjustment));
-}
-
 void tellP(DetailPage& page, const std::optional<statistics::ExactUpper>& exact, bool approximate,
            std::string_view how, double reportedP) {
     if (exact) {
@@ -126,13 +110,6 @@ std::string sharesSentence(const Median& test, double confidence) {
                        p.value <= 1 - confidence ? "" : " stays open", V.value, interval);
 }
 
-/// For runs, the first alternative is fewer.
-template <typename Two>
-const statistics::Probability& ofRuns(const Two& two, const statistics::Probability& fewer,
-                                      const statistics::Probability& more, TBVNPTails tails) {
-    return inDirection(two, fewer, more, tails);
-}
-
 }  // namespace
 
 DetailPage pageOf(const Runs& test, const analysis::Details& details) {
@@ -141,7 +118,7 @@ DetailPage pageOf(const Runs& test, const analysis::Details& details) {
     DetailTable probability = probabilityTable(details.tails, "fewer", "more");
     if (test.exact) {
         const statistics::Probability& p =
-            ofRuns(test.exact->two, test.exact->fewer, test.exact->more, details.tails);
+            inDirection(test.exact->two, test.exact->fewer, test.exact->more, details.tails);
         page.words.push_back(sentenceOnP(
             p, fmt::format("is exact: all orders of the {} were counted", counted(test.n, "cell", "cells")),
             details.reportedP));
@@ -151,7 +128,7 @@ DetailPage pageOf(const Runs& test, const analysis::Details& details) {
         const auto row = [&](std::string name, const statistics::NormalTails& tails) {
             probability.rows.push_back(
                 {nameCell(std::move(name)), numberCell(tails.z),
-                 probabilityCell(ofRuns(tails.two, tails.less, tails.greater, details.tails))});
+                 probabilityCell(inDirection(tails.two, tails.less, tails.greater, details.tails))});
         };
         row("Normal", test.normal->approximation.plain);
         row("  with continuity correction", test.normal->approximation.corrected);
@@ -169,7 +146,7 @@ DetailPage pageOf(const Median& test, const analysis::Details& details) {
     DetailPage page;
     DetailTable effect = effectTable();
     if (test.cramerV) {
-        page.words = {sharesSentence(test, confidence), differences(test.comparisons, details.choices)};
+        page.words = {sharesSentence(test, confidence), differencesText(test.comparisons, details.choices)};
         effect.rows = {effectRow("Cramer's V", *test.cramerV)};
     } else {
         page.words = {"No value lies above the grand median: there is nothing to test."};
@@ -207,7 +184,7 @@ DetailPage pageOf(const KruskalWallis& test, const analysis::Details& details) {
             epsilon.low ? intervalInPercent(epsilon.low, epsilon.high, confidence) : "";
         page.words = {fmt::format("Groups explain {} % of the variation of the ranks (epsilon squared{}).",
                                   percentage(epsilon.value), interval),
-                      differences(test.comparisons, details.choices)};
+                      differencesText(test.comparisons, details.choices)};
         effect.rows = {effectRow("Epsilon squared", epsilon)};
     } else {
         page.words = {"All values are equal: there is nothing to test."};
@@ -241,7 +218,7 @@ DetailPage pageOf(const Friedman& test, const analysis::Details& details) {
         const std::string interval = W.low ? intervalInPercent(W.low, W.high, confidence) : "";
         page.words = {fmt::format("The blocks agree on the order of the treatments to {} % (Kendall's W{}).",
                                   percentage(W.value), interval),
-                      differences(test.comparisons, details.choices)};
+                      differencesText(test.comparisons, details.choices)};
         effect.rows = {effectRow("Kendall's W", W)};
     } else {
         page.words = {"All values of each block are equal: there is nothing to test."};

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "tbvnonpara/rendering/details_trend.hpp"
 #include "tbvnonpara/rendering/details_words.hpp"
 
 namespace TBVNonPara::rendering {
@@ -123,15 +124,16 @@ std::string quotedChiSquare(std::string_view statistic, const Test& test) {
                                   : quotedP(test.chiSquare->p, "chi-square approximation"));
 }
 
-/// The page's sentence on which groups differ stands behind that on all of them, and its last one where that
-/// is on a trend.
-std::string withDifferences(std::string sentence, const Details& details, bool trend = false) {
-    const std::vector<std::string> words = detailPage(details).words;
-    return std::move(sentence) + ". " + words[1] + (trend ? ' ' + words.back() : "");
+/// A sentence with those behind it on which groups differ, and on the trend.
+template <typename Test>
+std::string withDifferences(std::string sentence, const Test& test, const Details& details) {
+    return std::move(sentence) + ". " + differencesText(test.comparisons, details.choices);
 }
 
-bool tellsTrend(const std::optional<statistics::Trend>& trend) {
-    return trend && trend->normal;
+std::string withTrend(std::string sentences, const std::optional<statistics::Trend>& trend,
+                      const Details& details) {
+    return trend && trend->normal ? std::move(sentences) + ' ' + trendText(*trend, details.choices)
+                                  : sentences;
 }
 
 std::string quote(const statistics::Median& test, const Details& details) {
@@ -141,27 +143,31 @@ std::string quote(const statistics::Median& test, const Details& details) {
                                                          counted(test.n, "value", "values"),
                                                          quotedChiSquare("chi-square", test),
                                                          quoted("Cramer's V", test.cramerV, details)),
-                                             details);
+                                             test, details);
 }
 
 std::string quote(const statistics::KruskalWallis& test, const Details& details) {
     return !test.chiSquare
                ? ""
-               : withDifferences(fmt::format("Kruskal-Wallis test of {} ({}): {}{}",
-                                             counted(test.groups.size(), "group", "groups"),
-                                             counted(test.n, "value", "values"), quotedChiSquare("H", test),
-                                             quoted("epsilon squared", test.epsilonSquared, details)),
-                                 details, tellsTrend(test.trend));
+               : withTrend(withDifferences(
+                               fmt::format("Kruskal-Wallis test of {} ({}): {}{}",
+                                           counted(test.groups.size(), "group", "groups"),
+                                           counted(test.n, "value", "values"), quotedChiSquare("H", test),
+                                           quoted("epsilon squared", test.epsilonSquared, details)),
+                               test, details),
+                           test.trend, details);
 }
 
 std::string quote(const statistics::Friedman& test, const Details& details) {
-    return !test.chiSquare ? ""
-                           : withDifferences(fmt::format("Friedman test of {} in {}: {}{}",
-                                                         counted(test.treatments, "treatment", "treatments"),
-                                                         counted(test.blocks, "block", "blocks"),
-                                                         quotedChiSquare("chi-square", test),
-                                                         quoted("Kendall's W", test.kendallW, details)),
-                                             details, tellsTrend(test.trend));
+    return !test.chiSquare
+               ? ""
+               : withTrend(withDifferences(fmt::format("Friedman test of {} in {}: {}{}",
+                                                       counted(test.treatments, "treatment", "treatments"),
+                                                       counted(test.blocks, "block", "blocks"),
+                                                       quotedChiSquare("chi-square", test),
+                                                       quoted("Kendall's W", test.kendallW, details)),
+                                           test, details),
+                           test.trend, details);
 }
 
 }  // namespace

@@ -22,8 +22,17 @@ TrendWords wordsOf(const statistics::Trend& trend) {
     return {"Trend (Jonckheere and Terpstra)", "J", "Kendall's tau-b", "group"};
 }
 
-/// "Values rise from group to group (Kendall's tau-b = 0.42, P = 0.0031, exact)."
-std::string trendSentence(const statistics::Trend& trend, const TrendWords& words, double limit) {
+template <typename Tails>
+void addRow(DetailTable& table, std::string name, std::optional<double> z, const Tails& tails) {
+    table.rows.push_back({nameCell(std::move(name)), numberCell(z), probabilityCell(tails.two),
+                          probabilityCell(tails.greater), probabilityCell(tails.less)});
+}
+
+}  // namespace
+
+std::string trendText(const statistics::Trend& trend, const analysis::DetailChoices& choices) {
+    const TrendWords words = wordsOf(trend);
+    const double limit = 1 - choices.confidence;
     const statistics::Probability& p = trend.exact ? trend.exact->two : trend.normal->plain.two;
     const std::string_view direction = p.value > limit         ? "Whether values rise or fall"
                                        : trend.correlation > 0 ? "Values rise"
@@ -33,21 +42,13 @@ std::string trendSentence(const statistics::Trend& trend, const TrendWords& word
                        probabilityText(p), trend.exact ? "exact" : "normal approximation");
 }
 
-template <typename Tails>
-void addRow(DetailTable& table, std::string name, std::optional<double> z, const Tails& tails) {
-    table.rows.push_back({nameCell(std::move(name)), numberCell(z), probabilityCell(tails.two),
-                          probabilityCell(tails.greater), probabilityCell(tails.less)});
-}
-
-}  // namespace
-
 void tellTrend(DetailPage& page, const std::optional<statistics::Trend>& trend,
                const analysis::DetailChoices& choices) {
     if (!trend || !trend->normal) {
         return;
     }
     const TrendWords words = wordsOf(*trend);
-    page.words.push_back(trendSentence(*trend, words, 1 - choices.confidence));
+    page.words.push_back(trendText(*trend, choices));
     DetailTable table{std::string(words.title), {"z", "P", "P (rising)", "P (falling)"}, {}};
     if (trend->exact) {
         addRow(table, "Exact", {}, *trend->exact);

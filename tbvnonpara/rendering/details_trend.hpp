@@ -7,6 +7,9 @@
 
 namespace TBVNonPara::rendering {
 
+/// "Values rise from group to group (Kendall's tau-b = 0.42, P = 0.0031, exact).": of a trend with a spread.
+[[nodiscard]] std::string trendText(const statistics::Trend& trend, const analysis::DetailChoices& choices);
+
 /// Adds a sentence and a table on the trend from group to group, where there is one.
 void tellTrend(DetailPage& page, const std::optional<statistics::Trend>& trend,
                const analysis::DetailChoices& choices);

@@ -98,16 +98,21 @@ std::string intervalInPercent(const std::optional<double>& low, const std::optio
                : "";
 }
 
-const statistics::Probability& inDirection(const statistics::Probability& two,
-                                           const statistics::Probability& greater,
-                                           const statistics::Probability& less, TBVNPTails tails) {
-    return tails == tbvNPTwoTailed ? two : tails == tbvNPVar1GTVar2 ? greater : less;
-}
-
 std::string sentenceOnP(const statistics::Probability& p, std::string_view how, double reportedP) {
     const bool same = fourDecimals(p.value) == fourDecimals(reportedP);
     const std::string report = same ? "" : fmt::format(" The report has {}.", fourDecimals(reportedP));
     return fmt::format("P = {} {}.{}", probabilityText(p), how, report);
+}
+
+std::string differencesText(std::size_t differ, std::size_t comparisons,
+                            const analysis::DetailChoices& choices) {
+    const std::string verb = differ == 1 || comparisons == 1 ? "differs" : "differ";
+    const std::string what =
+        choices.control.empty()
+            ? fmt::format("{} {}", counted(comparisons, "pair of groups", "pairs of groups"), verb)
+            : fmt::format("{} {} from {}", counted(comparisons, "group", "groups"), verb, choices.control);
+    return fmt::format("{} of {} at {} ({}).", differ, what, levelText(1 - choices.confidence),
+                       adjustmentText(choices.adjustment));
 }
 
 std::string adjustmentText(statistics::Adjustment adjustment) {

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "tbvnonpara/analysis/details_probability.hpp"
 #include "tbvnonpara/rendering/details_page.hpp"
 
 namespace TBVNonPara::rendering {
@@ -42,10 +43,7 @@ namespace TBVNonPara::rendering {
                                             const std::optional<double>& high, double confidence);
 
 /// The probability in the direction that was asked for.
-[[nodiscard]] const statistics::Probability& inDirection(const statistics::Probability& two,
-                                                         const statistics::Probability& greater,
-                                                         const statistics::Probability& less,
-                                                         TBVNPTails tails);
+using analysis::inDirection;
 template <typename Tails>
 [[nodiscard]] const statistics::Probability& inDirection(const Tails& tails, TBVNPTails direction) {
     return inDirection(tails.two, tails.greater, tails.less, direction);
@@ -55,6 +53,19 @@ template <typename Tails>
 /// different.
 [[nodiscard]] std::string sentenceOnP(const statistics::Probability& p, std::string_view how,
                                       double reportedP);
+
+/// "2 of 3 pairs of groups differ at 5 % (P adjusted by Holm)."
+[[nodiscard]] std::string differencesText(std::size_t differ, std::size_t comparisons,
+                                          const analysis::DetailChoices& choices);
+template <typename Comparison>
+[[nodiscard]] std::string differencesText(const std::vector<Comparison>& comparisons,
+                                          const analysis::DetailChoices& choices) {
+    std::size_t differ = 0;
+    for (const Comparison& comparison : comparisons) {
+        differ += comparison.adjusted.value <= 1 - choices.confidence ? 1U : 0U;
+    }
+    return differencesText(differ, comparisons.size(), choices);
+}
 
 /// "P adjusted by Holm".
 [[nodiscard]] std::string adjustmentText(statistics::Adjustment adjustment);

@@ -65,7 +65,8 @@ std::string tellOf(const Test& test, std::string_view shares, const Details& det
     return fmt::format(
         "{}, each with its {} interval; the line is 50 %. {} The "
         "intervals are not adjusted.{}",
-        shares, levelText(details.choices.confidence), detailPage(details).words[1], part);
+        shares, levelText(details.choices.confidence), differencesText(test.comparisons, details.choices),
+        part);
 }
 
 /// Tied values would make an interval a little narrower.
