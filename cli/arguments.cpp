@@ -11,15 +11,12 @@
 #include "cli/test_words.hpp"
 #include "cli/version.hpp"
 #include "tbvnonpara/core/conversions.hpp"
-#include "tbvnonpara/rendering/display_width.hpp"
+#include "tbvnonpara/core/display_width.hpp"
 #include "tbvnonpara/reshaping/list.hpp"
 
 namespace TBVNonPara::cli {
 
 namespace {
-
-using analysis::OfferedTest;
-using analysis::offeredTests;
 
 const std::map<std::string, OutputFormat> formats = {{"text", OutputFormat::Text},
                                                      {"json", OutputFormat::Json},
@@ -110,11 +107,11 @@ void offerMissingWords(CLI::App& command, Words& words) {
 }
 
 void offerRanges(CLI::App& command, const OfferedTest& test, Words& words) {
-    const char* const y = analysis::takesManyColumns(test.shape)
+    const char* const y = takesManyColumns(test.shape)
                               ? "the groups: an address, column letters or headers, joined by commas"
                               : "the first variable: an address, column letters or a header";
     command.add_option("--y", words.arguments.y, y)->type_name("ADDRESS")->check(filled());
-    if (analysis::takesSecondRange(test.shape)) {
+    if (takesSecondRange(test.shape)) {
         command.add_option("--x", words.arguments.x, "the second variable")
             ->type_name("ADDRESS")
             ->check(filled());
@@ -134,10 +131,10 @@ void offerTable(CLI::App& command, const OfferedTest& test, Words& words) {
         ->type_name("NAMES")
         ->check(filled())
         ->needs(by);
-    if (analysis::takesSecondRange(test.shape)) {
+    if (takesSecondRange(test.shape)) {
         by->excludes("--x");
     }
-    if (analysis::takesRows(test.shape)) {
+    if (takesRows(test.shape)) {
         command
             .add_option("--block", words.arguments.block, "the column that says which values belong together")
             ->type_name("COLUMN")
@@ -256,7 +253,7 @@ void offerDetails(CLI::App& command, const OfferedTest& test, Words& words) {
         ->type_name("PERCENT")
         ->check(CLI::Range(50.0, 99.9).description(""))
         ->needs(details);
-    const bool compares = analysis::takesManyColumns(test.shape);
+    const bool compares = takesManyColumns(test.shape);
     const std::string of =
         compares ? "of comparisons, and of columns with --each" : "of the columns with --each";
     command
@@ -292,7 +289,7 @@ void offer(CLI::App& program, const OfferedTest& test, Words& words) {
         command.add_flag("--ignore-ties", words.arguments.ignoreTies,
                          "leave differences of zero out of the ranking");
     }
-    if (test.shape == analysis::DataShape::Sequence) {
+    if (test.shape == DataShape::Sequence) {
         offerCut(command, words);
     }
     if (test.tails) {
@@ -331,9 +328,9 @@ bool isCommandOrOption(std::string_view word) {
 }
 
 std::string noSuchTest(std::string_view word) {
-    std::string text = word.empty() ? "tbvnonpara: Name a test:"
-                                    : fmt::format("tbvnonpara: There is no test \"{}\"; the tests are:",
-                                                  rendering::escaped(word));
+    std::string text =
+        word.empty() ? "tbvnonpara: Name a test:"
+                     : fmt::format("tbvnonpara: There is no test \"{}\"; the tests are:", escaped(word));
     for (const OfferedTest& test : offeredTests()) {
         text += fmt::format(" {}", test.name);
     }
@@ -344,7 +341,7 @@ std::string noSuchTest(std::string_view word) {
 std::string usageText(std::string_view wrong, std::string_view first) {
     const bool named = isCommandOrOption(first) && !first.starts_with('-');
     const std::string test = named ? fmt::format("{} ", first) : "";
-    return fmt::format("tbvnonpara: {}\nTry: tbvnonpara {}--help\n", rendering::escaped(wrong), test);
+    return fmt::format("tbvnonpara: {}\nTry: tbvnonpara {}--help\n", escaped(wrong), test);
 }
 
 /// A report beside data that were turned over would stand in the wrong place.
@@ -372,7 +369,7 @@ std::optional<std::string> notForEach(const Arguments& arguments) {
 /// A single test of two samples has one P.
 std::optional<std::string> notForOneP(const Arguments& arguments, bool adjusts) {
     const bool hasMany =
-        arguments.test == nullptr || analysis::takesManyColumns(arguments.test->shape) || arguments.each;
+        arguments.test == nullptr || takesManyColumns(arguments.test->shape) || arguments.each;
     return adjusts && !hasMany
                ? std::optional("--adjust is for the columns of --each: add that, or leave it out")
                : std::nullopt;
@@ -411,8 +408,8 @@ Arguments finish(Words words) {
     }
     if (words.details) {
         // 99.9 / 100 lies above 0.999, the highest level that there is.
-        arguments.details = analysis::DetailChoices{std::min(words.confidence / 100, 0.999),
-                                                    adjustments.at(words.adjust), words.trend, words.control};
+        arguments.details = DetailChoices{std::min(words.confidence / 100, 0.999),
+                                          adjustments.at(words.adjust), words.trend, words.control};
     }
     return std::move(arguments);
 }

@@ -5,7 +5,7 @@
 #include <variant>
 
 #include "tbvnonpara/analysis/choices.hpp"
-#include "tbvnonpara/analysis/details.hpp"
+#include "tbvnonpara/details/details.hpp"
 
 namespace TBVNonPara::cli {
 
@@ -21,7 +21,7 @@ struct Arguments : analysis::Choices {
     bool describe = false;  ///< say what the file holds; there is no test
     std::string names;      ///< "columns" or "sheets": of a description only these, a line each
     bool safeCsv = false;   ///< a text that reads as a formula gets a mark in front
-    std::optional<analysis::DetailChoices> details;  ///< where they were asked for
+    std::optional<DetailChoices> details;  ///< where they were asked for
 };
 
 /// The program's answer when no test is to be run: help and version with status 0, a usage error with 2.

@@ -10,10 +10,10 @@
 #include "tbvnonpara/analysis/suggested_tests.hpp"
 #include "tbvnonpara/analysis/table_summary.hpp"
 #include "tbvnonpara/core/a1.hpp"
+#include "tbvnonpara/core/display_width.hpp"
+#include "tbvnonpara/core/shortest.hpp"
+#include "tbvnonpara/details/json_values.hpp"
 #include "tbvnonpara/rendering/csv_report.hpp"
-#include "tbvnonpara/rendering/display_width.hpp"
-#include "tbvnonpara/rendering/json_values.hpp"
-#include "tbvnonpara/rendering/numbers.hpp"
 #include "tbvnonpara/rendering/output.hpp"
 #include "tbvnonpara/workbook/book.hpp"
 
@@ -25,15 +25,14 @@ using analysis::ColumnSummary;
 using analysis::SuggestedTest;
 using analysis::TableSummary;
 using rendering::Output;
-using rendering::textInJson;
 
 struct Description {
     std::vector<TableSummary> tables;
     std::vector<std::string> commands;
 };
 
-const analysis::OfferedTest& testOf(TBVNPMethod method) {
-    for (const analysis::OfferedTest& test : analysis::offeredTests()) {
+const OfferedTest& testOf(TBVNPMethod method) {
+    for (const OfferedTest& test : offeredTests()) {
         if (test.method == method) {
             return test;
         }
@@ -138,12 +137,12 @@ std::vector<CellValue> rowOf(const ColumnSummary& column) {
 
 std::string shownCell(const CellValue& value) {
     constexpr std::size_t most = 32;
-    return rendering::shortened(rendering::onOneLine(isEmpty(value) ? "" : toText(value)), most);
+    return shortenedToWidth(onOneLine(isEmpty(value) ? "" : toText(value)), most);
 }
 
 /// Texts to the left, numbers to the right.
 std::string padded(const std::string& text, std::size_t width, bool number) {
-    const std::string blanks(width - std::min(width, rendering::displayWidth(text)), ' ');
+    const std::string blanks(width - std::min(width, displayWidth(text)), ' ');
     return number ? blanks + text : text + blanks;
 }
 
@@ -161,7 +160,7 @@ void writeTable(const TableSummary& table, Output& output) {
     std::vector<std::size_t> widths(headings.size());
     for (const auto& row : rows) {
         for (std::size_t i = 0; i < row.size(); ++i) {
-            widths[i] = std::max(widths[i], rendering::displayWidth(row[i]));
+            widths[i] = std::max(widths[i], displayWidth(row[i]));
         }
     }
     constexpr std::size_t firstNumber = 3;
@@ -170,13 +169,13 @@ void writeTable(const TableSummary& table, Output& output) {
         for (std::size_t i = 0; i < row.size(); ++i) {
             line += (i == 0 ? "" : "  ") + padded(row[i], widths[i], i >= firstNumber);
         }
-        output.write(std::string(rendering::withoutBlankEnd(line)) + '\n');
+        output.write(std::string(withoutBlankEnd(line)) + '\n');
     }
 }
 
 void writeText(const Description& description, Output& output) {
     for (const TableSummary& table : description.tables) {
-        output.write(fmt::format("{}: {} {}{}\n", rendering::escaped(table.sheet), table.rows,
+        output.write(fmt::format("{}: {} {}{}\n", escaped(table.sheet), table.rows,
                                  table.rows == 1 ? "row" : "rows",
                                  table.headers ? ", first row is headers" : ", no headers"));
         if (table.columns.empty()) {
@@ -187,7 +186,7 @@ void writeText(const Description& description, Output& output) {
     }
     output.write(description.commands.empty() ? "" : "Tests that its shape suggests:\n");
     for (const std::string& command : description.commands) {
-        output.write("  " + rendering::escaped(command) + '\n');
+        output.write("  " + escaped(command) + '\n');
     }
 }
 
@@ -212,7 +211,7 @@ std::string columnInJson(const ColumnSummary& column) {
     const std::vector<CellValue> row = rowOf(column);
     std::string text;
     for (std::size_t i = 0; i < row.size(); ++i) {
-        text += (i == 0 ? "{" : ", ") + textInJson(headings.at(i)) + ": " + rendering::cellInJson(row[i]);
+        text += (i == 0 ? "{" : ", ") + textInJson(headings.at(i)) + ": " + cellInJson(row[i]);
     }
     return text + '}';
 }

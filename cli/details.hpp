@@ -12,24 +12,24 @@ namespace TBVNonPara::cli {
 
 /// What the details are computed from, as it is before a report can cover it; nothing where none were asked
 /// for.
-[[nodiscard]] std::vector<analysis::LabelledColumn> columnsInDetail(
-    const workbook::EmbeddedApplication& application, const Arguments& arguments,
-    const analysis::ChosenRanges& ranges);
+[[nodiscard]] std::vector<LabelledColumn> columnsInDetail(const workbook::EmbeddedApplication& application,
+                                                          const Arguments& arguments,
+                                                          const analysis::ChosenRanges& ranges);
 
 /// Details never keep a report back: where they cannot be computed, a warning says why.
-[[nodiscard]] std::optional<analysis::Details> findDetails(
-    const Arguments& arguments, const std::vector<analysis::LabelledColumn>& columns,
-    const clsNonParaBO& engine, std::vector<std::string>& warnings);
+[[nodiscard]] std::optional<Details> findDetails(const Arguments& arguments,
+                                                 const std::vector<LabelledColumn>& columns,
+                                                 const clsNonParaBO& engine,
+                                                 std::vector<std::string>& warnings);
 
 /// The details below a report; nothing where there are none. A width of 0 is that of a file.
-void writeDetailsBelow(const std::optional<analysis::Details>& details, rendering::Output& output,
-                       std::size_t width);
-void writeDetailsBelow(const std::optional<analysis::Details>& details, rendering::Output& output,
+void writeDetailsBelow(const std::optional<Details>& details, rendering::Output& output, std::size_t width);
+void writeDetailsBelow(const std::optional<Details>& details, rendering::Output& output,
                        const rendering::CsvFields& fields);
 
 /// Places the details that a workbook is saved with; nothing for other forms. Where they cannot be placed, a
 /// warning says why.
-void placeDetails(const Arguments& arguments, const std::optional<analysis::Details>& details,
+void placeDetails(const Arguments& arguments, const std::optional<Details>& details,
                   analysis::FinishedTest& finished, std::vector<std::string>& warnings);
 
 /// A line on a P that the report's four decimals show as 0.0000 and nothing else tells; empty for any other.

@@ -5,8 +5,8 @@
 #include <fmt/format.h>
 
 #include "cli/shell_words.hpp"
-#include "tbvnonpara/rendering/display_width.hpp"
-#include "tbvnonpara/rendering/json_values.hpp"
+#include "tbvnonpara/core/display_width.hpp"
+#include "tbvnonpara/details/json_values.hpp"
 #include "tbvnonpara/request/error_causes.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
 
@@ -80,10 +80,9 @@ std::string explain(const Error& error, const Circumstances& circumstances) {
 }
 
 std::string errorText(const Error& error, const Circumstances& circumstances) {
-    const std::string source = error.source().empty() ? "" : ": " + rendering::escaped(error.source());
-    return fmt::format("tbvnonpara: {}\n  error {} ({}){}\n",
-                       rendering::escaped(explain(error, circumstances)), error.number(),
-                       nameOf(error.number()), source);
+    const std::string source = error.source().empty() ? "" : ": " + escaped(error.source());
+    return fmt::format("tbvnonpara: {}\n  error {} ({}){}\n", escaped(explain(error, circumstances)),
+                       error.number(), nameOf(error.number()), source);
 }
 
 Error withRemedy(const reshaping::Refusal& refusal, std::string_view command) {
@@ -113,7 +112,6 @@ Error withRemedy(const reshaping::Refusal& refusal, std::string_view command) {
 }
 
 std::string errorInJson(const Error& error, const Circumstances& circumstances) {
-    using rendering::textInJson;
     return fmt::format(
         "{{\"error\": {{\"number\": {}, \"name\": {}, \"source\": {}, \"description\": {}}}}}\n",
         error.number(), textInJson(nameOf(error.number())), textInJson(error.source()),

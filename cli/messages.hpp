@@ -4,15 +4,15 @@
 #include <string_view>
 
 #include "tbvnonpara/analysis/ranges.hpp"
-#include "tbvnonpara/analysis/tests_offered.hpp"
 #include "tbvnonpara/core/error.hpp"
+#include "tbvnonpara/request/tests_offered.hpp"
 #include "tbvnonpara/reshaping/refusal.hpp"
 
 namespace TBVNonPara::cli {
 
 /// What is known of a run when an error is explained. The ranges are empty until they are chosen.
 struct Circumstances {
-    const analysis::OfferedTest* test = nullptr;
+    const OfferedTest* test = nullptr;
     analysis::ChosenRanges ranges;
 };
 

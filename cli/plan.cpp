@@ -3,16 +3,14 @@
 #include <cstdio>
 #include <fmt/format.h>
 
-#include "tbvnonpara/rendering/display_width.hpp"
+#include "tbvnonpara/core/display_width.hpp"
+#include "tbvnonpara/details/json_values.hpp"
 #include "tbvnonpara/rendering/json_report.hpp"
-#include "tbvnonpara/rendering/json_values.hpp"
 #include "tbvnonpara/rendering/output.hpp"
 
 namespace TBVNonPara::cli {
 
 namespace {
-
-using rendering::textInJson;
 
 std::string inJson(const Arguments& arguments, const analysis::ChosenRanges& chosen,
                    const reshaping::Account& account) {
@@ -26,12 +24,12 @@ std::string inJson(const Arguments& arguments, const analysis::ChosenRanges& cho
 
 std::string inText(const Arguments& arguments, const analysis::ChosenRanges& chosen,
                    const analysis::TestData& data) {
-    std::string lines = fmt::format("{}\n{}\n", arguments.test->summary, rendering::escaped(chosen.note));
+    std::string lines = fmt::format("{}\n{}\n", arguments.test->summary, escaped(chosen.note));
     if (chosen.by.empty()) {
-        lines += "values: " + rendering::escaped(reshaping::sizesOf(data.account()->groups)) + '\n';
+        lines += "values: " + escaped(reshaping::sizesOf(data.account()->groups)) + '\n';
     }
     for (const std::string& note : data.notes()) {
-        lines += rendering::escaped(note) + '\n';
+        lines += escaped(note) + '\n';
     }
     return lines;
 }

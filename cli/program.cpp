@@ -20,14 +20,14 @@
 #include "cli/warnings.hpp"
 #include "tbvnonpara/analysis/each_column.hpp"
 #include "tbvnonpara/analysis/refusal.hpp"
-#include "tbvnonpara/analysis/results.hpp"
 #include "tbvnonpara/analysis/run_test.hpp"
 #include "tbvnonpara/analysis/test_data.hpp"
 #include "tbvnonpara/analysis/user_range.hpp"
+#include "tbvnonpara/core/display_width.hpp"
+#include "tbvnonpara/engine/named_results.hpp"
 #include "tbvnonpara/rendering/csv_report.hpp"
 #include "tbvnonpara/rendering/data_picture.hpp"
 #include "tbvnonpara/rendering/details_html.hpp"
-#include "tbvnonpara/rendering/display_width.hpp"
 #include "tbvnonpara/rendering/html_report.hpp"
 #include "tbvnonpara/rendering/json_report.hpp"
 #include "tbvnonpara/rendering/text_report.hpp"
@@ -40,7 +40,7 @@ using rendering::Output;
 
 void warn(const std::vector<std::string>& warnings) {
     for (const std::string& warning : warnings) {
-        tell(fmt::format("tbvnonpara: warning: {}\n", rendering::escaped(warning)));
+        tell(fmt::format("tbvnonpara: warning: {}\n", escaped(warning)));
     }
 }
 
@@ -61,14 +61,13 @@ struct Tested {
     rendering::PictureData picture;
     std::optional<reshaping::Account> account;
     std::optional<analysis::CutNumbers> cut;
-    std::vector<analysis::LabelledColumn> columns;  ///< of the details
-    std::optional<analysis::Details> details = {};
+    std::vector<LabelledColumn> columns;  ///< of the details
+    std::optional<Details> details = {};
 };
 
 /// The results of the test, and where its numbers were cut.
-std::vector<analysis::NamedResult> resultsOf(const Tested& tested, const Arguments& arguments) {
-    std::vector<analysis::NamedResult> results =
-        analysis::namedResults(arguments.test->method, tested.finished.engine());
+std::vector<NamedResult> resultsOf(const Tested& tested, const Arguments& arguments) {
+    std::vector<NamedResult> results = namedResults(arguments.test->method, tested.finished.engine());
     if (tested.cut) {
         results.push_back({"cut.at", tested.cut->at});
         results.push_back({"cut.above", Long(tested.cut->above)});
@@ -84,7 +83,7 @@ void write(const Tested& tested, const Arguments& arguments, const std::vector<s
     const rendering::ReportBlock report(finished.sheet(), finished.block());
     const bool shown = arguments.save.empty();
     const std::size_t width = shown ? terminalWidth() : 0;
-    const analysis::Details* const details = tested.details ? &*tested.details : nullptr;
+    const Details* const details = tested.details ? &*tested.details : nullptr;
     const rendering::CsvFields fields{arguments.safeCsv, shown && writesToTerminal()};
     switch (arguments.format) {
         case OutputFormat::Text:
@@ -143,18 +142,18 @@ Tested runOn(const ObjectRef<workbook::EmbeddedApplication>& application, const 
     }
     // The picture and the details show the data as they are before a report is put over them.
     rendering::PictureData picture = dataToDraw(*application, arguments, data.ranges());
-    std::vector<analysis::LabelledColumn> columns = columnsInDetail(*application, arguments, data.ranges());
+    std::vector<LabelledColumn> columns = columnsInDetail(*application, arguments, data.ranges());
     return {analysis::runTest(application, arguments, data.ranges()), std::move(picture),
             copyOf(data.account()), copyOf(data.cut()), std::move(columns)};
 }
 
 int analyse(const Arguments& arguments, Circumstances& circumstances) {
     checkSaving(arguments);
-    Progress progress("Reading " + rendering::escaped(arguments.file));
+    Progress progress("Reading " + escaped(arguments.file));
     std::string remark;
     const ObjectRef<workbook::EmbeddedApplication> application = open(arguments, &remark);
     if (!remark.empty()) {
-        tell(rendering::escaped(remark) + '\n');
+        tell(escaped(remark) + '\n');
     }
     if (arguments.describe) {
         progress.end();
@@ -188,12 +187,12 @@ int analyse(const Arguments& arguments, Circumstances& circumstances) {
     std::ranges::move(warningsOnPlace(tested.finished, arguments), std::back_inserter(warnings));
     const auto writeTo = [&](Output& output) { write(tested, arguments, warnings, output); };
     if (!arguments.save.empty()) {
-        progress.next("Saving " + rendering::escaped(arguments.save));
+        progress.next("Saving " + escaped(arguments.save));
         const std::string saved = saveReport(tested.finished, arguments, writeTo);
         progress.end();
         warn(warnings);
         tell(lineOnSmallP(arguments, tested.finished.engine()));
-        tell(rendering::escaped(saved) + '\n');
+        tell(escaped(saved) + '\n');
         return 0;
     }
     progress.end();
@@ -242,7 +241,7 @@ int runProgram(int count, const char* const* words) try {
                      failure.code().message()));
     return failureStatus;
 } catch (const std::exception& failure) {
-    tell(fmt::format("tbvnonpara: {}\n", rendering::escaped(failure.what())));
+    tell(fmt::format("tbvnonpara: {}\n", escaped(failure.what())));
     return failureStatus;
 }
 

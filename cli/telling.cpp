@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <string>
 
-#include "tbvnonpara/rendering/display_width.hpp"
+#include "tbvnonpara/core/display_width.hpp"
 
 namespace TBVNonPara::cli {
 
@@ -15,7 +15,7 @@ void tell(std::string_view text) {
 void tellLines(std::string_view text) {
     for (bool more = true; more;) {
         const std::size_t end = std::min(text.find('\n'), text.size());
-        tell(rendering::escaped(text.substr(0, end)) + '\n');
+        tell(escaped(text.substr(0, end)) + '\n');
         more = end < text.size();
         text.remove_prefix(more ? end + 1 : end);
     }

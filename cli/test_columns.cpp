@@ -10,8 +10,8 @@
 #include "cli/telling.hpp"
 #include "cli/terminal.hpp"
 #include "tbvnonpara/analysis/each_column.hpp"
+#include "tbvnonpara/details/text.hpp"
 #include "tbvnonpara/rendering/column_table.hpp"
-#include "tbvnonpara/rendering/details_text.hpp"
 #include "tbvnonpara/rendering/text_report.hpp"
 
 namespace TBVNonPara::cli {
@@ -54,8 +54,8 @@ Tests writeReports(const workbook::EmbeddedApplication& application, const Argum
         arguments.details);
     explainErrors(tests, arguments);
     if (arguments.details) {
-        rendering::writeDetails(rendering::columnsPage(tests, *arguments.details), output,
-                                shown ? terminalWidth() : 0);
+        output.write(
+            detailsText(rendering::columnsPage(tests, *arguments.details), shown ? terminalWidth() : 0));
     }
     return tests;
 }

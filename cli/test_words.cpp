@@ -31,7 +31,7 @@ constexpr auto wordsOfTests = std::to_array<TestWords>({
 
 }  // namespace
 
-const TestWords& wordsOf(const analysis::OfferedTest& test) {
+const TestWords& wordsOf(const OfferedTest& test) {
     const auto* const found = std::ranges::find(wordsOfTests, test.method, &TestWords::method);
     if (found == wordsOfTests.end()) {
         raise(RuntimeError::SubscriptOutOfRange);

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "tbvnonpara/analysis/tests_offered.hpp"
+#include "tbvnonpara/request/tests_offered.hpp"
 
 namespace TBVNonPara::cli {
 
@@ -16,6 +16,6 @@ struct TestWords {
     std::string_view example;
 };
 
-[[nodiscard]] const TestWords& wordsOf(const analysis::OfferedTest& test);
+[[nodiscard]] const TestWords& wordsOf(const OfferedTest& test);
 
 }  // namespace TBVNonPara::cli

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "tbvnonpara/analysis/tests_offered.hpp"
 #include "tbvnonpara/files/csv/encoding.hpp"
+#include "tbvnonpara/request/tests_offered.hpp"
 
 namespace TBVNonPara::analysis {
 

@@ -8,14 +8,6 @@
 
 namespace TBVNonPara::analysis {
 
-std::optional<double> numberIn(const CellValue& cell) {
-    if (const auto* number = std::get_if<double>(&cell)) {
-        return *number;
-    }
-    const auto* text = std::get_if<Text>(&cell);
-    return text == nullptr ? std::nullopt : readAsNumber(text->string());
-}
-
 std::vector<LabelledColumn> columnsAt(const workbook::EmbeddedApplication& application,
                                       std::string_view address, bool headers) {
     const RangeRef range = application.GetRange(address);
@@ -37,14 +29,13 @@ std::vector<LabelledColumn> columnsAt(const workbook::EmbeddedApplication& appli
     return columns;
 }
 
-std::vector<double> numbersOf(const LabelledColumn& column) {
-    std::vector<double> numbers;
-    for (const CellValue& cell : column.cells) {
-        if (const std::optional<double> number = numberIn(cell)) {
-            numbers.push_back(*number);
-        }
+std::vector<LabelledColumn> columnsOf(const workbook::EmbeddedApplication& application,
+                                      const ChosenRanges& ranges) {
+    std::vector<LabelledColumn> columns = columnsAt(application, ranges.y, ranges.headers);
+    if (!ranges.x.empty()) {
+        std::ranges::move(columnsAt(application, ranges.x, ranges.headers), std::back_inserter(columns));
     }
-    return numbers;
+    return columns;
 }
 
 }  // namespace TBVNonPara::analysis

@@ -1,29 +1,20 @@
 #pragma once
 
-#include <optional>
-#include <string>
 #include <string_view>
 #include <vector>
 
-#include "tbvnonpara/core/cell_value.hpp"
+#include "tbvnonpara/analysis/ranges.hpp"
+#include "tbvnonpara/details/labelled_column.hpp"
 #include "tbvnonpara/workbook/embedded_application.hpp"
 
 namespace TBVNonPara::analysis {
-
-/// A column of a range: its label and the cells below.
-struct LabelledColumn {
-    std::string label;
-    std::vector<CellValue> cells;
-};
 
 /// The columns of an address, area by area.
 [[nodiscard]] std::vector<LabelledColumn> columnsAt(const workbook::EmbeddedApplication& application,
                                                     std::string_view address, bool headers);
 
-/// The number that a cell counts as; none for a blank, a text that is no number, a truth value or an error.
-[[nodiscard]] std::optional<double> numberIn(const CellValue& cell);
-
-/// The numbers of a column in its order; what is no number is left out.
-[[nodiscard]] std::vector<double> numbersOf(const LabelledColumn& column);
+/// The columns that a test reads: the first range's, then the second's. Read before a report can cover them.
+[[nodiscard]] std::vector<LabelledColumn> columnsOf(const workbook::EmbeddedApplication& application,
+                                                    const ChosenRanges& ranges);
 
 }  // namespace TBVNonPara::analysis

@@ -8,14 +8,15 @@
 #include <utility>
 
 #include "tbvnonpara/analysis/column_address.hpp"
+#include "tbvnonpara/analysis/columns.hpp"
 #include "tbvnonpara/analysis/cut_sequence.hpp"
-#include "tbvnonpara/analysis/details_probability.hpp"
 #include "tbvnonpara/analysis/refusal.hpp"
 #include "tbvnonpara/analysis/reshaped_ranges.hpp"
 #include "tbvnonpara/analysis/table_column.hpp"
 #include "tbvnonpara/analysis/table_form.hpp"
 #include "tbvnonpara/analysis/user_range.hpp"
 #include "tbvnonpara/core/words.hpp"
+#include "tbvnonpara/details/probability.hpp"
 #include "tbvnonpara/distributions/mann_whitney.hpp"
 #include "tbvnonpara/statistics/comparisons.hpp"
 #include "tbvnonpara/workbook/book.hpp"
@@ -150,7 +151,8 @@ class Workplace {
  private:
     void run(const ChosenRanges& ranges, ColumnTest& result, const Report& report) const {
         const LaterSheets reports(m_Application->activeBook());
-        const auto columns = m_Details ? columnsOf(*m_Application, ranges) : std::vector<LabelledColumn>();
+        const auto columns =
+            m_Details ? analysis::columnsOf(*m_Application, ranges) : std::vector<LabelledColumn>();
         const FinishedTest finished = runTest(m_Application, m_Companions, m_Choices, ranges);
         result.results = namedResults(m_Choices.test->method, finished.engine());
         if (m_Details) {
@@ -164,7 +166,7 @@ class Workplace {
     /// A column has its results, with details or without.
     [[nodiscard]] std::optional<Details> detailsIfAny(const std::vector<LabelledColumn>& columns,
                                                       const clsNonParaBO& engine) const try {
-        return detailsOf(m_Choices, *m_Details, columns, engine);
+        return detailsOf(*m_Choices.test, m_Choices.tails, *m_Details, columns, engine);
     } catch (const std::invalid_argument&) {
         return std::nullopt;
     }

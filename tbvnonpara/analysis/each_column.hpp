@@ -6,11 +6,11 @@
 #include <vector>
 
 #include "tbvnonpara/analysis/choices.hpp"
-#include "tbvnonpara/analysis/details.hpp"
 #include "tbvnonpara/analysis/ranges.hpp"
-#include "tbvnonpara/analysis/results.hpp"
 #include "tbvnonpara/analysis/run_test.hpp"
 #include "tbvnonpara/core/error.hpp"
+#include "tbvnonpara/details/details.hpp"
+#include "tbvnonpara/engine/named_results.hpp"
 #include "tbvnonpara/reshaping/account.hpp"
 #include "tbvnonpara/reshaping/refusal.hpp"
 

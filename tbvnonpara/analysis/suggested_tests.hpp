@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "tbvnonpara/analysis/table_summary.hpp"
-#include "tbvnonpara/analysis/tests_offered.hpp"
 #include "tbvnonpara/core/enumerations.hpp"
+#include "tbvnonpara/request/tests_offered.hpp"
 
 namespace TBVNonPara::analysis {
 

@@ -5,18 +5,17 @@
 #include <utility>
 #include <variant>
 
-#include "tbvnonpara/analysis/details_probability.hpp"
-#include "tbvnonpara/rendering/details_json.hpp"
-#include "tbvnonpara/rendering/details_words.hpp"
+#include "tbvnonpara/details/json.hpp"
+#include "tbvnonpara/details/json_values.hpp"
+#include "tbvnonpara/details/probability.hpp"
+#include "tbvnonpara/details/words.hpp"
 #include "tbvnonpara/rendering/json_report.hpp"
-#include "tbvnonpara/rendering/json_values.hpp"
 
 namespace TBVNonPara::rendering {
 
 namespace {
 
 using analysis::ColumnTest;
-using analysis::NamedResult;
 
 /// A result as cells of a table, one for each of its values.
 struct Cells {
@@ -101,7 +100,7 @@ std::vector<NamedResult> detailsAsResults(const ColumnTest& test) {
             results.push_back({"details." + name, *value});
         }
     };
-    const auto p = analysis::probabilityOf(*test.details);
+    const auto p = probabilityOf(*test.details);
     add("p", p ? std::optional(p->value) : std::nullopt);
     add("p_adjusted", test.adjusted ? std::optional(test.adjusted->value) : std::nullopt);
     for (const auto& [name, effect] : std::get<statistics::FigureBlock>(find(figures, "effect")->value)) {
@@ -175,11 +174,11 @@ void writeColumnsAsJson(std::string_view test, const std::vector<ColumnTest>& te
     output.write("\n  ]\n}\n");
 }
 
-DetailPage columnsPage(const std::vector<ColumnTest>& tests, const analysis::DetailChoices& choices) {
+DetailPage columnsPage(const std::vector<ColumnTest>& tests, const DetailChoices& choices) {
     DetailTable table{"Columns", {"P", "Adjusted"}, {}};
     std::size_t differ = 0;
     for (const ColumnTest& test : tests) {
-        const auto p = test.details ? analysis::probabilityOf(*test.details) : std::nullopt;
+        const auto p = test.details ? probabilityOf(*test.details) : std::nullopt;
         if (p && test.adjusted) {
             table.rows.push_back(
                 {nameCell(test.column), probabilityCell(*p), probabilityCell(*test.adjusted)});

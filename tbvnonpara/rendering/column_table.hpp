@@ -22,6 +22,6 @@ void writeColumnsAsJson(std::string_view test, const std::vector<analysis::Colum
 
 /// P of each column's details, alone and adjusted over all of them.
 [[nodiscard]] DetailPage columnsPage(const std::vector<analysis::ColumnTest>& tests,
-                                     const analysis::DetailChoices& choices);
+                                     const DetailChoices& choices);
 
 }  // namespace TBVNonPara::rendering

@@ -2,8 +2,8 @@
 
 #include <string_view>
 
-#include "tbvnonpara/rendering/display_width.hpp"
-#include "tbvnonpara/rendering/numbers.hpp"
+#include "tbvnonpara/core/display_width.hpp"
+#include "tbvnonpara/core/shortest.hpp"
 
 namespace TBVNonPara::rendering {
 

@@ -112,7 +112,7 @@ PictureData pictureData(const workbook::EmbeddedApplication& application, std::s
 }
 
 std::string dataPicture(TBVNPMethod method, const PictureData& data, const clsNonParaBO& engine,
-                        const analysis::Details* details) {
+                        const Details* details) {
     if (data.y.empty() || (data.x.empty() && needsTwoColumns(method))) {
         return "";
     }

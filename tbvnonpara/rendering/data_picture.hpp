@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
-#include "tbvnonpara/analysis/details.hpp"
 #include "tbvnonpara/core/enumerations.hpp"
+#include "tbvnonpara/details/details.hpp"
 #include "tbvnonpara/engine/clsNonParaBO.hpp"
 #include "tbvnonpara/rendering/picture_data.hpp"
 #include "tbvnonpara/workbook/embedded_application.hpp"
@@ -27,6 +27,6 @@ struct PictureData {
 /// Ranks, signs and medians are those of the engine that has run the test. Large data are thinned: the figure
 /// stays below half a megabyte whatever the data. With details, the intervals of the medians are bars.
 [[nodiscard]] std::string dataPicture(TBVNPMethod method, const PictureData& data, const clsNonParaBO& engine,
-                                      const analysis::Details* details = nullptr);
+                                      const Details* details = nullptr);
 
 }  // namespace TBVNonPara::rendering

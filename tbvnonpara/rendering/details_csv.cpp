@@ -3,7 +3,7 @@
 #include <array>
 #include <cmath>
 
-#include "tbvnonpara/rendering/details_json.hpp"
+#include "tbvnonpara/details/json.hpp"
 #include "tbvnonpara/statistics/figures.hpp"
 
 namespace TBVNonPara::rendering {
@@ -55,7 +55,7 @@ CellValue cellOf(const Figure* figure) {
 /// Makes rows of the figures' blocks.
 class TidyTable {
  public:
-    explicit TidyTable(const analysis::Details& details)
+    explicit TidyTable(const Details& details)
         : m_Figures(detailFigures(details)), m_Labels(details.labels), m_Direction(directionOf(details)) {
         addEffects();
         addProbabilities(*find(m_Figures, "p"), "");
@@ -68,7 +68,7 @@ class TidyTable {
     [[nodiscard]] const std::vector<TidyRow>& rows() const { return m_Rows; }
 
  private:
-    static std::string_view directionOf(const analysis::Details& details) {
+    static std::string_view directionOf(const Details& details) {
         const bool runs = details.test->method == tbvNPWWRuns;
         if (details.tails == tbvNPTwoTailed || !details.test->tails) {
             return "two";
@@ -233,7 +233,7 @@ class TidyTable {
 
 }  // namespace
 
-void writeDetailsCsv(const analysis::Details& details, Output& output, const CsvFields& fields) {
+void writeDetailsCsv(const Details& details, Output& output, const CsvFields& fields) {
     output.write("\r\n");
     for (std::size_t column = 0; column < Count; ++column) {
         output.write(column == 0 ? "" : ",");

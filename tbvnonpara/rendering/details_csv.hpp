@@ -1,12 +1,12 @@
 #pragma once
 
-#include "tbvnonpara/analysis/details.hpp"
+#include "tbvnonpara/details/details.hpp"
 #include "tbvnonpara/rendering/csv_report.hpp"
 
 namespace TBVNonPara::rendering {
 
 /// Writes the details below a report as one tidy table: an empty line, a heading, a row for each effect, each
 /// way to get P, each group and each comparison.
-void writeDetailsCsv(const analysis::Details& details, Output& output, const CsvFields& fields = {});
+void writeDetailsCsv(const Details& details, Output& output, const CsvFields& fields = {});
 
 }  // namespace TBVNonPara::rendering

@@ -1,10 +1,10 @@
 #include "tbvnonpara/rendering/details_html.hpp"
 
-#include "tbvnonpara/rendering/details_page.hpp"
+#include "tbvnonpara/core/shortest.hpp"
+#include "tbvnonpara/details/page.hpp"
 #include "tbvnonpara/rendering/details_quote.hpp"
 #include "tbvnonpara/rendering/forest_plot.hpp"
 #include "tbvnonpara/rendering/html_report.hpp"
-#include "tbvnonpara/rendering/numbers.hpp"
 
 namespace TBVNonPara::rendering {
 
@@ -59,7 +59,7 @@ void addLines(const std::vector<std::string>& lines, std::string_view tag, std::
 
 }  // namespace
 
-std::string detailsInHtml(const analysis::Details& details) {
+std::string detailsInHtml(const Details& details) {
     const DetailPage page = detailPage(details);
     std::string html =
         "<section class=\"details\" aria-labelledby=\"details\">\n<h2 id=\"details\">Details</h2>\n";

@@ -2,14 +2,12 @@
 
 #include <fmt/format.h>
 
-#include "tbvnonpara/rendering/details_trend.hpp"
-#include "tbvnonpara/rendering/details_words.hpp"
+#include "tbvnonpara/details/trend.hpp"
+#include "tbvnonpara/details/words.hpp"
 
 namespace TBVNonPara::rendering {
 
 namespace {
-
-using analysis::Details;
 using statistics::Probability;
 
 std::string tailsWord(const Details& details) {

@@ -4,15 +4,13 @@
 #include <fmt/format.h>
 #include <numeric>
 
-#include "tbvnonpara/rendering/details_words.hpp"
+#include "tbvnonpara/details/words.hpp"
 #include "tbvnonpara/rendering/svg.hpp"
 #include "tbvnonpara/statistics/newcombe.hpp"
 
 namespace TBVNonPara::rendering {
 
 namespace {
-
-using analysis::Details;
 using statistics::Estimate;
 
 constexpr std::size_t mostRows = 40;

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "tbvnonpara/analysis/details.hpp"
+#include "tbvnonpara/details/details.hpp"
 
 namespace TBVNonPara::rendering {
 
@@ -10,6 +10,6 @@ namespace TBVNonPara::rendering {
 /// larger with its interval and P, those that differ in another colour. A median test shows the groups'
 /// shares above the grand median. Empty for tests without comparisons. Of many, those with the smallest P
 /// are drawn.
-[[nodiscard]] std::string forestPlot(const analysis::Details& details);
+[[nodiscard]] std::string forestPlot(const Details& details);
 
 }  // namespace TBVNonPara::rendering

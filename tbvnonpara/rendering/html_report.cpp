@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "tbvnonpara/core/shortest.hpp"
 #include "tbvnonpara/core/words.hpp"
 #include "tbvnonpara/rendering/html_style.hpp"
-#include "tbvnonpara/rendering/numbers.hpp"
 #include "tbvnonpara/rendering/text_layout.hpp"
 
 namespace TBVNonPara::rendering {

@@ -1,7 +1,7 @@
 #include "tbvnonpara/rendering/json_report.hpp"
 
-#include "tbvnonpara/rendering/details_json.hpp"
-#include "tbvnonpara/rendering/json_values.hpp"
+#include "tbvnonpara/details/json.hpp"
+#include "tbvnonpara/details/json_values.hpp"
 
 namespace TBVNonPara::rendering {
 
@@ -31,7 +31,7 @@ std::string member(std::string_view name, std::size_t number) {
     return textInJson(name) + ": " + std::to_string(number);
 }
 
-std::string memberOfDetails(const analysis::Details* details) {
+std::string memberOfDetails(const Details* details) {
     return details == nullptr ? "" : ",\n  \"details\": " + figureInJson(detailFigures(*details), 2);
 }
 
@@ -54,8 +54,7 @@ std::string accountInJson(const reshaping::Account& data) {
 }
 
 void writeJson(std::string_view test, std::string_view address, const ReportBlock& report,
-               const std::vector<analysis::NamedResult>& results, Output& output,
-               const BesideReport& beside) {
+               const std::vector<NamedResult>& results, Output& output, const BesideReport& beside) {
     output.write("{\n  \"test\": " + textInJson(test) +
                  ",\n  \"report\": {\n    \"address\": " + textInJson(address) + ",\n    \"rows\": [");
     writeRows(report, output);

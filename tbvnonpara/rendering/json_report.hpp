@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
-#include "tbvnonpara/analysis/details.hpp"
-#include "tbvnonpara/analysis/results.hpp"
+#include "tbvnonpara/details/details.hpp"
+#include "tbvnonpara/engine/named_results.hpp"
 #include "tbvnonpara/rendering/output.hpp"
 #include "tbvnonpara/rendering/report_block.hpp"
 #include "tbvnonpara/reshaping/account.hpp"
@@ -14,8 +14,8 @@ namespace TBVNonPara::rendering {
 
 /// What stands beside a report and its results.
 struct BesideReport {
-    const reshaping::Account* data = nullptr;    ///< what was left out, for data that were brought into form
-    const analysis::Details* details = nullptr;  ///< the test in full, where it was asked for
+    const reshaping::Account* data = nullptr;  ///< what was left out, for data that were brought into form
+    const Details* details = nullptr;          ///< the test in full, where it was asked for
     std::vector<std::string> warnings;
 };
 
@@ -28,7 +28,6 @@ struct BesideReport {
 /// Writes a report as one JSON object: the test's name, the report's address and all its cells, the results
 /// by name; groups and what was left out of the data, details and warnings, where there are any.
 void writeJson(std::string_view test, std::string_view address, const ReportBlock& report,
-               const std::vector<analysis::NamedResult>& results, Output& output,
-               const BesideReport& beside = {});
+               const std::vector<NamedResult>& results, Output& output, const BesideReport& beside = {});
 
 }  // namespace TBVNonPara::rendering

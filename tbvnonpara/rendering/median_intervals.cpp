@@ -16,7 +16,7 @@ std::size_t columnOf(const Group& group, std::size_t place) {
 
 }  // namespace
 
-MedianIntervals medianIntervals(const analysis::Details& details, std::size_t columns) {
+MedianIntervals medianIntervals(const Details& details, std::size_t columns) {
     MedianIntervals intervals{details.choices.confidence, {}};
     intervals.byColumn.resize(columns);
     const auto take = [&](const auto& test) {

@@ -3,7 +3,7 @@
 #include <optional>
 #include <vector>
 
-#include "tbvnonpara/analysis/details.hpp"
+#include "tbvnonpara/details/details.hpp"
 
 namespace TBVNonPara::rendering {
 
@@ -23,6 +23,6 @@ struct MedianIntervals {
 };
 
 /// Those of the groups of a test in full. `columns`: how many the test was given.
-[[nodiscard]] MedianIntervals medianIntervals(const analysis::Details& details, std::size_t columns);
+[[nodiscard]] MedianIntervals medianIntervals(const Details& details, std::size_t columns);
 
 }  // namespace TBVNonPara::rendering

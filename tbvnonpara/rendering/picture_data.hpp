@@ -6,9 +6,8 @@
 
 namespace TBVNonPara::rendering {
 
-using PictureColumn = analysis::LabelledColumn;
+using PictureColumn = LabelledColumn;
 using analysis::columnsAt;
-using analysis::numbersOf;
 
 /// The value below which a part of sorted numbers lies, between two of them where need be.
 [[nodiscard]] double quantile(const std::vector<double>& sorted, double part);

@@ -7,7 +7,7 @@
 #include <map>
 #include <span>
 
-#include "tbvnonpara/rendering/details_words.hpp"
+#include "tbvnonpara/details/words.hpp"
 #include "tbvnonpara/rendering/svg.hpp"
 
 namespace TBVNonPara::rendering {

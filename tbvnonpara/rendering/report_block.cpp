@@ -1,7 +1,7 @@
 #include "tbvnonpara/rendering/report_block.hpp"
 
+#include "tbvnonpara/core/display_width.hpp"
 #include "tbvnonpara/core/utf8.hpp"
-#include "tbvnonpara/rendering/display_width.hpp"
 #include "tbvnonpara/workbook/number_format.hpp"
 
 namespace TBVNonPara::rendering {

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <fmt/format.h>
 
+#include "tbvnonpara/core/display_width.hpp"
 #include "tbvnonpara/core/utf8.hpp"
-#include "tbvnonpara/rendering/display_width.hpp"
 #include "tbvnonpara/rendering/html_report.hpp"
 
 namespace TBVNonPara::rendering {

@@ -5,7 +5,7 @@
 #include <numeric>
 #include <utility>
 
-#include "tbvnonpara/rendering/display_width.hpp"
+#include "tbvnonpara/core/display_width.hpp"
 
 namespace TBVNonPara::rendering {
 
@@ -60,7 +60,7 @@ std::string shownShort(const ReportBlock& report, Index row, Index column, bool 
     if (text.size() <= mostOfText || !std::holds_alternative<Text>(report.value(row, column))) {
         return text;
     }
-    return shortened(text, alone ? mostAlone : mostOfText);
+    return shortenedToWidth(text, alone ? mostAlone : mostOfText);
 }
 
 bool standsAlone(const ReportBlock& report, Index row, Index column) {

@@ -4,7 +4,7 @@
 #include <map>
 #include <utility>
 
-#include "tbvnonpara/rendering/display_width.hpp"
+#include "tbvnonpara/core/display_width.hpp"
 #include "tbvnonpara/rendering/text_layout.hpp"
 
 namespace TBVNonPara::rendering {
@@ -148,7 +148,7 @@ class SectionWriter {
         const std::size_t room = m_Layout.width(run);
         // Of a heading over several columns only some may be in this part.
         const std::string whole(withoutBlankEnd(text));
-        const std::string shown = alone ? whole : shortened(whole, room);
+        const std::string shown = alone ? whole : shortenedToWidth(whole, room);
         const std::size_t taken = displayWidth(shown);
         const std::size_t spare = room > taken ? room - taken : 0;
         const Side side = sideOf(m_Report, row, run.first, alone);

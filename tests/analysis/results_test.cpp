@@ -1,10 +1,9 @@
-#include "tbvnonpara/analysis/results.hpp"
-
 #include <algorithm>
 #include <array>
 #include <gtest/gtest.h>
 #include <stdexcept>
 
+#include "tbvnonpara/engine/named_results.hpp"
 #include "tests/analysis/data_sheet.hpp"
 
 namespace TBVNonPara::analysis {

@@ -171,14 +171,14 @@ INSTANTIATE_TEST_SUITE_P(Cases, UsageErrors, testing::ValuesIn(usageErrors),
 TEST(Arguments, HelpShowsAnExampleForEachTest) {
     const Answer answer = answered({"--help"});
     EXPECT_EQ(answer.status, 0);
-    for (const analysis::OfferedTest& test : analysis::offeredTests()) {
+    for (const OfferedTest& test : offeredTests()) {
         EXPECT_THAT(answer.text, HasSubstr("  tbvnonpara " + std::string(wordsOf(test).example) + '\n'));
         EXPECT_EQ(wordsOf(test).example.substr(0, test.name.size()), test.name);
     }
 }
 
 TEST(Arguments, EveryTestHasAHelpOfItsOwn) {
-    for (const analysis::OfferedTest& test : analysis::offeredTests()) {
+    for (const OfferedTest& test : offeredTests()) {
         const Answer answer = answered({std::string(test.name).c_str(), "--help"});
         EXPECT_EQ(answer.status, 0);
         EXPECT_THAT(answer.text, HasSubstr(std::string(test.summary)));

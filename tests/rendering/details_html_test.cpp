@@ -10,14 +10,12 @@
 
 namespace TBVNonPara::rendering {
 namespace {
-
-using analysis::Details;
 using testing::HasSubstr;
 using testing::Not;
 using Samples = std::vector<std::vector<double>>;
 
-const analysis::OfferedTest* testOffered(TBVNPMethod method) {
-    return &*std::ranges::find(analysis::offeredTests(), method, &analysis::OfferedTest::method);
+const OfferedTest* testOffered(TBVNPMethod method) {
+    return &*std::ranges::find(offeredTests(), method, &OfferedTest::method);
 }
 
 std::vector<std::span<const double>> spansOf(const Samples& samples) {

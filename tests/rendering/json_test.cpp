@@ -3,8 +3,8 @@
 #include <limits>
 #include <nlohmann/json.hpp>
 
+#include "tbvnonpara/details/json_values.hpp"
 #include "tbvnonpara/rendering/json_report.hpp"
-#include "tbvnonpara/rendering/json_values.hpp"
 #include "tests/analysis/data_sheet.hpp"
 #include "tests/rendering/written.hpp"
 
@@ -97,7 +97,7 @@ bool sameBits(const nlohmann::json& read, double number) {
 nlohmann::json read(std::string_view test, const FinishedTest& finished) {
     return nlohmann::json::parse(writtenBy([&](Output& output) {
         writeJson(test, finished.address(), blockOf(finished),
-                  analysis::namedResults(analysis::testNamed(test).method, finished.engine()), output);
+                  namedResults(analysis::testNamed(test).method, finished.engine()), output);
     }));
 }
 

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "tbvnonpara/core/shortest.hpp"
 #include "tbvnonpara/rendering/csv_report.hpp"
-#include "tbvnonpara/rendering/numbers.hpp"
 #include "tbvnonpara/rendering/text_report.hpp"
 #include "tbvnonpara/workbook/embedded_application.hpp"
 #include "tests/rendering/written.hpp"

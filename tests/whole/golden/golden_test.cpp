@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "tbvnonpara/analysis/results.hpp"
 #include "tbvnonpara/core/conversions.hpp"
+#include "tbvnonpara/engine/named_results.hpp"
 #include "tbvnonpara/files/csv/file.hpp"
 #include "tbvnonpara/request/clsNonPara.hpp"
 
@@ -76,7 +76,7 @@ std::string columnAddress(const workbook::Sheet& sheet, Index column) {
     return std::string(1, letter) + "1:" + letter + std::to_string(last);
 }
 
-std::vector<analysis::NamedResult> resultsOf(const GoldenFigure& figure) {
+std::vector<NamedResult> resultsOf(const GoldenFigure& figure) {
     const auto application = workbook::makeApplication();
     const auto sheet = workbook::openCsv(*application, folder / "data" / (figure.data + ".csv"));
     const TBVNPMethod method = methods.at(figure.test);
@@ -95,12 +95,12 @@ std::vector<analysis::NamedResult> resultsOf(const GoldenFigure& figure) {
         }
     }
     request.Results();
-    return analysis::namedResults(method, request.engine());
+    return namedResults(method, request.engine());
 }
 
 /// Counts are numbers, too.
-double numberNamed(const std::string& name, const std::vector<analysis::NamedResult>& results) {
-    const auto found = std::ranges::find(results, name, &analysis::NamedResult::name);
+double numberNamed(const std::string& name, const std::vector<NamedResult>& results) {
+    const auto found = std::ranges::find(results, name, &NamedResult::name);
     if (found == results.end()) {
         throw std::invalid_argument("no result \"" + name + '"');
     }

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+
+#include "tbvnonpara/core/cell_value.hpp"
+
+namespace TBVNonPara {
+
+/// The shortest text that reads back as the same number: 9, 0.1, 1e+300.
+[[nodiscard]] std::string shortest(double number);
+
+}  // namespace TBVNonPara

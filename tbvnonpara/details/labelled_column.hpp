@@ -1,0 +1,23 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "tbvnonpara/core/cell_value.hpp"
+
+namespace TBVNonPara {
+
+/// A column of a range: its label and the cells below.
+struct LabelledColumn {
+    std::string label;
+    std::vector<CellValue> cells;
+};
+
+/// The number that a cell counts as; none for a blank, a text that is no number, a truth value or an error.
+[[nodiscard]] std::optional<double> numberIn(const CellValue& cell);
+
+/// The numbers of a column in its order; what is no number is left out.
+[[nodiscard]] std::vector<double> numbersOf(const LabelledColumn& column);
+
+}  // namespace TBVNonPara

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "tbvnonpara/core/enumerations.hpp"
+#include "tbvnonpara/engine/clsNonParaBO.hpp"
+
+namespace TBVNonPara {
+
+using ResultValue =
+    std::variant<bool, Long, double, std::string, Array<Long>, std::vector<double>, Array<CellValue>>;
+
+/// A result and its name. Results that belong together share the part of the name before a dot:
+/// "positive.median" and "positive.sum".
+struct NamedResult {
+    std::string name;
+    ResultValue value;
+};
+
+/// The results of a test by name, exactly as the engine holds them. Those that share a part of their names
+/// stand together.
+[[nodiscard]] std::vector<NamedResult> namedResults(TBVNPMethod method, const clsNonParaBO& engine);
+
+/// The P that the report shows, or the first of several.
+[[nodiscard]] double reportedP(TBVNPMethod method, const clsNonParaBO& engine);
+
+}  // namespace TBVNonPara
