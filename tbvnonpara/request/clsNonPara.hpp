@@ -52,10 +52,6 @@ class clsNonPara {
     /// run; a second run inside this one is refused with tbvNPRunInProgress.
     void Results(bool OverWrite = false);
 
-    /// The engine of this request, to read the numbers of the last run from.
-    [[nodiscard]] const clsNonParaBO& engine() const { return *m_Engine; }
-
- private:
     /// What one run works with: the settings of the moment of its call. The host may call the client back
     /// while it works, and the client set what the next run is to use.
     struct Run {
@@ -70,6 +66,14 @@ class clsNonPara {
         friend bool operator==(const Run&, const Run&) = default;
     };
 
+    /// Checks the ranges and computes as Results does, and leaves it at that: the numbers are the engine's.
+    /// Returns what was computed with.
+    Run Compute();
+
+    /// The engine of this request, to read the numbers of the last run from.
+    [[nodiscard]] const clsNonParaBO& engine() const { return *m_Engine; }
+
+ private:
     [[nodiscard]] Run currentRun() const;
     void checkRanges(const DataCheck& check, const Run& run) const;
     void loadEngine(const Run& run);

@@ -1,9 +1,7 @@
-#include <memory>
-#include <utility>
-
 #include "tbvnonpara/request/clsNonPara.hpp"
 #include "tbvnonpara/request/range_checks.hpp"
 #include "tbvnonpara/request/reading.hpp"
+#include "tbvnonpara/request/run_mark.hpp"
 
 namespace TBVNonPara {
 
@@ -16,25 +14,6 @@ RangeRef newWorksheet(Application& application) {
     sheet->Move(sheet->GetParent()->GetWorksheets(last));
     return sheet->GetCells(1, 1);
 }
-
-/// Marks a run for as long as it lives. All runs build their reports on one scratch sheet, so that a run
-/// inside another would take the outer one's report away.
-class RunMark {
- public:
-    explicit RunMark(std::shared_ptr<std::atomic<bool>> running) : m_Running(std::move(running)) {
-        if (m_Running->exchange(true)) {
-            throw Error(tbvNPRunInProgress,
-                        "Another run has not ended yet, and both would build their report on the same sheet. "
-                        "Call Results again when it has ended, not from an event that it causes.");
-        }
-    }
-    RunMark(const RunMark&) = delete;
-    RunMark& operator=(const RunMark&) = delete;
-    ~RunMark() { *m_Running = false; }
-
- private:
-    std::shared_ptr<std::atomic<bool>> m_Running;
-};
 
 }  // namespace
 
@@ -64,6 +43,17 @@ void clsNonPara::Results(bool OverWrite) try {
     m_Results.release();
 } catch (...) {
     passOn("clsNonPara.Results");
+}
+
+clsNonPara::Run clsNonPara::Compute() {
+    if (!m_YRange.isSet()) {
+        raise(tbvNPNoYRange);
+    }
+    Run run = currentRun();
+    checkRanges(*m_Companions.createDataCheck(), run);
+    loadEngine(run);
+    m_Engine->Analyse();
+    return run;
 }
 
 clsNonPara::Run clsNonPara::currentRun() const {
