@@ -55,10 +55,10 @@ class Layout {
     [[nodiscard]] std::size_t rows() const { return m_Rows; }
     [[nodiscard]] std::size_t columns() const { return m_Columns; }
 
-    [[nodiscard]] ValueGrid cells(const std::string& reportAddress) const {
+    [[nodiscard]] ValueGrid cells(const std::string& source) const {
         ValueGrid grid{Long(m_Rows), Long(m_Columns)};
         put(grid, 1, 1, Text(std::string(sheetName)));
-        put(grid, 2, 1, Text("Report = " + reportAddress));
+        put(grid, 2, 1, Text(source));
         putLines(grid, wordsRow, m_Page.words);
         for (const PlacedTable& placed : m_Tables) {
             putTable(grid, placed);
@@ -171,6 +171,15 @@ void requireRoom(const Layout& layout, const Worksheet& sheet) {
     }
 }
 
+RangeRef writeOn(const WorksheetRef& sheet, const CompanionLibrary& companions, const Layout& layout,
+                 const std::string& source) {
+    const Look look(companions, sheet);
+    look.apply(layout);
+    RangeRef block = look.block(1, 1, layout.rows(), layout.columns());
+    block->LetValue(layout.cells(source));
+    return block;
+}
+
 /// A new sheet, which goes again unless it is kept.
 class NewSheet {
  public:
@@ -209,26 +218,49 @@ class NewSheet {
 
 RangeRef writeDetailsSheet(const CompanionLibrary& companions, const RangeRef& report,
                            const DetailPage& page) {
+    const WorksheetRef sheet = report->GetWorksheet();
+    return writeDetailsSheet(companions, sheet,
+                             "Report = " + quotedSheetName(sheet->GetName()) + '!' + report->GetAddress(),
+                             page);
+}
+
+RangeRef writeDetailsSheet(const CompanionLibrary& companions, const WorksheetRef& before,
+                           const std::string& source, const DetailPage& page) {
     const Layout layout(page);
-    const WorksheetRef reportSheet = report->GetWorksheet();
-    requireRoom(layout, *reportSheet);
-    const ValueGrid cells =
-        layout.cells(quotedSheetName(reportSheet->GetName()) + '!' + report->GetAddress());
-    const WorkbookRef book = reportSheet->GetParent();
+    requireRoom(layout, *before);
+    const WorkbookRef book = before->GetParent();
     const std::string name = freeSheetName(*book);
     book->Activate();
-    reportSheet->Activate();
-    NewSheet added(*companions.application, reportSheet);
-    const Look look(companions, added.sheet());
-    look.apply(layout);
-    RangeRef block = look.block(1, 1, layout.rows(), layout.columns());
-    block->LetValue(cells);
-    added.sheet()->Move(reportSheet);
+    before->Activate();
+    NewSheet added(*companions.application, before);
+    RangeRef block = writeOn(added.sheet(), companions, layout, source);
+    added.sheet()->Move(before);
     // Last, so that nothing unfinished bears the name.
     added.sheet()->LetName(name);
-    reportSheet->Activate();
+    before->Activate();
     added.keep();
     return block;
+}
+
+RangeRef placeDetails(const CompanionLibrary& companions, const RangeRef& place, const std::string& source,
+                      const DetailPage& page, bool overWrite) {
+    const Layout layout(page);
+    const Long rows{static_cast<std::int64_t>(layout.rows())};
+    const Long columns{static_cast<std::int64_t>(layout.columns())};
+    companions.createDataCheck()->CheckOutputArea(place, columns, rows, overWrite);
+    const WorksheetRef sheet = place->GetWorksheet();
+    sheet->GetParent()->Activate();
+    sheet->Activate();
+    const RangeRef first = place->GetCells(1, 1);
+    RangeRef placed = sheet->GetRange(first, place->GetCells(rows, columns));
+    {
+        const NewSheet made(*companions.application, sheet);
+        const RangeRef block = writeOn(made.sheet(), companions, layout, source);
+        sheet->Activate();
+        block->Copy();
+        first->PasteSpecial(companions.constants.ReportPaste);
+    }
+    return placed;
 }
 
 }  // namespace TBVNonPara
