@@ -12,6 +12,7 @@
 #include "cli/version.hpp"
 #include "tbvnonpara/core/conversions.hpp"
 #include "tbvnonpara/core/display_width.hpp"
+#include "tbvnonpara/details/json.hpp"
 #include "tbvnonpara/reshaping/list.hpp"
 
 namespace TBVNonPara::cli {
@@ -46,13 +47,6 @@ struct Words {
     std::string control;
     bool trend = false;
 };
-
-const std::map<std::string, statistics::Adjustment> adjustments = {
-    {"", statistics::Adjustment::Holm},
-    {"holm", statistics::Adjustment::Holm},
-    {"bonferroni", statistics::Adjustment::Bonferroni},
-    {"bh", statistics::Adjustment::BenjaminiHochberg},
-    {"none", statistics::Adjustment::None}};
 
 const std::map<std::string, workbook::Encoding> encodings = {
     {"", workbook::Encoding::Utf8},
@@ -408,8 +402,9 @@ Arguments finish(Words words) {
     }
     if (words.details) {
         // 99.9 / 100 lies above 0.999, the highest level that there is.
-        arguments.details = DetailChoices{std::min(words.confidence / 100, 0.999),
-                                          adjustments.at(words.adjust), words.trend, words.control};
+        arguments.details = DetailChoices{
+            std::min(words.confidence / 100, 0.999),
+            adjustmentNamed(words.adjust).value_or(statistics::Adjustment::Holm), words.trend, words.control};
     }
     return std::move(arguments);
 }

@@ -75,6 +75,17 @@ std::string_view adjustmentWord(statistics::Adjustment adjustment) {
     return "none";
 }
 
+std::optional<statistics::Adjustment> adjustmentNamed(std::string_view word) {
+    using statistics::Adjustment;
+    for (const Adjustment adjustment :
+         {Adjustment::Holm, Adjustment::Bonferroni, Adjustment::BenjaminiHochberg, Adjustment::None}) {
+        if (adjustmentWord(adjustment) == word) {
+            return adjustment;
+        }
+    }
+    return std::nullopt;
+}
+
 Figure detailFigures(const Details& details) {
     const DetailPage page = detailPage(details);
     statistics::FigureCollector collector;

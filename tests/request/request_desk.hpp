@@ -15,17 +15,22 @@
 namespace TBVNonPara {
 
 /// A request on a host with an empty sheet "Data". Every call on the host is on record; the first call whose
-/// operation is `failing` fails as often as `failures` says, with `failure`.
+/// operation is `failing` fails as often as `failures` says, with `failure`; so does the call `failingCall`,
+/// counted from 1 since `calls` was cleared.
 struct RequestDesk {
     ObjectRef<Application> host = Support::testHost();
     std::vector<std::string> calls;
     std::string failing;
     int failures = 0;
+    std::size_t failingCall = 0;
     Error failure{1004, "the host refuses", "Host"};
     CompanionLibrary companions = ownCompanions(Support::watchHost(host, [this](const auto& call) {
         calls.emplace_back(call.operation);
         if (call.operation == failing && failures > 0) {
             failures -= 1;
+            throw failure;
+        }
+        if (calls.size() == failingCall) {
             throw failure;
         }
     }));
