@@ -155,7 +155,8 @@ for sizes, of in [((5, 5, 4), 30), ((4, 4, 5), 5), ((2, 3, 7), 6), ((3, 3, 3, 3)
     case("kruskal-wallis", [[values[p] for p in group] for group in groups], upper(counts, squares(groups)))
 
 # Friedman: all sums of the treatments after block after block, in any order of the treatments.
-for b, k, of in [(22, 3, 8), (12, 3, 100), (8, 4, 100), (6, 4, 3), (5, 5, 4)]:
+SHAPES = [(22, 3, 8), (12, 3, 100), (8, 4, 100), (6, 4, 3), (5, 5, 4)]
+for b, k, of in [*SHAPES, (90, 3, 100), (70, 3, 5), (20, 4, 9), (3, 6, 20), (2, 7, 9)]:
     blocks = [whole(k, of) for _ in range(b)]
     counts = Counter({(0,) * k: 1})
     for block in blocks:
