@@ -144,7 +144,7 @@ def deals(places, sizes):
             yield (chosen, *rest)
 
 
-for sizes, of in [((5, 5, 4), 30), ((4, 4, 5), 5), ((2, 3, 7), 6), ((3, 3, 3, 3), 1000), ((2, 2, 3, 4), 4)]:
+def kruskal_wallis(sizes, of):
     values = whole(sum(sizes), of)
     ranks = doubled_ranks(values)
     measure = math.lcm(*sizes)
@@ -153,6 +153,10 @@ for sizes, of in [((5, 5, 4), 30), ((4, 4, 5), 5), ((2, 3, 7), 6), ((3, 3, 3, 3)
     groups = [list(range(a, b)) for a, b in zip(ends, ends[1:])]
     counts = Counter(squares(deal) for deal in deals(list(range(len(values))), sizes))
     case("kruskal-wallis", [[values[p] for p in group] for group in groups], upper(counts, squares(groups)))
+
+
+for sizes, of in [((5, 5, 4), 30), ((4, 4, 5), 5), ((2, 3, 7), 6), ((3, 3, 3, 3), 1000), ((2, 2, 3, 4), 4)]:
+    kruskal_wallis(sizes, of)
 
 # Friedman: all sums of the treatments after block after block, in any order of the treatments.
 SHAPES = [(22, 3, 8), (12, 3, 100), (8, 4, 100), (6, 4, 3), (5, 5, 4)]
@@ -171,6 +175,9 @@ for b, k, of in [*SHAPES, (90, 3, 100), (70, 3, 5), (20, 4, 9), (3, 6, 20), (2, 
         squares[sum(s * s for s in sums)] += count
     observed = sum(sum(column) ** 2 for column in zip(*map(doubled_ranks, blocks)))
     case("friedman", list(zip(*blocks)), upper(squares, observed))
+
+for sizes, of in [((2, 3, 3, 4), 1000), ((2, 2, 2, 2, 2), 9), ((1, 1, 2, 3, 4), 7)]:
+    kruskal_wallis(sizes, of)
 
 with open("details_counts.csv", "w") as file:
     file.write("\n".join(ROWS) + "\n")
