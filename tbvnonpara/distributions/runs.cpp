@@ -72,23 +72,86 @@ std::vector<long double> binomials(std::size_t n, std::size_t most) {
     return coefficients;
 }
 
-/// Deals another category of n items to orders of m items: in b blocks, of which c split a run and the others
-/// stand beside runs, r runs become r + b + c. All numbers are positive.
+/// The ways to deal a category to an order: in b blocks, of which c split a run and the others stand beside
+/// runs, b + c more runs.
+class BlocksOfCategory {
+ public:
+    explicit BlocksOfCategory(std::size_t n) : m_N(n), m_Blocks(binomials(n - 1, n - 1)) {}
+
+    /// To orders of m items in so many runs.
+    void begin(std::size_t m, std::size_t runs) {
+        m_Within = m - runs;
+        m_Beside = runs + 1;
+        m_WaysWithin = binomials(m_Within, m_N);
+        m_WaysBeside = binomials(m_Beside, m_N);
+        m_Commonest = 0;
+    }
+
+    /// The terms rise to the commonest c and fall from there, ever faster: once one is lost in the sum, the
+    /// rest is, too. All are positive.
+    long double waysOf(std::size_t more) {
+        const std::size_t first =
+            std::max(more - std::min(more, m_N), (more + 1 - std::min(more, m_Beside)) / 2);
+        const std::size_t last = std::min(more / 2, m_Within);
+        if (first > last) {
+            return 0;
+        }
+        moveToCommonest(more, first, last);
+        constexpr long double lost = 1e-22L;
+        long double sum = ways(more, m_Commonest);
+        for (std::size_t c = m_Commonest + 1; c <= last; ++c) {
+            const long double term = ways(more, c);
+            sum += term;
+            if (term < lost * sum) {
+                break;
+            }
+        }
+        for (std::size_t c = m_Commonest; c > first; --c) {
+            const long double term = ways(more, c - 1);
+            sum += term;
+            if (term < lost * sum) {
+                break;
+            }
+        }
+        return sum;
+    }
+
+ private:
+    [[nodiscard]] long double ways(std::size_t more, std::size_t c) const {
+        return m_Blocks[more - c - 1] * m_WaysWithin[c] * m_WaysBeside[more - 2 * c];
+    }
+
+    void moveToCommonest(std::size_t more, std::size_t first, std::size_t last) {
+        m_Commonest = std::clamp(m_Commonest, first, last);
+        while (m_Commonest < last && ways(more, m_Commonest + 1) > ways(more, m_Commonest)) {
+            m_Commonest += 1;
+        }
+        while (m_Commonest > first && ways(more, m_Commonest - 1) > ways(more, m_Commonest)) {
+            m_Commonest -= 1;
+        }
+    }
+
+    std::size_t m_N;
+    std::vector<long double> m_Blocks;
+    std::size_t m_Within = 0;  ///< places inside runs
+    std::size_t m_Beside = 0;
+    std::vector<long double> m_WaysWithin;
+    std::vector<long double> m_WaysBeside;
+    std::size_t m_Commonest = 0;
+};
+
+/// Deals another category of n items to orders of m items.
 std::vector<long double> withCategory(const std::vector<long double>& before, std::size_t m, std::size_t n) {
-    const std::vector<long double> blocks = binomials(n - 1, n - 1);
+    BlocksOfCategory category(n);
     const long double all = binomials(m + n, n)[n];
     std::vector<long double> after(std::min(before.size() + 2 * n, m + n + 1));
     for (std::size_t runs = 1; runs < before.size(); ++runs) {
         if (before[runs] == 0) {
             continue;
         }
-        const std::vector<long double> splits = binomials(m - runs, n);
-        const std::vector<long double> beside = binomials(runs + 1, n);
-        for (std::size_t b = 1; b <= n; ++b) {
-            const long double weight = before[runs] * blocks[b - 1] / all;
-            for (std::size_t c = b > runs + 1 ? b - runs - 1 : 0; c <= std::min(b, m - runs); ++c) {
-                after[runs + b + c] += weight * splits[c] * beside[b - c];
-            }
+        category.begin(m, runs);
+        for (std::size_t more = 1; more <= 2 * n && runs + more < after.size(); ++more) {
+            after[runs + more] += before[runs] / all * category.waysOf(more);
         }
     }
     return after;
