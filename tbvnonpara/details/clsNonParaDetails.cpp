@@ -158,6 +158,10 @@ void clsNonParaDetails::LetTrend(bool trend) {
     m_Choices.trend = trend;
 }
 
+void clsNonParaDetails::LetWatch(CountWatch watch) {
+    m_Watch = std::move(watch);
+}
+
 void clsNonParaDetails::Calculate() try {
     m_Details.reset();
     const clsNonPara::Run run = m_Request.Compute();
@@ -172,7 +176,7 @@ void clsNonParaDetails::Calculate() try {
                           std::back_inserter(columns));
         source += ", " + rangeText(run.xRange);
     }
-    m_Details = detailsOf(test, run.tails, m_Choices, columns, m_Request.engine());
+    m_Details = detailsOf(test, run.tails, m_Choices, columns, m_Request.engine(), m_Watch);
     m_Source = std::move(source);
     m_YRange = run.yRange;
 } catch (const std::invalid_argument& wrong) {

@@ -52,6 +52,10 @@ class clsNonParaDetails {
     /// Whether the groups are tested for a trend, too: Kruskal-Wallis and Friedman.
     void LetTrend(bool trend);
 
+    /// Told from time to time how far Calculate is with a long count, 0 to 1; an error that it raises ends
+    /// Calculate and is passed on. One count follows another.
+    void LetWatch(CountWatch watch);
+
     /// Checks the ranges and computes. What an earlier call computed is gone, also after an error.
     void Calculate();
 
@@ -76,6 +80,7 @@ class clsNonParaDetails {
     CompanionLibrary m_Companions;
     clsNonPara m_Request;
     DetailChoices m_Choices;
+    CountWatch m_Watch;
     std::string m_OutputRange;
     std::optional<Details> m_Details;
     std::string m_Source;  ///< the ranges that were computed with, as reports name them

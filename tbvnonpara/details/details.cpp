@@ -100,12 +100,13 @@ std::vector<std::size_t> categoriesOf(const LabelledColumn& column, std::vector<
 /// Computes what the shape of the data asks for.
 class InFull {
  public:
-    InFull(const std::vector<LabelledColumn>& columns, const DetailChoices& chosen)
+    InFull(const std::vector<LabelledColumn>& columns, const DetailChoices& chosen, CountWatch watch)
         : m_Columns(columns),
           m_Options{.confidence = chosen.confidence,
                     .missing = statistics::Missing::Omit,
                     .adjustment = chosen.adjustment,
-                    .trend = chosen.trend},
+                    .trend = chosen.trend,
+                    .watch = std::move(watch)},
           m_Labels(labelsOf(columns)),
           m_Control(controlAmong(m_Labels, chosen.control)) {}
 
@@ -176,8 +177,8 @@ class InFull {
 }  // namespace
 
 Details detailsOf(const OfferedTest& test, TBVNPTails tails, const DetailChoices& chosen,
-                  const std::vector<LabelledColumn>& columns, const clsNonParaBO& engine) {
-    InFull full(columns, chosen);
+                  const std::vector<LabelledColumn>& columns, const clsNonParaBO& engine, CountWatch watch) {
+    InFull full(columns, chosen, std::move(watch));
     TestInFull result = full.compute(test.method);
     return {
         &test, tails, chosen, std::move(full).labels(), std::move(result), reportedP(test.method, engine)};

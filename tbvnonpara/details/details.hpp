@@ -43,8 +43,9 @@ struct Details {
 };
 
 /// Raises an error where there is no such control, or where the columns have no details:
-/// std::invalid_argument says why.
+/// std::invalid_argument says why. The watch is told how far long counts are, and may end them.
 [[nodiscard]] Details detailsOf(const OfferedTest& test, TBVNPTails tails, const DetailChoices& chosen,
-                                const std::vector<LabelledColumn>& columns, const clsNonParaBO& engine);
+                                const std::vector<LabelledColumn>& columns, const clsNonParaBO& engine,
+                                CountWatch watch = {});
 
 }  // namespace TBVNonPara

@@ -6,6 +6,8 @@
 #include <numeric>
 #include <vector>
 
+#include "tbvnonpara/distributions/long_count.hpp"
+
 namespace TBVNonPara {
 
 namespace {
@@ -48,8 +50,13 @@ class Urn {
             m_Chances.emplace_back(static_cast<std::size_t>(m_Highest[size] - m_Lowest[size]) + 1);
         }
         m_Chances.front().front() = 1;
+        const auto ofScore = static_cast<double>(
+            std::transform_reduce(m_Chances.begin(), m_Chances.end(), std::size_t(0), std::plus<>(),
+                                  [](const std::vector<double>& chances) { return chances.size(); }));
+        LongCount count(ofScore * static_cast<double>(scores.size()));
         for (std::size_t drawn = 0; drawn < scores.size(); ++drawn) {
             add(scores[drawn], drawn, largest);
+            count.add(ofScore);
         }
     }
 
@@ -123,6 +130,7 @@ std::vector<double> signedRankChances(std::span<const std::int64_t> ranks) {
         static_cast<std::size_t>(std::accumulate(ranks.begin(), ranks.end(), Score(0))) + 1);
     chances.front() = 1;
     std::size_t reached = 0;
+    LongCount count(static_cast<double>(ranks.size()) * static_cast<double>(chances.size()) / 2);
     for (const Score rank : ranks) {
         const auto shift = static_cast<std::size_t>(rank);
         reached += shift;
@@ -131,6 +139,7 @@ std::vector<double> signedRankChances(std::span<const std::int64_t> ranks) {
             chances[sum] = (chances[sum] + chances[sum - shift]) / 2;
         }
         std::for_each_n(chances.begin(), shift, [](double& chance) { chance /= 2; });
+        count.add(static_cast<double>(reached));
     }
     return chances;
 }

@@ -6,6 +6,8 @@
 #include <numeric>
 #include <vector>
 
+#include "tbvnonpara/distributions/long_count.hpp"
+
 namespace TBVNonPara {
 
 namespace {
@@ -231,15 +233,18 @@ std::optional<ExactUpperTail> friedmanTail(std::span<const double> ranks, std::s
     const double b = static_cast<double>(ranks.size()) / k;
     const bool tied = std::ranges::any_of(ranks, [](double rank) { return rank != std::floor(rank); });
     const double unit = tied ? 2 : 1;
-    if (b * std::pow(b * (k - 1) * unit + 1, k - 1) > steps) {
+    const double ofBlock = std::pow(b * (k - 1) * unit + 1, k - 1);
+    if (b * ofBlock > steps) {
         return std::nullopt;
     }
+    LongCount count(b * ofBlock);
     SumVectors vectors(static_cast<Sum>(treatments), static_cast<Sum>(b), static_cast<Sum>(unit));
     std::vector<Sum> observed(treatments);
     for (std::size_t first = 0; first < ranks.size(); first += treatments) {
         std::vector<Sum> scores = scoresOfBlock(ranks.subspan(first, treatments), unit);
         std::ranges::transform(observed, scores, observed.begin(), std::plus<>());
         vectors.addBlock(std::move(scores));
+        count.add(ofBlock);
     }
     return vectors.tail(std::inner_product(observed.begin(), observed.end(), observed.begin(), Sum(0)));
 }

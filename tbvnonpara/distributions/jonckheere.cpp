@@ -7,6 +7,7 @@
 
 #include "tbvnonpara/distributions/factorial_log.hpp"
 #include "tbvnonpara/distributions/folding.hpp"
+#include "tbvnonpara/distributions/long_count.hpp"
 #include "tbvnonpara/distributions/mann_whitney.hpp"
 
 namespace TBVNonPara {
@@ -102,6 +103,7 @@ class Dealing {
     Dealing(GroupCounts sizes, double steps)
         : m_Sizes(std::move(sizes)),
           m_Steps(steps),
+          m_Count(steps),
           m_Left(sumOf(m_Sizes)),
           m_Ways(m_Left),
           m_Dealt(m_Sizes.size()) {
@@ -164,7 +166,9 @@ class Dealing {
         for (std::size_t i = 0; i < m_Chances->size(); ++i) {
             chances[i + rise] += chance * (*m_Chances)[i];
         }
-        m_Steps -= static_cast<double>(m_Chances->size() + m_Sizes.size());
+        const auto steps = static_cast<double>(m_Chances->size() + m_Sizes.size());
+        m_Steps -= steps;
+        m_Count.add(steps);
     }
 
     /// Makes room for a state, or says that there is none, and the count is given up.
@@ -181,6 +185,7 @@ class Dealing {
 
     GroupCounts m_Sizes;
     double m_Steps;
+    LongCount m_Count;
     std::size_t m_Left;
     LogOfWays m_Ways;
     std::map<GroupCounts, std::vector<double>> m_States;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tbvnonpara/distributions/common_measure.hpp"
+#include "tbvnonpara/distributions/long_count.hpp"
 #include "tbvnonpara/distributions/rank_arrangements.hpp"
 #include "tbvnonpara/distributions/rank_deal.hpp"
 
@@ -42,11 +43,14 @@ class StateTable {
 
     ExactUpperTail tail() {
         m_Chances.front() = 1;
+        const double needed = steps(m_Deal);
+        LongCount count(needed);
         for (std::size_t dealt = 0; dealt < m_Deal.scores.size(); ++dealt) {
             // From the fullest counts on, so that those a block comes from have not had this score yet.
             for (std::size_t counts = m_Counts; counts-- > 0;) {
                 deal(counts, dealt);
             }
+            count.add(needed / static_cast<double>(m_Deal.scores.size()));
         }
         const double* const full = m_Chances.data() + (m_Counts - 1) * m_Block;
         ExactUpperTail result{0, 0};

@@ -5,11 +5,16 @@
 #include <map>
 #include <vector>
 
+#include "tbvnonpara/distributions/long_count.hpp"
+
 namespace TBVNonPara {
 
 namespace {
 
 using GroupScores = std::vector<Score>;
+
+/// What an arrangement counts for.
+constexpr double stepsOfOne = 10;
 
 /// What some of the scores give each group, and how many arrangements do.
 using WaysOfSums = std::map<GroupScores, double>;
@@ -67,7 +72,8 @@ class Dealer {
 /// Arrangements of the upper scores, each of which meets all of the lower ones that leave it room.
 class Meeting {
  public:
-    explicit Meeting(const RankDeal& deal) : m_Deal(deal), m_Sums(deal.sizes.size()) {}
+    explicit Meeting(const RankDeal& deal)
+        : m_Deal(deal), m_Count(stepsOfArrangements(deal)), m_Sums(deal.sizes.size()) {}
 
     void begin(const WaysOfSums& lower) { m_Lower = &lower; }
 
@@ -89,6 +95,7 @@ class Meeting {
     void end() {
         for (const auto& [sums, ways] : *m_Lower) {
             meet(sums, ways);
+            m_Count.add(stepsOfOne * static_cast<double>(m_Ways.size()));
         }
         std::ranges::for_each(m_Sums, &GroupScores::clear);
         m_Parts.clear();
@@ -125,6 +132,7 @@ class Meeting {
     }
 
     const RankDeal& m_Deal;
+    LongCount m_Count;
     const WaysOfSums* m_Lower = nullptr;
     std::vector<GroupScores> m_Sums;  ///< by group
     std::vector<Score> m_Parts;       ///< of the statistic, from the upper scores alone
@@ -145,7 +153,7 @@ double stepsOfArrangements(const RankDeal& deal) {
         alike = g > 0 && deal.sizes[g] == deal.sizes[g - 1] ? alike + 1 : 1;
         logarithm -= std::log(alike);
     }
-    return 10 * std::exp(logarithm);
+    return stepsOfOne * std::exp(logarithm);
 }
 
 ExactUpperTail tailOfArrangements(const RankDeal& deal) {

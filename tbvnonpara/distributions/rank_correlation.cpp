@@ -8,6 +8,7 @@
 #include <numeric>
 #include <vector>
 
+#include "tbvnonpara/distributions/long_count.hpp"
 #include "tbvnonpara/distributions/normal.hpp"
 
 namespace TBVNonPara {
@@ -87,7 +88,7 @@ struct Sums {
 };
 
 /// Deals the stock to the scores one by one, each kind with the chance of what is left of it.
-Sums sumsOfProducts(const std::vector<Score>& scores, const Stock& stock) {
+Sums sumsOfProducts(const std::vector<Score>& scores, const Stock& stock, LongCount& count) {
     std::map<std::size_t, Sums> level = {{0, {0, {1.0}}}};
     for (std::size_t dealt = 0; dealt < scores.size(); ++dealt) {
         std::map<std::size_t, Sums> next;
@@ -97,6 +98,7 @@ Sums sumsOfProducts(const std::vector<Score>& scores, const Stock& stock) {
                 if (const std::size_t left = stock.left(state, kind); left > 0) {
                     next[state + stock.weights[kind]].add(sums, scores[dealt] * stock.scores[kind],
                                                           static_cast<double>(left) / all);
+                    count.add(static_cast<double>(sums.chances.size()));
                 }
             }
         }
@@ -142,12 +144,14 @@ std::optional<ExactTails> rankCorrelationTails(std::span<const double> first, st
     }
     const Score highest = productSum(x, y);
     const Score lowest = std::inner_product(x.begin(), x.end(), y.rbegin(), Score(0));
-    if (stock.states * n * static_cast<double>(highest - lowest) > steps) {
+    const double needed = stock.states * n * static_cast<double>(highest - lowest);
+    if (needed > steps) {
         return std::nullopt;
     }
     const Score total =
         std::accumulate(x.begin(), x.end(), Score(0)) * std::accumulate(y.begin(), y.end(), Score(0));
-    const Sums sums = sumsOfProducts(x, stock);
+    LongCount count(needed);
+    const Sums sums = sumsOfProducts(x, stock, count);
     return tailsOfSums(sums.chances, sums.lowest, observedSum(first, second), total,
                        static_cast<Score>(x.size()));
 }

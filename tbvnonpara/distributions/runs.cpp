@@ -6,6 +6,8 @@
 #include <numeric>
 #include <vector>
 
+#include "tbvnonpara/distributions/long_count.hpp"
+
 namespace TBVNonPara {
 
 namespace {
@@ -140,8 +142,14 @@ class BlocksOfCategory {
     std::size_t m_Commonest = 0;
 };
 
+/// To orders of so many runs; a row of binomials takes its time, too.
+double stepsToDeal(std::size_t n) {
+    return static_cast<double>(n) * static_cast<double>(n) + 100;
+}
+
 /// Deals another category of n items to orders of m items.
-std::vector<long double> withCategory(const std::vector<long double>& before, std::size_t m, std::size_t n) {
+std::vector<long double> withCategory(const std::vector<long double>& before, std::size_t m, std::size_t n,
+                                      LongCount& count) {
     BlocksOfCategory category(n);
     const long double all = binomials(m + n, n)[n];
     std::vector<long double> after(std::min(before.size() + 2 * n, m + n + 1));
@@ -153,6 +161,7 @@ std::vector<long double> withCategory(const std::vector<long double>& before, st
         for (std::size_t more = 1; more <= 2 * n && runs + more < after.size(); ++more) {
             after[runs + more] += before[runs] / all * category.waysOf(more);
         }
+        count.add(stepsToDeal(n));
     }
     return after;
 }
@@ -163,17 +172,17 @@ std::optional<LogChances> manyCategories(std::span<const std::size_t> counts, do
     double needed = 0;
     std::size_t m = ascending.front();
     for (std::size_t j = 1; j < ascending.size(); ++j) {
-        const auto n = static_cast<double>(ascending[j]);
-        needed += static_cast<double>(m) * (n * n + 100);  // a row of binomials takes its time, too
+        needed += static_cast<double>(m) * stepsToDeal(ascending[j]);
         m += ascending[j];
     }
     if (needed > steps) {
         return std::nullopt;
     }
+    LongCount count(needed);
     std::vector<long double> chances = {0, 1};
     m = ascending.front();
     for (std::size_t j = 1; j < ascending.size(); ++j) {
-        chances = withCategory(chances, m, ascending[j]);
+        chances = withCategory(chances, m, ascending[j], count);
         m += ascending[j];
     }
     LogChances logarithms(chances.size());

@@ -201,6 +201,7 @@ Friedman::Group treatmentGroup(const Blocks& blocks, std::size_t treatment, doub
 
 Friedman friedman(SampleSpans samples, const Options& options, std::optional<std::size_t> control) {
     checkOptions(options);
+    const WatchedCounts watched(options.watch);
     if (control && *control >= samples.size()) {
         throw std::invalid_argument("The control is none of the treatments.");
     }

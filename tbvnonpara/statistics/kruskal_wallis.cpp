@@ -72,6 +72,7 @@ void compare(KruskalWallis& test, const Groups& groups, const Options& options,
 
 KruskalWallis kruskalWallis(SampleSpans samples, const Options& options, std::optional<std::size_t> control) {
     checkOptions(options);
+    const WatchedCounts watched(options.watch);
     const Groups groups = groupsOf(samples, options);
     const std::optional<std::size_t> controlGroup = groupOfControl(groups, control);
     const Midranks ranked = midranks(groups.pooled());

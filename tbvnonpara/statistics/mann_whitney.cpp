@@ -190,6 +190,7 @@ void estimateSuperiority(MannWhitney& test, double confidence) {
 MannWhitney mannWhitney(std::span<const double> first, std::span<const double> second,
                         const Options& options) {
     checkOptions(options);
+    const WatchedCounts watched(options.watch);
     const Sample x = sampleWithValues(first, "the first sample", options);
     const Sample y = sampleWithValues(second, "the second sample", options);
     MannWhitney test;

@@ -100,6 +100,7 @@ void compareMedians(Median& test, const Options& options, std::optional<std::siz
 
 Median median(SampleSpans samples, const Options& options, std::optional<std::size_t> control) {
     checkOptions(options);
+    const WatchedCounts watched(options.watch);
     const Groups groups = groupsOf(samples, options);
     const std::optional<std::size_t> controlGroup = groupOfControl(groups, control);
     Median test;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tbvnonpara/distributions/long_count.hpp"
+
 namespace TBVNonPara::statistics {
 
 enum class Alternative { TwoSided, Greater, Less };
@@ -19,6 +21,7 @@ struct Options {
     Adjustment adjustment = Adjustment::Holm;
     bool trend = false;       ///< also whether values rise from group to group (Kruskal-Wallis, Friedman)
     double exactSteps = 1e9;  ///< additions that an exact count may take; 0 leaves it out
+    CountWatch watch = {};    ///< told how far a long count is; what it throws ends the test
 };
 
 /// Throws std::invalid_argument where the level is none that an interval can have.

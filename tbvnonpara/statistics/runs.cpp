@@ -27,6 +27,7 @@ double varianceOfRuns(double N, double squares, double cubes) {
 
 Runs runs(std::span<const std::size_t> categories, const Options& options) {
     checkOptions(options);
+    const WatchedCounts watched(options.watch);
     if (categories.empty()) {
         throw std::invalid_argument("The sequence is empty.");
     }

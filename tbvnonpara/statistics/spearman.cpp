@@ -53,6 +53,7 @@ std::optional<Tails> seriesTails(const Midranks& x, const Midranks& y) {
 
 Spearman spearman(std::span<const double> first, std::span<const double> second, const Options& options) {
     checkOptions(options);
+    const WatchedCounts watched(options.watch);
     const Pairs pairs = pairsOf(first, second, options);
     if (pairs.first.size() < 2) {
         throw std::invalid_argument("A correlation needs at least two pairs of values.");

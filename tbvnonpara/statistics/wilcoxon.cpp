@@ -114,6 +114,7 @@ Wilcoxon::Group pairedGroup(std::vector<double> values, double confidence) {
 
 Wilcoxon wilcoxon(std::span<const double> first, std::span<const double> second, const Options& options) {
     checkOptions(options);
+    const WatchedCounts watched(options.watch);
     const Pairs pairs = pairsOf(first, second, options);
     if (pairs.first.empty()) {
         throw std::invalid_argument("There are no pairs of values.");

@@ -215,6 +215,28 @@ TEST(Details, AreGoneAfterAnError) {
     EXPECT_EQ(desk.valueOf("effect.shift").number, static_cast<std::int32_t>(RuntimeError::ObjectNotSet));
 }
 
+TEST(Details, ALongCountIsToldToTheWatchWhichMayEndIt) {
+    DetailsDesk desk;
+    ValueGrid pairs(501, 2);
+    pairs(1, 1) = CellValue(Text("a"));
+    pairs(1, 2) = CellValue(Text("b"));
+    for (Index row = 2; row <= 501; ++row) {
+        pairs(row, 1) = static_cast<double>(row);
+        pairs(row, 2) = static_cast<double>(3 * row % 1000);
+    }
+    desk.put("Data!A1", pairs);
+    desk.choose(tbvNPWilcoxon, "Data!A1:A501", "Data!B1:B501");
+    int told = 0;
+    desk.details.LetWatch([&](double) { told += 1; });
+    desk.details.Calculate();
+    EXPECT_GT(told, 0);
+    desk.details.LetWatch([](double) { throw Error(18, "The user has stopped it."); });
+    const Support::Raised raised = desk.calculate();
+    EXPECT_EQ(raised.number, 18);
+    EXPECT_EQ(raised.description, "The user has stopped it.");
+    EXPECT_NE(desk.valueOf("effect").number, 0) << "what was calculated before is gone";
+}
+
 TEST(Details, AreWrittenWhereTheyAreWanted) {
     SleepDesk desk;
     desk.details.Calculate();
