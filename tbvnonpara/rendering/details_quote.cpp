@@ -40,8 +40,8 @@ std::string quote(const statistics::MannWhitney& test, const Details& details) {
     const std::string& x = details.labels[0];
     const std::string& y = details.labels[1];
     return fmt::format(
-        "Mann-Whitney test of {} (n = {}) and {} (n = {}): U = {:.10g}, {}{}{}.", x, test.n[0], y, test.n[1],
-        test.u[0], quotedP(test.exact, test.normal, details),
+        "Mann-Whitney test of {} (n = {}) and {} (n = {}): U = {:.10g} ({:.10g} for {}), {}{}{}.", x,
+        test.n[0], y, test.n[1], test.u[0], test.u[1], y, quotedP(test.exact, test.normal, details),
         quoted(fmt::format("share of pairs with {} larger", x), std::optional(test.superiority), details),
         quoted(fmt::format("Hodges-Lehmann shift {} - {}", x, y), std::optional(test.shift), details));
 }
