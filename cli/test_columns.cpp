@@ -92,6 +92,20 @@ void tellFailures(const Tests& tests) {
     }
 }
 
+/// The columns with results but without the details that were asked for.
+void tellMissingDetails(const Tests& tests) {
+    const auto lacksThem = [](const ColumnTest& test) { return !test.detailsProblem.empty(); };
+    const auto first = std::ranges::find_if(tests, lacksThem);
+    if (first == tests.end()) {
+        return;
+    }
+    const auto count = std::ranges::count_if(tests, lacksThem);
+    tellLines(fmt::format("tbvnonpara: {} has no details: {}", first->column, first->detailsProblem));
+    if (count > 1) {
+        tell(fmt::format("tbvnonpara: {} of {} columns have no details.\n", count, tests.size()));
+    }
+}
+
 }  // namespace
 
 int testColumns(const workbook::EmbeddedApplication& application, const Arguments& arguments,
@@ -115,7 +129,11 @@ int testColumns(const workbook::EmbeddedApplication& application, const Argument
         tellLines("saved in " + arguments.save);
     }
     tellFailures(tests);
-    return std::ranges::any_of(tests, [](const ColumnTest& test) { return !test.error; }) ? 0 : failureStatus;
+    tellMissingDetails(tests);
+    const auto isDone = [&](const ColumnTest& test) {
+        return !test.error && (test.details || !arguments.details);
+    };
+    return std::ranges::any_of(tests, isDone) ? 0 : failureStatus;
 }
 
 }  // namespace TBVNonPara::cli

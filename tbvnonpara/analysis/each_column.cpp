@@ -156,7 +156,7 @@ class Workplace {
         const FinishedTest finished = runTest(m_Application, m_Companions, m_Choices, ranges);
         result.results = namedResults(m_Choices.test->method, finished.engine());
         if (m_Details) {
-            result.details = detailsIfAny(columns, finished.engine());
+            addDetails(columns, finished.engine(), result);
         }
         if (report) {
             report(result, finished);
@@ -164,11 +164,13 @@ class Workplace {
     }
 
     /// A column has its results, with details or without.
-    [[nodiscard]] std::optional<Details> detailsIfAny(const std::vector<LabelledColumn>& columns,
-                                                      const clsNonParaBO& engine) const try {
-        return detailsOf(*m_Choices.test, m_Choices.tails, *m_Details, columns, engine);
-    } catch (const std::invalid_argument&) {
-        return std::nullopt;
+    void addDetails(const std::vector<LabelledColumn>& columns, const clsNonParaBO& engine,
+                    ColumnTest& result) const try {
+        result.details = detailsOf(*m_Choices.test, m_Choices.tails, *m_Details, columns, engine);
+    } catch (const std::invalid_argument& reason) {
+        result.detailsProblem = reason.what();
+    } catch (const Error& reason) {
+        result.detailsProblem = reason.description();
     }
 
     Choices m_Choices;

@@ -37,6 +37,7 @@ struct ColumnTest {
     std::vector<NamedResult> results;
     reshaping::Account account;
     std::optional<Details> details;                   ///< where they were asked for and exist
+    std::string detailsProblem;                       ///< why there are none though they were asked for
     std::optional<statistics::Probability> adjusted;  ///< P of the details, for all columns together
     std::optional<Error> error;                       ///< why there are no results
     reshaping::Remedy remedy = reshaping::Remedy::CorrectData;  ///< what helps against that

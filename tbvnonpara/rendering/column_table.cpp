@@ -68,7 +68,9 @@ class Names {
 };
 
 std::string problemOf(const ColumnTest& test) {
-    return test.error ? test.error->description() : "";
+    return test.error                    ? test.error->description()
+           : test.detailsProblem.empty() ? ""
+                                         : "There are no details: " + test.detailsProblem;
 }
 
 std::string columnInJson(const ColumnTest& test) {
@@ -82,6 +84,8 @@ std::string columnInJson(const ColumnTest& test) {
     if (test.details) {
         details = ", \"details\": " + figureInJson(detailFigures(*test.details), 4) +
                   ", \"adjusted\": " + figureInJson(statistics::figureOf(test.adjusted), 4);
+    } else if (!test.detailsProblem.empty()) {
+        details = ", \"details\": null, \"note\": " + textInJson(problemOf(test));
     }
     return beginning + missingInJson(test.account) + ", \"results\": " + resultsInJson(test.results) +
            details + '}';
@@ -92,7 +96,8 @@ std::vector<NamedResult> detailsAsResults(const ColumnTest& test) {
     if (!test.details) {
         return {};
     }
-    const statistics::Figure figures = detailFigures(*test.details);
+    const statistics::Figure figures =
+        std::visit([](const auto& result) { return statistics::figureOf(result); }, test.details->result);
     std::vector<NamedResult> results = {
         {"details.method", std::get<std::string>(find(figures, "p.method")->value)}};
     const auto add = [&](const std::string& name, const std::optional<double>& value) {

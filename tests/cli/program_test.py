@@ -479,6 +479,22 @@ class Details(unittest.TestCase):
                                       "two  0.1000    0.2000\n\n"), text[-200:])
         self.assertIn("0 of 2 columns with an adjusted P of at most 5 % (P adjusted by Holm).", text)
 
+    def test_of_a_column_that_are_missing_are_told_of(self):
+        words = ["median", "-", "--each", "--by", "g", "--missing", "omit", "--details", "--control", "z"]
+        text = "g,a,b\nx,1,3\nx,2,4\ny,3,5\ny,4,9\nz,5,\nz,6,\n"
+        reason = 'There is no group "z"; the groups are x, y.'
+        result = run(*words, "--format", "csv", text=text)
+        self.assertIn(f"tbvnonpara: b has no details: {reason}\n", result.stderr)
+        rows = list(csv.DictReader(result.stdout.splitlines()))
+        self.assertEqual([row["error"] for row in rows], ["", "There are no details: " + reason])
+        self.assertEqual((rows[1]["p"], rows[1]["details.p"]), ("0.04550026389635842", ""))
+        columns = json.loads(run(*words, "--format", "json", text=text).stdout)["columns"]
+        self.assertEqual((columns[1]["details"], columns[1]["note"]), (None, "There are no details: " + reason))
+        self.assertIn("\nDetails\n", run(*words, text=text).stdout)
+        # Where no column has any, that is a failure.
+        result = run(*words[:-1], "w", text=text)
+        self.assertEqual((result.returncode, result.stderr.count("no details")), (1, 2))
+
     def test_one_p_is_not_adjusted(self):
         result = run("mann-whitney", self.SLEEP, "--details", "--adjust", "holm")
         self.assertEqual(result.returncode, 2)

@@ -106,6 +106,10 @@ class Schema(unittest.TestCase):
                             text="a,b,c\n1,4,x\n2,,x\n3,7,y\n5,6,y\n")
         self.check(printed, "a column that is refused")
         self.assertTrue(any("error" in column for column in printed["columns"]))
+        printed = self.read("median", "-", "--each", "--by", "g", "--missing", "omit", "--details", "--control", "z",
+                            text="g,a,b\nx,1,3\nx,2,4\ny,3,5\ny,4,9\nz,5,\nz,6,\n")
+        self.check(printed, "a column without details")
+        self.assertEqual([column.get("note") is None for column in printed["columns"]], [True, False])
 
     def test_knows_every_name(self):
         for test in TESTS:
