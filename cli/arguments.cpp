@@ -46,6 +46,8 @@ struct Words {
     std::string adjust;
     std::string control;
     bool trend = false;
+    std::size_t permutations = 0;
+    std::uint64_t seed = 1;
 };
 
 const std::map<std::string, workbook::Encoding> encodings = {
@@ -236,6 +238,22 @@ void offerSaving(CLI::App& command, Arguments& arguments) {
         ->needs(save);
 }
 
+/// Random arrangements, which the sign test never needs.
+void offerPermutations(CLI::App& command, Words& words, CLI::Option* details) {
+    CLI::Option* const permutations =
+        command
+            .add_option("--permutations", words.permutations,
+                        "estimate P from so many random arrangements where nothing can be\n"
+                        "counted exactly, 1 to 1000000000")
+            ->type_name("NUMBER")
+            ->check(CLI::Range(std::size_t(1), std::size_t(1000000000)).description(""))
+            ->needs(details);
+    command.add_option("--seed", words.seed, "which ones: the same seed draws the same; without it 1")
+        ->type_name("NUMBER")
+        ->check(CLI::Range(std::uint64_t(0), std::uint64_t(9007199254740992)).description(""))
+        ->needs(permutations);
+}
+
 /// The options that say what stands below the report.
 void offerDetails(CLI::App& command, const OfferedTest& test, Words& words) {
     CLI::Option* const details =
@@ -255,6 +273,9 @@ void offerDetails(CLI::App& command, const OfferedTest& test, Words& words) {
         ->type_name("WORD")
         ->check(CLI::IsMember({"holm", "bonferroni", "bh", "none"}).description(""))
         ->needs(details);
+    if (test.method != tbvNPSign) {
+        offerPermutations(command, words, details);
+    }
     if (!compares) {
         return;
     }
@@ -402,9 +423,13 @@ Arguments finish(Words words) {
     }
     if (words.details) {
         // 99.9 / 100 lies above 0.999, the highest level that there is.
-        arguments.details = DetailChoices{
-            std::min(words.confidence / 100, 0.999),
-            adjustmentNamed(words.adjust).value_or(statistics::Adjustment::Holm), words.trend, words.control};
+        arguments.details =
+            DetailChoices{.confidence = std::min(words.confidence / 100, 0.999),
+                          .adjustment = adjustmentNamed(words.adjust).value_or(statistics::Adjustment::Holm),
+                          .permutations = words.permutations,
+                          .seed = words.seed,
+                          .trend = words.trend,
+                          .control = words.control};
     }
     return std::move(arguments);
 }

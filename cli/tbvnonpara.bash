@@ -19,6 +19,7 @@ _tbvnonpara_options() {
     case $1 in
         friedman | kruskal-wallis) options+=" --trend" ;;
     esac
+    [[ $1 == sign ]] || options+=" --permutations --seed"
     case $1 in
         sign | runs) ;;
         *) options+=" --descriptives" ;;

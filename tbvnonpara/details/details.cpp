@@ -106,6 +106,8 @@ class InFull {
                     .missing = statistics::Missing::Omit,
                     .adjustment = chosen.adjustment,
                     .trend = chosen.trend,
+                    .permutations = chosen.permutations,
+                    .seed = chosen.seed,
                     .watch = std::move(watch)},
           m_Labels(labelsOf(columns)),
           m_Control(controlAmong(m_Labels, chosen.control)) {}

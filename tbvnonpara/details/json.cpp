@@ -59,6 +59,16 @@ class FigureInJson {
     std::size_t m_Indent;
 };
 
+/// Without the random arrangements, which have a name only where users ask for them.
+void leaveOutPermutations(FigureBlock& block) {
+    std::erase_if(block, [](const NamedFigure& member) { return member.name == "permutations"; });
+    for (NamedFigure& member : block) {
+        if (auto* const inner = std::get_if<FigureBlock>(&member.figure.value)) {
+            leaveOutPermutations(*inner);
+        }
+    }
+}
+
 }  // namespace
 
 std::string_view adjustmentWord(statistics::Adjustment adjustment) {
@@ -99,7 +109,11 @@ Figure detailFigures(const Details& details) {
     collector("words", page.words);
     collector("notes", page.notes);
     std::visit([&](const auto& test) { visit(test, collector); }, details.result);
-    return std::move(collector).figure();
+    Figure figures = std::move(collector).figure();
+    if (details.choices.permutations == 0) {
+        leaveOutPermutations(std::get<FigureBlock>(figures.value));
+    }
+    return figures;
 }
 
 std::string figureInJson(const Figure& figure, std::size_t indent) {

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cmath>
 #include <fmt/format.h>
+#include <utility>
 
+#include "tbvnonpara/details/sampled.hpp"
 #include "tbvnonpara/details/trend.hpp"
 #include "tbvnonpara/details/words.hpp"
 
@@ -133,11 +135,14 @@ DetailPage pageOf(const Runs& test, const Details& details) {
         row("Normal", test.normal->approximation.plain);
         row("  with continuity correction", test.normal->approximation.corrected);
     }
+    const std::optional<statistics::SampledTails> sampled = fewerFirst(test.sampled);
+    addSampled(probability, "Random orders", sampled, details.tails);
     page.tables = {std::move(probability)};
     page.notes = {fmt::format("{} in {}, {}; expected {:.2f}, standard deviation {:.2f}.",
                               counted(test.n, "cell", "cells"),
                               counted(test.counts.size(), "category", "categories"),
                               counted(test.runs, "run", "runs"), test.expected, std::sqrt(test.variance))};
+    noteSampled(page, sampled, test.exact.has_value(), details);
     return page;
 }
 
@@ -166,11 +171,13 @@ DetailPage pageOf(const Median& test, const Details& details) {
         comparisons.rows.push_back(comparisonRow(comparison, details.labels));
         addProbabilities(comparisons.rows.back(), comparison);
     }
-    page.tables = {std::move(effect), upperTails(test.exact, test.chiSquare, "Chi-square"), std::move(groups),
-                   std::move(comparisons)};
+    DetailTable probability = upperTails(test.exact, test.chiSquare, "Chi-square");
+    addSampled(probability, test.sampled);
+    page.tables = {std::move(effect), std::move(probability), std::move(groups), std::move(comparisons)};
     page.notes.push_back(fmt::format("{} of {} equal the grand median {} and count as not above it.",
                                      test.equal, counted(test.n, "value", "values"),
                                      fourDecimals(test.grandMedian)));
+    noteSampled(page, test.sampled, test.exact.has_value(), details);
     return page;
 }
 
@@ -193,6 +200,7 @@ DetailPage pageOf(const KruskalWallis& test, const Details& details) {
           details.reportedP);
     DetailTable probability = upperTails(test.exact, test.chiSquare, "Chi-square, tie-corrected");
     addF(probability, test.f);
+    addSampled(probability, test.sampled);
     DetailTable groups = meanRankGroups(test.groups, details.labels);
     addLetters(page, groups, test.letters, confidence);
     DetailTable comparisons{"Comparisons (Dunn's z)", {"First larger", "z", "P", "Adjusted"}, {}};
@@ -206,6 +214,7 @@ DetailPage pageOf(const KruskalWallis& test, const Details& details) {
     page.tables = {std::move(effect), std::move(probability), std::move(groups), std::move(comparisons)};
     tellTrend(page, test.trend, details.choices);
     page.notes.push_back(tiesText(test.ties, "values"));
+    noteSampled(page, test.sampled, test.exact.has_value(), details);
     return page;
 }
 
@@ -227,6 +236,7 @@ DetailPage pageOf(const Friedman& test, const Details& details) {
           details.reportedP);
     DetailTable probability = upperTails(test.exact, test.chiSquare, "Chi-square, tie-corrected");
     addF(probability, test.f);
+    addSampled(probability, test.sampled);
     DetailTable groups = meanRankGroups(test.groups, details.labels);
     addLetters(page, groups, test.letters, confidence);
     DetailTable comparisons{"Comparisons (z of the mean ranks)", {"First larger", "z", "P", "Adjusted"}, {}};
@@ -242,6 +252,7 @@ DetailPage pageOf(const Friedman& test, const Details& details) {
     page.notes.push_back(fmt::format("Ties in {} of {}; factor {}.", test.ties.blocks,
                                      counted(test.blocks, "block", "blocks"),
                                      fourDecimals(test.ties.factor)));
+    noteSampled(page, test.sampled, test.exact.has_value(), details);
     return page;
 }
 

@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 #include <iterator>
 
+#include "tbvnonpara/details/sampled.hpp"
 #include "tbvnonpara/details/words.hpp"
 
 namespace TBVNonPara {
@@ -82,6 +83,7 @@ void addSignedRanks(DetailTable& table, const statistics::SignedRanks& sums, con
                     TBVNPTails tails) {
     addExact(table, "Exact" + zeros, sums.exact, tails);
     addNormal(table, zeros.empty() ? "Normal, tie-corrected" : "Normal" + zeros, sums.normal, tails);
+    addSampled(table, "Random signs" + zeros, sums.sampled, tails);
 }
 
 std::string wilcoxonP(const Wilcoxon& test, const Details& details) {
@@ -182,6 +184,7 @@ DetailPage pageOf(const MannWhitney& test, const Details& details) {
     const bool tied = test.ties.groups > 0;
     addExact(probability, tied ? "Exact, given the ties" : "Exact", test.exact, details.tails);
     addNormal(probability, tied ? "Normal, tie-corrected" : "Normal", test.normal, details.tails);
+    addSampled(probability, "Random arrangements", test.sampled, details.tails);
     const double df = test.robust ? test.robust->df : 0;
     addStudent(probability, fmt::format("Brunner-Munzel t (unequal spreads, {:.1f} df)", df), test.robust,
                details.tails);
@@ -194,6 +197,7 @@ DetailPage pageOf(const MannWhitney& test, const Details& details) {
     page.notes = {fmt::format("Pairs: {} with {} larger, {} equal, {} with {} larger. {}", test.pairs.greater,
                               x, test.pairs.equal, test.pairs.less, y, tiesText(test.ties, "values"))};
     noteLevel(test.shift, "shift", confidence, page.notes);
+    noteSampled(page, test.sampled, test.exact.has_value(), details);
     return page;
 }
 
@@ -225,6 +229,7 @@ DetailPage pageOf(const Wilcoxon& test, const Details& details) {
     page.notes = {fmt::format("T+ = {:.1f}, T- = {:.1f}. {}", test.zerosLeftOut.plus, test.zerosLeftOut.minus,
                               tiesText(test.ties, "differences"))};
     noteLevel(test.pseudomedian, "difference", confidence, page.notes);
+    noteSampled(page, test.zerosLeftOut.sampled, test.zerosLeftOut.exact.has_value(), details);
     return page;
 }
 
@@ -240,10 +245,12 @@ DetailPage pageOf(const Spearman& test, const Details& details) {
     addExact(probability, "Exact", test.exact, details.tails);
     addExact(probability, "Series AS 89", test.series, details.tails);
     addStudent(probability, fmt::format("Student's t ({} df)", test.n - 2), test.t, details.tails);
+    addSampled(probability, "Random pairings", test.sampled, details.tails);
     page.tables = {std::move(effect), std::move(probability)};
     page.notes = {fmt::format("{}. {} {}", counted(test.n, "complete pair", "complete pairs"),
                               tiesOfVariable(details.labels[0], test.ties[0]),
                               tiesOfVariable(details.labels[1], test.ties[1]))};
+    noteSampled(page, test.sampled, test.exact.has_value(), details);
     return page;
 }
 

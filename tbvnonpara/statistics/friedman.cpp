@@ -230,6 +230,8 @@ Friedman friedman(SampleSpans samples, const Options& options, std::optional<std
     }
     if (const auto exact = friedmanTail(blocks.ranks, blocks.treatments, options.exactSteps)) {
         test.exact = ExactUpper{probability(exact->p), exact->point};
+    } else {
+        test.sampled = sampledBlocks(blocks.ranks, blocks.treatments, options);
     }
     test.kendallW = kendallOf(blocks, all, options.confidence);
     compareTreatments(test, blocks, options, control);

@@ -9,6 +9,7 @@
 #include "tbvnonpara/statistics/groups.hpp"
 #include "tbvnonpara/statistics/intervals.hpp"
 #include "tbvnonpara/statistics/mann_whitney.hpp"
+#include "tbvnonpara/statistics/permutations.hpp"
 #include "tbvnonpara/statistics/trend.hpp"
 
 namespace TBVNonPara::statistics {
@@ -26,8 +27,9 @@ struct Friedman {
     BlockTies ties;
     /// All orders of the ranks within their blocks, while the count takes no more steps than allowed.
     std::optional<ExactUpper> exact;
-    std::optional<ChiSquare> chiSquare;  ///< corrected for ties; none where all blocks are tied throughout
-    std::optional<FRatio> f;             ///< from the corrected W (Conover 1999; the report's is uncorrected)
+    std::optional<ChiSquare> chiSquare;   ///< corrected for ties; none where all blocks are tied throughout
+    std::optional<SampledUpper> sampled;  ///< where that is asked for and nothing was counted
+    std::optional<FRatio> f;  ///< from the corrected W (Conover 1999; the report's is uncorrected)
     /// Agreement from 0 to 1; the interval is the hull of that from noncentral F and of the block jackknife
     /// on logit W. None of it for W = 1 or two blocks.
     std::optional<Estimate> kendallW;
@@ -97,6 +99,7 @@ void visit(const Friedman& test, Member& member) {
         p("exact", test.exact);
         p("chiSquare", test.chiSquare);
         p("f", test.f);
+        p("permutations", test.sampled);
     });
     member("effect", [&](auto& effect) { effect("kendallW", test.kendallW); });
     member("groups", test.groups);

@@ -101,6 +101,8 @@ KruskalWallis kruskalWallis(SampleSpans samples, const Options& options, std::op
     if (const auto exact =
             kruskalWallisTail(ranked.ascending, groups.sizes(), rankSums, options.exactSteps)) {
         test.exact = ExactUpper{probability(exact->p), exact->point};
+    } else {
+        test.sampled = sampledGroups(ranked.ranks, groups.sizes(), options);
     }
     test.epsilonSquared = explainedVariation(H, N, k, options.confidence);
     compare(test, groups, options, controlGroup);

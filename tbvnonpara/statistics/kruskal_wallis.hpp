@@ -9,6 +9,7 @@
 #include "tbvnonpara/statistics/groups.hpp"
 #include "tbvnonpara/statistics/intervals.hpp"
 #include "tbvnonpara/statistics/midranks.hpp"
+#include "tbvnonpara/statistics/permutations.hpp"
 #include "tbvnonpara/statistics/trend.hpp"
 
 namespace TBVNonPara::statistics {
@@ -20,8 +21,9 @@ struct KruskalWallis {
     Ties ties;
     /// All ways to deal the ranks to the groups, while the count takes no more steps than allowed.
     std::optional<ExactUpper> exact;
-    std::optional<ChiSquare> chiSquare;  ///< H, corrected for ties; none where all values are equal
-    std::optional<FRatio> f;             ///< of the ranks, with N - k degrees of freedom
+    std::optional<ChiSquare> chiSquare;   ///< H, corrected for ties; none where all values are equal
+    std::optional<SampledUpper> sampled;  ///< where that is asked for and nothing was counted
+    std::optional<FRatio> f;              ///< of the ranks, with N - k degrees of freedom
     /// H / (N - 1) (Tomczak and Tomczak 2014), the part of the ranks' variation that the groups explain; the
     /// interval comes from noncentral F (Steiger 2004).
     std::optional<Estimate> epsilonSquared;
@@ -84,6 +86,7 @@ void visit(const KruskalWallis& test, Member& member) {
         p("exact", test.exact);
         p("chiSquare", test.chiSquare);
         p("f", test.f);
+        p("permutations", test.sampled);
     });
     member("effect", [&](auto& effect) { effect("epsilonSquared", test.epsilonSquared); });
     member("groups", test.groups);

@@ -203,6 +203,9 @@ MannWhitney mannWhitney(std::span<const double> first, std::span<const double> s
         test.exact = tails(*counted);
     }
     estimateSuperiority(test, options.confidence);
+    if (test.normal && !test.exact) {
+        test.sampled = sampledRankSum(ranked.ranks, test.n[0], test.rankSum[0], options);
+    }
     test.robust = brunnerMunzel(x.values, y.values, test.superiority.value);
     test.shift = shiftOf(x.values, y.values, untied, options.confidence);
     test.groups = {groupOf(x.values, test.rankSum[0], options.confidence),

@@ -10,6 +10,7 @@
 #include "tbvnonpara/statistics/intervals.hpp"
 #include "tbvnonpara/statistics/midranks.hpp"
 #include "tbvnonpara/statistics/options.hpp"
+#include "tbvnonpara/statistics/permutations.hpp"
 #include "tbvnonpara/statistics/probability.hpp"
 
 namespace TBVNonPara::statistics {
@@ -34,6 +35,7 @@ struct MannWhitney {
     std::optional<Tails> exact;
     /// With the variance of tied ranks (Hemelrijk 1952); none where all values are equal.
     std::optional<NormalApproximation> normal;
+    std::optional<SampledTails> sampled;  ///< where that is asked for and nothing was counted
     /// Brunner and Munzel (2000), which does not need equal spreads; positive where the first sample is
     /// larger. None where the placements do not vary.
     std::optional<StudentTails> robust;
@@ -94,6 +96,7 @@ void visit(const MannWhitney& test, Member& member) {
         p("method", methodOf(test));
         p("exact", test.exact);
         p("normal", test.normal);
+        p("permutations", test.sampled);
     });
     member("robust", test.robust);
     member("effect", [&](auto& effect) {

@@ -64,6 +64,18 @@ std::optional<ExactUpper> exactMedian(std::span<const Median::Group> groups) {
     return counted ? std::optional(ExactUpper{probability(counted->p), counted->point}) : std::nullopt;
 }
 
+/// The counts above and not above, dealt to the groups anew.
+std::optional<SampledUpper> sampledMedian(const Median& test, const Options& options) {
+    std::vector<double> sides;
+    std::vector<std::size_t> sizes;
+    for (const Median::Group& group : test.groups) {
+        sizes.push_back(group.n);
+        sides.insert(sides.end(), group.above, 1);
+        sides.insert(sides.end(), group.n - group.above, 0);
+    }
+    return sampledGroups(sides, sizes, options);
+}
+
 /// Of two groups: exact, from chi-square where that is below the range of doubles, 1 where a row is empty.
 Probability probabilityOfPair(const Median::Group& first, const Median::Group& second) {
     const std::array pair{first, second};
@@ -118,6 +130,9 @@ Median median(SampleSpans samples, const Options& options, std::optional<std::si
     }
     if (options.exactSteps > 0) {
         test.exact = exactMedian(test.groups);
+    }
+    if (!test.exact) {
+        test.sampled = sampledMedian(test, options);
     }
     test.cramerV = cramerOf(*test.chiSquare, static_cast<double>(test.n), options.confidence);
     compareMedians(test, options, controlGroup);

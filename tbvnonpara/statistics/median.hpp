@@ -8,6 +8,7 @@
 
 #include "tbvnonpara/statistics/groups.hpp"
 #include "tbvnonpara/statistics/intervals.hpp"
+#include "tbvnonpara/statistics/permutations.hpp"
 
 namespace TBVNonPara::statistics {
 
@@ -19,7 +20,8 @@ struct Median {
     std::size_t equal = 0;  ///< values that equal it; they count as not above
     /// All tables with these margins; beyond two groups while there are not too many.
     std::optional<ExactUpper> exact;
-    std::optional<ChiSquare> chiSquare;  ///< none where no value lies above
+    std::optional<ChiSquare> chiSquare;   ///< none where no value lies above
+    std::optional<SampledUpper> sampled;  ///< where that is asked for and nothing was counted
     /// sqrt(chi-square / N) with the interval from noncentral chi-square (Smithson 2003).
     std::optional<Estimate> cramerV;
     struct Group {
@@ -78,6 +80,7 @@ void visit(const Median& test, Member& member) {
         p("method", methodOf(test));
         p("exact", test.exact);
         p("chiSquare", test.chiSquare);
+        p("permutations", test.sampled);
     });
     member("effect", [&](auto& effect) { effect("cramerV", test.cramerV); });
     member("groups", test.groups);

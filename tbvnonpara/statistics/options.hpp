@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
+
 #include "tbvnonpara/distributions/long_count.hpp"
 
 namespace TBVNonPara::statistics {
@@ -21,6 +24,9 @@ struct Options {
     Adjustment adjustment = Adjustment::Holm;
     bool trend = false;       ///< also whether values rise from group to group (Kruskal-Wallis, Friedman)
     double exactSteps = 1e9;  ///< additions that an exact count may take; 0 leaves it out
+    /// Random arrangements from which P is estimated where there is no exact count; 0 for none.
+    std::size_t permutations = 0;
+    std::uint64_t seed = 1;  ///< of these
     CountWatch watch = {};    ///< told how far a long count is; what it throws ends the test
 };
 

@@ -57,6 +57,11 @@ Runs runs(std::span<const std::size_t> categories, const Options& options) {
             test.normal = Runs::Normal{*normal};
         }
     }
+    if (test.normal && !test.exact) {
+        if (const auto sampled = sampledRuns(categories, test.runs, test.expected, options)) {
+            test.sampled = Runs::Sampled{*sampled};
+        }
+    }
     if (test.n > 1) {
         test.equalNeighbours = Runs::EqualNeighbours{(N - observed) / (N - 1), (squares - N) / (N * (N - 1))};
     }

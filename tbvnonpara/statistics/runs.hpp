@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tbvnonpara/statistics/options.hpp"
+#include "tbvnonpara/statistics/permutations.hpp"
 #include "tbvnonpara/statistics/probability.hpp"
 
 namespace TBVNonPara::statistics {
@@ -31,6 +32,11 @@ struct Runs {
         NormalApproximation approximation;
     };
     std::optional<Normal> normal;
+    /// Where that is asked for and nothing was counted; `less` stands for fewer runs, `greater` for more.
+    struct Sampled {
+        SampledTails tails;
+    };
+    std::optional<Sampled> sampled;
     /// Share of neighbours that are equal and what a random order would have; none for one cell.
     struct EqualNeighbours {
         double value = 0;
@@ -73,6 +79,15 @@ void visit(const Runs::Normal& normal, Member& member) {
 }
 
 template <typename Member>
+void visit(const Runs::Sampled& sampled, Member& member) {
+    member("arrangements", sampled.tails.arrangements);
+    member("seed", sampled.tails.seed);
+    member("two", sampled.tails.two);
+    member("fewer", sampled.tails.less);
+    member("more", sampled.tails.greater);
+}
+
+template <typename Member>
 void visit(const Runs::EqualNeighbours& share, Member& member) {
     member("value", share.value);
     member("expected", share.expected);
@@ -93,6 +108,7 @@ void visit(const Runs& test, Member& member) {
         p("method", methodOf(test));
         p("exact", test.exact);
         p("normal", test.normal);
+        p("permutations", test.sampled);
     });
     member("effect", [&](auto& effect) { effect("equalNeighbours", test.equalNeighbours); });
 }

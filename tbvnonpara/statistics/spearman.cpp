@@ -75,6 +75,7 @@ Spearman spearman(std::span<const double> first, std::span<const double> second,
         test.exact = tails(*counted);
     } else {
         test.series = seriesTails(x, y);
+        test.sampled = sampledRankProducts(x.ranks, y.ranks, options);
     }
     if (n > 2 && std::abs(rho) < 1) {
         test.t = studentTails(rho * std::sqrt((n - 2) / ((1 - rho) * (1 + rho))), n - 2);

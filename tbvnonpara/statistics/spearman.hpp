@@ -9,6 +9,7 @@
 #include "tbvnonpara/statistics/intervals.hpp"
 #include "tbvnonpara/statistics/midranks.hpp"
 #include "tbvnonpara/statistics/options.hpp"
+#include "tbvnonpara/statistics/permutations.hpp"
 #include "tbvnonpara/statistics/probability.hpp"
 
 namespace TBVNonPara::statistics {
@@ -23,7 +24,8 @@ struct Spearman {
     /// AS 89 (Best and Roberts 1975): beyond the exact count, without ties, below 1,290 pairs, while the
     /// smaller tail is 0.0005 or more.
     std::optional<Tails> series;
-    std::optional<StudentTails> t;  ///< n - 2 degrees of freedom; none for rho = 1 or -1
+    std::optional<StudentTails> t;        ///< n - 2 degrees of freedom; none for rho = 1 or -1
+    std::optional<SampledTails> sampled;  ///< where that is asked for and nothing was counted
     /// The correlation of the midranks (the report's coefficient differs under ties), with the interval of
     /// Bonett and Wright (2000) from 4 pairs on. None where a variable does not vary.
     std::optional<Estimate> rho;
@@ -50,6 +52,7 @@ void visit(const Spearman& test, Member& member) {
         p("exact", test.exact);
         p("series", test.series);
         p("t", test.t);
+        p("permutations", test.sampled);
     });
     member("effect", [&](auto& effect) { effect("rho", test.rho); });
 }

@@ -61,6 +61,9 @@ SignedRanks signedRanksOf(const Ranked& ranked, const Options& options) {
     }
     sums.normal =
         normalApproximation((sums.plus - sums.minus) / 2, std::sqrt(sumOfSquares(ranked.ascending)) / 2, 1);
+    if (sums.normal && !sums.exact) {
+        sums.sampled = sampledSignedRanks(ranked.ascending, sums.plus, options);
+    }
     return sums;
 }
 

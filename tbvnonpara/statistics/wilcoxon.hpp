@@ -9,6 +9,7 @@
 #include "tbvnonpara/statistics/intervals.hpp"
 #include "tbvnonpara/statistics/midranks.hpp"
 #include "tbvnonpara/statistics/options.hpp"
+#include "tbvnonpara/statistics/permutations.hpp"
 #include "tbvnonpara/statistics/probability.hpp"
 
 namespace TBVNonPara::statistics {
@@ -19,6 +20,7 @@ struct SignedRanks {
     double minus = 0;
     std::optional<Tails> exact;  ///< given the ties, while the count takes no more steps than allowed
     std::optional<NormalApproximation> normal;  ///< none where no difference is left
+    std::optional<SampledTails> sampled;        ///< where that is asked for and nothing was counted
 };
 
 /// Paired values: does one of the two tend to be larger, and by how much.
@@ -59,6 +61,7 @@ void visit(const SignedRanks& sums, Member& member) {
     member("minus", sums.minus);
     member("exact", sums.exact);
     member("normal", sums.normal);
+    member("permutations", sums.sampled);
 }
 
 template <typename Member>

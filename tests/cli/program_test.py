@@ -404,6 +404,33 @@ class Details(unittest.TestCase):
         self.assertEqual(run("kruskal-wallis", self.CHICKS, "--trend").returncode, 2)
         self.assertEqual(run("mann-whitney", self.SLEEP, "--details", "--trend").returncode, 2)
 
+    def test_random_arrangements_estimate_what_cannot_be_counted(self):
+        long = "a,b\n" + "".join(f"{i},{i * 7 % 300 + 20}\n" for i in range(300))
+        words = ("mann-whitney", "-", "--permutations", "999")
+        sampled = self.details(*words, text=long)["p"]["permutations"]
+        self.assertEqual((sampled["arrangements"], sampled["seed"]), (999, 1))
+        self.assertEqual(sampled, self.details(*words, "--seed", "1", text=long)["p"]["permutations"])
+        self.assertNotEqual(sampled["greater"],
+                            self.details(*words, "--seed", "2", text=long)["p"]["permutations"]["greater"])
+        normal = self.details(*words, text=long)["p"]["normal"]["greater"]["value"]
+        self.assertLess(abs(sampled["greater"]["value"] - normal), 5 * sampled["greater"]["standardError"] + 0.002)
+        text = run(*words, "--details", text=long).stdout
+        self.assertIn("\nRandom arrangements ", text)
+        self.assertIn("999 random arrangements (seed 1): the standard error of P is", text)
+        table = run(*words, "--details", "--format", "csv", text=long).stdout
+        self.assertIn("\nprobability,permutations,", table)
+
+    def test_nothing_is_drawn_where_all_was_counted(self):
+        result = run("mann-whitney", self.SLEEP, "--details", "--permutations", "99")
+        self.assertIn("P was counted exactly, so no random arrangements were drawn.", result.stdout)
+        self.assertIsNone(self.details("mann-whitney", self.SLEEP, "--permutations", "99")["p"]["permutations"])
+
+    def test_numbers_of_arrangements_that_make_no_sense_are_refused(self):
+        self.assertEqual(run("sign", self.SLEEP, "--details", "--permutations", "99").returncode, 2)
+        for words in (("--permutations", "99"), ("--details", "--seed", "3"), ("--details", "--permutations", "0"),
+                      ("--details", "--permutations", "many"), ("--details", "--permutations", "9", "--seed", "-1")):
+            self.assertEqual(run("mann-whitney", self.SLEEP, *words).returncode, 2, words)
+
     def test_the_probability_shown_is_that_of_the_tails(self):
         text = run("mann-whitney", self.SLEEP, "--details", "--tails", "less").stdout
         self.assertIn("P (less)\n", text)

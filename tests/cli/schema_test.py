@@ -86,6 +86,18 @@ class Schema(unittest.TestCase):
         for test in ("mann-whitney", "wilcoxon", "spearman"):
             self.check(self.read(test, "-", "--details", text=many), "many values")
 
+    def test_covers_random_arrangements(self):
+        rows = [f"{i},{i * 7 % 301},{i * 11 % 299},{i * 13 % 293}" for i in range(300)]
+        wide = "a,b,c,d\n" + "\n".join(rows) + "\n"
+        cells = "a\n" + "".join(f"{'xyz'[i * i % 7 % 3]}\n" for i in range(3000))
+        for test in TESTS:
+            if test == "sign":
+                continue
+            two = ["--y", "a", "--x", "b"] if test in ("mann-whitney", "wilcoxon", "spearman") else []
+            printed = self.read(test, "-", *two, "--details", "--permutations", "49", text=cells if test == "runs" else wide)
+            p = self.check(printed, test)["details"]["p"]
+            self.assertEqual(p.get("zerosLeftOut", p)["permutations"]["arrangements"], 49, test)
+
     def test_covers_errors(self):
         self.check(self.read("mann-whitney", "no such file.csv", status=1), "no file")
         self.check(self.read("mann-whitney", PLANTS, "--y", "Z1:Z9", "--x", "A1:A9", status=1), "no numbers")

@@ -45,6 +45,16 @@ void expectFigure(const Figure& figures, const std::string& path, const std::str
     }
 }
 
+Options optionsFor(std::string_view file, double confidence) {
+    Options options{.confidence = confidence, .trend = file == "trend.csv"};
+    if (file == "permutations.csv") {
+        options.exactSteps = 0;
+        options.permutations = 999;
+        options.seed = 7;
+    }
+    return options;
+}
+
 class Reference : public testing::TestWithParam<const char*> {};
 
 TEST_P(Reference, HasTheSameFigures) {
@@ -53,16 +63,16 @@ TEST_P(Reference, HasTheSameFigures) {
     for (const std::vector<std::string>& row : referenceRows(GetParam())) {
         if (!row[0].empty()) {
             about = row[0] + " of " + row[1];
-            figures = figuresOfTest(
-                row[0], numberLists(row[1]),
-                {.confidence = std::stod(row[2]), .trend = GetParam() == std::string_view("trend.csv")});
+            figures = figuresOfTest(row[0], numberLists(row[1]), optionsFor(GetParam(), std::stod(row[2])));
         }
         SCOPED_TRACE(about);
         expectFigure(figures, row[3], row[4]);
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Of, Reference, testing::Values("details.csv", "details_counts.csv", "trend.csv"),
+INSTANTIATE_TEST_SUITE_P(Of, Reference,
+                         testing::Values("details.csv", "details_counts.csv", "trend.csv",
+                                         "permutations.csv"),
                          [](const auto& file) { return Support::fieldsOf(file.param, '.').front(); });
 
 }  // namespace
