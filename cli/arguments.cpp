@@ -426,10 +426,10 @@ Arguments finish(Words words) {
         arguments.details =
             DetailChoices{.confidence = std::min(words.confidence / 100, 0.999),
                           .adjustment = adjustmentNamed(words.adjust).value_or(statistics::Adjustment::Holm),
-                          .permutations = words.permutations,
-                          .seed = words.seed,
                           .trend = words.trend,
-                          .control = words.control};
+                          .control = words.control,
+                          .permutations = words.permutations,
+                          .seed = words.seed};
     }
     return std::move(arguments);
 }

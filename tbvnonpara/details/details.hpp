@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <variant>
@@ -23,10 +25,10 @@ namespace TBVNonPara {
 struct DetailChoices {
     double confidence = 0.95;
     statistics::Adjustment adjustment = statistics::Adjustment::Holm;
-    std::size_t permutations = 0;  ///< random arrangements where nothing can be counted; 0 for none
-    std::uint64_t seed = 1;        ///< of these
     bool trend = false;            ///< also whether values rise from group to group
     std::string control;           ///< the label of the one group to compare with; empty for all pairs
+    std::size_t permutations = 0;  ///< random arrangements where nothing can be counted; 0 for none
+    std::uint64_t seed = 1;        ///< of these
 };
 
 using TestInFull =

@@ -22,13 +22,13 @@ const statistics::SampledP& sampledIn(const statistics::SampledTails& sampled, T
 
 template <typename Sampled>
 void addNote(DetailPage& page, const std::optional<Sampled>& sampled, const statistics::SampledP* p,
-             bool counted, const Details& details) {
+             bool exact, const Details& details) {
     if (sampled) {
-        page.notes.push_back(fmt::format(
-            "{} (seed {}): the standard error of P is {:.2g}.",
-            TBVNonPara::counted(sampled->arrangements, "random arrangement", "random arrangements"),
-            sampled->seed, p->standardError));
-    } else if (counted && details.choices.permutations > 0) {
+        page.notes.push_back(
+            fmt::format("{} (seed {}): the standard error of P is {:.2g}.",
+                        counted(sampled->arrangements, "random arrangement", "random arrangements"),
+                        sampled->seed, p->standardError));
+    } else if (exact && details.choices.permutations > 0) {
         page.notes.emplace_back("P was counted exactly, so no random arrangements were drawn.");
     }
 }
@@ -57,14 +57,14 @@ std::optional<statistics::SampledTails> fewerFirst(const std::optional<statistic
     return tails;
 }
 
-void noteSampled(DetailPage& page, const std::optional<statistics::SampledTails>& sampled, bool counted,
+void noteSampled(DetailPage& page, const std::optional<statistics::SampledTails>& sampled, bool exact,
                  const Details& details) {
-    addNote(page, sampled, sampled ? &sampledIn(*sampled, details.tails) : nullptr, counted, details);
+    addNote(page, sampled, sampled ? &sampledIn(*sampled, details.tails) : nullptr, exact, details);
 }
 
-void noteSampled(DetailPage& page, const std::optional<statistics::SampledUpper>& sampled, bool counted,
+void noteSampled(DetailPage& page, const std::optional<statistics::SampledUpper>& sampled, bool exact,
                  const Details& details) {
-    addNote(page, sampled, sampled ? &sampled->p : nullptr, counted, details);
+    addNote(page, sampled, sampled ? &sampled->p : nullptr, exact, details);
 }
 
 }  // namespace TBVNonPara

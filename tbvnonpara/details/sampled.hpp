@@ -21,9 +21,9 @@ void addSampled(DetailTable& table, const std::optional<statistics::SampledUpper
     const std::optional<statistics::Runs::Sampled>& sampled);
 
 /// How many arrangements there were, and how sure their P is; or that P was counted, so that none were drawn.
-void noteSampled(DetailPage& page, const std::optional<statistics::SampledTails>& sampled, bool counted,
+void noteSampled(DetailPage& page, const std::optional<statistics::SampledTails>& sampled, bool exact,
                  const Details& details);
-void noteSampled(DetailPage& page, const std::optional<statistics::SampledUpper>& sampled, bool counted,
+void noteSampled(DetailPage& page, const std::optional<statistics::SampledUpper>& sampled, bool exact,
                  const Details& details);
 
 }  // namespace TBVNonPara

@@ -229,7 +229,10 @@ DetailPage pageOf(const Wilcoxon& test, const Details& details) {
     page.notes = {fmt::format("T+ = {:.1f}, T- = {:.1f}. {}", test.zerosLeftOut.plus, test.zerosLeftOut.minus,
                               tiesText(test.ties, "differences"))};
     noteLevel(test.pseudomedian, "difference", confidence, page.notes);
-    noteSampled(page, test.zerosLeftOut.sampled, test.zerosLeftOut.exact.has_value(), details);
+    // With their larger ranks, Pratt's zeros may be too many to count where those left out are not.
+    const bool zerosAlone = !test.zerosLeftOut.sampled && test.pratt && test.pratt->sampled;
+    noteSampled(page, zerosAlone ? test.pratt->sampled : test.zerosLeftOut.sampled,
+                test.zerosLeftOut.exact.has_value(), details);
     return page;
 }
 

@@ -425,6 +425,28 @@ class Details(unittest.TestCase):
         self.assertIn("P was counted exactly, so no random arrangements were drawn.", result.stdout)
         self.assertIsNone(self.details("mann-whitney", self.SLEEP, "--permutations", "99")["p"]["permutations"])
 
+    def test_random_arrangements_are_named_only_where_they_are_asked_for(self):
+        for test in ("mann-whitney", "wilcoxon"):
+            self.assertNotIn('"permutations"', run(test, self.SLEEP, "--details", "--format", "json").stdout)
+
+    def test_every_column_draws_its_arrangements_from_the_seed(self):
+        rows = "".join(f"{i * 7 % 300},{i * 11 % 300},{'xyz'[i % 3]}\n" for i in range(300))
+        words = ("kruskal-wallis", "-", "--each", "--by", "group", "--details", "--permutations", "99", "--seed", "3")
+        both = json.loads(run(*words, "--format", "json", text="a,b,group\n" + rows).stdout)
+        alone = self.details("kruskal-wallis", "-", "--y", "b", "--by", "group", "--permutations", "99", "--seed", "3",
+                             text="a,b,group\n" + rows)
+        found = [column["details"]["p"]["permutations"] for column in both["columns"]]
+        self.assertEqual([sampled["seed"] for sampled in found], [3, 3])
+        self.assertEqual(found[1], alone["p"]["permutations"])
+
+    def test_one_tail_is_that_of_the_direction(self):
+        long = "a,b\n" + "".join(f"{i},{i * 7 % 300 + 20}\n" for i in range(300))
+        sampled = self.details("mann-whitney", "-", "--permutations", "999", text=long)["p"]["permutations"]
+        for tails in ("greater", "less"):
+            text = run("mann-whitney", "-", "--details", "--permutations", "999", "--tails", tails, text=long).stdout
+            shown = next(line for line in text.splitlines() if line.startswith("Random arrangements"))
+            self.assertEqual(shown.split()[-1], f"{sampled[tails]['value']:.4f}", tails)
+
     def test_numbers_of_arrangements_that_make_no_sense_are_refused(self):
         self.assertEqual(run("sign", self.SLEEP, "--details", "--permutations", "99").returncode, 2)
         for words in (("--permutations", "99"), ("--details", "--seed", "3"), ("--details", "--permutations", "0"),

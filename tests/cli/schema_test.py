@@ -87,7 +87,7 @@ class Schema(unittest.TestCase):
             self.check(self.read(test, "-", "--details", text=many), "many values")
 
     def test_covers_random_arrangements(self):
-        rows = [f"{i},{i * 7 % 301},{i * 11 % 299},{i * 13 % 293}" for i in range(300)]
+        rows = [f"{i},{i * 7 % 1511},{i * 11 % 1499},{i * 13 % 1493}" for i in range(1500)]
         wide = "a,b,c,d\n" + "\n".join(rows) + "\n"
         cells = "a\n" + "".join(f"{'xyz'[i * i % 7 % 3]}\n" for i in range(3000))
         for test in TESTS:

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "tbvnonpara/details/json.hpp"
+#include "tbvnonpara/details/sampled.hpp"
 #include "tbvnonpara/details/text.hpp"
 #include "tbvnonpara/details/words.hpp"
 #include "tests/support/details_of_tests.hpp"
@@ -147,6 +148,66 @@ TEST(DetailsJson, IsOneObjectWithALineForEachNestedMember) {
     }};
     EXPECT_EQ(figureInJson(figure, 2),
               "{\n    \"none\": null,\n    \"list\": [0.5, 2],\n    \"block\": {\"a\\\"\": \"x\"}\n  }");
+}
+
+/// Details whose P is estimated, as if the samples were too large to count.
+Details sampledDetails(TBVNPTails tails) {
+    const std::vector<double> first = {1, 2, 4, 7};
+    const std::vector<double> second = {3, 5, 6, 8, 9};
+    statistics::Options options;
+    options.exactSteps = 0;
+    options.permutations = 99;
+    options.seed = 7;
+    DetailChoices choices;
+    choices.permutations = options.permutations;
+    choices.seed = options.seed;
+    return {offered(tbvNPMannU),
+            tails,
+            choices,
+            {"a", "b"},
+            statistics::mannWhitney(first, second, options),
+            0.1};
+}
+
+TEST(RandomArrangements, StandInARowOfTheirOwnWithANoteOnTheirNumber) {
+    for (const TBVNPTails tails : {tbvNPTwoTailed, tbvNPVar1GTVar2, tbvNPVar1LTVar2}) {
+        const Details details = sampledDetails(tails);
+        const statistics::SampledTails& sampled = *std::get<statistics::MannWhitney>(details.result).sampled;
+        const statistics::SampledP& asked = tails == tbvNPTwoTailed    ? sampled.two
+                                            : tails == tbvNPVar1GTVar2 ? sampled.greater
+                                                                       : sampled.less;
+        const DetailPage page = detailPage(details);
+        const auto row = std::ranges::find_if(page.tables[1].rows, [](const std::vector<DetailCell>& cells) {
+            return sheetValue(cells.front()) == CellValue(Text("Random arrangements"));
+        });
+        ASSERT_NE(row, page.tables[1].rows.end());
+        EXPECT_EQ(sheetValue(row->back()), CellValue(asked.p.value));
+        EXPECT_TRUE(
+            page.notes.back().starts_with("99 random arrangements (seed 7): the standard error of P is 0.0"))
+            << page.notes.back();
+    }
+}
+
+TEST(RandomArrangements, AreNotMissedWherePWasCounted) {
+    Details details = sleepDetails();
+    EXPECT_EQ(statistics::find(detailFigures(details), "p.permutations"), nullptr);
+    details.choices.permutations = 99;
+    EXPECT_EQ(detailPage(details).notes.back(),
+              "P was counted exactly, so no random arrangements were drawn.");
+    const statistics::Figure figures = detailFigures(details);
+    ASSERT_NE(statistics::find(figures, "p.permutations"), nullptr);
+    EXPECT_TRUE(std::holds_alternative<std::monostate>(statistics::find(figures, "p.permutations")->value));
+}
+
+/// Fewer runs are the first alternative, and lie below the mean.
+TEST(RandomArrangements, OfRunsAreToldAsFewerAndMore) {
+    statistics::SampledTails tails;
+    tails.less.p.value = 0.25;
+    tails.greater.p.value = 0.75;
+    const auto told = fewerFirst(statistics::Runs::Sampled{tails});
+    EXPECT_EQ(told->greater.p.value, 0.25);
+    EXPECT_EQ(told->less.p.value, 0.75);
+    EXPECT_FALSE(fewerFirst({}).has_value());
 }
 
 }  // namespace
