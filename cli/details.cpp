@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 #include <stdexcept>
 
+#include "cli/interruption.hpp"
 #include "tbvnonpara/analysis/columns.hpp"
 #include "tbvnonpara/details/page.hpp"
 #include "tbvnonpara/details/text.hpp"
@@ -11,6 +12,13 @@
 
 namespace TBVNonPara::cli {
 
+namespace {
+
+/// What ends a count that the user does not wait for.
+struct Interrupted {};
+
+}  // namespace
+
 std::vector<LabelledColumn> columnsInDetail(const workbook::EmbeddedApplication& application,
                                             const Arguments& arguments,
                                             const analysis::ChosenRanges& ranges) {
@@ -18,12 +26,24 @@ std::vector<LabelledColumn> columnsInDetail(const workbook::EmbeddedApplication&
 }
 
 std::optional<Details> findDetails(const Arguments& arguments, const std::vector<LabelledColumn>& columns,
-                                   const clsNonParaBO& engine, std::vector<std::string>& warnings) try {
-    return arguments.details ? std::optional(detailsOf(*arguments.test, arguments.tails, *arguments.details,
-                                                       columns, engine))
-                             : std::nullopt;
+                                   const clsNonParaBO& engine, Progress& progress,
+                                   std::vector<std::string>& warnings) try {
+    if (!arguments.details) {
+        return std::nullopt;
+    }
+    const Interruption interruption;
+    return detailsOf(*arguments.test, arguments.tails, *arguments.details, columns, engine,
+                     [&](double share) {
+                         if (Interruption::noted()) {
+                             throw Interrupted();
+                         }
+                         progress.next(fmt::format("Counting, {:.0f} %", 100 * share));
+                     });
 } catch (const std::invalid_argument& reason) {
     warnings.push_back(fmt::format("There are no details: {}", reason.what()));
+    return std::nullopt;
+} catch (const Interrupted&) {
+    warnings.push_back("There are no details: their count was interrupted.");
     return std::nullopt;
 }
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "cli/arguments.hpp"
+#include "cli/progress.hpp"
 #include "tbvnonpara/analysis/run_test.hpp"
 #include "tbvnonpara/rendering/csv_report.hpp"
 
@@ -16,10 +17,11 @@ namespace TBVNonPara::cli {
                                                           const Arguments& arguments,
                                                           const analysis::ChosenRanges& ranges);
 
-/// Details never keep a report back: where they cannot be computed, a warning says why.
+/// Details never keep a report back: where they cannot be computed, or Ctrl+C ends a long count, a warning
+/// says why.
 [[nodiscard]] std::optional<Details> findDetails(const Arguments& arguments,
                                                  const std::vector<LabelledColumn>& columns,
-                                                 const clsNonParaBO& engine,
+                                                 const clsNonParaBO& engine, Progress& progress,
                                                  std::vector<std::string>& warnings);
 
 /// The details below a report; nothing where there are none. A width of 0 is that of a file.

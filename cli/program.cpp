@@ -9,6 +9,7 @@
 #include "cli/arguments.hpp"
 #include "cli/describe.hpp"
 #include "cli/details.hpp"
+#include "cli/interruption.hpp"
 #include "cli/messages.hpp"
 #include "cli/plan.hpp"
 #include "cli/progress.hpp"
@@ -179,7 +180,9 @@ int analyse(const Arguments& arguments, Circumstances& circumstances) {
     progress.next("Analysing");
     std::vector<std::string> warnings = warningsOnData(*application, arguments, chosen);
     Tested tested = runOn(application, arguments, chosen);
-    tested.details = findDetails(arguments, tested.columns, tested.finished.engine(), warnings);
+    tested.details = findDetails(arguments, tested.columns, tested.finished.engine(), progress, warnings);
+    // Of a program that Ctrl+C has ended, though the report is there.
+    const int status = Interruption::noted() ? 130 : 0;
     placeDetails(arguments, tested.details, tested.finished, warnings);
     if (tested.account) {
         std::ranges::move(warningsOnGroups(*tested.account, arguments), std::back_inserter(warnings));
@@ -193,7 +196,7 @@ int analyse(const Arguments& arguments, Circumstances& circumstances) {
         warn(warnings);
         tell(lineOnSmallP(arguments, tested.finished.engine()));
         tell(escaped(saved) + '\n');
-        return 0;
+        return status;
     }
     progress.end();
     warn(warnings);
@@ -201,7 +204,7 @@ int analyse(const Arguments& arguments, Circumstances& circumstances) {
     Output output(stdout);
     writeTo(output);
     output.finish();
-    return 0;
+    return status;
 }
 
 int report(const Error& error, const Circumstances& circumstances, OutputFormat format) {

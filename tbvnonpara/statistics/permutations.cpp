@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tbvnonpara/distributions/exact_tails.hpp"
+#include "tbvnonpara/distributions/long_count.hpp"
 #include "tbvnonpara/statistics/random.hpp"
 
 namespace TBVNonPara::statistics {
@@ -30,32 +31,38 @@ SampledP sampledP(std::size_t hits, std::size_t arrangements) {
     return {probability(p), std::sqrt(p * (1 - p) / all)};
 }
 
-/// `draw` gives the statistic of another arrangement; `doubledMean` is twice its mean.
+/// `draw` gives the statistic of another arrangement of `size` values; `doubledMean` is twice its mean.
 template <typename Draw>
-SampledTails sampledTails(Score observed, Score doubledMean, const Options& options, Draw draw) {
+SampledTails sampledTails(Score observed, Score doubledMean, std::size_t size, const Options& options,
+                          Draw draw) {
     RandomBits random(options.seed);
     const Score distance = std::abs(2 * observed - doubledMean);
     std::size_t two = 0;
     std::size_t greater = 0;
     std::size_t less = 0;
+    LongCount count(static_cast<double>(size) * static_cast<double>(options.permutations));
     for (std::size_t i = 0; i < options.permutations; ++i) {
         const Score drawn = draw(random);
         two += std::abs(2 * drawn - doubledMean) >= distance ? 1 : 0;
         greater += drawn >= observed ? 1 : 0;
         less += drawn <= observed ? 1 : 0;
+        count.add(static_cast<double>(size));
     }
     return {options.permutations, options.seed, sampledP(two, options.permutations),
             sampledP(greater, options.permutations), sampledP(less, options.permutations)};
 }
 
-/// `draw` gives the spread of another arrangement, good to 1e-13: equal ones may differ by rounding.
+/// `draw` gives the spread of another arrangement of `size` values, good to 1e-13: equal ones may differ by
+/// rounding.
 template <typename Draw>
-SampledUpper sampledUpper(double observed, const Options& options, Draw draw) {
+SampledUpper sampledUpper(double observed, std::size_t size, const Options& options, Draw draw) {
     constexpr double rounding = 1e-12;
     RandomBits random(options.seed);
     std::size_t hits = 0;
+    LongCount count(static_cast<double>(size) * static_cast<double>(options.permutations));
     for (std::size_t i = 0; i < options.permutations; ++i) {
         hits += draw(random) >= observed * (1 - rounding) ? 1 : 0;
+        count.add(static_cast<double>(size));
     }
     return {options.permutations, options.seed, sampledP(hits, options.permutations)};
 }
@@ -113,7 +120,7 @@ std::optional<SampledTails> sampledRankSum(std::span<const double> ranks, std::s
     std::vector<Score> scores = twiceAll(ranks);
     const auto n1 = static_cast<Score>(first);
     const Score doubledMean = 2 * n1 * (static_cast<Score>(scores.size()) + 1);
-    return sampledTails(twice(observed), doubledMean, options, [&](RandomBits& random) {
+    return sampledTails(twice(observed), doubledMean, scores.size(), options, [&](RandomBits& random) {
         Score sum = 0;
         for (std::size_t i = 0; i < first; ++i) {
             std::swap(scores[i], scores[i + static_cast<std::size_t>(random.below(scores.size() - i))]);
@@ -130,7 +137,7 @@ std::optional<SampledTails> sampledSignedRanks(std::span<const double> ranks, do
     }
     const std::vector<Score> scores = twiceAll(ranks);
     const Score all = std::accumulate(scores.begin(), scores.end(), Score(0));
-    return sampledTails(twice(observed), all, options, [&](RandomBits& random) {
+    return sampledTails(twice(observed), all, scores.size(), options, [&](RandomBits& random) {
         constexpr std::size_t word = 64;
         Score sum = 0;
         for (std::size_t first = 0; first < scores.size(); first += word) {
@@ -154,7 +161,7 @@ std::optional<SampledTails> sampledRankProducts(std::span<const double> first, s
     std::vector<Score> y = twiceAll(second);
     const auto n = static_cast<Score>(x.size());
     const Score observed = std::inner_product(x.begin(), x.end(), y.begin(), Score(0));
-    return sampledTails(observed, 2 * n * (n + 1) * (n + 1), options, [&](RandomBits& random) {
+    return sampledTails(observed, 2 * n * (n + 1) * (n + 1), x.size(), options, [&](RandomBits& random) {
         shuffle(std::span(y), random);
         return std::inner_product(x.begin(), x.end(), y.begin(), Score(0));
     });
@@ -169,14 +176,15 @@ std::optional<SampledTails> sampledRuns(std::span<const std::size_t> categories,
     const auto n = static_cast<Score>(categories.size());
     const Score doubledMean = std::llround(2 * expected * static_cast<double>(n));
     std::vector<std::size_t> cells(categories.begin(), categories.end());
-    return sampledTails(n * static_cast<Score>(observed), doubledMean, options, [&](RandomBits& random) {
-        shuffle(std::span(cells), random);
-        Score runs = 1;
-        for (std::size_t i = 1; i < cells.size(); ++i) {
-            runs += cells[i] != cells[i - 1] ? 1 : 0;
-        }
-        return n * runs;
-    });
+    return sampledTails(n * static_cast<Score>(observed), doubledMean, cells.size(), options,
+                        [&](RandomBits& random) {
+                            shuffle(std::span(cells), random);
+                            Score runs = 1;
+                            for (std::size_t i = 1; i < cells.size(); ++i) {
+                                runs += cells[i] != cells[i - 1] ? 1 : 0;
+                            }
+                            return n * runs;
+                        });
 }
 
 std::optional<SampledUpper> sampledGroups(std::span<const double> scores, std::span<const std::size_t> sizes,
@@ -185,7 +193,7 @@ std::optional<SampledUpper> sampledGroups(std::span<const double> scores, std::s
         return std::nullopt;
     }
     std::vector<Score> dealt = centred(twiceAll(scores));
-    return sampledUpper(spreadOfGroups(dealt, sizes), options, [&](RandomBits& random) {
+    return sampledUpper(spreadOfGroups(dealt, sizes), dealt.size(), options, [&](RandomBits& random) {
         shuffle(std::span(dealt), random);
         return spreadOfGroups(dealt, sizes);
     });
@@ -198,7 +206,7 @@ std::optional<SampledUpper> sampledBlocks(std::span<const double> ranks, std::si
     }
     std::vector<Score> orders = centred(twiceAll(ranks));
     std::vector<Score> sums(treatments);
-    return sampledUpper(spreadOfTreatments(orders, sums), options, [&](RandomBits& random) {
+    return sampledUpper(spreadOfTreatments(orders, sums), orders.size(), options, [&](RandomBits& random) {
         for (std::size_t first = 0; first < orders.size(); first += treatments) {
             shuffle(std::span(orders).subspan(first, treatments), random);
         }

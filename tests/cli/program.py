@@ -6,6 +6,7 @@ import os
 import pathlib
 import pty
 import select
+import signal
 import struct
 import subprocess
 import sys
@@ -42,6 +43,29 @@ def on_a_terminal(*words, environment=None, columns=0):
         process.wait(timeout=30)
     os.close(leader)
     return written.decode("utf-8")
+
+
+def interrupted(*words, text, when):
+    """Its status, output and messages when Ctrl+C comes as soon as the line of progress has a word."""
+    leader, follower = pty.openpty()
+    with subprocess.Popen([PROGRAM, *words], stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=follower,
+                          env={**os.environ, "TERM": "xterm"}, encoding="utf-8") as process:
+        os.close(follower)
+        process.stdin.write(text)
+        process.stdin.close()
+        told = b""
+        while when.encode() not in told and select.select([leader], [], [], 60)[0]:
+            told += os.read(leader, 65536)
+        process.send_signal(signal.SIGINT)
+        written = process.stdout.read()
+        status = process.wait(timeout=60)
+    while select.select([leader], [], [], 0)[0]:
+        try:
+            told += os.read(leader, 65536)
+        except OSError:
+            break
+    os.close(leader)
+    return status, written, told.decode("utf-8")
 
 
 def readings():

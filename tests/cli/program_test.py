@@ -8,7 +8,7 @@ import subprocess
 import tempfile
 import unittest
 
-from program import EXAMPLES, PLANTS, PROGRAM, on_a_terminal, run
+from program import EXAMPLES, PLANTS, PROGRAM, interrupted, on_a_terminal, run
 
 
 class Statuses(unittest.TestCase):
@@ -527,6 +527,15 @@ class Details(unittest.TestCase):
         self.assertTrue(text.endswith("          P  Adjusted\n─────────────────────\none  0.2000    0.2000\n"
                                       "two  0.1000    0.2000\n\n"), text[-200:])
         self.assertIn("0 of 2 columns with an adjusted P of at most 5 % (P adjusted by Holm).", text)
+
+    # 2 x 400 values with ties are too many to be counted, and a milliard of arrangements takes minutes.
+    LONG = "a,b\n" + "".join(f"{i * 7919 % 997},{i * 6007 % 991 + 3}\n" for i in range(400))
+    ENDLESS = ["mann-whitney", "-", "--details", "--permutations", "1000000000"]
+
+    def test_that_take_too_long_are_ended_with_ctrl_c_and_leave_the_report(self):
+        status, written, told = interrupted(*self.ENDLESS, text=self.LONG, when="Counting, ")
+        self.assertEqual((status, written), (130, run("mann-whitney", "-", text=self.LONG).stdout))
+        self.assertIn("There are no details: their count was interrupted.", told)
 
     def test_of_a_column_that_are_missing_are_told_of(self):
         words = ["median", "-", "--each", "--by", "g", "--missing", "omit", "--details", "--control", "z"]

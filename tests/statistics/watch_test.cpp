@@ -11,10 +11,11 @@ struct LongTest {
     const char* name;
     std::vector<std::vector<double>> samples;
     bool trend = false;
+    std::size_t permutations = 0;
 };
 
 void PrintTo(const LongTest& test, std::ostream* out) {
-    *out << test.name << (test.trend ? " with trend" : "");
+    *out << test.name << (test.trend ? " with trend" : "") << (test.permutations > 0 ? " by chance" : "");
 }
 
 /// `count` whole numbers below `kinds`, in an order of no meaning.
@@ -42,6 +43,8 @@ class LongCounts : public testing::TestWithParam<LongTest> {
     static Figure figures(const CountWatch& watch) {
         Options options;
         options.trend = GetParam().trend;
+        options.permutations = GetParam().permutations;
+        options.exactSteps = options.permutations > 0 ? 0 : options.exactSteps;
         options.watch = watch;
         return figuresOfTest(GetParam().name, GetParam().samples, options);
     }
@@ -93,7 +96,9 @@ INSTANTIATE_TEST_SUITE_P(
         LongTest{"kruskal-wallis",
                  {different(3, 4), different(4, 4, 1), different(5, 4, 2), different(5, 4, 3)}},
         LongTest{"kruskal-wallis", {scattered(24, 8, 4), scattered(24, 8, 5), scattered(24, 8, 6)}, true},
-        LongTest{"friedman", {scattered(200, 1000, 7), scattered(200, 1000, 8), scattered(200, 1000, 9)}}));
+        LongTest{"friedman", {scattered(200, 1000, 7), scattered(200, 1000, 8), scattered(200, 1000, 9)}},
+        LongTest{"mann-whitney", {scattered(100, 9, 1), scattered(100, 9, 2)}, false, 150000},
+        LongTest{"kruskal-wallis", {scattered(100, 9, 1), scattered(100, 9, 2)}, false, 150000}));
 
 }  // namespace
 }  // namespace TBVNonPara::statistics
