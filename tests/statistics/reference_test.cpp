@@ -11,6 +11,29 @@ namespace {
 using Support::numberLists;
 using Support::referenceRows;
 
+/// The sample that a script beside the figures makes, too: "length:seed:of:shift" (Park and Miller 1988).
+std::vector<double> madeSample(const std::string& text) {
+    const std::vector<std::string> asked = Support::fieldsOf(text, ':');
+    std::vector<double> values(std::stoul(asked[0]));
+    double x = std::stod(asked[1]);
+    for (double& value : values) {
+        x = std::fmod(16807 * x, 2147483647);
+        value = std::fmod(x, std::stod(asked[2])) + std::stod(asked[3]);
+    }
+    return values;
+}
+
+Lists samplesOf(const std::string& text) {
+    if (text.find(':') == std::string::npos) {
+        return numberLists(text);
+    }
+    Lists samples;
+    for (const std::string& sample : Support::fieldsOf(text, '|')) {
+        samples.push_back(madeSample(sample));
+    }
+    return samples;
+}
+
 /// Whether two groups share a letter.
 bool sharesALetter(const Figure& figures, const std::string& first, const std::string& second) {
     const auto letters = [&](const std::string& group) {
@@ -63,7 +86,7 @@ TEST_P(Reference, HasTheSameFigures) {
     for (const std::vector<std::string>& row : referenceRows(GetParam())) {
         if (!row[0].empty()) {
             about = row[0] + " of " + row[1];
-            figures = figuresOfTest(row[0], numberLists(row[1]), optionsFor(GetParam(), std::stod(row[2])));
+            figures = figuresOfTest(row[0], samplesOf(row[1]), optionsFor(GetParam(), std::stod(row[2])));
         }
         SCOPED_TRACE(about);
         expectFigure(figures, row[3], row[4]);
@@ -71,8 +94,8 @@ TEST_P(Reference, HasTheSameFigures) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, Reference,
-                         testing::Values("details.csv", "details_counts.csv", "trend.csv",
-                                         "permutations.csv"),
+                         testing::Values("details.csv", "details_counts.csv", "long.csv", "long_counts.csv",
+                                         "trend.csv", "permutations.csv"),
                          [](const auto& file) { return Support::fieldsOf(file.param, '.').front(); });
 
 }  // namespace
