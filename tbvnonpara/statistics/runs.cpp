@@ -35,6 +35,12 @@ Runs runs(std::span<const std::size_t> categories, const Options& options) {
     test.n = categories.size();
     test.runs = 1;
     for (std::size_t i = 0; i < categories.size(); ++i) {
+        if (categories[i] > test.counts.size()) {
+            throw std::invalid_argument("Categories are numbered from 0 in order of first appearance; cell " +
+                                        std::to_string(i + 1) + " is of category " +
+                                        std::to_string(categories[i]) + " after " +
+                                        std::to_string(test.counts.size()) + " others.");
+        }
         test.counts.resize(std::max(test.counts.size(), categories[i] + 1));
         test.counts[categories[i]] += 1;
         test.runs += i > 0 && categories[i] != categories[i - 1] ? 1 : 0;

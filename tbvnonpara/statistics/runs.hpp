@@ -46,7 +46,8 @@ struct Runs {
 };
 
 /// `categories`: the number of each cell's category, from 0, in order of first appearance; any length from 1.
-/// O(n) and the exact count. Throws std::invalid_argument for an empty sequence.
+/// O(n) and the exact count. Throws std::invalid_argument for an empty sequence, and for a number out of that
+/// order.
 [[nodiscard]] Runs runs(std::span<const std::size_t> categories, const Options& options = {});
 
 /// The same for numbers, each distinct one a category. NaN is refused or left out; O(n log n).

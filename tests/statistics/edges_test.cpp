@@ -176,6 +176,21 @@ TEST(Runs, OfATrillionToOneHaveALogarithm) {
     EXPECT_EQ(test.exact->fewer.value, 0);
 }
 
+TEST(Runs, RefusesNumbersOfCategoriesOutOfTheirOrder) {
+    using Numbers = std::vector<std::size_t>;
+    for (const Numbers& categories : {Numbers{1}, Numbers{0, 1, 3}, Numbers{0, std::size_t(-1)}}) {
+        try {
+            (void)runs(categories);
+            ADD_FAILURE() << categories.back();
+        } catch (const std::invalid_argument& error) {
+            EXPECT_TRUE(
+                std::string(error.what())
+                    .starts_with("Categories are numbered from 0 in order of first appearance; cell "))
+                << error.what();
+        }
+    }
+}
+
 TEST(Control, LeavesTheComparisonsWithIt) {
     const Lists lists = {{1, 2, 3}, {4, 5, 6}, {}, {2, 4, 6}};
     const std::vector<std::span<const double>> groups(lists.begin(), lists.end());
