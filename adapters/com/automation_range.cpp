@@ -1,5 +1,6 @@
 #include "adapters/com/automation_range.hpp"
 
+#include <optional>
 #include <utility>
 
 #include "adapters/com/errors.hpp"
@@ -100,6 +101,38 @@ class AutomationRange final : public Range {
     HostObject m_Object;
 };
 
+/// Keeps the application from asking its user whether a sheet may go. An application that never asks, or does
+/// not say, is left alone.
+class WithoutAlerts {
+ public:
+    explicit WithoutAlerts(const HostObject& sheet) noexcept {
+        try {
+            HostObject application = sheet.object(Kind::Application, L"Application");
+            if (fromVariant(application.get(L"DisplayAlerts").get()) == CellValue(true)) {
+                application.put(L"DisplayAlerts", false);
+                m_Application.emplace(std::move(application));
+            }
+        } catch (...) {
+            // What comes of the sheet is what counts.
+            return;
+        }
+    }
+    WithoutAlerts(const WithoutAlerts&) = delete;
+    WithoutAlerts& operator=(const WithoutAlerts&) = delete;
+    ~WithoutAlerts() {
+        try {
+            if (m_Application) {
+                m_Application->put(L"DisplayAlerts", true);
+            }
+        } catch (...) {
+            return;
+        }
+    }
+
+ private:
+    std::optional<HostObject> m_Application;
+};
+
 class AutomationWorksheet final : public Worksheet {
  public:
     explicit AutomationWorksheet(HostObject object) : m_Object(std::move(object)) {}
@@ -127,7 +160,10 @@ class AutomationWorksheet final : public Worksheet {
     }
     void Activate() override { m_Object.call(L"Activate"); }
     void LetName(std::string_view name) override { m_Object.put(L"Name", name); }
-    void Delete() override { m_Object.call(L"Delete"); }
+    void Delete() override {
+        const WithoutAlerts quiet(m_Object);
+        m_Object.call(L"Delete");
+    }
 
  private:
     HostObject m_Object;

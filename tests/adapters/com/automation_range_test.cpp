@@ -65,6 +65,64 @@ TEST(ValuesOfARange, ThatTheApplicationRefusesToGiveAreNotRounded) {
     EXPECT_EQ(Support::raisedBy([&] { (void)range->GetValue(); }).number, 1004);
 }
 
+/// A worksheet that tells, when it is deleted, whether its application would have asked.
+struct DeletedSheet {
+    bool alerts = true;
+    int deletions = 0;
+    bool alertsAtDeletion = true;
+
+    [[nodiscard]] WorksheetRef sheet(const Peer::PeerRef& application, std::int32_t refusal = 0) {
+        const Peer::PeerRef peer = Peer::makePeer({
+            Peer::plain(L"Application", [application] { return Peer::asValue(application); }),
+            {L"Delete",
+             [this, refusal](const Peer::Arguments&) {
+                 deletions += 1;
+                 alertsAtDeletion = alerts;
+                 if (refusal != 0) {
+                     throw Error(refusal, "protected");
+                 }
+                 return Variant();
+             }},
+        });
+        return toWorksheet(
+            HostObject(peer.as<IDispatch>(), Kind::Worksheet, std::make_shared<ObjectModel>()));
+    }
+    [[nodiscard]] Peer::PeerRef application() {
+        return Peer::makePeer({Peer::plain(
+            L"DisplayAlerts", [this] { return Variant(alerts); },
+            [this](const Peer::Arguments& a) { alerts = a.truth(0); })});
+    }
+};
+
+TEST(DeletingASheet, AsksNobody) {
+    DeletedSheet deleted;
+    deleted.sheet(deleted.application())->Delete();
+    EXPECT_EQ(deleted.deletions, 1);
+    EXPECT_FALSE(deleted.alertsAtDeletion);
+    EXPECT_TRUE(deleted.alerts) << "they are back";
+}
+
+TEST(DeletingASheet, LeavesAlertsOffThatWereOff) {
+    DeletedSheet deleted;
+    deleted.alerts = false;
+    deleted.sheet(deleted.application())->Delete();
+    EXPECT_EQ(deleted.deletions, 1);
+    EXPECT_FALSE(deleted.alerts);
+}
+
+TEST(DeletingASheet, ThatIsRefusedBringsTheAlertsBack) {
+    DeletedSheet deleted;
+    const WorksheetRef sheet = deleted.sheet(deleted.application(), 1004);
+    EXPECT_EQ(Support::raisedBy([&] { sheet->Delete(); }).number, 1004);
+    EXPECT_TRUE(deleted.alerts);
+}
+
+TEST(DeletingASheet, DoesWithoutAnApplicationThatHasAlerts) {
+    DeletedSheet deleted;
+    deleted.sheet(Peer::makePeer({}))->Delete();
+    EXPECT_EQ(deleted.deletions, 1);
+}
+
 }  // namespace
 
 }  // namespace TBVNonPara::com

@@ -56,6 +56,9 @@ PeerRef peerApplication(const Embedded& host) {
         plain(
             L"ScreenUpdating", [host] { return Variant(host->screenUpdating()); },
             [host](const Arguments& a) { host->LetScreenUpdating(a.truth(0)); }),
+        plain(
+            L"DisplayAlerts", [] { return Variant(displayAlerts()); },
+            [](const Arguments& a) { displayAlerts() = a.truth(0); }),
         plain(L"Selection", [host] { return asValue(peerRange(host->selection())); }),
         {L"AddSheet",
          [host](const Arguments& a) {

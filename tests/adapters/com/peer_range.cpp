@@ -5,6 +5,7 @@
 #include "adapters/com/errors.hpp"
 #include "tbvnonpara/core/conversions.hpp"
 #include "tests/adapters/com/peer_addresses.hpp"
+#include "tests/adapters/com/peer_application.hpp"
 
 namespace TBVNonPara::Peer {
 
@@ -71,6 +72,7 @@ void putValue(Range& range, const VARIANT& value) {
 }
 
 bool amountsAreShown = false;
+bool alertsAreDisplayed = true;
 
 Variant asAmount(double number) {
     Variant value;
@@ -220,10 +222,26 @@ Variant rangeOf(const Worksheet& sheet, const Arguments& a) {
                                          : sheet.GetRange(a.range(0), a.range(1))));
 }
 
+PeerRef applicationOf(const Worksheet& sheet) {
+    return peerApplication(
+        std::dynamic_pointer_cast<workbook::Book>(sheet.GetParent().shared())->application());
+}
+
+/// A user who is asked whether a sheet may go says no.
+void deleteUnasked(Worksheet& sheet) {
+    if (!alertsAreDisplayed) {
+        sheet.Delete();
+    }
+}
+
 }  // namespace
 
 void showAmounts(bool amounts) noexcept {
     amountsAreShown = amounts;
+}
+
+bool& displayAlerts() noexcept {
+    return alertsAreDisplayed;
 }
 
 PeerRef peerRange(const RangeRef& range) {
@@ -239,6 +257,7 @@ PeerRef peerWorksheet(const WorksheetRef& sheet) {
         plain(
             L"Name", [sheet] { return Variant(sheet->GetName()); },
             [sheet](const Arguments& a) { sheet->LetName(a.text(0)); }),
+        plain(L"Application", [sheet] { return asValue(applicationOf(*sheet)); }),
         plain(L"UsedRange", [sheet] { return asValue(peerRange(usedRange(*sheet))); }),
         plain(L"Parent", [sheet] { return asValue(peerWorkbook(sheet->GetParent())); }),
         {L"Cells", [sheet](const Arguments& a) { return cellsOf(*sheet, a); }},
@@ -255,7 +274,7 @@ PeerRef peerWorksheet(const WorksheetRef& sheet) {
          }},
         {L"Delete",
          [sheet](const Arguments&) {
-             sheet->Delete();
+             deleteUnasked(*sheet);
              return Variant();
          }},
     });

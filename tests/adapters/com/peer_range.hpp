@@ -9,6 +9,10 @@ namespace TBVNonPara::Peer {
 /// whole.
 void showAmounts(bool amounts) noexcept;
 
+/// The application's DisplayAlerts. While it is True a sheet that is deleted stays: the user is asked, and
+/// says no.
+[[nodiscard]] bool& displayAlerts() noexcept;
+
 [[nodiscard]] PeerRef peerRange(const RangeRef& range);
 [[nodiscard]] PeerRef peerWorksheet(const WorksheetRef& worksheet);
 [[nodiscard]] PeerRef peerWorkbook(const WorkbookRef& workbook);
