@@ -1,55 +1,19 @@
 #include "adapters/com/late_binding.hpp"
 
 #include <algorithm>
-#include <bit>
 #include <string>
 
-#include "adapters/com/com_ptr.hpp"
 #include "adapters/com/errors.hpp"
 #include "adapters/com/text.hpp"
-#include "adapters/com/variant.hpp"
 
 namespace TBVNonPara::com {
 
 namespace {
 
-constexpr DISPID resultsMember = 9;
-
-using Put = HRESULT (*)(_clsNonPara& object, const VARIANT& value);
-
-struct Member {
-    const wchar_t* name;
-    const wchar_t* parameter;
-    VARTYPE type;
-    Put put;
-};
-
-// In the order of the type library; a member's dispatch id is its place, counted from 1.
-// clang-format off
-constexpr Member members[] = {
-    {L"Method", L"method", VT_I4,
-     [](_clsNonPara& object, const VARIANT& value) { return object.put_Method(std::bit_cast<::TBVNPMethod>(value.lVal)); }},
-    {L"Headers", L"headers", VT_BOOL,
-     [](_clsNonPara& object, const VARIANT& value) { return object.put_Headers(value.boolVal); }},
-    {L"OutputDescriptives", L"outputDescriptives", VT_BOOL,
-     [](_clsNonPara& object, const VARIANT& value) { return object.put_OutputDescriptives(value.boolVal); }},
-    {L"IgnoreTies", L"ignoreTies", VT_BOOL,
-     [](_clsNonPara& object, const VARIANT& value) { return object.put_IgnoreTies(value.boolVal); }},
-    {L"Tails", L"tails", VT_I4,
-     [](_clsNonPara& object, const VARIANT& value) { return object.put_Tails(std::bit_cast<::TBVNPTails>(value.lVal)); }},
-    {L"YRange", L"address", VT_BSTR,
-     [](_clsNonPara& object, const VARIANT& value) { return object.put_YRange(value.bstrVal); }},
-    {L"XRange", L"address", VT_BSTR,
-     [](_clsNonPara& object, const VARIANT& value) { return object.put_XRange(value.bstrVal); }},
-    {L"OutputRange", L"address", VT_BSTR,
-     [](_clsNonPara& object, const VARIANT& value) { return object.put_OutputRange(value.bstrVal); }},
-    {L"Results", L"OverWrite", VT_BOOL, nullptr},
-};
-// clang-format on
-
-const Member* memberOf(DISPID id) noexcept {
-    const auto last = static_cast<DISPID>(std::size(members));
-    return id >= 1 && id <= last ? &members[id - 1] : nullptr;
+const Member* memberOf(Members members, DISPID id) noexcept {
+    return id >= 1 && static_cast<std::size_t>(id) <= members.size()
+               ? &members[static_cast<std::size_t>(id) - 1]
+               : nullptr;
 }
 
 bool sameName(const wchar_t* a, const wchar_t* b) noexcept {
@@ -66,15 +30,6 @@ bool isLeftOut(const VARIANT& value) noexcept {
     const bool isReferenceToError =
         value.vt == (VT_ERROR | VT_BYREF) && *value.pscode == DISP_E_PARAMNOTFOUND;
     return isError || isReferenceToError;
-}
-
-HRESULT convert(const LateCall& call, VARTYPE type, Variant& value) noexcept {
-    VARIANT given = dereferenced(call.parameters.rgvarg[0]);
-    const HRESULT status = VariantChangeTypeEx(value.out(), &given, call.locale, 0, type);
-    if (FAILED(status) && call.wrongArgument != nullptr) {
-        *call.wrongArgument = 0;
-    }
-    return status;
 }
 
 ComPtr<IDispatch> objectIn(const VARIANT& value) noexcept {
@@ -108,92 +63,150 @@ HRESULT refuseRange(const Member& member) noexcept {
         const std::string name = toUtf8(std::wstring_view(member.name));
         throw Error(static_cast<std::int32_t>(RuntimeError::TypeMismatch),
                     name + " takes an address as a text, not a range or its values. Write ." + name +
-                        " = range.Address(External:=True).");
+                        (member.kind == DISPATCH_METHOD ? " " : " = ") + "range.Address(External:=True).");
     } catch (...) {
         return toErrorInfo();
     }
 }
 
-HRESULT putProperty(_clsNonPara& object, const Member& member, const LateCall& call) noexcept {
-    const DISPPARAMS& given = call.parameters;
-    const bool isPut = (call.flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
-    if (isPut && member.type == VT_BSTR && given.cArgs == 1 && isRange(dereferenced(given.rgvarg[0]))) {
-        return refuseRange(member);
-    }
-    if ((call.flags & DISPATCH_PROPERTYPUT) == 0) {
-        return DISP_E_MEMBERNOTFOUND;
-    }
-    if (given.cArgs != 1) {
+constexpr UINT notGiven = ~UINT{0};
+
+/// Where the argument of each parameter stands among those of a call.
+using Places = std::array<UINT, mostParameters>;
+
+/// Arguments travel in reverse: those with names in front, then the last of those without.
+HRESULT findArguments(const Member& member, const DISPPARAMS& given, Places& places) noexcept {
+    places.fill(notGiven);
+    const auto count = static_cast<UINT>(member.parameterCount());
+    if (given.cArgs > count) {
         return DISP_E_BADPARAMCOUNT;
     }
-    // The new value of a property arrives as its only argument, named DISPID_PROPERTYPUT; some clients leave
-    // the name out.
-    if (given.cNamedArgs > 1 || (given.cNamedArgs == 1 && given.rgdispidNamedArgs[0] != DISPID_PROPERTYPUT)) {
+    if (given.cNamedArgs > given.cArgs) {
         return DISP_E_PARAMNOTFOUND;
     }
-    Variant value;
-    const HRESULT status = convert(call, member.type, value);
-    return FAILED(status) ? status : member.put(object, value.get());
+    for (UINT position = 0; position < given.cArgs - given.cNamedArgs; ++position) {
+        places[position] = given.cArgs - 1 - position;
+    }
+    for (UINT k = 0; k < given.cNamedArgs; ++k) {
+        const DISPID name = given.rgdispidNamedArgs[k];
+        // The new value of a property arrives under this name; some clients leave it out.
+        const bool isValue = member.kind == DISPATCH_PROPERTYPUT && name == DISPID_PROPERTYPUT;
+        const bool isParameter =
+            member.kind != DISPATCH_PROPERTYPUT && name >= 0 && static_cast<UINT>(name) < count;
+        if (!isValue && !isParameter) {
+            return DISP_E_PARAMNOTFOUND;
+        }
+        UINT& place = places[isValue ? 0 : static_cast<UINT>(name)];
+        if (place != notGiven) {
+            return DISP_E_BADPARAMCOUNT;
+        }
+        place = k;
+    }
+    return S_OK;
 }
 
-HRESULT callResults(_clsNonPara& object, const LateCall& call) noexcept {
-    if ((call.flags & DISPATCH_METHOD) == 0) {
+HRESULT refuseArgument(const LateCall& call, UINT place, HRESULT status) noexcept {
+    if (call.wrongArgument != nullptr) {
+        *call.wrongArgument = place;
+    }
+    return status;
+}
+
+HRESULT convert(const Member& member, const LateCall& call, const Places& places,
+                Arguments& arguments) noexcept {
+    for (std::size_t k = 0; k < member.parameterCount(); ++k) {
+        const Parameter& parameter = member.parameters[k];
+        const bool isOptional = parameter.given == Given::Optionally;
+        if (places[k] == notGiven) {
+            if (isOptional) {
+                continue;
+            }
+            return member.kind == DISPATCH_PROPERTYPUT ? DISP_E_BADPARAMCOUNT : DISP_E_PARAMNOTOPTIONAL;
+        }
+        VARIANT given = dereferenced(call.parameters.rgvarg[places[k]]);
+        if (isOptional && isLeftOut(given)) {
+            continue;
+        }
+        if (parameter.content == Content::Address && isRange(given)) {
+            return refuseRange(member);
+        }
+        const HRESULT status =
+            VariantChangeTypeEx(arguments[k].out(), &given, call.locale, 0, parameter.type);
+        if (FAILED(status)) {
+            return refuseArgument(call, places[k], status);
+        }
+    }
+    return S_OK;
+}
+
+/// A range may be set as an object is: there is no such property, but the words say what to write.
+bool setsAddressAsObject(const Member& member, const LateCall& call) noexcept {
+    return member.kind == DISPATCH_PROPERTYPUT && (call.flags & DISPATCH_PROPERTYPUTREF) != 0 &&
+           member.parameters[0].content == Content::Address && call.parameters.cArgs == 1 &&
+           isRange(dereferenced(call.parameters.rgvarg[0]));
+}
+
+HRESULT use(const Member& member, IDispatch& object, const LateCall& call) noexcept {
+    if (setsAddressAsObject(member, call)) {
+        return refuseRange(member);
+    }
+    if ((call.flags & member.kind) == 0) {
         return DISP_E_MEMBERNOTFOUND;
     }
-    const DISPPARAMS& given = call.parameters;
-    if (given.cArgs > 1) {
-        return DISP_E_BADPARAMCOUNT;
+    Places places;
+    HRESULT status = findArguments(member, call.parameters, places);
+    Arguments arguments;
+    if (SUCCEEDED(status)) {
+        status = convert(member, call, places, arguments);
     }
-    if (given.cNamedArgs > given.cArgs || (given.cNamedArgs == 1 && given.rgdispidNamedArgs[0] != 0)) {
-        return DISP_E_PARAMNOTFOUND;
-    }
-    if (given.cArgs == 0 || isLeftOut(dereferenced(given.rgvarg[0]))) {
-        return object.Results(nullptr);
-    }
-    Variant value;
-    const HRESULT status = convert(call, VT_BOOL, value);
     if (FAILED(status)) {
         return status;
     }
-    VARIANT_BOOL overWrite = value.get().boolVal;
-    return object.Results(&overWrite);
+    Variant result;
+    status = member.call(object, arguments, result.out());
+    if (SUCCEEDED(status) && call.result != nullptr) {
+        *call.result = result.release();
+    }
+    return status;
 }
 
 }  // namespace
 
-HRESULT findMembers(LPOLESTR* names, UINT count, DISPID* ids) noexcept {
+HRESULT findMembers(Members members, LPOLESTR* names, UINT count, DISPID* ids) noexcept {
     if (names == nullptr || ids == nullptr || count == 0) {
         return E_INVALIDARG;
     }
     // The first name is the member's, the others those of its arguments; all are answered even when one is
     // unknown.
     std::fill_n(ids, count, DISPID_UNKNOWN);
-    const auto* member =
+    const auto member =
         std::ranges::find_if(members, [&](const Member& one) { return sameName(one.name, names[0]); });
-    if (member == std::end(members)) {
+    if (member == members.end()) {
         return DISP_E_UNKNOWNNAME;
     }
-    ids[0] = static_cast<DISPID>(member - members) + 1;
+    ids[0] = static_cast<DISPID>(member - members.begin()) + 1;
+    const std::span parameters(member->parameters.data(), member->parameterCount());
     HRESULT status = S_OK;
     for (UINT k = 1; k < count; ++k) {
-        if (sameName(member->parameter, names[k])) {
-            ids[k] = 0;
-        } else {
+        const auto parameter = std::ranges::find_if(
+            parameters, [&](const Parameter& one) { return sameName(one.name, names[k]); });
+        if (parameter == parameters.end()) {
             status = DISP_E_UNKNOWNNAME;
+        } else {
+            ids[k] = static_cast<DISPID>(parameter - parameters.begin());
         }
     }
     return status;
 }
 
-HRESULT invokeMember(_clsNonPara& object, const LateCall& call) noexcept {
-    const Member* member = memberOf(call.member);
+HRESULT invokeMember(Members members, IDispatch& object, const LateCall& call) noexcept {
+    const Member* member = memberOf(members, call.member);
     if (member == nullptr) {
         return DISP_E_MEMBERNOTFOUND;
     }
     // The thread keeps one error object. An older one must not be taken for this call's.
     SetErrorInfo(0, nullptr);
-    const HRESULT status =
-        call.member == resultsMember ? callResults(object, call) : putProperty(object, *member, call);
+    const HRESULT status = use(*member, object, call);
     ComPtr<IErrorInfo> error;
     if (SUCCEEDED(status) || GetErrorInfo(0, error.out()) != S_OK) {
         return status;

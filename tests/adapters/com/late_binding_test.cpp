@@ -1,8 +1,8 @@
-#include <array>
 #include <vector>
 
 #include "tbvnonpara/core/enumerations.hpp"
 #include "tests/adapters/com/desk.hpp"
+#include "tests/adapters/com/late_call.hpp"
 #include "tests/adapters/com/peer_range.hpp"
 
 namespace TBVNonPara::com {
@@ -21,55 +21,33 @@ class LateBinding : public Desk {
         fill("Data!E1:E1", ValueGrid{{"taken"}});
     }
 
-    struct Answer {
-        HRESULT status;
-        EXCEPINFO information{};
-        UINT wrongArgument = 99;
-    };
-
-    /// Arguments in reverse, as they travel.
-    Answer invoke(DISPID member, WORD flags, std::vector<VARIANT> arguments, std::vector<DISPID> named = {}) {
-        DISPPARAMS parameters{arguments.data(), named.data(), static_cast<UINT>(arguments.size()),
-                              static_cast<UINT>(named.size())};
-        Answer answer{};
-        answer.status = m_Object->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, nullptr,
-                                         &answer.information, &answer.wrongArgument);
-        return answer;
+    LateAnswer invoke(DISPID member, WORD flags, std::vector<VARIANT> arguments,
+                      std::vector<DISPID> named = {}) {
+        return com::invoke(*m_Object.get(), member, flags, std::move(arguments), std::move(named));
     }
 
-    Answer callResults(std::vector<VARIANT> arguments, std::vector<DISPID> named = {}) {
+    LateAnswer callResults(std::vector<VARIANT> arguments, std::vector<DISPID> named = {}) {
         return invoke(results, DISPATCH_METHOD, std::move(arguments), std::move(named));
     }
 
     /// Overwriting succeeds; anything else finds the place taken.
-    static void expectOverwritten(Answer answer) { EXPECT_EQ(answer.status, S_OK); }
-    static void expectRefused(Answer answer) {
+    static void expectOverwritten(const LateAnswer& answer) { EXPECT_EQ(answer.status, S_OK); }
+    static void expectRefused(const LateAnswer& answer) {
         EXPECT_EQ(answer.status, DISP_E_EXCEPTION);
-        EXPECT_EQ(answer.information.scode, tbvNPOutputOccupied);
-        EXPECT_EQ(toUtf8(answer.information.bstrSource), "Line 0 in TBVNonPara.clsNonPara.Results");
-        EXPECT_FALSE(toUtf8(answer.information.bstrDescription).empty());
-        SysFreeString(answer.information.bstrSource);
-        SysFreeString(answer.information.bstrDescription);
+        EXPECT_EQ(answer.error, tbvNPOutputOccupied);
+        EXPECT_EQ(answer.source, "Line 0 in TBVNonPara.clsNonPara.Results");
+        EXPECT_FALSE(answer.description.empty());
     }
 
-    static void expectNamesTheAddress(Answer answer) {
+    static void expectNamesTheAddress(const LateAnswer& answer) {
         EXPECT_EQ(answer.status, DISP_E_EXCEPTION);
-        EXPECT_EQ(answer.information.scode, static_cast<SCODE>(0x800A000D));
-        const std::string description = toUtf8(answer.information.bstrDescription);
-        EXPECT_NE(description.find(".Address(External:=True)"), std::string::npos) << description;
-        SysFreeString(answer.information.bstrSource);
-        SysFreeString(answer.information.bstrDescription);
+        EXPECT_EQ(answer.error, static_cast<SCODE>(0x800A000D));
+        EXPECT_NE(answer.description.find(" = range.Address(External:=True)"), std::string::npos)
+            << answer.description;
     }
 
     static VARIANT boolean(bool truth) { return Variant(truth).release(); }
 };
-
-VARIANT reference(VARTYPE type, void* value) {
-    VARIANT result{};
-    result.vt = static_cast<VARTYPE>(type | VT_BYREF);
-    result.byref = value;
-    return result;
-}
 
 TEST_F(LateBinding, OverWriteLeftOutIsFalse) {
     expectRefused(callResults({}));
@@ -101,12 +79,8 @@ TEST_F(LateBinding, OverWriteInAVariableThatHoldsNothingIsFalse) {
 }
 
 TEST_F(LateBinding, OverWriteByName) {
-    std::wstring method = L"RESULTS";
-    std::wstring parameter = L"overwrite";
-    LPOLESTR names[] = {method.data(), parameter.data()};
-    std::array<DISPID, 2> ids{};
-    ASSERT_EQ(m_Object->GetIDsOfNames(IID_NULL, names, 2, LOCALE_USER_DEFAULT, ids.data()), S_OK);
-    EXPECT_EQ(ids[0], results);
+    const std::vector<DISPID> ids = idsOf(*m_Object.get(), {L"RESULTS", L"overwrite"});
+    ASSERT_EQ(ids.front(), results);
     expectRefused(callResults({boolean(false)}, {ids[1]}));
     expectOverwritten(callResults({boolean(true)}, {ids[1]}));
 }
@@ -126,7 +100,7 @@ TEST_F(LateBinding, OverWriteAsANumberOrText) {
 
 TEST_F(LateBinding, OverWriteThatIsNoTruthIsATypeMismatch) {
     VARIANT text = Variant(std::string_view("perhaps")).release();
-    const Answer answer = callResults({text});
+    const LateAnswer answer = callResults({text});
     VariantClear(&text);
     EXPECT_EQ(answer.status, DISP_E_TYPEMISMATCH);
     EXPECT_EQ(answer.wrongArgument, 0U);
@@ -198,12 +172,10 @@ TEST_F(LateBinding, AnObjectThatStandsForNoTextIsATypeMismatch) {
 
 TEST_F(LateBinding, BareNumbersHaveNoDescription) {
     const Variant empty{std::string_view()};
-    const Answer answer = invoke(6, DISPATCH_PROPERTYPUT, {empty.get()}, {DISPID_PROPERTYPUT});
+    const LateAnswer answer = invoke(6, DISPATCH_PROPERTYPUT, {empty.get()}, {DISPID_PROPERTYPUT});
     EXPECT_EQ(answer.status, DISP_E_EXCEPTION);
-    EXPECT_EQ(answer.information.scode, tbvNPNoYRange);
-    EXPECT_EQ(answer.information.wCode, 0);
-    EXPECT_EQ(answer.information.bstrDescription, nullptr);
-    SysFreeString(answer.information.bstrSource);
+    EXPECT_EQ(answer.error, tbvNPNoYRange);
+    EXPECT_EQ(answer.description, "");
 }
 
 TEST_F(LateBinding, DescribesItselfByItsTypeLibrary) {
