@@ -1,6 +1,9 @@
 #include "adapters/com/class_factory.hpp"
 
+#include <algorithm>
+
 #include "adapters/com/automation_application.hpp"
+#include "adapters/com/details_object.hpp"
 #include "adapters/com/errors.hpp"
 #include "adapters/com/find_application.hpp"
 #include "adapters/com/request_object.hpp"
@@ -15,6 +18,11 @@ CompanionLibrary companionsOfProcess() {
     CompanionLibrary companions = ownCompanions(automationApplication(findApplication));
     companions.running = running;
     return companions;
+}
+
+template <typename Object>
+ComPtr<IDispatch> make(CompanionLibrary companions) {
+    return ComPtr<IDispatch>::adopt(new Object(std::move(companions)));
 }
 
 }  // namespace
@@ -54,8 +62,7 @@ STDMETHODIMP ClassFactory::CreateInstance(IUnknown* outer, REFIID wanted, void**
         return CLASS_E_NOAGGREGATION;
     }
     try {
-        const auto request = ComPtr<RequestObject>::adopt(new RequestObject(companionsOfProcess()));
-        return request->QueryInterface(wanted, object);
+        return m_Make(companionsOfProcess())->QueryInterface(wanted, object);
     } catch (...) {
         return toErrorInfo();
     }
@@ -68,6 +75,21 @@ STDMETHODIMP ClassFactory::LockServer(BOOL lock) {
         letModuleGo();
     }
     return S_OK;
+}
+
+ComPtr<ClassFactory> factoryOf(REFCLSID wanted) {
+    struct Offered {
+        const CLSID& id;
+        MakeObject make;
+    };
+    const Offered classes[] = {
+        {__uuidof(::clsNonPara), make<RequestObject>},
+        {__uuidof(::clsNonParaDetails), make<DetailsObject>},
+    };
+    const auto* const found =
+        std::ranges::find_if(classes, [&](const Offered& one) { return one.id == wanted; });
+    return found == std::end(classes) ? ComPtr<ClassFactory>()
+                                      : ComPtr<ClassFactory>::adopt(new ClassFactory(found->make));
 }
 
 }  // namespace TBVNonPara::com

@@ -3,12 +3,18 @@
 #include <atomic>
 
 #include "adapters/com/module.hpp"
+#include "tbvnonpara/companion/CompanionLibrary.hpp"
 
 namespace TBVNonPara::com {
 
-/// Creates request objects on the application that the process runs in.
+/// What makes an object on an application.
+using MakeObject = ComPtr<IDispatch> (*)(CompanionLibrary companions);
+
+/// Creates the objects of one class on the application that the process runs in.
 class ClassFactory final : public IClassFactory {
  public:
+    explicit ClassFactory(MakeObject make) : m_Make(make) {}
+
     STDMETHODIMP QueryInterface(REFIID wanted, void** object) override;
     STDMETHODIMP_(ULONG) AddRef() override;
     STDMETHODIMP_(ULONG) Release() override;
@@ -18,8 +24,12 @@ class ClassFactory final : public IClassFactory {
  private:
     ~ClassFactory() = default;
 
+    MakeObject m_Make;
     ModuleHold m_Hold;
     std::atomic<ULONG> m_References = 1;
 };
+
+/// The factory of one of the library's classes; none for any other.
+[[nodiscard]] ComPtr<ClassFactory> factoryOf(REFCLSID wanted);
 
 }  // namespace TBVNonPara::com

@@ -1,6 +1,8 @@
 #include "adapters/com/registration.hpp"
 
 #include <initguid.h>
+// It stands before what declares the GUIDs.
+#include <array>
 
 #include "TBVNonPara_h.h"
 #include "adapters/com/errors.hpp"
@@ -11,7 +13,6 @@ namespace {
 
 // The marshaller that works from a registered type library.
 constexpr wchar_t typeLibraryMarshaller[] = L"{00020424-0000-0000-C000-000000000046}";
-constexpr wchar_t programId[] = L"TBVNonPara.clsNonPara";
 constexpr wchar_t libraryVersion[] = L"1.0";
 // A type library's key is the same for libraries of both widths.
 constexpr bool is64Bit = sizeof(void*) == 8;
@@ -24,12 +25,21 @@ std::wstring text(REFGUID guid) {
     return buffer;
 }
 
-std::wstring classKey() {
-    return L"CLSID\\" + text(__uuidof(::clsNonPara));
-}
+/// A class that clients can create, and its interface.
+struct OfferedClass {
+    const wchar_t* programId;
+    GUID id;
+    const wchar_t* interfaceName;
+    GUID interfaceId;
 
-std::wstring interfaceKey() {
-    return L"Interface\\" + text(__uuidof(_clsNonPara));
+    [[nodiscard]] std::wstring key() const { return L"CLSID\\" + text(id); }
+    [[nodiscard]] std::wstring interfaceKey() const { return L"Interface\\" + text(interfaceId); }
+};
+
+std::array<OfferedClass, 2> offeredClasses() {
+    return {{{L"TBVNonPara.clsNonPara", __uuidof(::clsNonPara), L"_clsNonPara", __uuidof(_clsNonPara)},
+             {L"TBVNonPara.clsNonParaDetails", __uuidof(::clsNonParaDetails), L"_clsNonParaDetails",
+              __uuidof(_clsNonParaDetails)}}};
 }
 
 std::wstring libraryKey() {
@@ -81,15 +91,24 @@ class Classes {
     HKEY m_Key;
 };
 
-void writeClass(const Classes& classes, const std::wstring& path) {
-    classes.set(classKey(), programId);
-    classes.set(classKey() + L"\\InprocServer32", path);
-    classes.set(classKey() + L"\\InprocServer32", L"Apartment", L"ThreadingModel");
-    classes.set(classKey() + L"\\ProgID", programId);
-    classes.set(classKey() + L"\\TypeLib", text(LIBID_TBVNonPara));
-    classes.set(classKey() + L"\\Version", libraryVersion);
-    classes.set(programId, programId);
-    classes.set(std::wstring(programId) + L"\\CLSID", text(__uuidof(::clsNonPara)));
+void writeClass(const Classes& classes, const OfferedClass& offered, const std::wstring& path) {
+    const std::wstring key = offered.key();
+    classes.set(key, offered.programId);
+    classes.set(key + L"\\InprocServer32", path);
+    classes.set(key + L"\\InprocServer32", L"Apartment", L"ThreadingModel");
+    classes.set(key + L"\\ProgID", offered.programId);
+    classes.set(key + L"\\TypeLib", text(LIBID_TBVNonPara));
+    classes.set(key + L"\\Version", libraryVersion);
+    classes.set(offered.programId, offered.programId);
+    classes.set(std::wstring(offered.programId) + L"\\CLSID", text(offered.id));
+}
+
+void writeInterface(const Classes& classes, const OfferedClass& offered) {
+    const std::wstring key = offered.interfaceKey();
+    classes.set(key, offered.interfaceName);
+    classes.set(key + L"\\ProxyStubClsid32", typeLibraryMarshaller);
+    classes.set(key + L"\\TypeLib", text(LIBID_TBVNonPara));
+    classes.set(key + L"\\TypeLib", libraryVersion, L"Version");
 }
 
 void writeTypeLibrary(const Classes& classes, const std::wstring& path) {
@@ -98,22 +117,23 @@ void writeTypeLibrary(const Classes& classes, const std::wstring& path) {
     classes.set(version + ownPlatform, path);
     classes.set(version + L"\\FLAGS", L"0");
     classes.set(version + L"\\HELPDIR", path.substr(0, path.find_last_of(L'\\')));
-    classes.set(interfaceKey(), L"_clsNonPara");
-    classes.set(interfaceKey() + L"\\ProxyStubClsid32", typeLibraryMarshaller);
-    classes.set(interfaceKey() + L"\\TypeLib", text(LIBID_TBVNonPara));
-    classes.set(interfaceKey() + L"\\TypeLib", libraryVersion, L"Version");
 }
 
 void removeAll(HKEY key) {
     const Classes classes(key);
-    classes.remove(classKey());
+    for (const OfferedClass& offered : offeredClasses()) {
+        classes.remove(offered.key());
+    }
     classes.remove(versionKey() + ownPlatform);
     // What the library of the other width needs as well goes with the last of the two.
-    if (!classes.has(versionKey() + otherPlatform)) {
-        for (const std::wstring& root : {std::wstring(programId), interfaceKey(), libraryKey()}) {
-            classes.remove(root);
-        }
+    if (classes.has(versionKey() + otherPlatform)) {
+        return;
     }
+    for (const OfferedClass& offered : offeredClasses()) {
+        classes.remove(offered.programId);
+        classes.remove(offered.interfaceKey());
+    }
+    classes.remove(libraryKey());
 }
 
 HRESULT statusOf(auto body) noexcept {
@@ -129,8 +149,12 @@ HRESULT statusOf(auto body) noexcept {
 
 HRESULT registerBelow(HKEY key, const std::wstring& path) noexcept {
     const HRESULT status = statusOf([&] {
-        writeClass(Classes(key), path);
-        writeTypeLibrary(Classes(key), path);
+        const Classes classes(key);
+        for (const OfferedClass& offered : offeredClasses()) {
+            writeClass(classes, offered, path);
+            writeInterface(classes, offered);
+        }
+        writeTypeLibrary(classes, path);
     });
     if (FAILED(status)) {
         (void)statusOf([&] { removeAll(key); });

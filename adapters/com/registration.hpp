@@ -6,7 +6,7 @@
 
 namespace TBVNonPara::com {
 
-/// Writes what clients need to create the object and to read its type library: below the first of the two
+/// Writes what clients need to create the objects and to read their type library: below the first of the two
 /// keys of classes that takes it, the machine's and then the user's. What was written before a failure is
 /// removed again.
 [[nodiscard]] HRESULT registerServer(HKEY machineClasses, HKEY userClasses,

@@ -4,7 +4,6 @@
 #include "adapters/com/errors.hpp"
 #include "adapters/com/find_application.hpp"
 #include "adapters/com/registration.hpp"
-#include "adapters/com/request_object.hpp"
 
 // What the library exports. (The names and types are the system's, hence outside any namespace.)
 
@@ -39,7 +38,7 @@ class ClassesKey {
     HKEY m_Key = nullptr;
 };
 
-/// Makes the class known, or forgets it, below one branch only.
+/// Makes the classes known, or forgets them, below one branch only.
 HRESULT installBelow(HKEY hive, bool install) {
     const ClassesKey classes(hive);
     return install ? com::registerServer(classes.get(), classes.get(), com::modulePath())
@@ -53,11 +52,11 @@ STDAPI DllGetClassObject(REFCLSID wanted, REFIID interfaceId, void** object) {
         return E_POINTER;
     }
     *object = nullptr;
-    if (wanted != __uuidof(clsNonPara)) {
-        return CLASS_E_CLASSNOTAVAILABLE;
-    }
     try {
-        const auto factory = com::ComPtr<com::ClassFactory>::adopt(new com::ClassFactory);
+        const com::ComPtr<com::ClassFactory> factory = com::factoryOf(wanted);
+        if (!factory) {
+            return CLASS_E_CLASSNOTAVAILABLE;
+        }
         const HRESULT status = factory->QueryInterface(interfaceId, object);
         if (SUCCEEDED(status)) {
             com::keepModuleLoaded();

@@ -64,20 +64,42 @@ std::string idOf(REFGUID guid) {
     return toUtf8(std::wstring_view(text));
 }
 
-TEST_F(Registration, WritesTheClassItsNameAndItsTypeLibrary) {
+struct RegisteredClass {
+    const char* programId;
+    GUID id;
+    const char* interfaceName;
+    GUID interfaceId;
+};
+
+const RegisteredClass registeredClasses[] = {
+    {"TBVNonPara.clsNonPara", __uuidof(::clsNonPara), "_clsNonPara", __uuidof(_clsNonPara)},
+    {"TBVNonPara.clsNonParaDetails", __uuidof(::clsNonParaDetails), "_clsNonParaDetails",
+     __uuidof(_clsNonParaDetails)},
+};
+
+TEST_F(Registration, WritesEachClassItsNameAndItsInterface) {
     ASSERT_EQ(registerServer(m_Machine, m_User, path), S_OK);
-    const std::string classKey = "CLSID\\" + idOf(__uuidof(::clsNonPara));
-    const std::string file = toUtf8(std::wstring_view(path));
-    EXPECT_EQ(value(m_Machine, classKey + "\\InprocServer32"), file);
-    EXPECT_EQ(value(m_Machine, classKey + "\\InprocServer32", L"ThreadingModel"), "Apartment");
-    EXPECT_EQ(value(m_Machine, classKey + "\\ProgID"), "TBVNonPara.clsNonPara");
-    EXPECT_EQ(value(m_Machine, "TBVNonPara.clsNonPara\\CLSID"), idOf(__uuidof(::clsNonPara)));
-    const std::string library = "TypeLib\\" + value(m_Machine, classKey + "\\TypeLib") + "\\1.0";
-    EXPECT_EQ(value(m_Machine, library), "Tabvance Nonparametrics");
-    EXPECT_EQ(value(m_Machine, library + (is64Bit ? "\\0\\win64" : "\\0\\win32")), file);
-    EXPECT_EQ(value(m_Machine, library + "\\HELPDIR"), "C:\\Programs\\Tabvance");
-    EXPECT_EQ(value(m_Machine, "Interface\\" + idOf(__uuidof(_clsNonPara))), "_clsNonPara");
+    for (const RegisteredClass& offered : registeredClasses) {
+        const std::string classKey = "CLSID\\" + idOf(offered.id);
+        EXPECT_EQ(value(m_Machine, classKey + "\\InprocServer32"), toUtf8(std::wstring_view(path)));
+        EXPECT_EQ(value(m_Machine, classKey + "\\InprocServer32", L"ThreadingModel"), "Apartment");
+        EXPECT_EQ(value(m_Machine, classKey + "\\ProgID"), offered.programId);
+        EXPECT_EQ(value(m_Machine, classKey + "\\TypeLib"), idOf(LIBID_TBVNonPara));
+        EXPECT_EQ(value(m_Machine, std::string(offered.programId) + "\\CLSID"), idOf(offered.id));
+        const std::string interfaceKey = "Interface\\" + idOf(offered.interfaceId);
+        EXPECT_EQ(value(m_Machine, interfaceKey), offered.interfaceName);
+        EXPECT_EQ(value(m_Machine, interfaceKey + "\\TypeLib"), idOf(LIBID_TBVNonPara));
+    }
     EXPECT_EQ(keysBelow(m_User), 0U);
+}
+
+TEST_F(Registration, WritesTheTypeLibrary) {
+    ASSERT_EQ(registerServer(m_Machine, m_User, path), S_OK);
+    const std::string library = "TypeLib\\" + idOf(LIBID_TBVNonPara) + "\\1.0";
+    EXPECT_EQ(value(m_Machine, library), "Tabvance Nonparametrics");
+    EXPECT_EQ(value(m_Machine, library + (is64Bit ? "\\0\\win64" : "\\0\\win32")),
+              toUtf8(std::wstring_view(path)));
+    EXPECT_EQ(value(m_Machine, library + "\\HELPDIR"), "C:\\Programs\\Tabvance");
 }
 
 TEST_F(Registration, UnregisteringLeavesNotOneKey) {

@@ -83,6 +83,16 @@ void live() {
         object->put_OutputRange(Address("Data!E1"));
         EXPECT_EQ(object->Results(nullptr), S_OK);
         EXPECT_EQ(seen(object->Results(nullptr)).status, tbvNPOutputOccupied);
+        const ComPtr<_clsNonParaDetails> details = server.createDetails();
+        details->put_YRange(Address("Data!A1:A3"));
+        EXPECT_EQ(seen(details->Calculate()).status, tbvNPNoXRange);
+        details->put_XRange(Address("Data!B1:B3"));
+        EXPECT_EQ(details->Calculate(), S_OK);
+        Variant value;
+        EXPECT_EQ(details->get_Value(Address("labels.1"), value.out()), S_OK);
+        BSTR text = nullptr;
+        EXPECT_EQ(details->get_Text(&text), S_OK);
+        SysFreeString(text);
     }
     server.setApplication(nullptr);
     EXPECT_TRUE(server.canUnload());
@@ -121,20 +131,24 @@ class ActivationContext {
     bool m_InForce = false;
 };
 
+/// Creates an object by the name of its class and lets it go.
+template <typename Interface>
+HRESULT createNamed(const wchar_t* programId) {
+    CLSID id;
+    ComPtr<Interface> object;
+    const HRESULT known = CLSIDFromProgID(programId, &id);
+    return FAILED(known) ? known
+                         : CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, __uuidof(Interface),
+                                            reinterpret_cast<void**>(object.out()));
+}
+
 TEST(Server, IsCreatedByItsManifestWhereNothingIsRegistered) {
     const std::wstring library = serverPath();
-    const auto create = [] {
-        CLSID id;
-        ComPtr<_clsNonPara> object;
-        const HRESULT known = CLSIDFromProgID(L"TBVNonPara.clsNonPara", &id);
-        return FAILED(known) ? known
-                             : CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, __uuidof(_clsNonPara),
-                                                reinterpret_cast<void**>(object.out()));
-    };
-    EXPECT_EQ(create(), CO_E_CLASSSTRING);
+    EXPECT_EQ(createNamed<_clsNonPara>(L"TBVNonPara.clsNonPara"), CO_E_CLASSSTRING);
     const ActivationContext context(library.substr(0, library.find_last_of(L'.')) + L".manifest");
     ASSERT_TRUE(context.isInForce()) << GetLastError();
-    EXPECT_EQ(create(), S_OK);
+    EXPECT_EQ(createNamed<_clsNonPara>(L"TBVNonPara.clsNonPara"), S_OK);
+    EXPECT_EQ(createNamed<_clsNonParaDetails>(L"TBVNonPara.clsNonParaDetails"), S_OK);
 }
 
 /// How many more thread-local indices the process can have.

@@ -4,6 +4,17 @@
 
 namespace TBVNonPara::com {
 
+namespace {
+
+template <typename Interface>
+ComPtr<Interface> created(IClassFactory& factory) {
+    ComPtr<Interface> object;
+    check(factory.CreateInstance(nullptr, __uuidof(Interface), reinterpret_cast<void**>(object.out())));
+    return object;
+}
+
+}  // namespace
+
 std::wstring serverPath() {
     wchar_t name[MAX_PATH] = L"";
     GetModuleFileNameW(nullptr, name, MAX_PATH);
@@ -21,17 +32,19 @@ LoadedServer::~LoadedServer() {
     FreeLibrary(m_Module);
 }
 
-ComPtr<IClassFactory> LoadedServer::factory() const {
+ComPtr<IClassFactory> LoadedServer::factory(REFCLSID id) const {
     ComPtr<IClassFactory> factory;
     check(function<decltype(DllGetClassObject)>("DllGetClassObject")(
-        __uuidof(::clsNonPara), IID_IClassFactory, reinterpret_cast<void**>(factory.out())));
+        id, IID_IClassFactory, reinterpret_cast<void**>(factory.out())));
     return factory;
 }
 
 ComPtr<_clsNonPara> LoadedServer::create() const {
-    ComPtr<_clsNonPara> object;
-    check(factory()->CreateInstance(nullptr, __uuidof(_clsNonPara), reinterpret_cast<void**>(object.out())));
-    return object;
+    return created<_clsNonPara>(*factory().get());
+}
+
+ComPtr<_clsNonParaDetails> LoadedServer::createDetails() const {
+    return created<_clsNonParaDetails>(*factory(__uuidof(::clsNonParaDetails)).get());
 }
 
 bool LoadedServer::canUnload() const {

@@ -18,8 +18,9 @@ class LoadedServer {
     LoadedServer& operator=(const LoadedServer&) = delete;
     ~LoadedServer();
 
-    [[nodiscard]] ComPtr<IClassFactory> factory() const;
+    [[nodiscard]] ComPtr<IClassFactory> factory(REFCLSID id = __uuidof(::clsNonPara)) const;
     [[nodiscard]] ComPtr<_clsNonPara> create() const;
+    [[nodiscard]] ComPtr<_clsNonParaDetails> createDetails() const;
     [[nodiscard]] bool canUnload() const;
     HRESULT setApplication(IDispatch* application) const;
 

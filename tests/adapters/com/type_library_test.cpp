@@ -87,13 +87,14 @@ TEST_F(TypeLibrary, BearsTheNameAndTheHelpString) {
     EXPECT_EQ(documentation(-1).help, "Tabvance Nonparametrics");
 }
 
-TEST_F(TypeLibrary, HoldsTheEnumerationsTheInterfaceAndTheClass) {
+TEST_F(TypeLibrary, HoldsTheEnumerationsAndEachInterfaceWithItsClass) {
     std::vector<std::string> types;
     for (UINT k = 0; k < m_Library->GetTypeInfoCount(); ++k) {
         types.push_back(documentation(static_cast<INT>(k)).name);
     }
     EXPECT_EQ(types, (std::vector<std::string>{"TBVNPMethod", "TBVNPTails", "tbvNonParaErrors", "TBVNPErrors",
-                                               "_clsNonPara", "clsNonPara"}));
+                                               "_clsNonPara", "clsNonPara", "_clsNonParaDetails",
+                                               "clsNonParaDetails"}));
 }
 
 TEST_F(TypeLibrary, NumbersTheTests) {
@@ -146,12 +147,32 @@ TEST_F(TypeLibrary, SaysOfEachTypeWhatItIsFor) {
     }
 }
 
-TEST_F(TypeLibrary, ClassIsCreatableAndItsDefaultIsTheInterface) {
-    const ComPtr<ITypeInfo> info = type(L"clsNonPara");
+/// A class and its interface.
+struct ClassCase {
+    const wchar_t* name;
+    GUID id;
+    const wchar_t* interfaceName;
+    GUID interfaceId;
+};
+
+void PrintTo(const ClassCase& offered, std::ostream* out) {
+    *out << toUtf8(std::wstring_view(offered.name));
+}
+
+const ClassCase offeredClasses[] = {
+    {L"clsNonPara", __uuidof(::clsNonPara), L"_clsNonPara", __uuidof(_clsNonPara)},
+    {L"clsNonParaDetails", __uuidof(::clsNonParaDetails), L"_clsNonParaDetails",
+     __uuidof(_clsNonParaDetails)},
+};
+
+class OfferedClass : public TypeLibrary, public testing::WithParamInterface<ClassCase> {};
+
+TEST_P(OfferedClass, IsCreatableAndItsDefaultIsItsInterface) {
+    const ComPtr<ITypeInfo> info = type(GetParam().name);
     TYPEATTR* attributes = nullptr;
     check(info->GetTypeAttr(&attributes));
     EXPECT_EQ(attributes->typekind, TKIND_COCLASS);
-    EXPECT_EQ(attributes->guid, __uuidof(::clsNonPara));
+    EXPECT_EQ(attributes->guid, GetParam().id);
     EXPECT_NE(attributes->wTypeFlags & TYPEFLAG_FCANCREATE, 0);
     EXPECT_EQ(attributes->cImplTypes, 1);
     info->ReleaseTypeAttr(attributes);
@@ -166,8 +187,22 @@ TEST_F(TypeLibrary, ClassIsCreatableAndItsDefaultIsTheInterface) {
     EXPECT_EQ(flags & IMPLTYPEFLAG_FSOURCE, 0);
     BSTR name = nullptr;
     check(implemented->GetDocumentation(MEMBERID_NIL, &name, nullptr, nullptr, nullptr));
-    EXPECT_EQ(take(name), "_clsNonPara");
+    EXPECT_EQ(take(name), toUtf8(std::wstring_view(GetParam().interfaceName)));
 }
+
+TEST_P(OfferedClass, HasAnInterfaceThatIsDualAndFixed) {
+    const ComPtr<ITypeInfo> info = type(GetParam().interfaceName);
+    TYPEATTR* attributes = nullptr;
+    check(info->GetTypeAttr(&attributes));
+    EXPECT_EQ(attributes->typekind, TKIND_DISPATCH);
+    EXPECT_EQ(attributes->guid, GetParam().interfaceId);
+    EXPECT_NE(attributes->wTypeFlags & TYPEFLAG_FDUAL, 0);
+    EXPECT_NE(attributes->wTypeFlags & TYPEFLAG_FNONEXTENSIBLE, 0);
+    info->ReleaseTypeAttr(attributes);
+}
+
+INSTANTIATE_TEST_SUITE_P(Com, OfferedClass, testing::ValuesIn(offeredClasses),
+                         [](const auto& tested) { return toUtf8(std::wstring_view(tested.param.name)); });
 
 struct MemberCase {
     const char* name;
@@ -197,9 +232,11 @@ class Interface : public TypeLibrary {
     static constexpr UINT inherited = 7;
     static constexpr UINT slotSize = sizeof(void*);
 
+    explicit Interface(const wchar_t* name = L"_clsNonPara") : m_Name(name) {}
+
     void SetUp() override {
         TypeLibrary::SetUp();
-        m_Interface = type(L"_clsNonPara");
+        m_Interface = type(m_Name);
         check(m_Interface->GetTypeAttr(&m_Attributes));
     }
     void TearDown() override { m_Interface->ReleaseTypeAttr(m_Attributes); }
@@ -224,11 +261,8 @@ class Interface : public TypeLibrary {
     void expectParameter(const ELEMDESC& parameter, const MemberCase& expected) const {
         EXPECT_EQ(parameter.tdesc.vt, expected.type) << expected.name;
         if (expected.enumeration != nullptr) {
-            ComPtr<ITypeInfo> referenced;
-            check(m_Interface->GetRefTypeInfo(parameter.tdesc.hreftype, referenced.out()));
-            BSTR name = nullptr;
-            check(referenced->GetDocumentation(MEMBERID_NIL, &name, nullptr, nullptr, nullptr));
-            EXPECT_EQ(take(name), toUtf8(std::wstring_view(expected.enumeration)));
+            EXPECT_EQ(referencedName(parameter.tdesc.hreftype),
+                      toUtf8(std::wstring_view(expected.enumeration)));
         }
         const USHORT flags = parameter.paramdesc.wParamFlags;
         if (expected.kind == INVOKE_FUNC) {
@@ -242,27 +276,33 @@ class Interface : public TypeLibrary {
         }
     }
 
+    [[nodiscard]] std::string referencedName(HREFTYPE reference) const {
+        ComPtr<ITypeInfo> referenced;
+        check(m_Interface->GetRefTypeInfo(reference, referenced.out()));
+        BSTR name = nullptr;
+        check(referenced->GetDocumentation(MEMBERID_NIL, &name, nullptr, nullptr, nullptr));
+        return take(name);
+    }
+
+    void expectHelp() const {
+        ASSERT_GT(m_Attributes->cFuncs, inherited);
+        for (UINT k = inherited; k < m_Attributes->cFuncs; ++k) {
+            FUNCDESC* function = nullptr;
+            check(m_Interface->GetFuncDesc(k, &function));
+            BSTR help = nullptr;
+            check(m_Interface->GetDocumentation(function->memid, nullptr, &help, nullptr, nullptr));
+            EXPECT_GE(take(help).size(), 10U) << names(*m_Interface.get(), function->memid).front();
+            m_Interface->ReleaseFuncDesc(function);
+        }
+    }
+
+    const wchar_t* m_Name;
     ComPtr<ITypeInfo> m_Interface;
     TYPEATTR* m_Attributes = nullptr;
 };
 
-TEST_F(Interface, IsDualAndFixed) {
-    EXPECT_EQ(m_Attributes->typekind, TKIND_DISPATCH);
-    EXPECT_EQ(m_Attributes->guid, __uuidof(_clsNonPara));
-    EXPECT_NE(m_Attributes->wTypeFlags & TYPEFLAG_FDUAL, 0);
-    EXPECT_NE(m_Attributes->wTypeFlags & TYPEFLAG_FNONEXTENSIBLE, 0);
-}
-
 TEST_F(Interface, SaysOfEachMemberWhatItIsFor) {
-    ASSERT_GT(m_Attributes->cFuncs, inherited);
-    for (UINT k = inherited; k < m_Attributes->cFuncs; ++k) {
-        FUNCDESC* function = nullptr;
-        check(m_Interface->GetFuncDesc(k, &function));
-        BSTR help = nullptr;
-        check(m_Interface->GetDocumentation(function->memid, nullptr, &help, nullptr, nullptr));
-        EXPECT_GE(take(help).size(), 10U) << names(*m_Interface.get(), function->memid).front();
-        m_Interface->ReleaseFuncDesc(function);
-    }
+    expectHelp();
 }
 
 TEST_F(Interface, HasTheNineMembersInOrderAndNoOther) {
@@ -271,6 +311,71 @@ TEST_F(Interface, HasTheNineMembersInOrderAndNoOther) {
     for (UINT k = 0; k < std::size(members); ++k) {
         expectMember(k, members[k]);
     }
+}
+
+/// The interface of the details as late-bound clients see it, each member as a line.
+class DetailsInterface : public Interface {
+ protected:
+    DetailsInterface() : Interface(L"_clsNonParaDetails") {}
+
+    [[nodiscard]] std::string typeName(const TYPEDESC& described) const {
+        switch (described.vt) {
+            case VT_BOOL:
+                return "Boolean";
+            case VT_BSTR:
+                return "String";
+            case VT_R8:
+                return "Double";
+            case VT_VARIANT:
+                return "Variant";
+            case VT_PTR:
+                return typeName(*described.lptdesc) + "&";
+            case VT_USERDEFINED:
+                return referencedName(described.hreftype);
+            default:
+                return described.vt == VT_VOID ? "" : std::to_string(described.vt);
+        }
+    }
+
+    [[nodiscard]] std::string line(UINT position) const {
+        FUNCDESC* function = nullptr;
+        check(m_Interface->GetFuncDesc(inherited + position, &function));
+        std::string result = std::to_string(function->memid) + ' ' + kindName(function->invkind) + ' ' +
+                             names(*m_Interface.get(), function->memid).front() + '(';
+        for (SHORT k = 0; k < function->cParams; ++k) {
+            const ELEMDESC& parameter = function->lprgelemdescParam[k];
+            const bool isOptional = (parameter.paramdesc.wParamFlags & PARAMFLAG_FOPT) != 0;
+            result +=
+                (k == 0 ? "" : ", ") + std::string(isOptional ? "optional " : "") + typeName(parameter.tdesc);
+        }
+        result += ") " + typeName(function->elemdescFunc.tdesc);
+        m_Interface->ReleaseFuncDesc(function);
+        return result;
+    }
+
+    static std::string kindName(INVOKEKIND kind) {
+        return kind == INVOKE_PROPERTYPUT ? "put" : kind == INVOKE_PROPERTYGET ? "get" : "call";
+    }
+};
+
+TEST_F(DetailsInterface, HasTheSettingsInTheirOrderAndItsOwnMembersBehindThem) {
+    std::vector<std::string> lines;
+    for (UINT k = inherited; k < m_Attributes->cFuncs; ++k) {
+        lines.push_back(line(k - inherited));
+    }
+    EXPECT_EQ(lines, (std::vector<std::string>{
+                         "1 put Method(TBVNPMethod) ", "2 put Headers(Boolean) ",
+                         "3 put OutputDescriptives(Boolean) ", "4 put IgnoreTies(Boolean) ",
+                         "5 put Tails(TBVNPTails) ", "6 put YRange(String) ", "7 put XRange(String) ",
+                         "8 put OutputRange(String) ", "9 put Confidence(Double) ", "10 put Adjust(String) ",
+                         "11 put Control(String) ", "12 put Trend(Boolean) ", "13 call Calculate() ",
+                         "14 get Value(String) Variant", "15 get Text() String", "16 get Json() String",
+                         "17 call WriteTo(optional String, optional Boolean&) "}));
+    EXPECT_EQ(names(*m_Interface.get(), 17), (std::vector<std::string>{"WriteTo", "Place", "OverWrite"}));
+}
+
+TEST_F(DetailsInterface, SaysOfEachMemberWhatItIsFor) {
+    expectHelp();
 }
 
 }  // namespace
