@@ -11,6 +11,9 @@ If Err.Number = 0 Then
     told = "TBVNonPara.clsNonPara is registered. It works inside the spreadsheet application: open a workbook there, " & _
            "import TBVNonPara.bas from this folder into its macros and run ExampleMannWhitney."
     If Err.Number <> 0 Then told = told & vbCrLf & vbCrLf & "(Here it says: " & Err.Description & ")"
+    Err.Clear
+    CreateObject("TBVNonPara.clsNonParaDetails").Confidence = 95
+    If Err.Number = 0 Then told = told & vbCrLf & vbCrLf & "TBVNonPara.clsNonParaDetails is registered, too."
 End If
 On Error GoTo 0
 WScript.Echo told

@@ -96,5 +96,28 @@ for (var k = 0; k < refusals.length; k++) {
     }
 }
 
+// Details: figures by name, what does not exist, a place left out.
+var details = new ActiveXObject("TBVNonPara.clsNonParaDetails");
+details.Headers = true;
+details.YRange = "Data!A1:A6";
+details.XRange = "Data!B1:B6";
+details.Adjust = "bonferroni";
+details.Control = "";
+details.Trend = false;
+expect("before", numberOf(function () { details.Value("data.n.1"); }), 0x800A005B - 0x100000000);
+details.Calculate();
+expect("figure", details.Value("data.n.1"), 5);
+expect("label", details.Value("labels.2"), "b");
+expect("no figure", typeof details.Value("comparisons"), "undefined");
+expect("wrong name", numberOf(function () { details.Value("data.m"); }), 0x800A0005 - 0x100000000);
+expect("text", details.Text.substr(0, 7), "Details");
+expect("json", details.Json.indexOf('"test": "mann-whitney"') >= 0, true);
+expect("read", numberOf(function () { return details.Confidence; }) === 0, false);
+details.OutputRange = "Data!R1";
+details.WriteTo(undefined, true);
+expect("written", application.Range("Data!R1").Value, "Details");
+expect("occupied", numberOf(function () { details.WriteTo("Data!R1"); }), occupied);
+expect("confidence", numberOf(function () { details.Confidence = 0.95; }), 0x800A0005 - 0x100000000);
+
 application.Unhook();
 WScript.Echo("passed");

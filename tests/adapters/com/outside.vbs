@@ -28,6 +28,25 @@ If Err.Number <> -2147216473 Or Err.Source <> "Line 0 in TBVNonPara.clsNonPara.R
 If InStr(Err.Description, "Data!") = 0 Then WScript.Quit 1
 Err.Clear
 
+' Details by name, a member with and without its arguments.
+On Error GoTo 0
+Dim details
+Set details = application.CreateObject("TBVNonPara.clsNonParaDetails")
+details.YRange = "Data!A1:A3"
+details.XRange = "Data!B1:B3"
+details.OutputRange = "Data!J1"
+details.Calculate
+If Abs(details.Value("p.exact.two") - 0.1) > 1E-15 Then WScript.Quit 1
+If Not IsEmpty(details.Value("robust.t")) Then WScript.Quit 1
+details.WriteTo
+details.WriteTo "Data!J1", overWrite
+If application.Range("Data!J1").Value <> "Details" Then WScript.Quit 1
+On Error Resume Next
+details.WriteTo "Data!J1"
+If Err.Number <> -2147216473 Or Err.Source <> "Line 0 in TBVNonPara.clsNonParaDetails.WriteTo" Then WScript.Quit 1
+Err.Clear
+Set details = Nothing
+
 ' An object of this process refuses the application of the other one.
 application.Publish
 Dim own

@@ -47,11 +47,11 @@ class EarlyBoundClient : public testing::TestWithParam<Place> {
     }
 
     /// Another object, where the application is.
+    [[nodiscard]] ComPtr<IDispatch> createNamed(std::string_view name) const {
+        return m_Application.object(Kind::Application, L"CreateObject", name).dispatch();
+    }
     [[nodiscard]] ComPtr<_clsNonPara> create() const {
-        return m_Application
-            .object(Kind::Application, L"CreateObject", std::string_view("TBVNonPara.clsNonPara"))
-            .dispatch()
-            .as<_clsNonPara>();
+        return createNamed("TBVNonPara.clsNonPara").as<_clsNonPara>();
     }
 
     [[nodiscard]] HostObject range(std::string_view address) const {
@@ -117,6 +117,32 @@ TEST_P(EarlyBoundClient, SeesTheNumberAndTheSourceOfAnError) {
     VARIANT_BOOL overWrite = VARIANT_FALSE;
     EXPECT_EQ(seen(m_Object->Results(&overWrite)), (Seen{tbvNPNoYRange, GetParam().source, ""}));
     EXPECT_EQ(m_Object->put_YRange(Address("Nowhere!A1")), tbvNPBadYRange);
+}
+
+TEST_P(EarlyBoundClient, HasDetailsByNameAndOnASheet) {
+    const auto details = createNamed("TBVNonPara.clsNonParaDetails").as<_clsNonParaDetails>();
+    ASSERT_TRUE(details);
+    ASSERT_EQ(details->put_Method(::tbvNPMannU), S_OK);
+    ASSERT_EQ(details->put_Confidence(90), S_OK);
+    ASSERT_EQ(details->put_Adjust(Address("holm")), S_OK);
+    ASSERT_EQ(seen(details->put_YRange(Address("Data!A1:A3"))), (Seen{S_OK, "", ""}));
+    ASSERT_EQ(details->put_XRange(Address("Data!B1:B3")), S_OK);
+    ASSERT_EQ(seen(details->Calculate()), (Seen{S_OK, "", ""}));
+    Variant value;
+    ASSERT_EQ(details->get_Value(Address("p.exact.two"), value.out()), S_OK);
+    EXPECT_NEAR(value.get().dblVal, 0.1, 1e-15);
+    ASSERT_EQ(details->get_Value(Address("robust.t"), value.out()), S_OK);
+    EXPECT_EQ(value.get().vt, VT_EMPTY);
+    BSTR text = nullptr;
+    ASSERT_EQ(details->get_Text(&text), S_OK);
+    EXPECT_EQ(std::wstring_view(text).substr(0, 7), L"Details");
+    SysFreeString(text);
+    VARIANT_BOOL overWrite = VARIANT_FALSE;
+    ASSERT_EQ(seen(details->WriteTo(Address("Data!E1"), &overWrite)), (Seen{S_OK, "", ""}));
+    EXPECT_EQ(range("Data!E1").getText(L"Value"), "Details");
+    EXPECT_EQ(details->WriteTo(Address("Data!E1"), &overWrite), tbvNPOutputOccupied);
+    const double sheets = m_Application.object(Kind::Worksheets, L"Worksheets").getNumber(L"Count");
+    EXPECT_EQ(sheets, 1) << "the one that they were built on has gone";
 }
 
 const Place places[] = {
