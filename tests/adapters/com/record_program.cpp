@@ -3,12 +3,13 @@
 
 #include "adapters/com/automation_application.hpp"
 #include "tbvnonpara/companion/CompanionLibrary.hpp"
+#include "tbvnonpara/details/clsNonParaDetails.hpp"
 #include "tbvnonpara/request/clsNonPara.hpp"
 #include "tests/adapters/com/peer_application.hpp"
 #include "tests/adapters/com/recording.hpp"
 
-// Writes the calls that the eight tests make on a spreadsheet application, as the statements of a macro. The
-// sheet "Data" holds what replay.py puts there.
+// Writes the calls that the eight tests and the details make on a spreadsheet application, as the statements
+// of a macro. The sheet "Data" holds what replay.py puts there.
 
 namespace {
 
@@ -56,6 +57,18 @@ void carryOut(const Run& run, const ObjectRef<Application>& application) {
     readReport(*run.output == '\0' ? "Sheet2!A1" : run.output, *application);
 }
 
+/// Onto the sheet of the data, by way of one that goes again. (A sheet of their own takes its name among
+/// those of the workbook, which that office does not list without a window.)
+void writeDetails(const ObjectRef<Application>& application) {
+    clsNonParaDetails details(ownCompanions(application));
+    details.LetMethod(tbvNPKWallis);
+    details.LetHeaders(true);
+    details.LetYRange("Data!A1:C6");
+    details.Calculate();
+    details.WriteTo("Data!J281");
+    readReport("Data!J281", *application);
+}
+
 void record(std::ostream& out) {
     const auto workbook = workbook::makeApplication();
     workbook->addSheet("Data", ValueGrid{{"a", "b", "s", "g"},
@@ -70,6 +83,8 @@ void record(std::ostream& out) {
         out << "' method " << run.method << "\nSet o(" << peer->serial() << ") = Application\n";
         carryOut(run, com::automationApplication([peer] { return peer.as<IDispatch>(); }));
     }
+    out << "' details\nSet o(" << peer->serial() << ") = Application\n";
+    writeDetails(com::automationApplication([peer] { return peer.as<IDispatch>(); }));
     Peer::recordCalls(nullptr);
 }
 
