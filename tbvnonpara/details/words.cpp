@@ -31,7 +31,7 @@ DetailCell percentCell(double part) {
     return {part, DetailForm::Percent};
 }
 
-DetailCell shareCell(std::size_t number, std::size_t whole) {
+DetailCell shareCell(std::uint64_t number, std::uint64_t whole) {
     return {static_cast<double>(number), DetailForm::Share, 0, static_cast<double>(whole)};
 }
 

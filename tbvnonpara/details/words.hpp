@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -17,7 +18,7 @@ namespace TBVNonPara {
 [[nodiscard]] DetailCell wholeCell(std::size_t number);
 /// "68 %" of 0.68, and "12 of 22".
 [[nodiscard]] DetailCell percentCell(double part);
-[[nodiscard]] DetailCell shareCell(std::size_t number, std::size_t whole);
+[[nodiscard]] DetailCell shareCell(std::uint64_t number, std::uint64_t whole);
 [[nodiscard]] DetailCell probabilityCell(const statistics::Probability& p);
 
 /// A number with four decimals, and a probability as tables show it.

@@ -38,11 +38,13 @@ std::size_t coinsFromTheEnd(std::size_t n, double confidence) {
 
 OrderedEstimate medianOf(std::span<const double> ascending, double confidence) {
     const std::size_t n = ascending.size();
-    Depth depth{coinsFromTheEnd(n, confidence), 0, 1 - 2 * fairCoinsAtMost(0, n)};
-    if (depth.k > 0) {
-        depth.attained = 1 - 2 * fairCoinsAtMost(depth.k - 1, n);
+    const std::size_t k = coinsFromTheEnd(n, confidence);
+    Depth depth{k, 0, 1 - 2 * fairCoinsAtMost(0, n)};
+    if (k > 0) {
+        depth.attained = 1 - 2 * fairCoinsAtMost(k - 1, n);
     }
-    return medianAmong(n, depth, [ascending](std::uint64_t place) { return ascending[place]; });
+    return medianAmong(
+        n, depth, [ascending](std::uint64_t place) { return ascending[static_cast<std::size_t>(place)]; });
 }
 
 Depth normalDepth(double mean, double deviation, double confidence) {
