@@ -12,7 +12,7 @@
 #include "tbvnonpara/core/a1.hpp"
 #include "tbvnonpara/core/display_width.hpp"
 #include "tbvnonpara/core/shortest.hpp"
-#include "tbvnonpara/details/json_values.hpp"
+#include "tbvnonpara/json/values.hpp"
 #include "tbvnonpara/rendering/csv_report.hpp"
 #include "tbvnonpara/rendering/output.hpp"
 #include "tbvnonpara/workbook/book.hpp"

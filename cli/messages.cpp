@@ -6,7 +6,7 @@
 
 #include "cli/shell_words.hpp"
 #include "tbvnonpara/core/display_width.hpp"
-#include "tbvnonpara/details/json_values.hpp"
+#include "tbvnonpara/json/values.hpp"
 #include "tbvnonpara/request/error_causes.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
 

@@ -4,7 +4,7 @@
 #include <fmt/format.h>
 
 #include "tbvnonpara/core/display_width.hpp"
-#include "tbvnonpara/details/json_values.hpp"
+#include "tbvnonpara/json/values.hpp"
 #include "tbvnonpara/rendering/json_report.hpp"
 #include "tbvnonpara/rendering/output.hpp"
 

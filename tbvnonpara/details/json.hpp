@@ -1,24 +1,11 @@
 #pragma once
 
-#include <optional>
-#include <string>
-#include <string_view>
-
 #include "tbvnonpara/details/details.hpp"
-#include "tbvnonpara/statistics/figures.hpp"
+#include "tbvnonpara/json/figures.hpp"
 
 namespace TBVNonPara {
 
-/// "holm", as options and JSON have it.
-[[nodiscard]] std::string_view adjustmentWord(statistics::Adjustment adjustment);
-
-/// The adjustment of such a word; none where there is no such.
-[[nodiscard]] std::optional<statistics::Adjustment> adjustmentNamed(std::string_view word);
-
 /// All figures of a test in full under their names, with the sentences and notes of its page.
 [[nodiscard]] statistics::Figure detailFigures(const Details& details);
-
-/// A figure as JSON. A block of blocks has a line for each member, `indent` blanks further in.
-[[nodiscard]] std::string figureInJson(const statistics::Figure& figure, std::size_t indent = 0);
 
 }  // namespace TBVNonPara

@@ -6,9 +6,9 @@
 #include <variant>
 
 #include "tbvnonpara/details/json.hpp"
-#include "tbvnonpara/details/json_values.hpp"
 #include "tbvnonpara/details/probability.hpp"
 #include "tbvnonpara/details/words.hpp"
+#include "tbvnonpara/json/values.hpp"
 #include "tbvnonpara/rendering/json_report.hpp"
 
 namespace TBVNonPara::rendering {

@@ -1,7 +1,7 @@
 #include "tbvnonpara/rendering/json_report.hpp"
 
 #include "tbvnonpara/details/json.hpp"
-#include "tbvnonpara/details/json_values.hpp"
+#include "tbvnonpara/json/values.hpp"
 
 namespace TBVNonPara::rendering {
 

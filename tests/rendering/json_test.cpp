@@ -3,7 +3,7 @@
 #include <limits>
 #include <nlohmann/json.hpp>
 
-#include "tbvnonpara/details/json_values.hpp"
+#include "tbvnonpara/json/values.hpp"
 #include "tbvnonpara/rendering/json_report.hpp"
 #include "tests/analysis/data_sheet.hpp"
 #include "tests/rendering/written.hpp"

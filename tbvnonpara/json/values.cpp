@@ -1,8 +1,10 @@
-#include "tbvnonpara/details/json_values.hpp"
+#include "tbvnonpara/json/values.hpp"
 
+#include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <cstdint>
-#include <fmt/format.h>
 #include <nlohmann/json.hpp>
 #include <span>
 #include <utility>
@@ -54,13 +56,24 @@ std::pair<std::string_view, std::string_view> partsOf(std::string_view name) {
                                          : std::pair(name.substr(0, dot), name.substr(dot + 1));
 }
 
+/// The escape of a character, \u001b.
+std::string jsonEscape(char32_t character) {
+    constexpr std::size_t places = 4;
+    constexpr int hexadecimal = 16;
+    std::array<char, 2 * places> digits{};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(),
+                                   static_cast<std::uint32_t>(character), hexadecimal);
+    const std::string number(digits.data(), end.ptr);
+    return "\\u" + std::string(places - std::min(places, number.size()), '0') + number;
+}
+
 /// JSON that holds what acts on a terminal only as an escape, which reads as the same text.
 std::string withoutEffect(const std::string& json) {
     std::string harmless;
     for (std::string_view rest = json; !rest.empty();) {
         const char32_t character = takeCharacter(rest);
         if (actsOnTerminal(character)) {
-            harmless += fmt::format("\\u{:04x}", static_cast<std::uint32_t>(character));
+            harmless += jsonEscape(character);
         } else {
             appendCharacter(harmless, character);
         }
