@@ -8,6 +8,8 @@ foreach(folder core ordering distributions statistics host companion engine repo
             FILES_MATCHING PATTERN *.hpp)
 endforeach()
 
+install(FILES ${PROJECT_SOURCE_DIR}/tbvnonpara/statistics.hpp DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tbvnonpara)
+
 set(configuration ${CMAKE_INSTALL_LIBDIR}/cmake/TBVNonPara)
 install(EXPORT TBVNonParaTargets NAMESPACE TBVNonPara:: DESTINATION ${configuration})
 write_basic_package_version_file(
