@@ -2,16 +2,33 @@
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
-install(TARGETS tbvnonpara EXPORT TBVNonParaTargets)
-foreach(folder core ordering distributions statistics host companion engine report request)
-    install(DIRECTORY ${PROJECT_SOURCE_DIR}/tbvnonpara/${folder} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tbvnonpara
-            FILES_MATCHING PATTERN *.hpp)
-endforeach()
-
-install(FILES ${PROJECT_SOURCE_DIR}/tbvnonpara/statistics.hpp DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tbvnonpara)
-
+# Each library with its headers; the package configuration reads the lists of targets whose needs are met.
 set(configuration ${CMAKE_INSTALL_LIBDIR}/cmake/TBVNonPara)
-install(EXPORT TBVNonParaTargets NAMESPACE TBVNonPara:: DESTINATION ${configuration})
+function(tbvnonpara_install_targets list)
+    cmake_parse_arguments(PARSE_ARGV 1 list "" "" "TARGETS;FOLDERS;HEADERS")
+    install(TARGETS ${list_TARGETS} EXPORT TBVNonPara${list})
+    install(EXPORT TBVNonPara${list} NAMESPACE TBVNonPara:: DESTINATION ${configuration})
+    set(headers ${CMAKE_INSTALL_INCLUDEDIR}/tbvnonpara)
+    foreach(folder ${list_FOLDERS})
+        install(DIRECTORY ${PROJECT_SOURCE_DIR}/tbvnonpara/${folder} DESTINATION ${headers} FILES_MATCHING PATTERN *.hpp)
+    endforeach()
+    if(list_HEADERS)
+        list(TRANSFORM list_HEADERS PREPEND ${PROJECT_SOURCE_DIR}/tbvnonpara/)
+        install(FILES ${list_HEADERS} DESTINATION ${headers})
+    endif()
+endfunction()
+
+if(TBVNONPARA_STATISTICS)
+    tbvnonpara_install_targets(StatisticsTargets TARGETS tbvnonpara_statistics_archive FOLDERS statistics
+                               HEADERS statistics.hpp)
+endif()
+tbvnonpara_install_targets(Targets TARGETS tbvnonpara
+                           FOLDERS core ordering distributions host companion engine report request)
+if(TBVNONPARA_BUILD_CLI)
+    tbvnonpara_install_targets(WorkbookTargets TARGETS tbvnonpara_workbook_archive
+                               FOLDERS json details reshaping workbook files analysis rendering)
+endif()
+
 write_basic_package_version_file(
     ${PROJECT_BINARY_DIR}/TBVNonParaConfigVersion.cmake COMPATIBILITY SameMinorVersion)
 install(FILES ${PROJECT_SOURCE_DIR}/cmake/TBVNonParaConfig.cmake

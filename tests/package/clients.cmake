@@ -1,0 +1,11 @@
+# clients(COMPONENT...): the client of each component, which links that one alone.
+set(client_of_statistics statistics.cpp)
+set(client_of_tbvnonpara automation.cpp)
+set(client_of_workbook workbook.cpp)
+
+function(clients)
+    foreach(component ${ARGN})
+        add_executable(client_of_${component} ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/${client_of_${component}})
+        target_link_libraries(client_of_${component} PRIVATE TBVNonPara::${component})
+    endforeach()
+endfunction()
