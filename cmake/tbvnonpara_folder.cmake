@@ -31,12 +31,17 @@ function(tbvnonpara_folder name)
     target_link_libraries(tbvnonpara_${name} PUBLIC ${folder_NEEDS})
 endfunction()
 
-# tbvnonpara_library(TARGET NAME FILE FOLDERS NAME... [NEEDS LIBRARY...])
-# What clients link as TBVNonPara::NAME: the objects of whole folders in libFILE.a. NEEDS are linked by who links it.
+# tbvnonpara_library(TARGET NAME FILE FOLDERS NAME... [NEEDS LIBRARY...] [TYPE_BY_SHARED_LIBS])
+# What clients link as TBVNonPara::NAME: the objects of whole folders in libFILE.a, or by BUILD_SHARED_LIBS. NEEDS are
+# linked by who links it.
 function(tbvnonpara_library target name file)
-    cmake_parse_arguments(PARSE_ARGV 3 library "" "" "FOLDERS;NEEDS")
+    cmake_parse_arguments(PARSE_ARGV 3 library "TYPE_BY_SHARED_LIBS" "" "FOLDERS;NEEDS")
     list(TRANSFORM library_FOLDERS REPLACE "(.+)" "$<TARGET_OBJECTS:tbvnonpara_\\1>" OUTPUT_VARIABLE objects)
-    add_library(${target} STATIC ${objects})
+    set(type STATIC)
+    if(library_TYPE_BY_SHARED_LIBS)
+        set(type)
+    endif()
+    add_library(${target} ${type} ${objects})
     add_library(TBVNonPara::${name} ALIAS ${target})
     tbvnonpara_compile_as_project(${target})
     set_target_properties(${target} PROPERTIES LINKER_LANGUAGE CXX EXPORT_NAME ${name} OUTPUT_NAME ${file})
