@@ -1,6 +1,6 @@
-# find_package(TBVNonPara [COMPONENTS statistics tbvnonpara workbook]) gives the targets TBVNonPara::<component>. Without
+# find_package(TBVNonPara [COMPONENTS statistics tbvnonpara workbook c]) gives the targets TBVNonPara::<component>. Without
 # COMPONENTS it gives those whose needs are met here.
-foreach(list Statistics "")
+foreach(list Statistics "" C)
     include(${CMAKE_CURRENT_LIST_DIR}/TBVNonPara${list}Targets.cmake OPTIONAL)
 endforeach()
 

@@ -29,6 +29,19 @@ if(TBVNONPARA_BUILD_CLI)
                                FOLDERS json details reshaping workbook files analysis rendering)
 endif()
 
+if(TBVNONPARA_BUILD_C)
+    tbvnonpara_install_targets(CTargets TARGETS tbvnonpara_for_c)
+    install(FILES ${PROJECT_SOURCE_DIR}/tbvnonpara/c/tbvnonpara.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+    # An archive does not know what it needs from C++.
+    set(TBVNONPARA_PC_LIBS "-L\${libdir} -ltbvnonpara")
+    if(NOT BUILD_SHARED_LIBS)
+        string(APPEND TBVNONPARA_PC_LIBS " -lstdc++ -lm")
+    endif()
+    file(RELATIVE_PATH TBVNONPARA_PC_PREFIX /prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig /prefix)
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/tbvnonpara.pc.in ${PROJECT_BINARY_DIR}/tbvnonpara.pc @ONLY)
+    install(FILES ${PROJECT_BINARY_DIR}/tbvnonpara.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+endif()
+
 write_basic_package_version_file(
     ${PROJECT_BINARY_DIR}/TBVNonParaConfigVersion.cmake COMPATIBILITY SameMinorVersion)
 install(FILES ${PROJECT_SOURCE_DIR}/cmake/TBVNonParaConfig.cmake
@@ -48,7 +61,7 @@ install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/CHANGELOG.md
         DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tbvnonpara)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs ${PROJECT_SOURCE_DIR}/examples
         DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tbvnonpara
-        FILES_MATCHING PATTERN *.md PATTERN *.png PATTERN *.svg PATTERN *.csv PATTERN *.R)
+        FILES_MATCHING PATTERN *.md PATTERN *.png PATTERN *.svg PATTERN *.csv PATTERN *.R PATTERN *.c PATTERN *.py)
 
 set(CPACK_PACKAGE_NAME tbvnonpara)
 set(CPACK_PACKAGE_VENDOR "TBVNonPara developers")

@@ -2,6 +2,7 @@
 set(client_of_statistics statistics.cpp)
 set(client_of_tbvnonpara automation.cpp)
 set(client_of_workbook workbook.cpp)
+set(client_of_c ../../examples/c/sleep.c)
 
 function(clients)
     foreach(component ${ARGN})

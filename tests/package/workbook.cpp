@@ -1,4 +1,4 @@
-// A C++ client of the workbook: reads a table, tests its columns, prints figures of the report and of the details.
+// A C++ client of the workbook: tests two columns of a table, prints figures of report and details.
 
 #include <iostream>
 #include <tbvnonpara/companion/CompanionLibrary.hpp>
