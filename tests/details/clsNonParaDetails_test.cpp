@@ -60,7 +60,7 @@ struct GroupsDesk : DetailsDesk {
     GroupsDesk() : DetailsDesk(threeGroups) { choose(tbvNPKWallis, "Data!A1:C6"); }
 };
 
-// 25.5 of 100 pairs; the exact P is that of the permutation distribution, 12150 of 184756.
+// 25.5 of 100 pairs; the exact P is that of the permutation distribution, 12160 of 184756.
 TEST(Details, HaveTheirFiguresByName) {
     SleepDesk desk;
     desk.details.Calculate();
@@ -68,7 +68,7 @@ TEST(Details, HaveTheirFiguresByName) {
     EXPECT_DOUBLE_EQ(desk.number("effect.superiority"), 0.255);
     EXPECT_NEAR(desk.number("effect.superiority.low"), 0.1060, 5e-5);
     EXPECT_NEAR(desk.number("effect.superiority.high"), 0.5139, 5e-5);
-    EXPECT_NEAR(desk.number("p.exact.two"), 0.0658, 5e-5);
+    EXPECT_NEAR(desk.number("p.exact.two"), 12160.0 / 184756, 1e-14);
     EXPECT_NEAR(desk.number("p.exact.two.log10"), std::log10(desk.number("p.exact.two")), 1e-12);
     EXPECT_EQ(desk.number("data.pairs.greater"), 24);
     EXPECT_EQ(desk.number("groups.2.n"), 10);
