@@ -3,6 +3,7 @@
 #include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/container/XNamed.hpp>
 #include <com/sun/star/table/XColumnRowRange.hpp>
+#include <com/sun/star/util/XProtectable.hpp>
 
 #include "adapters/calc/calc_range.hpp"
 #include "adapters/calc/macro_modules.hpp"
@@ -15,6 +16,17 @@ namespace {
 CellArea wholeOf(const SheetRef& sheet) {
     const auto size = query<css::table::XColumnRowRange>(sheet);
     return {0, 0, size->getColumns()->getCount() - 1, size->getRows()->getCount() - 1};
+}
+
+/// The spreadsheet itself gives no reason.
+void refuseDeleting(const DocumentRef& document, const SheetRef& sheet) {
+    if (query<css::util::XProtectable>(document)->isProtected()) {
+        raiseHostError("The document's structure is protected, so its sheets stay; remove the protection.");
+    }
+    if (query<css::container::XIndexAccess>(document->getSheets())->getCount() == 1) {
+        raiseHostError("The sheet \"" + toUtf8(nameOf(sheet)) +
+                       "\" is the only one of its document and cannot be deleted.");
+    }
 }
 
 }  // namespace
@@ -96,6 +108,7 @@ void CalcWorksheet::LetName(std::string_view name) {
 
 void CalcWorksheet::Delete() {
     hosted([&] {
+        refuseDeleting(m_Document, m_Sheet);
         m_Session->beforeChange(m_Document);
         if (m_Session->isAddedSheet(m_Document, nameOf(m_Sheet))) {
             m_Session->removeAddedSheet();

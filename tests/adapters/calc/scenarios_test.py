@@ -44,6 +44,9 @@ class InsideTheOffice(TestCase):
     def test_cells_functions_and_views_are_used_as_the_library_needs_them(self):
         self.run_inside("Host.*:AddedSheet.*:Reports.*:PlacedFormats.*", 11)
 
+    def test_sheets_are_named_and_deleted_and_take_details(self):
+        self.run_inside("SheetNames.*:DeletedSheet.*:DetailsInCalc.*", 11)
+
     def test_documents_without_views_take_reports(self):
         self.run_inside("WithoutViews.*", 2)
 
