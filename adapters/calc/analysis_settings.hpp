@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "adapters/calc/data_rows.hpp"
+#include "adapters/calc/detail_settings.hpp"
 #include "tbvnonpara/core/enumerations.hpp"
 
 namespace TBVNonPara::calc {
@@ -26,6 +27,7 @@ struct AnalysisSettings {
     bool overWrite = false;
     bool visibleRowsOnly = false;
     std::string newSheetName;
+    DetailSettings details;
 };
 
 /// Whether a test compares as many groups as there are.

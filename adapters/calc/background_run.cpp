@@ -1,6 +1,7 @@
 #include "adapters/calc/background_run.hpp"
 
 #include "adapters/calc/calc_application.hpp"
+#include "adapters/calc/details_beside_report.hpp"
 #include "adapters/calc/main_thread.hpp"
 #include "adapters/calc/reshaped_application.hpp"
 #include "tbvnonpara/core/words.hpp"
@@ -71,7 +72,7 @@ BackgroundRun::~BackgroundRun() {
 }
 
 void BackgroundRun::step() {
-    if (m_Cancelled) {
+    if (m_Cancelled || (m_WritesDetails && m_DetailsCancelled)) {
         throw Cancelled();
     }
     // How many steps there are depends on the data: the bar approaches its end without reaching it.
@@ -81,38 +82,72 @@ void BackgroundRun::step() {
     }
 }
 
-void BackgroundRun::analyse() {
+void BackgroundRun::watchDetails(double share) {
+    if (m_Cancelled || m_DetailsCancelled) {
+        throw Cancelled();
+    }
+    if (m_Progress.is()) {
+        m_Progress->setValue(static_cast<sal_Int32>(fullProgress * share));
+    }
+}
+
+void BackgroundRun::analyse(Outcome& outcome) {
     const auto session = std::make_shared<Session>(m_Context, m_Document);
     session->onStep([this] { step(); });
     session->nameNewSheets(m_Settings.newSheetName);
     if (m_Settings.visibleRowsOnly) {
         session->leaveOutHiddenRows();
     }
-    m_Settings.omitMissing || m_Settings.groupsInOneColumn ? analyseTable(session) : analyseRanges(session);
+    m_Settings.omitMissing || m_Settings.groupsInOneColumn ? analyseTable(session, outcome)
+                                                           : analyseRanges(session, outcome);
 }
 
-void BackgroundRun::analyseRanges(const std::shared_ptr<Session>& session) {
-    clsNonPara request(calcCompanions(session));
+void BackgroundRun::analyseRanges(const std::shared_ptr<Session>& session, Outcome& outcome) {
+    const CompanionLibrary companions = calcCompanions(session);
+    clsNonPara request(companions);
     setUp(request, *session, m_Settings);
     const Run run(*session, rowRules(m_Settings));
-    request.Results(m_Settings.overWrite);
+    placeReport(session, companions, request, m_Settings, outcome);
 }
 
-void BackgroundRun::analyseTable(const std::shared_ptr<Session>& session) {
+void BackgroundRun::analyseTable(const std::shared_ptr<Session>& session, Outcome& outcome) {
     const UserTable table = findTable(m_Document, m_Settings, session->dataRows());
     const Run run(*session, rowRules(m_Settings));
     step();
     reshaping::Reshaped reshaped = reshape(table, m_Settings);
     session->noteOnReport(noteOn(reshaped.account, m_Settings));
-    clsNonPara request(reshapedCompanions(session, table, std::move(reshaped), m_Settings));
-    setUp(request, *session, asColumns(m_Settings));
-    request.Results(m_Settings.overWrite);
+    const CompanionLibrary companions = reshapedCompanions(session, table, std::move(reshaped), m_Settings);
+    const AnalysisSettings settings = asColumns(m_Settings);
+    clsNonPara request(companions);
+    setUp(request, *session, settings);
+    placeReport(session, companions, request, settings, outcome);
+}
+
+/// The details are computed before the report is placed, so that nothing else is done to the document between
+/// the two, and one Undo takes both back.
+void BackgroundRun::placeReport(const std::shared_ptr<Session>& session, const CompanionLibrary& companions,
+                                clsNonPara& request, const AnalysisSettings& settings, Outcome& outcome) {
+    if (!settings.details.wanted) {
+        request.Results(settings.overWrite);
+        return;
+    }
+    DetailsBesideReport details(session, companions, settings);
+    details.read();
+    session->onFirstChange([&] {
+        m_ReportComes = true;
+        details.compute(request.engine(), [this](double share) { watchDetails(share); });
+    });
+    request.Results(settings.overWrite);
+    m_WritesDetails = true;
+    details.write();
+    outcome.withoutDetails = details.failure();
+    outcome.detailsCancelled = !details.failure().empty() && (m_Cancelled || m_DetailsCancelled);
 }
 
 void BackgroundRun::work() {
     Outcome outcome;
     try {
-        analyse();
+        analyse(outcome);
     } catch (const reshaping::Refusal& refusal) {
         outcome.refusal = refusal;
     } catch (...) {

@@ -9,6 +9,7 @@
 
 #include "adapters/calc/analysis_settings.hpp"
 #include "adapters/calc/session.hpp"
+#include "tbvnonpara/request/clsNonPara.hpp"
 #include "tbvnonpara/reshaping/refusal.hpp"
 
 namespace TBVNonPara::calc {
@@ -18,10 +19,12 @@ struct Outcome {
     std::optional<Error> error;
     std::optional<reshaping::Refusal> refusal;  ///< of data that cannot be brought into form
     bool cancelled = false;
+    std::string withoutDetails;  ///< why a report that was placed has none beside it
+    bool detailsCancelled = false;
 };
 
 /// One analysis on a thread of its own, with a request of its own. It can be cancelled until the report is
-/// placed. `finished` is called on the main thread.
+/// placed; once the test is computed, its details alone are. `finished` is called on the main thread.
 class BackgroundRun {
  public:
     BackgroundRun(const Context& context, const DocumentRef& document, AnalysisSettings settings,
@@ -30,14 +33,17 @@ class BackgroundRun {
     /// Waits for the thread; on the main thread only after `finished` was called.
     ~BackgroundRun();
 
-    void cancel() noexcept { m_Cancelled = true; }
+    void cancel() noexcept { (m_ReportComes ? m_DetailsCancelled : m_Cancelled) = true; }
 
  private:
     void work();
     void step();
-    void analyse();
-    void analyseRanges(const std::shared_ptr<Session>& session);
-    void analyseTable(const std::shared_ptr<Session>& session);
+    void watchDetails(double share);
+    void analyse(Outcome& outcome);
+    void analyseRanges(const std::shared_ptr<Session>& session, Outcome& outcome);
+    void analyseTable(const std::shared_ptr<Session>& session, Outcome& outcome);
+    void placeReport(const std::shared_ptr<Session>& session, const CompanionLibrary& companions,
+                     clsNonPara& request, const AnalysisSettings& settings, Outcome& outcome);
 
     Context m_Context;
     DocumentRef m_Document;
@@ -45,6 +51,9 @@ class BackgroundRun {
     Reference<css::task::XStatusIndicator> m_Progress;
     std::function<void(Outcome)> m_Finished;
     std::atomic<bool> m_Cancelled = false;
+    std::atomic<bool> m_ReportComes = false;
+    std::atomic<bool> m_DetailsCancelled = false;
+    bool m_WritesDetails = false;
     sal_Int32 m_Steps = 0;
     std::thread m_Thread;
 };

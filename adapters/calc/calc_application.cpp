@@ -70,9 +70,11 @@ WorksheetRef CalcApplication::AddWorksheets() {
         m_Session->step();
         m_Session->beforeChange(document);
         if (query<css::util::XProtectable>(document)->isProtected()) {
+            const bool isForReport = !m_Session->placed().sheet.is();
             raiseHostError(
-                "The document's structure is protected, so it takes no new sheet; remove the "
-                "protection or choose a cell for the report.");
+                std::string("The document's structure is protected, so it takes no new sheet; remove the "
+                            "protection") +
+                (isForReport ? " or choose a cell for the report." : "."));
         }
         const auto sheets = document->getSheets();
         const OUString wanted = m_Session->newSheetName();

@@ -1,6 +1,7 @@
 #include "adapters/calc/column_widths.hpp"
 
 #include <algorithm>
+#include <com/sun/star/awt/FontWeight.hpp>
 #include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/sheet/CellFlags.hpp>
 #include <com/sun/star/sheet/XCellRangeData.hpp>
@@ -9,6 +10,8 @@
 #include <com/sun/star/sheet/XSheetCellRanges.hpp>
 #include <com/sun/star/sheet/XSheetOperation.hpp>
 #include <com/sun/star/table/XColumnRowRange.hpp>
+#include <com/sun/star/text/XTextRange.hpp>
+#include <iterator>
 #include <set>
 #include <utility>
 
@@ -75,16 +78,27 @@ bool isLineOfText(const Sequence<Any>& row) {
            std::none_of(row.begin() + 1, row.end(), isFilled);
 }
 
-/// A sheet in the report's document that is there while this lives.
+/// The rows of a report to measure that are no lines of text.
+std::vector<std::int32_t> rowsWithColumns(const SheetAreas& report) {
+    const auto cells =
+        query<css::sheet::XCellRangeData>(cellsIn(report.sheet, report.areas.front()))->getDataArray();
+    std::vector<std::int32_t> rows;
+    std::ranges::copy_if(rowsToMeasure(cells), std::back_inserter(rows),
+                         [&](std::int32_t row) { return !isLineOfText(cells[row]); });
+    return rows;
+}
+
+/// A sheet in the scratch workbook that is there while this lives.
 class MeasuringSheet {
  public:
-    explicit MeasuringSheet(SheetAreas report) : m_Report(std::move(report)) {
-        m_Report.document->getSheets()->insertNewByName(name(), 1);
-        m_Sheet = sheetNamed(m_Report.document, name());
+    MeasuringSheet(DocumentRef scratch, std::int32_t columns)
+        : m_Document(std::move(scratch)), m_Columns(columns) {
+        m_Document->getSheets()->insertNewByName(name(), 1);
+        m_Sheet = sheetNamed(m_Document, name());
     }
     ~MeasuringSheet() {
         try {
-            m_Report.document->getSheets()->removeByName(name());
+            m_Document->getSheets()->removeByName(name());
         } catch (const css::uno::Exception&) {
             // The document was closed in the meantime, and the sheet with it.
         }
@@ -92,17 +106,29 @@ class MeasuringSheet {
     MeasuringSheet(const MeasuringSheet&) = delete;
     MeasuringSheet& operator=(const MeasuringSheet&) = delete;
 
-    void fill() {
-        const CellArea& area = m_Report.areas.front();
-        const auto cells = query<css::sheet::XCellRangeData>(cellsIn(m_Report.sheet, area))->getDataArray();
-        for (const std::int32_t row : rowsToMeasure(cells)) {
-            if (!isLineOfText(cells[row])) {
-                query<css::sheet::XCellRangeMovement>(m_Sheet)->copyRange(
-                    {positionOf(m_Sheet), 0, m_Rows},
-                    {positionOf(m_Report.sheet), area.left, area.top + row, area.right, area.top + row});
-                m_Rows += 1;
-            }
+    /// Rows of a report in the same workbook.
+    void copy(const SheetAreas& report) {
+        const CellArea& area = report.areas.front();
+        for (const std::int32_t row : rowsWithColumns(report)) {
+            query<css::sheet::XCellRangeMovement>(m_Sheet)->copyRange(
+                {positionOf(m_Sheet), 0, m_Rows},
+                {positionOf(report.sheet), area.left, area.top + row, area.right, area.top + row});
+            m_Rows += 1;
         }
+    }
+
+    /// What rows of another workbook show, in the bold letters that headings may have.
+    void show(const SheetAreas& block) {
+        const CellArea& area = block.areas.front();
+        for (const std::int32_t row : rowsWithColumns(block)) {
+            for (std::int32_t column = 0; column < m_Columns; ++column) {
+                const auto cell = block.sheet->getCellByPosition(area.left + column, area.top + row);
+                query<css::text::XTextRange>(m_Sheet->getCellByPosition(column, m_Rows))
+                    ->setString(query<css::text::XTextRange>(cell)->getString());
+            }
+            m_Rows += 1;
+        }
+        setProperty(this->block(), "CharWeight", css::awt::FontWeight::BOLD);
     }
 
     /// What the columns need for all that is on the sheet.
@@ -122,13 +148,23 @@ class MeasuringSheet {
  private:
     static OUString name() { return "Widths"; }
     [[nodiscard]] Reference<css::table::XCellRange> block() const {
-        return cellsIn(m_Sheet, {0, 0, m_Report.areas.front().columns() - 1, std::max(0, m_Rows - 1)});
+        return cellsIn(m_Sheet, {0, 0, m_Columns - 1, std::max(0, m_Rows - 1)});
     }
 
-    SheetAreas m_Report;
+    DocumentRef m_Document;
+    std::int32_t m_Columns;
     SheetRef m_Sheet;
     std::int32_t m_Rows = 0;
 };
+
+/// Makes a column as wide as is wanted, unless it is so already.
+void widen(const Columns& columns, std::int32_t position, std::int32_t wanted) {
+    if (wanted > widthOf(columns, position)) {
+        const Reference<css::beans::XPropertySet> widened(columns->getByIndex(position),
+                                                          css::uno::UNO_QUERY_THROW);
+        widened->setPropertyValue("Width", Any(wanted));
+    }
+}
 
 bool standsAloneIn(const SheetRef& sheet, const CellArea& column, const CellArea& block) {
     constexpr auto anything =
@@ -144,8 +180,8 @@ bool standsAloneIn(const SheetRef& sheet, const CellArea& column, const CellArea
 }  // namespace
 
 void widenColumns(const SheetAreas& report, const SheetAreas& target, const CellArea& block) {
-    MeasuringSheet measure(report);
-    measure.fill();
+    MeasuringSheet measure(report.document, block.columns());
+    measure.copy(report);
     const std::vector<std::int32_t> forAll = measure.widths();
     measure.removeTexts();
     const std::vector<std::int32_t> forNumbers = measure.widths();
@@ -155,12 +191,18 @@ void widenColumns(const SheetAreas& report, const SheetAreas& target, const Cell
     for (std::int32_t column = block.left; column <= block.right; ++column) {
         const auto place = static_cast<std::size_t>(column - block.left);
         const bool alone = standsAloneIn(target.sheet, {column, 0, column, lastRow}, block);
-        const std::int32_t wanted = alone ? forAll[place] : forNumbers[place];
-        if (wanted > widthOf(columns, column)) {
-            const Reference<css::beans::XPropertySet> widened(columns->getByIndex(column),
-                                                              css::uno::UNO_QUERY_THROW);
-            widened->setPropertyValue("Width", Any(wanted));
-        }
+        widen(columns, column, alone ? forAll[place] : forNumbers[place]);
+    }
+}
+
+void widenColumns(const Context& context, const SheetAreas& block) {
+    const CellArea& area = block.areas.front();
+    MeasuringSheet measure(documentNamed(context, scratchWorkbookName), area.columns());
+    measure.show(block);
+    const std::vector<std::int32_t> widths = measure.widths();
+    const Columns columns = columnsUnder(query<css::table::XCellRange>(block.sheet));
+    for (std::int32_t column = area.left; column <= area.right; ++column) {
+        widen(columns, column, widths[static_cast<std::size_t>(column - area.left)]);
     }
 }
 

@@ -9,4 +9,7 @@ namespace TBVNonPara::calc {
 /// Lines of text that run over empty cells to their right do not count. No column becomes narrower.
 void widenColumns(const SheetAreas& report, const SheetAreas& target, const CellArea& block);
 
+/// The same for a block that was written where it stands.
+void widenColumns(const Context& context, const SheetAreas& block);
+
 }  // namespace TBVNonPara::calc

@@ -35,7 +35,8 @@ struct RowRules {
 /// Which rows of the data ranges take part when only visible rows do.
 class DataRows {
  public:
-    /// A data range is these cells from now on; the answer has the rows of each area.
+    /// A data range is these cells from now on; the answer has the rows of each area, those of the same cells
+    /// before among them.
     [[nodiscard]] std::vector<KeptRowsRef> name(DataRange range, const SheetAreas& cells);
     void forget(DataRange range) { slot(range) = {}; }
 

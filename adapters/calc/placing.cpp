@@ -198,6 +198,7 @@ void place(Session& session, const SheetAreas& source, const SheetAreas& target,
     switch (kind) {
         case PasteKind::All:
             placeAll(session, source, target, block);
+            session.rememberPlaced({target.document, target.sheet, {block}});
             addNote(session, target.sheet, block);
             if (source.document != target.document) {
                 widenColumns(source, target, block);

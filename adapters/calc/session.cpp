@@ -64,6 +64,8 @@ void Session::beginRun(const RowRules& rules) {
 void Session::endRun() noexcept {
     m_Running = false;
     m_Readings.clear();
+    m_OnFirstChange = {};
+    m_Placed = {};
     m_AddedSheet = {};
     m_Step.close();
     releaseViews();
@@ -90,6 +92,9 @@ void Session::beforeChange(const DocumentRef& document) {
     refuseReadOnly(document);
     m_Readings.clear();
     if (m_Running && !m_Step.isOpen() && !isScratch(document)) {
+        if (const auto work = std::exchange(m_OnFirstChange, {})) {
+            work();
+        }
         m_Step.open(document, reportTitle());
     }
 }

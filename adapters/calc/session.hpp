@@ -49,6 +49,13 @@ class Session {
     /// changes of a run, named after the report.
     void beforeChange(const DocumentRef& document);
 
+    /// Called in a run before anything of the user's document is changed, when all is checked and computed.
+    void onFirstChange(std::function<void()> work) { m_OnFirstChange = std::move(work); }
+
+    /// Where the report of the run was placed.
+    void rememberPlaced(SheetAreas cells) { m_Placed = std::move(cells); }
+    [[nodiscard]] const SheetAreas& placed() const noexcept { return m_Placed; }
+
     /// Whether all changes of the run can be taken back, and does so.
     [[nodiscard]] bool canTakeBack() const { return m_Step.canTakeBack(); }
     void takeBack() { m_Step.takeBack(); }
@@ -121,6 +128,8 @@ class Session {
     std::vector<BooleanCell> m_Booleans;
     DocumentRef m_Held;
     UndoStep m_Step;
+    std::function<void()> m_OnFirstChange;
+    SheetAreas m_Placed;
     AddedSheet m_AddedSheet;
     std::unique_ptr<DataRows> m_DataRows;
     std::optional<DataRange> m_ResolvingFor;

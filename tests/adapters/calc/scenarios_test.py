@@ -47,6 +47,9 @@ class InsideTheOffice(TestCase):
     def test_sheets_are_named_and_deleted_and_take_details(self):
         self.run_inside("SheetNames.*:DeletedSheet.*:DetailsInCalc.*", 11)
 
+    def test_a_run_that_is_cancelled_places_the_report_or_nothing(self):
+        self.run_inside("RunWithDetails.*", 4)
+
     def test_documents_without_views_take_reports(self):
         self.run_inside("WithoutViews.*", 2)
 
