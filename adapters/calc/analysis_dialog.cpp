@@ -51,6 +51,7 @@ TBVNPMethod AnalysisDialog::method() const {
 
 void AnalysisDialog::open() {
     m_View.fill(controls::test, m_Texts.tests);
+    m_View.fill(controls::adjustment, m_Texts.adjustments);
     showSettings();
     prefill();
     countRows();
@@ -126,6 +127,8 @@ void AnalysisDialog::arrange() {
     m_State.hiddenRows = m_Hidden.hidden > 0;
     m_State.missing = m_Missing.missing + m_Missing.unnamed > 0;
     m_State.ignoreTies = test == tbvNPWilcoxon;
+    m_State.details = m_View.checked(controls::details);
+    m_State.comparisons = takesGroups(test);
     m_State.outputCell = m_View.checked(controls::cell);
     m_View.setCloseLabel(m_State.running ? m_Texts.cancel : m_Texts.close);
     m_View.arrange(m_State);
@@ -182,6 +185,10 @@ void AnalysisDialog::run() {
         showError(Error(tbvNPBadOutputRange));
         return;
     }
+    if (m_State.details && !levelIn(m_View.text(Field::Confidence))) {
+        showMessage(Field::Confidence, std::string(m_Texts.chooseConfidence));
+        return;
+    }
     if (isLong() && refuseTable()) {
         return;
     }
@@ -217,6 +224,8 @@ void AnalysisDialog::finished(const Outcome& outcome) {
         showError(*outcome.error);
     } else if (outcome.refusal) {
         showRefusal(*outcome.refusal);
+    } else if (!outcome.withoutDetails.empty()) {
+        showMissingDetails(outcome);
     } else {
         close();
     }

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 
 #include "adapters/calc/addresses.hpp"
 #include "adapters/calc/analysis_dialog.hpp"
@@ -27,6 +28,12 @@ void AnalysisDialog::showError(const Error& error) {
 
 void AnalysisDialog::showRefusal(const reshaping::Refusal& refusal) {
     showMessage(fieldOf(refusal), refusalWords(refusal, m_Language));
+}
+
+void AnalysisDialog::showMissingDetails(const Outcome& outcome) {
+    showMessage(Field::None, outcome.detailsCancelled
+                                 ? std::string(m_Texts.detailsCancelled)
+                                 : filledIn(m_Texts.withoutDetails, std::array{outcome.withoutDetails}));
 }
 
 void AnalysisDialog::showMessage(Field field, const std::string& words) {

@@ -47,6 +47,9 @@ void AnalysisDialog::showSettings() {
     m_View.check(controls::descriptives, last.descriptives);
     m_View.check(controls::ignoreTies, last.ignoreTies);
     m_View.check(controls::missing, last.omitMissing);
+    m_View.check(controls::details, last.details.wanted);
+    m_View.setText(Field::Confidence, last.details.confidence);
+    m_View.select(controls::adjustment, static_cast<std::int32_t>(last.details.adjustment));
 }
 
 AnalysisDialog::DataTexts AnalysisDialog::dataTexts() const {
@@ -100,6 +103,8 @@ AnalysisSettings AnalysisDialog::settings() const {
     settings.newSheetName = m_Texts.sheets[static_cast<std::size_t>(settings.method)];
     settings.visibleRowsOnly = m_Hidden.hidden > 0 && m_View.checked(controls::visibleRows);
     settings.omitMissing = m_Missing.missing + m_Missing.unnamed > 0 && m_View.checked(controls::missing);
+    settings.details = {m_View.checked(controls::details), m_View.text(Field::Confidence),
+                        static_cast<statistics::Adjustment>(m_View.selected(controls::adjustment))};
     return settings;
 }
 

@@ -50,6 +50,13 @@ struct DialogTexts {
     std::string_view labels;
     std::string_view descriptives;
     std::string_view ignoreTies;
+    std::string_view details;
+    std::string_view confidence;
+    std::string_view adjustment;
+    std::array<std::string_view, 4> adjustments;  ///< by their numbers
+    std::string_view chooseConfidence;
+    std::string_view withoutDetails;  ///< with the reason in place of %
+    std::string_view detailsCancelled;
     std::string_view pickTitle;
     std::string_view ok;
     std::string_view close;

@@ -34,6 +34,8 @@ const char* DialogView::nameOf(Field field) {
             return "Blocks";
         case Field::Output:
             return "Output";
+        case Field::Confidence:
+            return "Confidence";
         case Field::None:
             break;
     }
@@ -98,7 +100,7 @@ void DialogView::listen(const Reference<css::awt::XActionListener>& actions,
     for (const char* name : {controls::newSheet, controls::cell}) {
         query<css::awt::XRadioButton>(control(ascii(name)))->addItemListener(items);
     }
-    for (const char* name : {controls::groupsInColumn, controls::visibleRows}) {
+    for (const char* name : {controls::groupsInColumn, controls::visibleRows, controls::details}) {
         query<css::awt::XCheckBox>(control(ascii(name)))->addItemListener(items);
     }
     const auto groups = query<css::awt::XWindow>(control(ascii(controls::groups)));
@@ -173,10 +175,9 @@ void DialogView::setMessage(Field field, std::string_view message) {
 }
 
 void DialogView::clearMessages() {
-    for (const Field field : rangeFields) {
+    for (const Field field : messagePlaces) {
         setMessage(field, {});
     }
-    setMessage(Field::None, {});
 }
 
 void DialogView::setBoxLabel(const char* box, std::string_view label) {

@@ -21,11 +21,15 @@
 
 namespace TBVNonPara::calc {
 
-/// The fields that take a range.
-enum class Field { First, Second, Groups, Blocks, Output, None };
+/// The fields that something is typed into: all but one take a range.
+enum class Field { First, Second, Groups, Blocks, Output, Confidence, None };
 
 constexpr std::array dataFields{Field::First, Field::Second, Field::Groups, Field::Blocks};
 constexpr std::array rangeFields{Field::First, Field::Second, Field::Groups, Field::Blocks, Field::Output};
+
+/// Where messages are shown: below a field, and for none of them above the buttons.
+constexpr std::array messagePlaces{Field::First,  Field::Second,     Field::Groups, Field::Blocks,
+                                   Field::Output, Field::Confidence, Field::None};
 
 /// The names of the controls that something is asked of.
 namespace controls {
@@ -43,6 +47,8 @@ constexpr auto overwrite = "OverWrite";
 constexpr auto labels = "Labels";
 constexpr auto descriptives = "Descriptives";
 constexpr auto ignoreTies = "IgnoreTies";
+constexpr auto details = "Details";
+constexpr auto adjustment = "Adjustment";
 constexpr auto run = "Run";
 constexpr auto close = "Close";
 constexpr auto help = "Help";
@@ -58,6 +64,8 @@ struct DialogState {
     bool missing = false;
     bool hiddenRows = false;
     bool ignoreTies = false;
+    bool details = false;
+    bool comparisons = false;
     bool outputCell = false;
     bool running = false;
 };
@@ -128,6 +136,7 @@ class DialogView {
     Reference<css::beans::XPropertySet> add(const char* kind, const OUString& name);
     [[nodiscard]] Reference<css::beans::XPropertySet> model(const OUString& name) const;
     void addLabelled(const char* kind, const char* name, std::string_view label);
+    void addChoice(const char* name, std::string_view label);
     void addField(Field field, std::string_view label);
     void tellPicker(Field field, std::string_view label);
     void addGroups();
@@ -144,11 +153,12 @@ class DialogView {
     std::int32_t arrangeGroups(bool shown, std::int32_t top, bool enabled);
     std::int32_t arrangeRanges(const DialogState& state, std::int32_t top);
     std::int32_t arrangeMessage(Field field, std::int32_t left, std::int32_t top);
-    std::int32_t arrangeRow(const char* name, std::int32_t top, bool enabled);
+    std::int32_t arrangeRowIf(bool shown, const char* name, std::int32_t top, bool enabled);
     std::int32_t arrangeBoxIf(bool shown, const char* name, std::int32_t top, bool enabled);
     std::int32_t arrangeBox(const char* name, std::int32_t top, bool enabled);
     std::int32_t arrangeButtons(std::int32_t top, bool idle);
     std::int32_t arrangeReport(std::int32_t top, const DialogState& state);
+    std::int32_t arrangeDetails(std::int32_t top, const DialogState& state);
     [[nodiscard]] Reference<css::awt::XControl> control(const OUString& name) const;
 
     Context m_Context;

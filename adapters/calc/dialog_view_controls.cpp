@@ -34,12 +34,8 @@ std::string spoken(std::string_view label) {
 }  // namespace
 
 void DialogView::addControls() {
-    addLabelled("ListBox", controls::test, m_Texts.test);
-    addLabelled("ListBox", controls::alternative, m_Texts.alternative);
-    for (const char* list : {controls::test, controls::alternative}) {
-        set(ascii(list), "Dropdown", Any(true));
-        set(ascii(list), "LineCount", Any(sal_Int16(8)));
-    }
+    addChoice(controls::test, m_Texts.test);
+    addChoice(controls::alternative, m_Texts.alternative);
     addBox("CheckBox", controls::groupsInColumn, m_Texts.groupsInColumn);
     addField(Field::First, m_Texts.firstRange);
     addField(Field::Second, m_Texts.secondRange);
@@ -57,6 +53,10 @@ void DialogView::addControls() {
     addBox("CheckBox", controls::labels, m_Texts.labels);
     addBox("CheckBox", controls::descriptives, m_Texts.descriptives);
     addBox("CheckBox", controls::ignoreTies, m_Texts.ignoreTies);
+    addBox("CheckBox", controls::details, m_Texts.details);
+    addLabelled("Edit", nameOf(Field::Confidence), m_Texts.confidence);
+    add("FixedText", messageOf(ascii(nameOf(Field::Confidence))));
+    addChoice(controls::adjustment, m_Texts.adjustment);
     add("FixedText", messageOf(ascii(nameOf(Field::None))));
     addButtons();
     set(ascii(controls::run), "DefaultButton", Any(true));
@@ -65,8 +65,7 @@ void DialogView::addControls() {
         set(name, "MultiLine", Any(true));
         set(name, "EnableVisible", Any(false));
     };
-    std::ranges::for_each(rangeFields, readyMessage);
-    readyMessage(Field::None);
+    std::ranges::for_each(messagePlaces, readyMessage);
 }
 
 Reference<XPropertySet> DialogView::add(const char* kind, const OUString& name) {
@@ -83,6 +82,12 @@ Reference<XPropertySet> DialogView::add(const char* kind, const OUString& name) 
 void DialogView::addLabelled(const char* kind, const char* name, std::string_view label) {
     add("FixedText", labelOf(ascii(name)))->setPropertyValue("Label", Any(fromUtf8(label)));
     add(kind, ascii(name));
+}
+
+void DialogView::addChoice(const char* name, std::string_view label) {
+    addLabelled("ListBox", name, label);
+    set(ascii(name), "Dropdown", Any(true));
+    set(ascii(name), "LineCount", Any(sal_Int16(8)));
 }
 
 void DialogView::addField(Field field, std::string_view label) {

@@ -58,7 +58,12 @@ std::int32_t DialogView::arrangeField(Field field, std::int32_t top, bool enable
     return arrangeMessage(field, measures::fieldLeft, top + m_Heights.row + measures::gap);
 }
 
-std::int32_t DialogView::arrangeRow(const char* name, std::int32_t top, bool enabled) {
+std::int32_t DialogView::arrangeRowIf(bool shown, const char* name, std::int32_t top, bool enabled) {
+    if (!shown) {
+        hide(labelOf(ascii(name)));
+        hide(ascii(name));
+        return top;
+    }
     place(labelOf(ascii(name)), {measures::margin, top + (m_Heights.row - measures::line) / 2,
                                  measures::labelWidth, measures::line});
     place(ascii(name), {measures::fieldLeft, top, measures::width - measures::margin - measures::fieldLeft,
@@ -93,6 +98,14 @@ std::int32_t DialogView::arrangeReport(std::int32_t top, const DialogState& stat
         {measures::fieldLeft, top, measures::width - measures::margin - measures::fieldLeft, m_Heights.box});
     set(ascii(controls::overwrite), "Enabled", Any(state.outputCell && !state.running));
     return top + m_Heights.box + measures::sectionGap;
+}
+
+std::int32_t DialogView::arrangeDetails(std::int32_t top, const DialogState& state) {
+    const bool idle = !state.running;
+    top = arrangeBox(controls::details, top, idle);
+    top = arrangeRowIf(state.details, nameOf(Field::Confidence), top, idle);
+    top = arrangeMessage(Field::Confidence, measures::fieldLeft, top);
+    return arrangeRowIf(state.details && state.comparisons, controls::adjustment, top, idle);
 }
 
 std::int32_t DialogView::arrangeButtons(std::int32_t top, bool idle) {
@@ -152,14 +165,8 @@ std::int32_t DialogView::arrangeRanges(const DialogState& state, std::int32_t to
 
 void DialogView::arrange(const DialogState& state) {
     const bool idle = !state.running;
-    std::int32_t top = arrangeRow(controls::test, measures::margin, idle);
-    const OUString alternative = ascii(controls::alternative);
-    if (state.alternatives) {
-        top = arrangeRow(controls::alternative, top, idle);
-    } else {
-        hide(labelOf(alternative));
-        hide(alternative);
-    }
+    std::int32_t top = arrangeRowIf(true, controls::test, measures::margin, idle);
+    top = arrangeRowIf(state.alternatives, controls::alternative, top, idle);
     top = arrangeRanges(state, top);
     top = arrangeBoxIf(state.missing, controls::missing, top, idle);
     top = arrangeBoxIf(state.hiddenRows, controls::visibleRows, top, idle);
@@ -167,6 +174,7 @@ void DialogView::arrange(const DialogState& state) {
     top = arrangeBox(controls::labels, top, idle);
     top = arrangeBox(controls::descriptives, top, idle);
     top = arrangeBoxIf(state.ignoreTies, controls::ignoreTies, top, idle);
+    top = arrangeDetails(top, state);
     top = arrangeMessage(Field::None, measures::margin, top) + measures::gap;
     top = arrangeButtons(top, idle);
     const auto dialog = query<XPropertySet>(m_Models);

@@ -63,10 +63,9 @@ void DialogView::setMessageColour() {
         ((ground >> 16) & 0xFF) * 3 + ((ground >> 8) & 0xFF) * 6 + (ground & 0xFF);
     constexpr std::int32_t middle = 1280;
     const Any colour(brightness < middle ? measures::messageColourOnDark : measures::messageColour);
-    for (const Field field : rangeFields) {
+    for (const Field field : messagePlaces) {
         set(messageOf(ascii(nameOf(field))), "TextColor", colour);
     }
-    set(messageOf(ascii(nameOf(Field::None))), "TextColor", colour);
 }
 
 bool DialogView::isAtTicks(std::int32_t left) const {

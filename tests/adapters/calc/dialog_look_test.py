@@ -35,6 +35,22 @@ def contrast(one, other):
 class DesktopLook(DialogCase):
     shown = "dialog"  # the name of its picture
 
+    def show_details(self):
+        self.open_dialog("A1:C7")
+        self.choose("Test:", "Kruskal-Wallis test")
+        self.tick("Effect sizes, intervals and comparisons")
+        self.assertTrue(wait_for(lambda: "Adjustment of P:" in self.texts()))
+        self.check_layout()
+        self.picture(self.shown + "_details")
+        self.field("Confidence (%):").type("much")
+        self.press("OK")
+        message = "Choose a confidence from 50 to 99.9 per cent."
+        self.assertTrue(wait_for(lambda: message in self.texts()))
+        self.check_layout()
+        label = self.control(message, LABEL).context
+        self.assertGreaterEqual(contrast(label.getForeground(), self.dialog.context.getBackground()), 4.5)
+        self.choose("Test:", "Mann-Whitney U test")
+
     def show_error(self):
         self.open_dialog("A1:B7")
         self.picture(self.shown)
@@ -76,9 +92,9 @@ class LightGtk(DesktopLook):
 
     def test_rows_do_not_touch(self):
         self.open_dialog("A1:C7")
-        # Test, alternative, groups in one column, two ranges, two places of the report, overwriting, two boxes, the
+        # Test, alternative, groups in one column, two ranges, two places of the report, overwriting, three boxes, the
         # buttons.
-        for test, number in (("Mann-Whitney U test", 11), ("Wilcoxon paired-sample test", 12), ("Friedman test", 9)):
+        for test, number in (("Mann-Whitney U test", 12), ("Wilcoxon paired-sample test", 13), ("Friedman test", 10)):
             with self.subTest(test=test):
                 self.choose("Test:", test)
                 self.assertTrue(wait_for(lambda: len(self.rows()) == number), self.rows())
@@ -87,6 +103,9 @@ class LightGtk(DesktopLook):
                 self.assertGreaterEqual(min(gaps), 3, gaps)
                 self.check_layout()
         self.choose("Test:", "Mann-Whitney U test")
+
+    def test_details_are_asked_for_without_overlaps(self):
+        self.show_details()
 
     def test_a_table_in_long_form_is_taken_without_overlaps(self):
         self.open_dialog("A1:C7")
@@ -120,6 +139,9 @@ class LightGtk(DesktopLook):
 class DarkGtk(DesktopLook):
     look = {"look": "gtk3", "GTK_THEME": "Adwaita:dark"}
     shown = "dark"
+
+    def test_details_are_asked_for_without_overlaps(self):
+        self.show_details()
 
     def test_an_error_can_be_read(self):
         self.check_message()
