@@ -4,16 +4,14 @@
 #include <array>
 #include <com/sun/star/beans/UnknownPropertyException.hpp>
 #include <com/sun/star/beans/theIntrospection.hpp>
-#include <com/sun/star/bridge/oleautomation/NamedArgument.hpp>
 #include <com/sun/star/lang/IllegalArgumentException.hpp>
-#include <com/sun/star/reflection/InvocationTargetException.hpp>
 #include <com/sun/star/reflection/ParamMode.hpp>
-#include <com/sun/star/script/BasicErrorException.hpp>
 #include <com/sun/star/script/MemberType.hpp>
 #include <cppuhelper/supportsservice.hxx>
 
 #include "adapters/calc/arguments.hpp"
 #include "adapters/calc/calc_application.hpp"
+#include "adapters/calc/script_errors.hpp"
 
 namespace TBVNonPara::calc {
 
@@ -73,32 +71,10 @@ InvocationInfo infoOfResults() {
     return info;
 }
 
-/// What OverWrite is: left out, given by place, or given by name, which Basic passes as a name with a value.
+/// What OverWrite is, by place or by name.
 bool overWriteIn(const Sequence<Any>& arguments) {
-    if (!arguments.hasElements() || !arguments[0].hasValue()) {
-        return false;
-    }
-    css::bridge::oleautomation::NamedArgument byName;
-    if (!(arguments[0] >>= byName)) {
-        return toBoolean(arguments[0]);
-    }
-    if (!byName.Name.equalsIgnoreAsciiCaseAscii("OverWrite")) {
-        raise(RuntimeError::InvalidProcedureCall);
-    }
-    return toBoolean(byName.Value);
-}
-
-/// A bare number gets the text that automation runtimes have for numbers they do not know.
-std::string descriptionOf(const Error& error) {
-    return error.description().empty() ? "Application-defined or object-defined error" : error.description();
-}
-
-std::string fullText(const Error& error) {
-    std::string result = "Error " + std::to_string(error.number()) + ": " + descriptionOf(error);
-    if (!error.source().empty()) {
-        result += " (" + error.source() + ')';
-    }
-    return result;
+    const Any given = argument(arguments, 0, std::array{"OverWrite"});
+    return given.hasValue() && toBoolean(given);
 }
 
 }  // namespace
@@ -109,24 +85,8 @@ AnalysisObject::AnalysisObject(const Context& context)
       m_Request(calcCompanions(m_Session)) {
 }
 
-AnalysisException AnalysisObject::exceptionOf(const Error& error) {
-    // Macros are told of errors with Basic's own numbers only; 440 is the one whose text is free.
-    constexpr sal_Int32 automationError = 440;
-
-    const OUString message = fromUtf8(fullText(error));
-    const Reference<css::uno::XInterface> self = static_cast<cppu::OWeakObject*>(this);
-    const css::script::BasicErrorException basic({}, self, automationError, message);
-    return {message, self, Any(basic), error.number(), fromUtf8(error.source())};
-}
-
 void AnalysisObject::guarded(const auto& work) {
-    try {
-        work();
-    } catch (const css::uno::Exception& error) {
-        throw exceptionOf(Error(spreadsheetError, toUtf8(error.Message)));
-    } catch (...) {
-        throw exceptionOf(currentError());
-    }
+    raisingExceptions(static_cast<cppu::OWeakObject*>(this), work);
 }
 
 void AnalysisObject::initialize(const Sequence<Any>& arguments) {
@@ -199,15 +159,7 @@ Any AnalysisObject::invoke(const OUString& name, const Sequence<Any>& arguments,
         throw css::lang::IllegalArgumentException("There is no such method: " + name,
                                                   static_cast<cppu::OWeakObject*>(this), 0);
     }
-    try {
-        Results(overWriteIn(arguments));
-    } catch (const AnalysisException& error) {
-        throw css::reflection::InvocationTargetException(error.Message, error.Context, Any(error));
-    } catch (const Error& error) {
-        const AnalysisException exception = exceptionOf(error);
-        throw css::reflection::InvocationTargetException(exception.Message, exception.Context,
-                                                         Any(exception));
-    }
+    tellingScripts(static_cast<cppu::OWeakObject*>(this), [&] { Results(overWriteIn(arguments)); });
     return {};
 }
 
@@ -217,15 +169,7 @@ void AnalysisObject::setValue(const OUString& name, const Any& value) {
         throw css::beans::UnknownPropertyException("There is no such property: " + name,
                                                    static_cast<cppu::OWeakObject*>(this));
     }
-    try {
-        property->set(*this, value);
-    } catch (const AnalysisException& error) {
-        throw css::reflection::InvocationTargetException(error.Message, error.Context, Any(error));
-    } catch (const Error& error) {
-        const AnalysisException exception = exceptionOf(error);
-        throw css::reflection::InvocationTargetException(exception.Message, exception.Context,
-                                                         Any(exception));
-    }
+    tellingScripts(static_cast<cppu::OWeakObject*>(this), [&] { property->set(*this, value); });
 }
 
 Any AnalysisObject::getValue(const OUString& name) {

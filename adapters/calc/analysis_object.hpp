@@ -58,7 +58,6 @@ class AnalysisObject : public cppu::WeakImplHelper4<XclsNonPara, css::script::XI
     [[nodiscard]] Session& session() noexcept { return *m_Session; }
 
  private:
-    [[nodiscard]] AnalysisException exceptionOf(const Error& error);
     void guarded(const auto& work);
 
     Context m_Context;

@@ -1,5 +1,7 @@
 #include "adapters/calc/arguments.hpp"
 
+#include <algorithm>
+#include <com/sun/star/bridge/oleautomation/NamedArgument.hpp>
 #include <com/sun/star/sheet/XCellAddressable.hpp>
 #include <com/sun/star/sheet/XCellRangeAddressable.hpp>
 #include <com/sun/star/sheet/XSheetCellRanges.hpp>
@@ -30,14 +32,6 @@ std::optional<double> numberIn(const Any& value) {
     return (value >>= text) ? readAsNumber(toUtf8(text)) : std::nullopt;
 }
 
-double toNumber(const Any& value) {
-    const std::optional<double> number = numberIn(value);
-    if (!number) {
-        raise(RuntimeError::TypeMismatch);
-    }
-    return *number;
-}
-
 bool isRange(const Any& value) {
     const Reference<css::uno::XInterface> object(value, css::uno::UNO_QUERY);
     return queryIfAny<css::sheet::XCellRangeAddressable>(object).is() ||
@@ -46,6 +40,22 @@ bool isRange(const Any& value) {
 }
 
 }  // namespace
+
+double toNumber(const Any& value) {
+    const std::optional<double> number = numberIn(value);
+    if (!number) {
+        raise(RuntimeError::TypeMismatch);
+    }
+    return *number;
+}
+
+OUString toOfficeText(const Any& value) {
+    OUString text;
+    if (!(value >>= text)) {
+        raise(RuntimeError::TypeMismatch);
+    }
+    return text;
+}
 
 std::int32_t toWholeNumber(const Any& value) {
     return roundHalfToEven(toNumber(value)).value();
@@ -59,6 +69,24 @@ bool toBoolean(const Any& value) {
         }
     }
     return toNumber(value) != 0;
+}
+
+Any argument(const css::uno::Sequence<Any>& arguments, std::size_t place,
+             std::span<const char* const> names) {
+    Any found;
+    for (sal_Int32 position = 0; position < arguments.getLength(); ++position) {
+        css::bridge::oleautomation::NamedArgument byName;
+        if (!(arguments[position] >>= byName)) {
+            found = position == static_cast<sal_Int32>(place) ? arguments[position] : found;
+            continue;
+        }
+        const auto isIt = [&](const char* name) { return byName.Name.equalsIgnoreAsciiCaseAscii(name); };
+        if (std::ranges::none_of(names, isIt)) {
+            raise(RuntimeError::InvalidProcedureCall);
+        }
+        found = isIt(names[place]) ? byName.Value : found;
+    }
+    return found;
 }
 
 OUString toAddress(const Any& value) {

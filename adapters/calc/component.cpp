@@ -4,6 +4,7 @@
 
 #include "adapters/calc/analysis_object.hpp"
 #include "adapters/calc/command_handler.hpp"
+#include "adapters/calc/details_object.hpp"
 
 namespace TBVNonPara::calc {
 
@@ -29,6 +30,9 @@ Factory factoryOf(std::string_view implementation) {
     }
     if (implementation == VisibleRowsObject::implementationName) {
         return factoryOf<VisibleRowsObject>();
+    }
+    if (implementation == DetailsObject::implementationName) {
+        return factoryOf<DetailsObject>();
     }
     if (implementation == CommandHandler::implementationName) {
         return factoryOf<CommandHandler>();

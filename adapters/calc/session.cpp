@@ -142,6 +142,9 @@ std::string Session::note() const {
 }
 
 OUString Session::reportTitle() const {
+    if (!m_StepTitle.isEmpty()) {
+        return m_StepTitle;
+    }
     const DocumentRef scratch = documentNamed(m_Context, scratchWorkbookName);
     const Reference<css::text::XTextRange> cell(sheetAt(scratch, 0)->getCellByPosition(0, 0),
                                                 css::uno::UNO_QUERY_THROW);

@@ -56,6 +56,9 @@ class Session {
     void rememberPlaced(SheetAreas cells) { m_Placed = std::move(cells); }
     [[nodiscard]] const SheetAreas& placed() const noexcept { return m_Placed; }
 
+    /// What the undo step of a run is called that places no report.
+    void titleSteps(std::string_view title) { m_StepTitle = fromUtf8(title); }
+
     /// Whether all changes of the run can be taken back, and does so.
     [[nodiscard]] bool canTakeBack() const { return m_Step.canTakeBack(); }
     void takeBack() { m_Step.takeBack(); }
@@ -122,6 +125,7 @@ class Session {
     Context m_Context;
     DocumentRef m_Document;
     OUString m_NewSheetName;
+    OUString m_StepTitle;
     SheetAreas m_Copied;
     bool m_Running = false;
     std::vector<Reading> m_Readings;

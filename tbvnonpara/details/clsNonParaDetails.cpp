@@ -135,7 +135,8 @@ void clsNonParaDetails::LetConfidence(double percent) try {
     if (!(percent >= lowest && percent <= highest)) {
         refuseArgument("Confidence is the level of the intervals in per cent, 50 to 99.9: 95, not 0.95.");
     }
-    m_Choices.confidence = std::min(percent / 100, highest / 100);
+    // Divided, 99.9 is a little above the highest level that intervals have.
+    m_Choices.confidence = std::min(percent / 100, 0.999);
 } catch (...) {
     passOnAs("clsNonParaDetails.LetConfidence");
 }
