@@ -148,6 +148,7 @@ class DialogView {
     void set(const OUString& name, const char* property, const css::uno::Any& value) const;
     void place(const OUString& name, const Place& place) const;
     void hide(const OUString& name) const;
+    void repaint() const;
     std::int32_t arrangeField(Field field, std::int32_t top, bool enabled);
     std::int32_t arrangeFieldIf(bool shown, Field field, std::int32_t top, bool enabled);
     std::int32_t arrangeGroups(bool shown, std::int32_t top, bool enabled);

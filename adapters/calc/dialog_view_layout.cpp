@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <com/sun/star/awt/InvalidateStyle.hpp>
 
 #include "adapters/calc/dialog_measures.hpp"
 #include "adapters/calc/dialog_names.hpp"
@@ -163,6 +164,13 @@ std::int32_t DialogView::arrangeRanges(const DialogState& state, std::int32_t to
     return arrangeFieldIf(state.blocks, Field::Blocks, top, idle);
 }
 
+/// A window that shrinks and grows again at once keeps what was drawn at places that controls have left.
+void DialogView::repaint() const {
+    if (const auto peer = m_Dialog->getPeer(); peer.is()) {
+        peer->invalidate(css::awt::InvalidateStyle::CHILDREN);
+    }
+}
+
 void DialogView::arrange(const DialogState& state) {
     const bool idle = !state.running;
     std::int32_t top = arrangeRowIf(true, controls::test, measures::margin, idle);
@@ -180,6 +188,7 @@ void DialogView::arrange(const DialogState& state) {
     const auto dialog = query<XPropertySet>(m_Models);
     dialog->setPropertyValue("Width", Any(measures::width));
     dialog->setPropertyValue("Height", Any(top + measures::margin));
+    repaint();
 }
 
 }  // namespace TBVNonPara::calc
