@@ -27,7 +27,7 @@ struct Options {
     /// Random arrangements from which P is estimated where there is no exact count; 0 for none.
     std::size_t permutations = 0;
     std::uint64_t seed = 1;  ///< of these
-    CountWatch watch = {};    ///< told how far a long count is; what it throws ends the test
+    CountWatch watch = {};   ///< told how far a long count is; what it throws ends the test
 };
 
 /// Throws std::invalid_argument where the level is none that an interval can have.

@@ -141,6 +141,13 @@ TEST(Details, TakeTheirLevelInPerCent) {
     EXPECT_NEAR(desk.number("effect.positiveShare.high"), 0.9757743, 5e-8);
 }
 
+TEST(Details, TakeTheHighestLevel) {
+    SleepDesk desk;
+    desk.details.LetConfidence(99.9);
+    desk.details.Calculate();
+    EXPECT_LE(desk.number("effect.superiority.low"), 0.1060);
+}
+
 TEST(Details, RefuseALevelThatIsNone) {
     DetailsDesk desk;
     for (const double percent : {0.95, 49.9, 99.95, -95.0, std::numeric_limits<double>::quiet_NaN()}) {

@@ -62,7 +62,8 @@ Details steps(std::size_t groups, const statistics::Options& options = {}) {
 
 TEST(QuotableSentence, NamesSizesStatisticPAndEffects) {
     EXPECT_EQ(quotableSentence(separated()),
-              "Mann-Whitney test of low (n = 3) and high (n = 3): U = 0 (9 for high), P = 0.1000 (exact, two-tailed); "
+              "Mann-Whitney test of low (n = 3) and high (n = 3): U = 0 (9 for high), P = 0.1000 (exact, "
+              "two-tailed); "
               "share of pairs with low larger = 0.0000, 95 % CI 0.0000 to 0.4990; Hodges-Lehmann shift low - "
               "high = -3.0000.");
 }
