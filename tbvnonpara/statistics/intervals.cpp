@@ -3,26 +3,43 @@
 #include <boost/math/distributions/beta.hpp>
 #include <boost/math/distributions/binomial.hpp>
 #include <cmath>
+#include <cstdint>
 #include <numeric>
 
 #include "tbvnonpara/statistics/probability.hpp"
 
 namespace TBVNonPara::statistics {
 
+namespace {
+
+/// In doubles throughout: its quantiles are good to more digits than any share has a use for.
+using Beta = boost::math::beta_distribution<
+    double, boost::math::policies::policy<boost::math::policies::promote_double<false>>>;
+
+}  // namespace
+
 Estimate share(std::size_t successes, std::size_t trials, double confidence) {
     const auto k = static_cast<double>(successes);
     const auto n = static_cast<double>(trials);
     const double tail = (1 - confidence) / 2;
-    const double low =
-        successes == 0 ? 0 : boost::math::quantile(boost::math::beta_distribution(k, n - k + 1), tail);
-    const double high = successes == trials ? 1
-                                            : boost::math::quantile(boost::math::complement(
-                                                  boost::math::beta_distribution(k + 1, n - k), tail));
+    const double low = successes == 0 ? 0 : boost::math::quantile(Beta(k, n - k + 1), tail);
+    const double high =
+        successes == trials ? 1 : boost::math::quantile(boost::math::complement(Beta(k + 1, n - k), tail));
     return {k / n, low, high};
 }
 
 double fairCoinsAtMost(std::size_t k, std::size_t n) {
-    return boost::math::cdf(boost::math::binomial(static_cast<double>(n), 0.5), static_cast<double>(k));
+    constexpr std::size_t wholeNumbers = 50;  // of as many coins all ways are counted without a rounding
+    if (n > wholeNumbers) {
+        return boost::math::cdf(boost::math::binomial(static_cast<double>(n), 0.5), static_cast<double>(k));
+    }
+    std::uint64_t ways = 1;
+    std::uint64_t all = 1;
+    for (std::uint64_t heads = 1; heads <= k; ++heads) {
+        ways = ways * (n - heads + 1) / heads;
+        all += ways;
+    }
+    return std::ldexp(static_cast<double>(all), -static_cast<int>(n));
 }
 
 std::size_t coinsFromTheEnd(std::size_t n, double confidence) {
