@@ -43,7 +43,7 @@ std::optional<Details> findDetails(const Arguments& arguments, const std::vector
     warnings.push_back(fmt::format("There are no details: {}", reason.what()));
     return std::nullopt;
 } catch (const Interrupted&) {
-    warnings.push_back("There are no details: their count was interrupted.");
+    warnings.emplace_back("There are no details: their count was interrupted.");
     return std::nullopt;
 }
 

@@ -13,7 +13,6 @@
 #include <com/sun/star/text/XTextRange.hpp>
 #include <iterator>
 #include <set>
-#include <utility>
 
 namespace TBVNonPara::calc {
 
@@ -91,8 +90,8 @@ std::vector<std::int32_t> rowsWithColumns(const SheetAreas& report) {
 /// A sheet in the scratch workbook that is there while this lives.
 class MeasuringSheet {
  public:
-    MeasuringSheet(DocumentRef scratch, std::int32_t columns)
-        : m_Document(std::move(scratch)), m_Columns(columns) {
+    MeasuringSheet(const DocumentRef& scratch, std::int32_t columns)
+        : m_Document(scratch), m_Columns(columns) {
         m_Document->getSheets()->insertNewByName(name(), 1);
         m_Sheet = sheetNamed(m_Document, name());
     }

@@ -23,6 +23,9 @@ namespace TBVNonPara::com {
 template <typename Interface, typename Coclass, typename Wrapped>
 class AutomationObject : public Interface, public ISupportErrorInfo, public IProvideClassInfo {
  public:
+    AutomationObject(const AutomationObject&) = delete;
+    AutomationObject& operator=(const AutomationObject&) = delete;
+
     STDMETHODIMP QueryInterface(REFIID wanted, void** object) override {
         if (object == nullptr) {
             return E_POINTER;
@@ -126,8 +129,6 @@ class AutomationObject : public Interface, public ISupportErrorInfo, public IPro
  protected:
     explicit AutomationObject(CompanionLibrary companions) : m_Wrapped(std::move(companions)) {}
     virtual ~AutomationObject() = default;
-    AutomationObject(const AutomationObject&) = delete;
-    AutomationObject& operator=(const AutomationObject&) = delete;
 
     [[nodiscard]] Wrapped& wrapped() noexcept { return m_Wrapped; }
 

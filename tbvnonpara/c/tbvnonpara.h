@@ -15,7 +15,7 @@
 #ifndef TBVNONPARA_H
 #define TBVNONPARA_H
 
-#include <stddef.h>
+#include <stddef.h> /* NOLINT(modernize-deprecated-headers): of C */
 
 #if defined(_WIN32) && defined(TBV_BUILDS_SHARED)
 #define TBV_API __declspec(dllexport)

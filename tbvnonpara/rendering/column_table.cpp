@@ -85,7 +85,7 @@ std::string columnInJson(const ColumnTest& test) {
         details = ", \"details\": " + figureInJson(detailFigures(*test.details), 4) +
                   ", \"adjusted\": " + figureInJson(statistics::figureOf(test.adjusted), 4);
     } else if (!test.detailsProblem.empty()) {
-        details = ", \"details\": null, \"note\": " + textInJson(problemOf(test));
+        details = R"(, "details": null, "note": )" + textInJson(problemOf(test));
     }
     return beginning + missingInJson(test.account) + ", \"results\": " + resultsInJson(test.results) +
            details + '}';

@@ -93,7 +93,7 @@ struct LaterOptions {
 };
 
 TEST(COptions, OfALaterVersionAreTakenWhereTheyAskForNothingNew) {
-    LaterOptions options;
+    LaterOptions options{.known = {}, .more = 7};
     tbv_options_init(&options.known, sizeof options);
     EXPECT_EQ(options.known.size, sizeof options);
     EXPECT_EQ(options.known.confidence, 0.95);

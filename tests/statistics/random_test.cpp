@@ -46,7 +46,8 @@ TEST(AShuffle, KeepsTheValuesAndReachesEveryOrder) {
     std::array<int, 27> orders{};
     for (int i = 0; i < 6000; ++i) {
         shuffle(std::span<int>(values), random);
-        orders.at(static_cast<std::size_t>(9 * values[0] + 3 * values[1] + values[2])) += 1;
+        const int order = 9 * values[0] + 3 * values[1] + values[2];
+        orders.at(static_cast<std::size_t>(order)) += 1;
     }
     EXPECT_EQ(std::ranges::count(orders, 0), 21);
     for (const int order : orders) {

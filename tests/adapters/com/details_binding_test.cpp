@@ -179,7 +179,7 @@ TEST_F(LateDetails, DescribeThemselvesByTheirTypeLibrary) {
     const auto nameOf = [](ITypeInfo& type) {
         BSTR name = nullptr;
         type.GetDocumentation(MEMBERID_NIL, &name, nullptr, nullptr, nullptr);
-        const std::string result = toUtf8(name);
+        std::string result = toUtf8(name);
         SysFreeString(name);
         return result;
     };
