@@ -36,8 +36,8 @@ struct Found {
     tbv_status status = TBV_BAD_ARGUMENT;
 };
 
-Found figureNamed(const tbv_result* result, const char* name, const void* answer) {
-    if (result == nullptr || name == nullptr || answer == nullptr) {
+Found figureNamed(const tbv_result* result, const char* name) {
+    if (result == nullptr || name == nullptr) {
         return {};
     }
     const Figure* const figure = find(result->figures, name);
@@ -65,18 +65,20 @@ tbv_status numberOf(const Figure& figure, double& number) {
 }  // namespace TBVNonPara::c
 
 tbv_status tbv_result_number(const tbv_result* result, const char* name, double* number) {
-    const auto [figure, status] = TBVNonPara::c::figureNamed(result, name, number);
-    if (number != nullptr) {
-        *number = std::numeric_limits<double>::quiet_NaN();
+    if (number == nullptr) {
+        return TBV_BAD_ARGUMENT;
     }
+    *number = std::numeric_limits<double>::quiet_NaN();
+    const auto [figure, status] = TBVNonPara::c::figureNamed(result, name);
     return status == TBV_OK ? TBVNonPara::c::numberOf(*figure, *number) : status;
 }
 
 tbv_status tbv_result_text(const tbv_result* result, const char* name, const char** text) {
-    const auto [figure, status] = TBVNonPara::c::figureNamed(result, name, static_cast<const void*>(text));
-    if (text != nullptr) {
-        *text = nullptr;
+    if (text == nullptr) {
+        return TBV_BAD_ARGUMENT;
     }
+    *text = nullptr;
+    const auto [figure, status] = TBVNonPara::c::figureNamed(result, name);
     if (status != TBV_OK) {
         return status;
     }
@@ -89,10 +91,11 @@ tbv_status tbv_result_text(const tbv_result* result, const char* name, const cha
 }
 
 tbv_status tbv_result_count(const tbv_result* result, const char* name, size_t* count) {
-    const auto [figure, status] = TBVNonPara::c::figureNamed(result, name, count);
-    if (count != nullptr) {
-        *count = 0;
+    if (count == nullptr) {
+        return TBV_BAD_ARGUMENT;
     }
+    *count = 0;
+    const auto [figure, status] = TBVNonPara::c::figureNamed(result, name);
     if (status != TBV_OK) {
         return status;
     }
