@@ -20,14 +20,17 @@ const statistics::SampledP& sampledIn(const statistics::SampledTails& sampled, T
     return tails == tbvNPTwoTailed ? sampled.two : tails == tbvNPVar1GTVar2 ? sampled.greater : sampled.less;
 }
 
+const statistics::SampledP& sampledIn(const statistics::SampledUpper& sampled, TBVNPTails /*tails*/) {
+    return sampled.p;
+}
+
 template <typename Sampled>
-void addNote(DetailPage& page, const std::optional<Sampled>& sampled, const statistics::SampledP* p,
-             bool exact, const Details& details) {
+void addNote(DetailPage& page, const std::optional<Sampled>& sampled, bool exact, const Details& details) {
     if (sampled) {
         page.notes.push_back(
             fmt::format("{} (seed {}): the standard error of P is {:.2g}.",
                         counted(sampled->arrangements, "random arrangement", "random arrangements"),
-                        sampled->seed, p->standardError));
+                        sampled->seed, sampledIn(*sampled, details.tails).standardError));
     } else if (exact && details.choices.permutations > 0) {
         page.notes.emplace_back("P was counted exactly, so no random arrangements were drawn.");
     }
@@ -59,12 +62,12 @@ std::optional<statistics::SampledTails> fewerFirst(const std::optional<statistic
 
 void noteSampled(DetailPage& page, const std::optional<statistics::SampledTails>& sampled, bool exact,
                  const Details& details) {
-    addNote(page, sampled, sampled ? &sampledIn(*sampled, details.tails) : nullptr, exact, details);
+    addNote(page, sampled, exact, details);
 }
 
 void noteSampled(DetailPage& page, const std::optional<statistics::SampledUpper>& sampled, bool exact,
                  const Details& details) {
-    addNote(page, sampled, sampled ? &sampled->p : nullptr, exact, details);
+    addNote(page, sampled, exact, details);
 }
 
 }  // namespace TBVNonPara
