@@ -1,5 +1,8 @@
 #include "adapters/com/details_object.hpp"
 
+#include "adapters/com/find_application.hpp"
+#include "adapters/com/user_watch.hpp"
+
 namespace TBVNonPara::com {
 
 namespace {
@@ -67,7 +70,11 @@ STDMETHODIMP DetailsObject::put_Trend(VARIANT_BOOL trend) {
 }
 
 STDMETHODIMP DetailsObject::Calculate() {
-    return guarded([&] { wrapped().Calculate(); });
+    return guarded([&] {
+        UserWatch watch(findApplication);
+        wrapped().LetWatch([&](double share) { watch.tell(share); });
+        wrapped().Calculate();
+    });
 }
 
 STDMETHODIMP DetailsObject::get_Value(BSTR Name, VARIANT* value) {

@@ -38,6 +38,8 @@ std::string_view description(RuntimeError error) noexcept {
             return "Division by zero";
         case RuntimeError::TypeMismatch:
             return "Type mismatch";
+        case RuntimeError::UserInterrupt:
+            return "User interrupt occurred";
         case RuntimeError::InternalError:
             return "Internal error";
         case RuntimeError::ObjectNotSet:

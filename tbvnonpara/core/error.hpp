@@ -15,6 +15,7 @@ enum class RuntimeError : std::int32_t {
     SubscriptOutOfRange = 9,
     DivisionByZero = 11,
     TypeMismatch = 13,
+    UserInterrupt = 18,
     InternalError = 51,
     ObjectNotSet = 91,
 };

@@ -164,10 +164,14 @@ void clsNonParaDetails::LetWatch(CountWatch watch) {
 }
 
 void clsNonParaDetails::Calculate() try {
+    const RunMark mark(m_Calculating, "Calculate");
     m_Details.reset();
+    // Whoever watches may set what the next Calculate goes by.
+    const DetailChoices choices = m_Choices;
+    const CountWatch watch = m_Watch;
     const clsNonPara::Run run = m_Request.Compute();
     const OfferedTest& test = offeredTest(run.method);
-    if (!m_Choices.control.empty() && !takesManyColumns(test.shape)) {
+    if (!choices.control.empty() && !takesManyColumns(test.shape)) {
         refuseArgument("Control is for the tests of several groups; leave it empty.");
     }
     std::vector<LabelledColumn> columns = columnsIn(*m_Companions.application, run.yRange, run.headers);
@@ -177,7 +181,7 @@ void clsNonParaDetails::Calculate() try {
                           std::back_inserter(columns));
         source += ", " + rangeText(run.xRange);
     }
-    m_Details = detailsOf(test, run.tails, m_Choices, columns, m_Request.engine(), m_Watch);
+    m_Details = detailsOf(test, run.tails, choices, columns, m_Request.engine(), watch);
     m_Source = std::move(source);
     m_YRange = run.yRange;
 } catch (const std::invalid_argument& wrong) {
@@ -224,7 +228,7 @@ std::string clsNonParaDetails::Json() const try {
 
 RangeRef clsNonParaDetails::WriteTo(std::string_view address, bool OverWrite) try {
     const DetailPage page = detailPage(calculated());
-    const RunMark mark(m_Companions.running);
+    const RunMark mark(m_Companions.running, "WriteTo");
     const std::string source = "Data = " + m_Source;
     const std::string place(address.empty() ? std::string_view(m_OutputRange) : address);
     if (place.empty()) {

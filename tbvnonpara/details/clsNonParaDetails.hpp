@@ -1,5 +1,7 @@
 #pragma once
 
+#include <atomic>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -81,6 +83,8 @@ class clsNonParaDetails {
     clsNonPara m_Request;
     DetailChoices m_Choices;
     CountWatch m_Watch;
+    /// One Calculate at a time: a host that is told of it may call back.
+    std::shared_ptr<std::atomic<bool>> m_Calculating = std::make_shared<std::atomic<bool>>(false);
     std::string m_OutputRange;
     std::optional<Details> m_Details;
     std::string m_Source;  ///< the ranges that were computed with, as reports name them

@@ -18,7 +18,7 @@ RangeRef newWorksheet(Application& application) {
 }  // namespace
 
 void clsNonPara::Results(bool OverWrite) try {
-    const RunMark mark(m_Companions.running);
+    const RunMark mark(m_Companions.running, "Results");
     if (!m_YRange.isSet()) {
         raise(tbvNPNoYRange);
     }

@@ -49,6 +49,7 @@ constexpr auto namedNumbers = std::to_array<NamedNumber>({
     {numberOf(RuntimeError::SubscriptOutOfRange),   "SubscriptOutOfRange",     Cause::Unknown},
     {numberOf(RuntimeError::DivisionByZero),        "DivisionByZero",          Cause::Unknown},
     {numberOf(RuntimeError::TypeMismatch),          "TypeMismatch",            Cause::NoNumber},
+    {numberOf(RuntimeError::UserInterrupt),         "UserInterrupt",           Cause::Unknown},
     {numberOf(RuntimeError::InternalError),         "InternalError",           Cause::Unknown},
     {numberOf(RuntimeError::ObjectNotSet),          "ObjectNotSet",            Cause::Unknown},
 });

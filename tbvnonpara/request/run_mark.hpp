@@ -2,6 +2,8 @@
 
 #include <atomic>
 #include <memory>
+#include <string>
+#include <string_view>
 #include <utility>
 
 #include "tbvnonpara/core/enumerations.hpp"
@@ -9,15 +11,18 @@
 
 namespace TBVNonPara {
 
-/// Marks a run for as long as it lives. All runs build their reports on one scratch sheet, so that a run
-/// inside another would take the outer one's report away: it is refused with tbvNPRunInProgress.
+/// Marks a run for as long as it lives. A run inside another of the same mark, which would take the outer
+/// one's report or figures away, is refused with tbvNPRunInProgress.
 class RunMark {
  public:
-    explicit RunMark(std::shared_ptr<std::atomic<bool>> running) : m_Running(std::move(running)) {
+    /// `procedure` is what the client has called.
+    RunMark(std::shared_ptr<std::atomic<bool>> running, std::string_view procedure)
+        : m_Running(std::move(running)) {
         if (m_Running->exchange(true)) {
             throw Error(tbvNPRunInProgress,
-                        "Another run has not ended yet, and both would build their report on the same sheet. "
-                        "Call Results again when it has ended, not from an event that it causes.");
+                        "Another run has not ended yet, and this one would take its place. Call " +
+                            std::string(procedure) +
+                            " again when it has ended, not from an event that it causes.");
         }
     }
     RunMark(const RunMark&) = delete;

@@ -46,6 +46,7 @@ TEST(Errors, RuntimeErrorsCarryTheirNumberAndUsualDescription) {
         {RuntimeError::SubscriptOutOfRange, 9, "Subscript out of range"},
         {RuntimeError::DivisionByZero, 11, "Division by zero"},
         {RuntimeError::TypeMismatch, 13, "Type mismatch"},
+        {RuntimeError::UserInterrupt, 18, "User interrupt occurred"},
         {RuntimeError::InternalError, 51, "Internal error"},
         {RuntimeError::ObjectNotSet, 91, "Object variable or With block variable not set"},
     };

@@ -222,8 +222,8 @@ TEST(Details, AreGoneAfterAnError) {
     EXPECT_EQ(desk.valueOf("effect.shift").number, static_cast<std::int32_t>(RuntimeError::ObjectNotSet));
 }
 
-TEST(Details, ALongCountIsToldToTheWatchWhichMayEndIt) {
-    DetailsDesk desk;
+/// Two columns of 500 pairs below labels, whose exact P takes long to count.
+ValueGrid countedPairs() {
     ValueGrid pairs(501, 2);
     pairs(1, 1) = CellValue(Text("a"));
     pairs(1, 2) = CellValue(Text("b"));
@@ -231,7 +231,12 @@ TEST(Details, ALongCountIsToldToTheWatchWhichMayEndIt) {
         pairs(row, 1) = static_cast<double>(row);
         pairs(row, 2) = static_cast<double>(3 * row % 1000);
     }
-    desk.put("Data!A1", pairs);
+    return pairs;
+}
+
+TEST(Details, ALongCountIsToldToTheWatchWhichMayEndIt) {
+    DetailsDesk desk;
+    desk.put("Data!A1", countedPairs());
     desk.choose(tbvNPWilcoxon, "Data!A1:A501", "Data!B1:B501");
     int told = 0;
     desk.details.LetWatch([&](double) { told += 1; });
@@ -242,6 +247,27 @@ TEST(Details, ALongCountIsToldToTheWatchWhichMayEndIt) {
     EXPECT_EQ(raised.number, 18);
     EXPECT_EQ(raised.description, "The user has stopped it.");
     EXPECT_NE(desk.valueOf("effect").number, 0) << "what was calculated before is gone";
+}
+
+TEST(Details, AreNotCalculatedInsideACalculation) {
+    DetailsDesk desk;
+    desk.put("Data!A1", countedPairs());
+    desk.choose(tbvNPWilcoxon, "Data!A1:A501", "Data!B1:B501");
+    std::optional<Support::Raised> inside;
+    desk.details.LetWatch([&](double) {
+        if (!inside) {
+            desk.details.LetAdjust("none");
+            desk.details.LetWatch({});
+            inside = desk.calculate();
+        }
+    });
+    desk.details.Calculate();
+    ASSERT_TRUE(inside);
+    EXPECT_EQ(inside->number, tbvNPRunInProgress);
+    EXPECT_EQ(inside->source, "Line 0 in TBVNonPara.clsNonParaDetails.Calculate");
+    EXPECT_NE(inside->description.find("Call Calculate again when"), std::string::npos)
+        << inside->description;
+    EXPECT_EQ(desk.valueOf("effect").number, 5) << "several figures: the outer one has ended well";
 }
 
 TEST(Details, AreWrittenWhereTheyAreWanted) {

@@ -21,7 +21,7 @@ constexpr std::pair<std::int32_t, std::string_view> numbersAndNames[] = {
     {-2147216473, "tbvNPOutputOccupied"},   {-2147216464, "tbvNPNoContingencyTable"},
     {-2147216442, "tbvNPRunInProgress"},
     {5, "InvalidProcedureCall"}, {6, "Overflow"}, {7, "OutOfMemory"}, {9, "SubscriptOutOfRange"},
-    {11, "DivisionByZero"}, {13, "TypeMismatch"}, {51, "InternalError"}, {91, "ObjectNotSet"}, {1004, ""},
+    {11, "DivisionByZero"}, {13, "TypeMismatch"}, {18, "UserInterrupt"}, {51, "InternalError"}, {91, "ObjectNotSet"}, {1004, ""},
     {12345, ""},
 };
 // clang-format on

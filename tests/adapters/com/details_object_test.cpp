@@ -1,4 +1,5 @@
 #include <cmath>
+#include <utility>
 
 #include "tbvnonpara/core/enumerations.hpp"
 #include "tests/adapters/com/desk.hpp"
@@ -106,6 +107,25 @@ TEST_F(DetailsDesk, CompareGroupsAsTheyAreTold) {
     EXPECT_EQ(seen(m_Details->get_Value(Address("comparisons.3.p"), third.out())).source,
               inDetails + "GetValue");
     EXPECT_EQ(seen(m_Details->put_Adjust(Address("sidak"))).source, inDetails + "LetAdjust");
+}
+
+TEST_F(DetailsDesk, ThatTakeLongToCountAreShownInTheStatusBar) {
+    ASSERT_EQ(m_Details->Calculate(), S_OK);
+    EXPECT_TRUE(Peer::statusBarTexts().empty());
+    ValueGrid pairs(500, 2);
+    for (Index row = 1; row <= 500; ++row) {
+        pairs(row, 1) = static_cast<double>(row);
+        pairs(row, 2) = static_cast<double>(3 * row % 1000);
+    }
+    fill("Data!A2:B501", pairs);
+    m_Details->put_Method(::tbvNPWilcoxon);
+    m_Details->put_YRange(Address("Data!A1:A501"));
+    m_Details->put_XRange(Address("Data!B1:B501"));
+    ASSERT_EQ(seen(m_Details->Calculate()), (Seen{S_OK, "", ""}));
+    const std::vector<std::string> texts = std::exchange(Peer::statusBarTexts(), {});
+    ASSERT_GE(texts.size(), 2U);
+    EXPECT_EQ(texts.front().substr(0, 26), "Counting for the details: ");
+    EXPECT_EQ(texts.back(), "") << "the application's own text is back";
 }
 
 TEST_F(DetailsDesk, RefuseWhatAReportRefuses) {

@@ -47,6 +47,11 @@ Variant rangeOf(const Embedded& host, const Arguments& a) {
 
 }  // namespace
 
+std::vector<std::string>& statusBarTexts() noexcept {
+    static std::vector<std::string> texts;
+    return texts;
+}
+
 PeerRef peerApplication(const Embedded& host) {
     std::vector<Member> members = {
         {L"Range", [host](const Arguments& a) { return rangeOf(host, a); }},
@@ -59,6 +64,9 @@ PeerRef peerApplication(const Embedded& host) {
         plain(
             L"DisplayAlerts", [] { return Variant(displayAlerts()); },
             [](const Arguments& a) { displayAlerts() = a.truth(0); }),
+        plain(
+            L"StatusBar", [] { return Variant(false); },
+            [](const Arguments& a) { statusBarTexts().push_back(a.isText(0) ? a.text(0) : std::string()); }),
         plain(L"Selection", [host] { return asValue(peerRange(host->selection())); }),
         {L"AddSheet",
          [host](const Arguments& a) {

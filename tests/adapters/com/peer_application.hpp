@@ -11,4 +11,7 @@ namespace TBVNonPara::Peer {
 /// peer_tests.hpp.
 [[nodiscard]] PeerRef peerApplication(const ObjectRef<workbook::EmbeddedApplication>& host);
 
+/// What the application's StatusBar was told; empty is the application's own text.
+[[nodiscard]] std::vector<std::string>& statusBarTexts() noexcept;
+
 }  // namespace TBVNonPara::Peer
