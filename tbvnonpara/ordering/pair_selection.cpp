@@ -2,158 +2,194 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
-#include <random>
-#include <vector>
+#include <limits>
+#include <memory>
+
+#include "tbvnonpara/ordering/pair_tables.hpp"
+#include "tbvnonpara/ordering/sort_keys.hpp"
 
 namespace TBVNonPara {
 
 namespace {
 
-using Place = std::uint64_t;
-
-/// A table in which values ascend to the right and downwards, of which only the stretch begins[i] .. ends[i]
-/// of row i can still hold the value that is looked for. `value(row, column)` is a cell, `firstColumn(row)`
-/// where a row begins.
-template <typename Value, typename FirstColumn>
-class AscendingTable {
+/// Where a row's cells begin that are not below a pivot (or, with OrEqual, that are above it), for rows asked
+/// for one after the other. A staircase: the lower the row, the further to the left its values exceed the
+/// pivot.
+template <typename Table, bool OrEqual>
+class Staircase {
  public:
-    AscendingTable(std::size_t rows, std::size_t columns, Value value, FirstColumn firstColumn)
-        : m_Columns(columns),
-          m_Value(value),
-          m_FirstColumn(firstColumn),
-          m_Begins(rows),
-          m_Ends(rows, columns) {
-        for (std::size_t row = 0; row < rows; ++row) {
-            m_Begins[row] = firstColumn(row);
+    Staircase(const Table& table, double pivot) : m_Table(table), m_Pivot(pivot), m_Column(table.columns()) {}
+
+    [[nodiscard]] std::size_t inRow(std::size_t row) {
+        const std::size_t first = m_Table.firstColumn(row);
+        while (m_Column > first && exceeds(m_Table.value(row, m_Column - 1))) {
+            m_Column -= 1;
+        }
+        return std::max(m_Column, first);
+    }
+
+ private:
+    [[nodiscard]] bool exceeds(double value) const { return OrEqual ? value > m_Pivot : value >= m_Pivot; }
+
+    Table m_Table;
+    double m_Pivot;
+    std::size_t m_Column;
+};
+
+/// How many cells are below a value, and how many are not above it.
+struct Counted {
+    double pivot = 0;
+    Place below = 0;
+    Place notAbove = 0;
+
+    [[nodiscard]] double middle() const {
+        return (static_cast<double>(below) + static_cast<double>(notAbove)) / 2;
+    }
+};
+
+template <typename Table>
+Counted countedAt(const Table& table, double pivot) {
+    Staircase<Table, false> less(table, pivot);
+    Staircase<Table, true> lessOrEqual(table, pivot);
+    Counted counted{pivot};
+    for (std::size_t row = 0; row < table.rows(); ++row) {
+        const std::size_t first = table.firstColumn(row);
+        counted.below += less.inRow(row) - first;
+        counted.notAbove += lessOrEqual.inRow(row) - first;
+    }
+    return counted;
+}
+
+/// Finds values by their places. What was counted for one narrows the search for the next.
+template <typename Table>
+class TableSearch {
+ public:
+    explicit TableSearch(const Table& table) : m_Table(table) {
+        constexpr std::size_t few = 4096;
+        m_FewEnough = std::max(few, (table.rows() + table.columns()) / 2);
+        constexpr double infinity = std::numeric_limits<double>::infinity();
+        m_Bounds = {{-infinity, 0, 0}, {infinity, table.cells(), table.cells()}};
+        if (std::isinf(table.value(0, table.firstColumn(0)))) {
+            m_Bounds.front() = countedAt(table, -infinity);
+        }
+        if (std::isinf(table.value(table.rows() - 1, table.columns() - 1))) {
+            m_Bounds.back() = countedAt(table, infinity);
         }
     }
 
     [[nodiscard]] double at(Place place) {
-        constexpr Place fewEnough = 4096;
-        Place active = cells(m_Begins, m_Ends);
-        while (active > std::max<Place>(fewEnough, m_Begins.size())) {
-            for (const double pivot : pivots(place, active)) {
-                if (const Split split = narrow(pivot, place); split == Split::Found) {
-                    return pivot;
-                }
+        for (int attempt = 0;; ++attempt) {
+            if (place >= m_BeforeRest && place - m_BeforeRest < m_Rest.size()) {
+                return inRest(place);
             }
-            active = cells(m_Begins, m_Ends);
+            const auto above = std::ranges::upper_bound(m_Bounds, place, {}, &Counted::notAbove);
+            if (above != m_Bounds.end() && above->below <= place) {
+                return above->pivot;
+            }
+            const Counted low = *(above - 1);
+            const Counted high = *above;
+            if (high.below - low.notAbove <= m_FewEnough) {
+                collect(low, high);
+            } else {
+                m_Bounds.insert(above, countedAt(m_Table, pivotBetween(low, high, place, attempt)));
+            }
         }
-        return amongTheRest(place);
     }
 
  private:
-    enum class Split { Narrowed, Found };
-
-    [[nodiscard]] static Place cells(const std::vector<std::size_t>& begins,
-                                     const std::vector<std::size_t>& ends) {
-        return std::transform_reduce(begins.begin(), begins.end(), ends.begin(), Place(0), std::plus<>(),
-                                     [](std::size_t begin, std::size_t end) { return Place(end - begin); });
-    }
-
-    /// Two values of the table that enclose the wanted one with a good chance: quantiles of a sample of what
-    /// is left.
-    [[nodiscard]] std::vector<double> pivots(Place place, Place active) {
-        constexpr std::size_t sampleSize = 1024;
-        std::vector<Place> upTo(m_Begins.size());
-        Place sum = 0;
-        for (std::size_t row = 0; row < upTo.size(); ++row) {
-            upTo[row] = sum += m_Ends[row] - m_Begins[row];
-        }
-        std::vector<double> sample(sampleSize);
-        for (double& drawn : sample) {
-            const Place cell = std::uniform_int_distribution<Place>(0, active - 1)(m_Random);
-            const auto row = static_cast<std::size_t>(std::ranges::upper_bound(upTo, cell) - upTo.begin());
-            drawn = m_Value(row, m_Ends[row] - static_cast<std::size_t>(upTo[row] - cell));
-        }
-        std::ranges::sort(sample);
-        const double share = static_cast<double>(place - m_Below) / static_cast<double>(active);
-        const double middle = share * static_cast<double>(sampleSize);
-        const double margin = 2 * std::sqrt(middle * (1 - share)) + 1;
-        const auto quantile = [&](double rank) {
-            return sample[static_cast<std::size_t>(
-                std::clamp(rank, 0.0, static_cast<double>(sampleSize - 1)))];
-        };
-        return {quantile(middle - margin), quantile(middle + margin)};
-    }
-
-    /// Leaves out what the pivot shows to be too small or too large. A staircase: the lower the row, the
-    /// further to the left its values exceed the pivot.
-    Split narrow(double pivot, Place place) {
-        std::vector<std::size_t> below(m_Begins.size());
-        std::vector<std::size_t> notAbove(m_Begins.size());
-        std::size_t less = m_Columns;
-        std::size_t lessOrEqual = m_Columns;
-        Place countBelow = 0;
-        Place countNotAbove = 0;
-        for (std::size_t row = 0; row < below.size(); ++row) {
-            const std::size_t first = m_FirstColumn(row);
-            while (less > first && !(m_Value(row, less - 1) < pivot)) {
-                less -= 1;
-            }
-            while (lessOrEqual > first && m_Value(row, lessOrEqual - 1) > pivot) {
-                lessOrEqual -= 1;
-            }
-            below[row] = std::max(less, first);
-            notAbove[row] = std::max(lessOrEqual, first);
-            countBelow += below[row] - first;
-            countNotAbove += notAbove[row] - first;
-        }
-        if (place >= countBelow && place < countNotAbove) {
-            return Split::Found;
-        }
-        if (place < countBelow) {
-            std::ranges::transform(m_Ends, below, m_Ends.begin(),
-                                   [](std::size_t end, std::size_t cut) { return std::min(end, cut); });
-        } else {
-            std::ranges::transform(m_Begins, notAbove, m_Begins.begin(),
-                                   [](std::size_t begin, std::size_t cut) { return std::max(begin, cut); });
-            m_Below = countNotAbove;
-        }
-        for (std::size_t row = 0; row < m_Begins.size(); ++row) {
-            m_Ends[row] = std::max(m_Ends[row], m_Begins[row]);
-        }
-        return Split::Narrowed;
-    }
-
-    [[nodiscard]] double amongTheRest(Place place) const {
-        std::vector<double> rest;
-        for (std::size_t row = 0; row < m_Begins.size(); ++row) {
-            for (std::size_t column = m_Begins[row]; column < m_Ends[row]; ++column) {
-                rest.push_back(m_Value(row, column));
+    /// Twice around where the thinned table has it, then the middle of all doubles between the bounds, by
+    /// which the search ends whatever the data are.
+    [[nodiscard]] double pivotBetween(const Counted& low, const Counted& high, Place place, int attempt) {
+        const int step = attempt % 4;
+        if (step < 3) {
+            const double guess = guessed(low, high, place, step == 0 ? 0 : step == 1 ? -1 : 1);
+            if (guess > low.pivot && guess < high.pivot) {
+                return guess;
             }
         }
-        const auto wanted = rest.begin() + static_cast<std::ptrdiff_t>(place - m_Below);
-        std::ranges::nth_element(rest, wanted);
+        const std::uint64_t lowKey = keyOf(low.pivot);
+        return valueOf(lowKey + (keyOf(high.pivot) - lowKey) / 2);
+    }
+
+    /// The thinned table's value at the place, corrected by how far that table is off at the nearest bound,
+    /// or a margin to the left (-1) or to the right (1) of it.
+    [[nodiscard]] double guessed(const Counted& low, const Counted& high, Place place, int side) {
+        if (!m_Thinned) {
+            m_Thinned = std::make_unique<Thinned>(m_Table);
+        }
+        const auto wanted = static_cast<double>(place);
+        const double toLow = wanted - static_cast<double>(low.notAbove);
+        const double toHigh = static_cast<double>(high.below) - wanted;
+        const Counted& nearest = toLow < toHigh ? low : high;
+        const Table thin = m_Thinned->values.table();
+        const double scale = static_cast<double>(m_Table.cells()) / static_cast<double>(thin.cells());
+        const double off = nearest.middle() - scale * countedAt(thin, nearest.pivot).middle();
+        const double margin =
+            std::min(toLow, toHigh) / 4 + static_cast<double>(m_Table.rows() + m_Table.columns()) / 32;
+        const double thinPlace = (wanted - off + side * margin) / scale;
+        const auto last = static_cast<double>(thin.cells() - 1);
+        return m_Thinned->search.at(static_cast<Place>(std::clamp(thinPlace, 0.0, last)));
+    }
+
+    void collect(const Counted& low, const Counted& high) {
+        Staircase<Table, true> begin(m_Table, low.pivot);
+        Staircase<Table, false> end(m_Table, high.pivot);
+        m_BeforeRest = low.notAbove;
+        m_Rest.clear();
+        m_Rest.reserve(static_cast<std::size_t>(high.below - low.notAbove));
+        for (std::size_t row = 0; row < m_Table.rows(); ++row) {
+            const std::size_t last = end.inRow(row);
+            for (std::size_t column = begin.inRow(row); column < last; ++column) {
+                m_Rest.push_back(m_Table.value(row, column));
+            }
+        }
+    }
+
+    [[nodiscard]] double inRest(Place place) {
+        const auto wanted = m_Rest.begin() + static_cast<std::ptrdiff_t>(place - m_BeforeRest);
+        std::ranges::nth_element(m_Rest, wanted);
         return *wanted;
     }
 
-    std::size_t m_Columns;
-    Value m_Value;
-    FirstColumn m_FirstColumn;
-    std::vector<std::size_t> m_Begins;
-    std::vector<std::size_t> m_Ends;
-    Place m_Below = 0;  ///< cells that are known to be smaller than the wanted one
-    std::mt19937_64 m_Random{20260101};
+    struct Thinned;
+
+    Table m_Table;
+    std::size_t m_FewEnough;
+    std::vector<Counted> m_Bounds;  ///< ascending
+    std::vector<double> m_Rest;     ///< the cells strictly between two bounds
+    Place m_BeforeRest = 0;         ///< how many cells are smaller than these
+    std::unique_ptr<Thinned> m_Thinned;
 };
+
+template <typename Table>
+struct TableSearch<Table>::Thinned {
+    explicit Thinned(const Table& whole) : values(whole), search(values.table()) {}
+
+    typename Table::Thinned values;
+    TableSearch search;
+};
+
+template <typename Table>
+std::vector<double> valuesIn(const Table& table, std::span<const Place> places) {
+    TableSearch<Table> search(table);
+    std::vector<double> values;
+    values.reserve(places.size());
+    for (const Place place : places) {
+        values.push_back(search.at(place));
+    }
+    return values;
+}
 
 }  // namespace
 
-double differenceAtPlace(std::span<const double> first, std::span<const double> second, std::uint64_t place) {
-    const auto value = [first, second](std::size_t row, std::size_t column) {
-        return first[row] - second[second.size() - 1 - column];
-    };
-    const auto fromTheLeft = [](std::size_t) { return std::size_t(0); };
-    return AscendingTable(first.size(), second.size(), value, fromTheLeft).at(place);
+std::vector<double> differencesAtPlaces(std::span<const double> first, std::span<const double> second,
+                                        std::span<const std::uint64_t> places) {
+    return valuesIn(DifferenceTable(first, second), places);
 }
 
-double walshAverageAtPlace(std::span<const double> values, std::uint64_t place) {
-    const auto value = [values](std::size_t row, std::size_t column) {
-        return std::midpoint(values[row], values[column]);  // the sum of large values may overflow
-    };
-    const auto fromTheDiagonal = [](std::size_t row) { return row; };
-    return AscendingTable(values.size(), values.size(), value, fromTheDiagonal).at(place);
+std::vector<double> walshAveragesAtPlaces(std::span<const double> values,
+                                          std::span<const std::uint64_t> places) {
+    return valuesIn(WalshTable(values), places);
 }
 
 }  // namespace TBVNonPara

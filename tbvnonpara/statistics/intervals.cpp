@@ -1,5 +1,6 @@
 #include "tbvnonpara/statistics/intervals.hpp"
 
+#include <algorithm>
 #include <boost/math/distributions/beta.hpp>
 #include <boost/math/distributions/binomial.hpp>
 #include <cmath>
@@ -60,8 +61,13 @@ OrderedEstimate medianOf(std::span<const double> ascending, double confidence) {
     if (k > 0) {
         depth.attained = 1 - 2 * fairCoinsAtMost(k - 1, n);
     }
-    return medianAmong(
-        n, depth, [ascending](std::uint64_t place) { return ascending[static_cast<std::size_t>(place)]; });
+    return medianAmong(n, depth, [ascending](std::span<const std::uint64_t> places) {
+        std::array<double, 4> values{};
+        std::ranges::transform(places, values.begin(), [ascending](std::uint64_t place) {
+            return ascending[static_cast<std::size_t>(place)];
+        });
+        return values;
+    });
 }
 
 Depth normalDepth(double mean, double deviation, double confidence) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <numeric>
@@ -42,18 +43,21 @@ struct Depth {
 /// The depth in a symmetric distribution by its standard normal approximation.
 [[nodiscard]] Depth normalDepth(double mean, double deviation, double confidence);
 
-/// The median of `count` ordered values and the interval of this depth; `at` gives the value at a place from
-/// 0 on.
+/// The median of `count` ordered values and the interval of this depth; `at` gives the values at places from
+/// 0 on, all at once: a span of std::uint64_t in, a range of doubles out.
 template <typename At>
 [[nodiscard]] OrderedEstimate medianAmong(std::uint64_t count, const Depth& depth, At at) {
-    const auto value = [&](std::uint64_t place) { return at(place) + 0.0; };  // 0, not -0
-    OrderedEstimate median{value(count / 2), {}, {}, {}, depth.best};
-    if (count % 2 == 0) {
-        median.value = std::midpoint(value(count / 2 - 1), median.value);
-    }
+    std::array<std::uint64_t, 4> places = {(count - 1) / 2, count / 2};
     if (depth.k > 0) {
-        median.low = value(depth.k - 1);
-        median.high = value(count - depth.k);
+        places[2] = depth.k - 1;
+        places[3] = count - depth.k;
+    }
+    const auto values = at(std::span<const std::uint64_t>(places).first(depth.k > 0 ? 4 : 2));
+    const auto value = [&](std::size_t i) { return values[i] + 0.0; };  // 0, not -0
+    OrderedEstimate median{std::midpoint(value(0), value(1)), {}, {}, {}, depth.best};
+    if (depth.k > 0) {
+        median.low = value(2);
+        median.high = value(3);
         median.attained = depth.attained;
     }
     return median;

@@ -143,7 +143,7 @@ OrderedEstimate shiftOf(std::span<const double> first, std::span<const double> s
                             ? normalDepth(n1 * n2 / 2, std::sqrt(n1 * n2 * (n1 + n2 + 1) / 12), confidence)
                             : exactDepth(untied, confidence);
     return medianAmong(std::uint64_t(first.size()) * second.size(), depth,
-                       [=](std::uint64_t place) { return differenceAtPlace(first, second, place); });
+                       [=](auto places) { return differencesAtPlaces(first, second, places); });
 }
 
 MannWhitney::Group groupOf(std::span<const double> ascending, double rankSum, double confidence) {

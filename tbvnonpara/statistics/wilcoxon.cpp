@@ -105,7 +105,7 @@ OrderedEstimate pseudomedianOf(std::span<const double> ascending, double confide
                                          : normalDepth(N * (N + 1) / 4,
                                                        std::sqrt(N * (N + 1) * (2 * N + 1) / 24), confidence);
     return medianAmong(std::uint64_t(n) * (n + 1) / 2, depth,
-                       [=](std::uint64_t place) { return walshAverageAtPlace(ascending, place); });
+                       [=](auto places) { return walshAveragesAtPlaces(ascending, places); });
 }
 
 Wilcoxon::Group pairedGroup(std::vector<double> values, double confidence) {
