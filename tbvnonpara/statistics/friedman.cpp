@@ -176,7 +176,7 @@ void compareTreatments(Friedman& test, const Blocks& blocks, const Options& opti
     const double spread = std::sqrt(k * (k + 1) * test.ties.factor / 6 / static_cast<double>(test.blocks));
     for (const GroupPair& pair : pairsOfGroups(test.treatments, control)) {
         const double distance = test.groups[pair.first].meanRank - test.groups[pair.second].meanRank;
-        const Probability p = normalApproximation(distance, spread, 0)->plain.two;
+        const Probability p = normalTwoTailed(distance / spread);
         test.comparisons.push_back(
             {pair.first, pair.second, distance / spread, compareBlocks(blocks, pair), p, {}});
     }

@@ -58,8 +58,7 @@ void compare(KruskalWallis& test, const Groups& groups, const Options& options,
                                         (1 / static_cast<double>(a.n) + 1 / static_cast<double>(b.n)));
         const double z = (a.meanRank - b.meanRank) / spread;
         const double share = superiority(groups.values[pair.first], groups.values[pair.second]);
-        const Probability p = normalApproximation(a.meanRank - b.meanRank, spread, 0)->plain.two;
-        test.comparisons.push_back({pair.first, pair.second, z, share, p, {}});
+        test.comparisons.push_back({pair.first, pair.second, z, share, normalTwoTailed(z), {}});
     }
     std::vector<double> ranks;
     for (const KruskalWallis::Group& group : test.groups) {

@@ -88,7 +88,11 @@ double logBetaTail(double a, double b, double x) {
 }
 
 NormalTails normalTails(double z, double forGreater, double forLess) {
-    return {z, doubled(normalTail(std::abs(z))), normalTail(forGreater), normalTail(-forLess)};
+    const Probability greater = normalTail(forGreater);
+    const Probability less = normalTail(-forLess);
+    const double size = std::abs(z);
+    const Probability beyond = size == forGreater ? greater : size == -forLess ? less : normalTail(size);
+    return {z, doubled(beyond), greater, less};
 }
 
 }  // namespace
@@ -103,6 +107,10 @@ Tails tails(const ExactTails& exact) {
 
 Probability normalTail(double z) {
     return withLogarithm(normalLowerTail(-z), [z] { return logNormalTail(z); });
+}
+
+Probability normalTwoTailed(double z) {
+    return doubled(normalTail(std::abs(z)));
 }
 
 Probability studentTail(double t, double df) {

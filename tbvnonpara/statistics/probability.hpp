@@ -49,6 +49,8 @@ struct StudentTails {
 
 /// The upper tail of the standard normal distribution.
 [[nodiscard]] Probability normalTail(double z);
+/// Both tails of it from z and -z on.
+[[nodiscard]] Probability normalTwoTailed(double z);
 /// The upper tail of Student's t.
 [[nodiscard]] Probability studentTail(double t, double df);
 /// The upper tail of chi-square.

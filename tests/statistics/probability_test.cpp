@@ -34,6 +34,28 @@ TEST(Tails, HaveLogarithmsWhereDoublesHaveEnded) {
     }
 }
 
+// R: 2 * pnorm(-1.25), 2 * pnorm(-40, log.p = TRUE).
+TEST(Tails, OfBothSidesAreTwiceOne) {
+    EXPECT_NEAR(normalTwoTailed(1.25).value, 0.21129954733371048, 1e-15);
+    EXPECT_NEAR(normalTwoTailed(-1.25).value, 0.21129954733371048, 1e-15);
+    EXPECT_EQ(normalTwoTailed(0).value, 1);
+    EXPECT_EQ(normalTwoTailed(0).log10, 0);
+    EXPECT_NEAR(normalTwoTailed(40).log10, -349.13597646368186, 1e-10);
+}
+
+// Half a step toward the mean on either side, the two-tailed one from the distance that is left.
+TEST(Tails, OfAnApproximationKeepToTheirSides) {
+    for (const double distance : {2.0, -2.0, 0.25}) {
+        const NormalApproximation tails = *normalApproximation(distance, 1, 1);
+        EXPECT_EQ(tails.plain.greater.value, normalTail(distance).value);
+        EXPECT_EQ(tails.plain.less.value, normalTail(-distance).value);
+        EXPECT_EQ(tails.plain.two.value, normalTwoTailed(distance).value);
+        EXPECT_EQ(tails.corrected.greater.value, normalTail(distance - 0.5).value);
+        EXPECT_EQ(tails.corrected.less.value, normalTail(-distance - 0.5).value);
+        EXPECT_EQ(tails.corrected.two.value, normalTwoTailed(std::max(std::abs(distance) - 0.5, 0.0)).value);
+    }
+}
+
 TEST(Tails, OfLessThanNothingAreAll) {
     EXPECT_EQ(chiSquareTail(0, 3).value, 1);
     EXPECT_EQ(fTail(0, 3, 4).value, 1);
