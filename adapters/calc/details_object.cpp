@@ -3,7 +3,6 @@
 #include "adapters/calc/calc_application.hpp"
 #include "adapters/calc/calc_range.hpp"
 #include "adapters/calc/column_widths.hpp"
-#include "adapters/calc/script_errors.hpp"
 #include "tbvnonpara/request/labels.hpp"
 
 namespace TBVNonPara::calc {
@@ -21,84 +20,121 @@ Any toAny(const CellValue& value) {
     return text != nullptr ? Any(fromUtf8(text->string())) : Any();
 }
 
+OUString textOrNothing(const Any& value) {
+    return value.hasValue() ? toOfficeText(value) : OUString();
+}
+
+Any callCalculate(DetailsObject& object, const css::uno::Sequence<Any>&) {
+    object.Calculate();
+    return {};
+}
+
+Any callValue(DetailsObject& object, const css::uno::Sequence<Any>& arguments) {
+    return object.Value(toOfficeText(argument(arguments, 0, std::array{"Name"})));
+}
+
+Any callWriteTo(DetailsObject& object, const css::uno::Sequence<Any>& arguments) {
+    constexpr std::array names{"Address", "OverWrite"};
+    const Any address = argument(arguments, 0, names);
+    const Any overWrite = argument(arguments, 1, names);
+    return Any(object.WriteTo(address.hasValue() ? toAddress(address) : OUString(),
+                              overWrite.hasValue() && toBoolean(overWrite)));
+}
+
 }  // namespace
 
+std::span<const ScriptMember<DetailsObject>> DetailsObject::members() {
+    using O = DetailsObject;
+    // clang-format off
+    static const auto all = membersBehindSettings<O>(std::array<ScriptMember<O>, 9>{{
+        {"Confidence", numberType, [](O& o, const Any& v) { o.setConfidence(toNumber(v)); }},
+        {"Adjust", textType, [](O& o, const Any& v) { o.setAdjust(toOfficeText(v)); }},
+        {"Control", textType, [](O& o, const Any& v) { o.setControl(textOrNothing(v)); }},
+        {"Trend", booleanType, [](O& o, const Any& v) { o.setTrend(toBoolean(v)); }},
+        {"Calculate", nothingType, nullptr, nullptr, callCalculate},
+        {"Value", anythingType, nullptr, nullptr, callValue, {&textType}},
+        {"Text", textType, nullptr, [](O& o) { return Any(o.getText()); }},
+        {"Json", textType, nullptr, [](O& o) { return Any(o.getJson()); }},
+        {"WriteTo", textType, nullptr, nullptr, callWriteTo, {&textType, &booleanType}},
+    }});
+    // clang-format on
+    return all;
+}
+
 DetailsObject::DetailsObject(const Context& context)
-    : m_Context(context),
-      m_Session(std::make_shared<Session>(context)),
-      m_Details(calcCompanions(m_Session)) {
-    m_Session->titleSteps("Details");
+    : ScriptObject(context), m_Details(calcCompanions(session())) {
+    session()->titleSteps("Details");
 }
 
 void DetailsObject::setMethod(sal_Int32 Method) {
-    raisingExceptions(self(), [&] { m_Details.LetMethod(static_cast<TBVNPMethod>(Method)); });
+    guarded([&] { m_Details.LetMethod(static_cast<TBVNPMethod>(Method)); });
 }
 
 void DetailsObject::setHeaders(sal_Bool Headers) {
-    raisingExceptions(self(), [&] { m_Details.LetHeaders(Headers); });
+    guarded([&] { m_Details.LetHeaders(Headers); });
 }
 
 void DetailsObject::setOutputDescriptives(sal_Bool OutputDescriptives) {
-    raisingExceptions(self(), [&] { m_Details.LetOutputDescriptives(OutputDescriptives); });
+    guarded([&] { m_Details.LetOutputDescriptives(OutputDescriptives); });
 }
 
 void DetailsObject::setIgnoreTies(sal_Bool IgnoreTies) {
-    raisingExceptions(self(), [&] { m_Details.LetIgnoreTies(IgnoreTies); });
+    guarded([&] { m_Details.LetIgnoreTies(IgnoreTies); });
 }
 
 void DetailsObject::setTails(sal_Int32 Tails) {
-    raisingExceptions(self(), [&] { m_Details.LetTails(static_cast<TBVNPTails>(Tails)); });
+    guarded([&] { m_Details.LetTails(static_cast<TBVNPTails>(Tails)); });
 }
 
 void DetailsObject::setYRange(const OUString& Address) {
-    raisingExceptions(self(), [&] { m_Details.LetYRange(toUtf8(Address)); });
+    guarded([&] { m_Details.LetYRange(toUtf8(Address)); });
 }
 
 void DetailsObject::setXRange(const OUString& Address) {
-    raisingExceptions(self(), [&] { m_Details.LetXRange(toUtf8(Address)); });
+    guarded([&] { m_Details.LetXRange(toUtf8(Address)); });
 }
 
 void DetailsObject::setOutputRange(const OUString& Address) {
-    raisingExceptions(self(), [&] { m_Details.LetOutputRange(toUtf8(Address)); });
+    guarded([&] { m_Details.LetOutputRange(toUtf8(Address)); });
 }
 
 void DetailsObject::setConfidence(double Confidence) {
-    raisingExceptions(self(), [&] { m_Details.LetConfidence(Confidence); });
+    guarded([&] { m_Details.LetConfidence(Confidence); });
 }
 
 void DetailsObject::setAdjust(const OUString& Adjust) {
-    raisingExceptions(self(), [&] { m_Details.LetAdjust(toUtf8(Adjust)); });
+    guarded([&] { m_Details.LetAdjust(toUtf8(Adjust)); });
 }
 
 void DetailsObject::setControl(const OUString& Control) {
-    raisingExceptions(self(), [&] { m_Details.LetControl(toUtf8(Control)); });
+    guarded([&] { m_Details.LetControl(toUtf8(Control)); });
 }
 
 void DetailsObject::setTrend(sal_Bool Trend) {
-    raisingExceptions(self(), [&] { m_Details.LetTrend(Trend); });
+    guarded([&] { m_Details.LetTrend(Trend); });
 }
 
 void DetailsObject::Calculate() {
-    raisingExceptions(self(), [&] { m_Details.Calculate(); });
+    guarded([&] { m_Details.Calculate(); });
 }
 
 Any DetailsObject::Value(const OUString& Name) {
-    return raisingExceptions(self(), [&] { return toAny(m_Details.Value(toUtf8(Name))); });
+    return guarded([&] { return toAny(m_Details.Value(toUtf8(Name))); });
 }
 
 OUString DetailsObject::getText() {
-    return raisingExceptions(self(), [&] { return fromUtf8(m_Details.Text()); });
+    return guarded([&] { return fromUtf8(m_Details.Text()); });
 }
 
 OUString DetailsObject::getJson() {
-    return raisingExceptions(self(), [&] { return fromUtf8(m_Details.Json()); });
+    return guarded([&] { return fromUtf8(m_Details.Json()); });
 }
 
 OUString DetailsObject::WriteTo(const OUString& Address, sal_Bool OverWrite) {
-    return raisingExceptions(self(), [&] {
-        const Run run(*m_Session);
+    return guarded([&] {
+        const Run run(*session());
         const RangeRef block = m_Details.WriteTo(toUtf8(Address), OverWrite);
-        widenColumns(m_Context, cellsOf(block));
+        widenColumns(session()->context(), cellsOf(block));
         return fromUtf8(rangeText(block));
     });
 }
