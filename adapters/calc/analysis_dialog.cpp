@@ -204,7 +204,8 @@ void AnalysisDialog::run() {
     m_Progress->start(fromUtf8(m_Texts.running), fullProgress);
     css::frame::Desktop::create(m_Context)->addTerminateListener(this);
     const rtl::Reference<AnalysisDialog> self(this);
-    m_Run = std::make_unique<BackgroundRun>(m_Context, document(), settings(), m_Progress,
+    m_Run = std::make_unique<BackgroundRun>(m_Context, document(), settings(),
+                                            RunProgress{m_Progress, fromUtf8(m_Texts.countingDetails)},
                                             [self](const Outcome& outcome) { self->finished(outcome); });
 }
 

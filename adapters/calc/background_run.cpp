@@ -56,12 +56,11 @@ void setUp(clsNonPara& request, Session& session, const AnalysisSettings& settin
 }  // namespace
 
 BackgroundRun::BackgroundRun(const Context& context, const DocumentRef& document, AnalysisSettings settings,
-                             const Reference<css::task::XStatusIndicator>& progress,
-                             std::function<void(Outcome)> finished)
+                             RunProgress progress, std::function<void(Outcome)> finished)
     : m_Context(context),
       m_Document(document),
       m_Settings(std::move(settings)),
-      m_Progress(progress),
+      m_Progress(std::move(progress)),
       m_Finished(std::move(finished)),
       m_Thread([this] { work(); }) {
 }
@@ -77,8 +76,8 @@ void BackgroundRun::step() {
     }
     // How many steps there are depends on the data: the bar approaches its end without reaching it.
     m_Steps += 1;
-    if (m_Progress.is() && m_Steps % 8 == 1) {
-        m_Progress->setValue(fullProgress - fullProgress * 20 / (20 + m_Steps));
+    if (m_Progress.bar.is() && m_Steps % 8 == 1) {
+        m_Progress.bar->setValue(fullProgress - fullProgress * 20 / (20 + m_Steps));
     }
 }
 
@@ -86,9 +85,14 @@ void BackgroundRun::watchDetails(double share) {
     if (m_Cancelled || m_DetailsCancelled) {
         throw Cancelled();
     }
-    if (m_Progress.is()) {
-        m_Progress->setValue(static_cast<sal_Int32>(fullProgress * share));
+    if (!m_Progress.bar.is()) {
+        return;
     }
+    if (!m_CountsDetails) {
+        m_CountsDetails = true;
+        m_Progress.bar->setText(m_Progress.countingDetails);
+    }
+    m_Progress.bar->setValue(static_cast<sal_Int32>(fullProgress * share));
 }
 
 void BackgroundRun::analyse(Outcome& outcome) {

@@ -23,13 +23,18 @@ struct Outcome {
     bool detailsCancelled = false;
 };
 
+/// Where a run tells how far it is, and what is said there while details are counted.
+struct RunProgress {
+    Reference<css::task::XStatusIndicator> bar;
+    OUString countingDetails;
+};
+
 /// One analysis on a thread of its own, with a request of its own. It can be cancelled until the report is
 /// placed; once the test is computed, its details alone are. `finished` is called on the main thread.
 class BackgroundRun {
  public:
     BackgroundRun(const Context& context, const DocumentRef& document, AnalysisSettings settings,
-                  const Reference<css::task::XStatusIndicator>& progress,
-                  std::function<void(Outcome)> finished);
+                  RunProgress progress, std::function<void(Outcome)> finished);
     /// Waits for the thread; on the main thread only after `finished` was called.
     ~BackgroundRun();
 
@@ -48,12 +53,13 @@ class BackgroundRun {
     Context m_Context;
     DocumentRef m_Document;
     AnalysisSettings m_Settings;
-    Reference<css::task::XStatusIndicator> m_Progress;
+    RunProgress m_Progress;
     std::function<void(Outcome)> m_Finished;
     std::atomic<bool> m_Cancelled = false;
     std::atomic<bool> m_ReportComes = false;
     std::atomic<bool> m_DetailsCancelled = false;
     bool m_WritesDetails = false;
+    bool m_CountsDetails = false;
     sal_Int32 m_Steps = 0;
     std::thread m_Thread;
 };

@@ -62,6 +62,7 @@ constexpr DialogTexts english{
     .help = "Help",
     .noBrowser = "No program could open the page about this test:",
     .running = "Computing the test",
+    .countingDetails = "Computing effect sizes, intervals and exact probabilities",
     .cancelled = "The test was cancelled; nothing was placed.",
     .rowsChanged = "Other rows are hidden now than before; check the choice of rows and press OK again.",
     .severalAreas = "One block of columns, or several ranges separated by semicolons",
@@ -123,6 +124,7 @@ constexpr DialogTexts german{
     .help = "Hilfe",
     .noBrowser = "Kein Programm konnte die Seite über diesen Test öffnen:",
     .running = "Der Test wird berechnet",
+    .countingDetails = "Effektgrößen, Intervalle und exakte Wahrscheinlichkeiten werden berechnet",
     .cancelled = "Der Test wurde abgebrochen; es wurde nichts eingefügt.",
     .rowsChanged = "Jetzt sind andere Zeilen ausgeblendet als vorher; bitte die Zeilenauswahl prüfen und noch "
                    "einmal auf OK drücken.",

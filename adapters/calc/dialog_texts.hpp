@@ -64,6 +64,7 @@ struct DialogTexts {
     std::string_view help;
     std::string_view noBrowser;
     std::string_view running;
+    std::string_view countingDetails;
     std::string_view cancelled;
     std::string_view rowsChanged;
     std::string_view severalAreas;

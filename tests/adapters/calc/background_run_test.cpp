@@ -17,15 +17,17 @@ using namespace TBVNonPara::calc;
 /// Calls the test back with every value that the bar is set to.
 class WatchedBar : public cppu::WeakImplHelper1<css::task::XStatusIndicator> {
  public:
-    explicit WatchedBar(std::function<void(sal_Int32)> told) : m_Told(std::move(told)) {}
+    WatchedBar(std::function<void(sal_Int32)> told, std::vector<std::string>& texts)
+        : m_Told(std::move(told)), m_Texts(texts) {}
     void SAL_CALL start(const OUString&, sal_Int32) override {}
     void SAL_CALL end() override {}
     void SAL_CALL reset() override {}
-    void SAL_CALL setText(const OUString&) override {}
+    void SAL_CALL setText(const OUString& text) override { m_Texts.push_back(toUtf8(text)); }
     void SAL_CALL setValue(sal_Int32 value) override { m_Told(value); }
 
  private:
     std::function<void(sal_Int32)> m_Told;
+    std::vector<std::string>& m_Texts;
 };
 
 /// Calls the test back when the document is about to be changed.
@@ -73,7 +75,7 @@ class RunWithDetails : public testing::Test {
     Outcome run() {
         std::promise<Outcome> outcome;
         BackgroundRun own(officeContext(), open.document(), settings,
-                          new WatchedBar([this](sal_Int32 value) { told(value); }),
+                          {new WatchedBar([this](sal_Int32 value) { told(value); }, texts), "counting"},
                           [&](const Outcome& found) { outcome.set_value(found); });
         started.set_value(&own);
         return outcome.get_future().get();
@@ -92,6 +94,7 @@ class RunWithDetails : public testing::Test {
     OpenDocument open;
     AnalysisSettings settings;
     std::function<void(sal_Int32)> told = [](sal_Int32) {};
+    std::vector<std::string> texts;
     std::promise<BackgroundRun*> started;
     std::shared_future<BackgroundRun*> running = started.get_future().share();
 };
@@ -102,6 +105,7 @@ TEST_F(RunWithDetails, PlacesBoth) {
     EXPECT_EQ(outcome.withoutDetails, "");
     ASSERT_EQ(names().size(), 3U);
     EXPECT_EQ(names().back(), "Details");
+    EXPECT_EQ(texts, std::vector<std::string>{"counting"}) << "once, when the test is computed";
 }
 
 TEST_F(RunWithDetails, ThatIsCancelledWhileTheyAreCountedPlacesTheReport) {
