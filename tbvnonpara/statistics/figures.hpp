@@ -15,23 +15,35 @@ namespace TBVNonPara::statistics {
 
 struct Figure;
 struct NamedFigure;
+/// Figures in order; they have places instead of names.
 using FigureList = std::vector<Figure>;
+/// Figures with names, in order.
 using FigureBlock = std::vector<NamedFigure>;
 
 /// A result as names and values, in the order of its visit(): what does not exist, a number, a whole number,
 /// a text, a list, or a block of named figures.
 struct Figure {
+    /// std::monostate: these data have no such figure.
     std::variant<std::monostate, double, std::int64_t, std::string, FigureList, FigureBlock> value;
 };
 
+/// One figure of a block.
 struct NamedFigure {
-    std::string name;
-    Figure figure;
+    std::string name;  ///< as in JSON, "superiority"
+    Figure figure;     ///< may be a block again
 };
 
+/// All figures of a result, of a test or of a part of one, under the names that JSON has:
+///
+///     const Figure all = figureOf(mannWhitney(before, after));
+///     std::get<double>(find(all, "effect.superiority.value")->value);
+///
+/// A type of one's own needs visit(value, member), which calls member(name, part) for each of its parts. Time
+/// and memory are those of the figures.
 template <typename Value>
 [[nodiscard]] Figure figureOf(const Value& value);
 
+/// @cond
 /// Takes the members that visit() names.
 class FigureCollector {
  public:
@@ -83,8 +95,10 @@ Figure figureOf(const Value& value) {
     }
 }
 
-/// The figure at a path of names and places counted from 1, "groups.2.median.low". None where the path leads
-/// nowhere.
+/// @endcond
+
+/// The figure at a path of names and places counted from 1, "groups.2.median.low". Null where the path leads
+/// nowhere; the figure belongs to the tree. Time grows with the members on the way.
 [[nodiscard]] const Figure* find(const Figure& figure, std::string_view path);
 
 }  // namespace TBVNonPara::statistics

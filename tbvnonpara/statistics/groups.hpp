@@ -14,6 +14,7 @@ namespace TBVNonPara::statistics {
 /// Several samples: a span of spans.
 using SampleSpans = std::span<const std::span<const double>>;
 
+/// @cond
 /// Several samples in ascending order, those without values left out.
 struct Groups {
     std::vector<std::vector<double>> values;
@@ -34,24 +35,28 @@ struct Groups {
 [[nodiscard]] std::optional<std::size_t> groupOfControl(const Groups& groups,
                                                         std::optional<std::size_t> control);
 
-/// Chi-square or F with what it says.
+/// @endcond
+
+/// A chi-square statistic with its upper tail.
 struct ChiSquare {
-    double value = 0;
-    double df = 0;
-    Probability p;
+    double value = 0;  ///< the statistic
+    double df = 0;     ///< degrees of freedom
+    Probability p;     ///< of a value as large or larger
 };
+/// An F statistic with its upper tail.
 struct FRatio {
-    double value = 0;
-    double df1 = 0;
-    double df2 = 0;
-    Probability p;
+    double value = 0;  ///< the statistic
+    double df1 = 0;    ///< degrees of freedom of the numerator
+    double df2 = 0;    ///< and of the denominator
+    Probability p;     ///< of a value as large or larger
 };
 /// The exact probability of a statistic with one direction.
 struct ExactUpper {
-    Probability p;
-    double point = 0;
+    Probability p;     ///< of the observed value or a larger one
+    double point = 0;  ///< of exactly the observed value
 };
 
+/// @cond
 template <typename Member>
 void visit(const ChiSquare& chiSquare, Member& member) {
     member("value", chiSquare.value);
@@ -71,5 +76,6 @@ void visit(const ExactUpper& exact, Member& member) {
     member("p", exact.p);
     member("point", exact.point);
 }
+/// @endcond
 
 }  // namespace TBVNonPara::statistics

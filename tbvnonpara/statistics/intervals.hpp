@@ -9,23 +9,24 @@
 
 namespace TBVNonPara::statistics {
 
-/// An estimate with its interval, where there is one.
+/// An estimate with its interval, where there is one; its member says in which unit.
 struct Estimate {
-    double value = 0;
-    std::optional<double> low;
-    std::optional<double> high;
+    double value = 0;            ///< the estimate
+    std::optional<double> low;   ///< lower end at Options::confidence
+    std::optional<double> high;  ///< upper end; there are both or none
 };
 
 /// An estimate whose interval ends at observations: `attained` is the level that it has in truth, `best` the
 /// highest that these data allow (where that falls short of the level asked for, there is no interval).
 struct OrderedEstimate {
-    double value = 0;
-    std::optional<double> low;
-    std::optional<double> high;
-    std::optional<double> attained;
-    double best = 0;
+    double value = 0;                ///< the estimate, in the unit of the data
+    std::optional<double> low;       ///< lower end
+    std::optional<double> high;      ///< upper end; there are both or none
+    std::optional<double> attained;  ///< level that the interval has
+    double best = 0;                 ///< highest level that an interval of these data can have
 };
 
+/// @cond
 /// A share of successes with the interval of Clopper and Pearson (1934). `trials` is not 0.
 [[nodiscard]] Estimate share(std::size_t successes, std::size_t trials, double confidence);
 
@@ -85,5 +86,6 @@ void visit(const OrderedEstimate& estimate, Member& member) {
     member("attained", estimate.attained);
     member("best", estimate.best);
 }
+/// @endcond
 
 }  // namespace TBVNonPara::statistics

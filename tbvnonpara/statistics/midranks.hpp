@@ -6,16 +6,16 @@
 
 namespace TBVNonPara::statistics {
 
-/// Equal values among ranked ones: in how many groups, how many values, the size of the largest group (1
-/// without ties), the sum of t^3 - t over the groups, and the factor 1 - sum / (N^3 - N) of a variance.
+/// Equal values among N ranked ones, in groups of t; `factor` is that of a variance.
 struct Ties {
-    std::size_t groups = 0;
-    std::size_t values = 0;
-    std::size_t largest = 1;
-    double sum = 0;
-    double factor = 1;
+    std::size_t groups = 0;   ///< groups of equal values
+    std::size_t values = 0;   ///< values in them
+    std::size_t largest = 1;  ///< size of the largest
+    double sum = 0;           ///< of t^3 - t
+    double factor = 1;        ///< 1 - sum / (N^3 - N)
 };
 
+/// @cond
 /// Ranks where the values stand, equal ones with the mean of theirs; the ranks in ascending order; the ties.
 struct Midranks {
     std::vector<double> ranks;
@@ -34,5 +34,6 @@ void visit(const Ties& ties, Member& member) {
     member("sum", ties.sum);
     member("factor", ties.factor);
 }
+/// @endcond
 
 }  // namespace TBVNonPara::statistics

@@ -13,26 +13,27 @@ namespace TBVNonPara::statistics {
 /// A probability from random arrangements: (hits + 1) / (arrangements + 1), the observed one being one of
 /// them (Dwass 1957), and the standard error of it as a share.
 struct SampledP {
-    Probability p;
-    double standardError = 0;
+    Probability p;             ///< the estimate, never 0
+    double standardError = 0;  ///< of it
 };
 
 /// Of a statistic with two directions.
 struct SampledTails {
-    std::size_t arrangements = 0;
-    std::uint64_t seed = 0;
-    SampledP two;  ///< as far from the mean or farther
-    SampledP greater;
-    SampledP less;
+    std::size_t arrangements = 0;  ///< Options::permutations
+    std::uint64_t seed = 0;        ///< Options::seed
+    SampledP two;                  ///< as far from the mean or farther
+    SampledP greater;              ///< as large or larger
+    SampledP less;                 ///< as small or smaller
 };
 
 /// Of a statistic with one direction.
 struct SampledUpper {
-    std::size_t arrangements = 0;
-    std::uint64_t seed = 0;
-    SampledP p;
+    std::size_t arrangements = 0;  ///< Options::permutations
+    std::uint64_t seed = 0;        ///< Options::seed
+    SampledP p;                    ///< as large or larger
 };
 
+/// @cond
 // Each draws `options.permutations` arrangements of ranks with `options.seed`, all as likely as one another,
 // and gives none where none are asked for. O(arrangements times ranks), one thread.
 
@@ -80,5 +81,6 @@ void visit(const SampledUpper& sampled, Member& member) {
     member("seed", sampled.seed);
     member("p", sampled.p);
 }
+/// @endcond
 
 }  // namespace TBVNonPara::statistics

@@ -9,41 +9,43 @@ namespace TBVNonPara::statistics {
 /// A probability and its common logarithm, which goes on where a double ends: 1e-968 has the value 0 and the
 /// logarithm -968.
 struct Probability {
-    double value = 1;
-    double log10 = 0;
+    double value = 1;  ///< 0 to 1
+    double log10 = 0;  ///< 0 or below
 };
 
 /// A probability in the three directions; `point` is what exactly the observed value has.
 struct Tails {
-    Probability two;
-    Probability greater;
-    Probability less;
-    std::optional<double> point;
+    Probability two;              ///< as far from the mean or farther
+    Probability greater;          ///< as large or larger
+    Probability less;             ///< as small or smaller
+    std::optional<double> point;  ///< as large; none where only tails are known
 };
 
 /// A standard normal value with the probabilities of one as extreme.
 struct NormalTails {
-    double z = 0;
-    Probability two;
-    Probability greater;
-    Probability less;
+    double z = 0;         ///< standard deviations from the mean
+    Probability two;      ///< as far from the mean or farther
+    Probability greater;  ///< as large or larger
+    Probability less;     ///< as small or smaller
 };
 
-/// z without and with a continuity correction of `step` towards the mean.
+/// z without and with a continuity correction: half a step of the statistic towards what it would have to
+/// exceed.
 struct NormalApproximation {
-    NormalTails plain;
-    NormalTails corrected;
+    NormalTails plain;      ///< without
+    NormalTails corrected;  ///< with
 };
 
 /// Student's t with its degrees of freedom.
 struct StudentTails {
-    double t = 0;
-    double df = 0;
-    Probability two;
-    Probability greater;
-    Probability less;
+    double t = 0;         ///< the statistic
+    double df = 0;        ///< degrees of freedom, not always whole
+    Probability two;      ///< as far from the mean or farther
+    Probability greater;  ///< as large or larger
+    Probability less;     ///< as small or smaller
 };
 
+/// @cond
 [[nodiscard]] Probability probability(double value);
 [[nodiscard]] Tails tails(const ExactTails& exact);
 
@@ -112,5 +114,6 @@ void visit(const StudentTails& student, Member& member) {
     member("greater", student.greater);
     member("less", student.less);
 }
+/// @endcond
 
 }  // namespace TBVNonPara::statistics

@@ -9,16 +9,18 @@
 
 namespace TBVNonPara::statistics {
 
-/// Do values rise from each group, or treatment, to the next? "greater" is that they rise.
+/// Do values rise from each group, or treatment, to the next? "greater" is that they rise. Of groups by
+/// Terpstra (1952) and Jonckheere (1954), of blocks by Page (1963).
 struct Trend {
     std::string_view test;       ///< "jonckheere-terpstra" or "page"
     double statistic = 0;        ///< J, or L
     double expected = 0;         ///< without a trend
     double correlation = 0;      ///< from -1 to 1: Kendall's tau-b of group and value, or Page's rho
     std::optional<Tails> exact;  ///< while the count takes no more steps than allowed
-    std::optional<NormalApproximation> normal;
+    std::optional<NormalApproximation> normal;  ///< none where the statistic does not vary
 };
 
+/// @cond
 /// The trend of Terpstra (1952) and Jonckheere (1954): J counts the pairs of values of two groups in which
 /// the later group's is larger, equal ones half. The variance is corrected for ties (Lehmann 1975). None
 /// where all values are equal. O(N log N) and the exact count.
@@ -39,5 +41,6 @@ void visit(const Trend& trend, Member& member) {
     member("exact", trend.exact);
     member("normal", trend.normal);
 }
+/// @endcond
 
 }  // namespace TBVNonPara::statistics
