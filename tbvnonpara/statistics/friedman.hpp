@@ -16,15 +16,16 @@ namespace TBVNonPara::statistics {
 
 /// Several treatments of the same blocks: do the blocks agree on an order of them?
 struct Friedman {
-    std::size_t blocks = 0;
-    std::size_t treatments = 0;
-    std::size_t missing = 0;  ///< blocks that were left out
+    std::size_t blocks = 0;      ///< complete ones
+    std::size_t treatments = 0;  ///< k
+    std::size_t missing = 0;     ///< blocks that were left out
+    /// Equal values within blocks; t is the size of a group of them.
     struct BlockTies {
         std::size_t blocks = 0;  ///< that hold ties
         double sum = 0;          ///< of t^3 - t
         double factor = 1;       ///< 1 - sum / (b (k^3 - k))
     };
-    BlockTies ties;
+    BlockTies ties;  ///< of all blocks
     /// All orders of the ranks within their blocks, while the count takes no more steps than allowed.
     std::optional<ExactUpper> exact;
     std::optional<ChiSquare> chiSquare;   ///< corrected for ties; none where all blocks are tied throughout
@@ -33,35 +34,40 @@ struct Friedman {
     /// Agreement from 0 to 1; the interval is the hull of that from noncentral F and of the block jackknife
     /// on logit W. None of it for W = 1 or two blocks.
     std::optional<Estimate> kendallW;
+    /// One treatment.
     struct Group {
-        std::size_t n = 0;
-        OrderedEstimate median;
-        double meanRank = 0;
+        std::size_t n = 0;       ///< values, as many as blocks
+        OrderedEstimate median;  ///< in the unit of the data (Thompson 1936)
+        double meanRank = 0;     ///< over the blocks, 1 to k
     };
-    std::vector<Group> groups;
+    std::vector<Group> groups;  ///< the treatments as they were given
     /// z of the mean ranks, two-tailed; positive where the first ranks higher.
     struct Comparison {
-        std::size_t first = 0;  ///< from 0
-        std::size_t second = 0;
-        double z = 0;
-        PairCounts blocks;  ///< in which the first is larger, equal, smaller
-        Probability p;
-        Probability adjusted;
+        std::size_t first = 0;   ///< from 0
+        std::size_t second = 0;  ///< from 0
+        double z = 0;            ///< standard normal value
+        PairCounts blocks;       ///< in which the first is larger, equal, smaller
+        Probability p;           ///< two-tailed
+        Probability adjusted;    ///< for all comparisons, by Options::adjustment
     };
-    std::vector<Comparison> comparisons;
-    std::optional<Trend> trend;  ///< where that is asked for
+    std::vector<Comparison> comparisons;  ///< all pairs, or those with the control
+    std::optional<Trend> trend;           ///< where that is asked for
+    /// A text a treatment: those that share a letter do not differ (Piepho 2004); none with a control.
     std::optional<std::vector<std::string>> letters;
 };
 
 /// `samples`: one span a treatment, all of one length from 2 (blocks), at least two treatments. With
-/// Missing::Omit a block that lacks a value is left out whole. Throws std::invalid_argument that names what
-/// is wrong. O(b k log k + k^2 b) and the exact count.
+/// Missing::Omit a block that lacks a value is left out whole. `control`: compare with this treatment alone,
+/// from 0. Throws std::invalid_argument for fewer treatments or blocks, unequal lengths, a value that is not
+/// finite (it names treatment and position), a control that is no treatment, a level out of its bounds. Time
+/// O(b k log k + k^2 b), memory O(b k + k^2), besides the exact count. The test of Friedman (1937).
 [[nodiscard]] Friedman friedman(SampleSpans samples, const Options& options = {},
                                 std::optional<std::size_t> control = {});
 
 /// What P is shown: "exact", "chi-square" or "none".
 [[nodiscard]] std::string_view methodOf(const Friedman& test);
 
+/// @cond
 template <typename Member>
 void visit(const Friedman::BlockTies& ties, Member& member) {
     member("blocks", ties.blocks);
@@ -107,5 +113,6 @@ void visit(const Friedman& test, Member& member) {
     member("letters", test.letters);
     member("trend", test.trend);
 }
+/// @endcond
 
 }  // namespace TBVNonPara::statistics

@@ -14,40 +14,42 @@ namespace TBVNonPara::statistics {
 
 /// Do equal categories cluster in a sequence, or avoid each other?
 struct Runs {
-    std::size_t n = 0;
-    std::size_t missing = 0;
+    std::size_t n = 0;                ///< cells
+    std::size_t missing = 0;          ///< cells that were left out
     std::vector<std::size_t> counts;  ///< of the categories in order of first appearance
-    std::size_t runs = 0;
-    double expected = 0;
-    double variance = 0;
+    std::size_t runs = 0;             ///< stretches of one category
+    double expected = 0;              ///< runs in a random order
+    double variance = 0;              ///< of their number (Mood 1940)
+    /// The exact probabilities of the number of runs.
     struct Exact {
-        Probability two;
-        Probability fewer;
-        Probability more;
-        double point = 0;
+        Probability two;    ///< as far from the mean or farther
+        Probability fewer;  ///< as few or fewer
+        Probability more;   ///< as many or more
+        double point = 0;   ///< as many
     };
     std::optional<Exact> exact;  ///< all orders of the cells; beyond two categories while the steps last
     /// `less` stands for fewer runs, `greater` for more; none for one category.
     struct Normal {
-        NormalApproximation approximation;
+        NormalApproximation approximation;  ///< of the number of runs
     };
-    std::optional<Normal> normal;
+    std::optional<Normal> normal;  ///< none for one category
     /// Where that is asked for and nothing was counted; `less` stands for fewer runs, `greater` for more.
     struct Sampled {
-        SampledTails tails;
+        SampledTails tails;  ///< of the number of runs
     };
-    std::optional<Sampled> sampled;
+    std::optional<Sampled> sampled;  ///< where that is asked for and nothing was counted
     /// Share of neighbours that are equal and what a random order would have; none for one cell.
     struct EqualNeighbours {
-        double value = 0;
-        double expected = 0;
+        double value = 0;     ///< of the n - 1 pairs of neighbours, 0 to 1
+        double expected = 0;  ///< in a random order
     };
-    std::optional<EqualNeighbours> equalNeighbours;
+    std::optional<EqualNeighbours> equalNeighbours;  ///< none for one cell
 };
 
 /// `categories`: the number of each cell's category, from 0, in order of first appearance; any length from 1.
-/// O(n) and the exact count. Throws std::invalid_argument for an empty sequence, and for a number out of that
-/// order.
+/// Time O(n), memory O(n), besides the exact count. The test of Wald and Wolfowitz (1940). Throws
+/// std::invalid_argument for an empty sequence, and for a number out of that order, which it names, or a
+/// level out of its bounds.
 [[nodiscard]] Runs runs(std::span<const std::size_t> categories, const Options& options = {});
 
 /// The same for numbers, each distinct one a category. NaN is refused or left out; O(n log n).
@@ -56,6 +58,7 @@ struct Runs {
 /// What P is shown: "exact", "normal" or "none".
 [[nodiscard]] std::string_view methodOf(const Runs& test);
 
+/// @cond
 template <typename Member>
 void visit(const Runs::Exact& exact, Member& member) {
     member("two", exact.two);
@@ -113,5 +116,6 @@ void visit(const Runs& test, Member& member) {
     });
     member("effect", [&](auto& effect) { effect("equalNeighbours", test.equalNeighbours); });
 }
+/// @endcond
 
 }  // namespace TBVNonPara::statistics

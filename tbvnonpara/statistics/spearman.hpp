@@ -16,9 +16,9 @@ namespace TBVNonPara::statistics {
 
 /// Do two variables rise together?
 struct Spearman {
-    std::size_t n = 0;  ///< complete pairs
-    std::size_t missing = 0;
-    std::array<Ties, 2> ties;
+    std::size_t n = 0;         ///< complete pairs
+    std::size_t missing = 0;   ///< pairs that were left out
+    std::array<Ties, 2> ties;  ///< of each variable
     /// Given the ties, while the count takes no more steps than allowed.
     std::optional<Tails> exact;
     /// AS 89 (Best and Roberts 1975): beyond the exact count, without ties, below 1,290 pairs, while the
@@ -31,15 +31,16 @@ struct Spearman {
     std::optional<Estimate> rho;
 };
 
-/// first, second: one length from 2, finite. O(n log n) and the exact count that `options` allow.
-/// Throws std::invalid_argument for unequal lengths, fewer than two pairs, or a value that is not finite,
-/// which it names.
+/// The rank correlation of Spearman (1904). first, second: one length from 2, finite. Time O(n log n), memory
+/// O(n), besides the exact count that `options` allow. Throws std::invalid_argument for unequal lengths,
+/// fewer than two pairs, a value that is not finite, which it names, or a level out of its bounds.
 [[nodiscard]] Spearman spearman(std::span<const double> first, std::span<const double> second,
                                 const Options& options = {});
 
 /// What P is shown: "exact", "series", "t" or "none".
 [[nodiscard]] std::string_view methodOf(const Spearman& test);
 
+/// @cond
 template <typename Member>
 void visit(const Spearman& test, Member& member) {
     member("data", [&](auto& data) {
@@ -56,5 +57,6 @@ void visit(const Spearman& test, Member& member) {
     });
     member("effect", [&](auto& effect) { effect("rho", test.rho); });
 }
+/// @endcond
 
 }  // namespace TBVNonPara::statistics
