@@ -14,12 +14,18 @@ namespace TBVNonPara {
 template <typename Element>
 class Array {
  public:
+    /// Unallocated.
     Array() = default;
+    /// So many elements without a value; raises SubscriptOutOfRange below 0.
     explicit Array(Long size) : m_Allocated(true), m_Elements(checkedSize(size)) {}
+    /// So many equal elements; raises SubscriptOutOfRange below 0.
     Array(Long size, const Element& element) : m_Allocated(true), m_Elements(checkedSize(size), element) {}
+    /// These elements.
     Array(std::initializer_list<Element> elements) : m_Allocated(true), m_Elements(elements) {}
+    /// The elements of a vector.
     explicit Array(std::vector<Element> elements) : m_Allocated(true), m_Elements(std::move(elements)) {}
 
+    /// Whether it has a size, which may be 0.
     [[nodiscard]] bool allocated() const noexcept { return m_Allocated; }
 
     /// The last subscript; raises SubscriptOutOfRange on an unallocated array.
@@ -30,11 +36,14 @@ class Array {
         return Long(m_Elements.size());
     }
 
+    /// The element at a subscript from 1 on; raises SubscriptOutOfRange.
     [[nodiscard]] Element& operator()(auto subscript) { return m_Elements[position(toIndex(subscript))]; }
+    /// The same.
     [[nodiscard]] const Element& operator()(auto subscript) const {
         return m_Elements[position(toIndex(subscript))];
     }
 
+    /// Adds an element at the end; an unallocated array is allocated then.
     void append(Element element) {
         m_Allocated = true;
         m_Elements.push_back(std::move(element));
@@ -42,8 +51,10 @@ class Array {
 
     /// The elements in order, for algorithms; empty when unallocated.
     [[nodiscard]] std::span<Element> elements() noexcept { return m_Elements; }
+    /// The same.
     [[nodiscard]] std::span<const Element> elements() const noexcept { return m_Elements; }
 
+    /// Whether the elements are equal, and both are allocated or neither.
     friend bool operator==(const Array&, const Array&) = default;
 
  private:

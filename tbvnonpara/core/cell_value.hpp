@@ -13,18 +13,19 @@ namespace TBVNonPara {
 
 /// A cell that holds nothing.
 struct Empty {
+    /// Always True.
     friend constexpr bool operator==(Empty, Empty) noexcept = default;
 };
 
 /// A cell whose formula failed, by the numbers that automation clients know.
 enum class CellError : std::int32_t {
-    Null = 2000,
-    DivisionByZero = 2007,
-    Value = 2015,
-    Reference = 2023,
-    Name = 2029,
-    Number = 2036,
-    NotAvailable = 2042,
+    Null = 2000,            ///< \#NULL!
+    DivisionByZero = 2007,  ///< \#DIV/0!
+    Value = 2015,           ///< \#VALUE!
+    Reference = 2023,       ///< \#REF!
+    Name = 2029,            ///< \#NAME?
+    Number = 2036,          ///< \#NUM!
+    NotAvailable = 2042,    ///< \#N/A
 };
 
 /// The text a sheet shows for an error, for example "#N/A".
@@ -43,6 +44,7 @@ static_assert(sizeof(CellValue) <= 16);
 /// The values of a range: rows, then columns.
 using ValueGrid = Grid<CellValue>;
 
+/// Whether the cell holds nothing; an empty text is something.
 [[nodiscard]] inline bool isEmpty(const CellValue& value) noexcept {
     return std::holds_alternative<Empty>(value);
 }

@@ -9,28 +9,39 @@ namespace TBVNonPara {
 
 /// The runtime's own errors: classic numbers, each with its usual description.
 enum class RuntimeError : std::int32_t {
-    InvalidProcedureCall = 5,
-    Overflow = 6,
-    OutOfMemory = 7,
-    SubscriptOutOfRange = 9,
-    DivisionByZero = 11,
-    TypeMismatch = 13,
-    UserInterrupt = 18,
-    InternalError = 51,
-    ObjectNotSet = 91,
+    InvalidProcedureCall = 5,  ///< an argument out of its bounds
+    Overflow = 6,              ///< a number that its type cannot hold
+    OutOfMemory = 7,           ///< no room for the data
+    SubscriptOutOfRange = 9,   ///< outside an array, or in one without a size
+    DivisionByZero = 11,       ///< x / 0
+    TypeMismatch = 13,         ///< a value that reads as no number
+    UserInterrupt = 18,        ///< the user wants it to end
+    InternalError = 51,        ///< a fault of the library
+    ObjectNotSet = 91,         ///< an empty reference was used
 };
 
 /// The usual description of a runtime error, for example "Subscript out of range".
 [[nodiscard]] std::string_view description(RuntimeError error) noexcept;
 
 /// What a client is told: a number, a description (may be empty) and a source (where it arose).
+///
+///     try {
+///         request.Results();
+///     } catch (const Error& error) {
+///         std::cerr << error.number() << ": " << error.description() << " (" << error.source() << ")\n";
+///     }
 class Error : public std::exception {
  public:
+    /// An error as a host raises it: with a number and words of its own, without a source.
     explicit Error(std::int32_t number, std::string description = {}, std::string source = {});
 
+    /// One of core/enumerations.hpp, a RuntimeError, or the host's own.
     [[nodiscard]] std::int32_t number() const noexcept { return m_Number; }
+    /// In English; empty for a bare number.
     [[nodiscard]] const std::string& description() const noexcept { return m_Description; }
+    /// "Line 0 in TBVNonPara.clsNonPara.Results"; empty until a procedure passes the error on.
     [[nodiscard]] const std::string& source() const noexcept { return m_Source; }
+    /// For who knows it as std::exception alone.
     [[nodiscard]] const char* what() const noexcept override { return m_What.c_str(); }
 
  private:
@@ -46,6 +57,7 @@ class Error : public std::exception {
 /// Raises a bare number: no description, no source.
 [[noreturn]] void raise(std::int32_t number);
 
+/// @cond
 /// The exception being handled as an Error: a foreign C++ exception keeps its text.
 /// Call it in a handler only.
 [[nodiscard]] Error currentError();
@@ -60,5 +72,6 @@ class Error : public std::exception {
 /// The filter of the range properties: an error whose number lies in the library's own band (5000 to 5101
 /// above the object-error base) is raised again unchanged, any other is replaced by the bare number given.
 [[noreturn]] void passOnOwnOr(std::int32_t replacement);
+/// @endcond
 
 }  // namespace TBVNonPara

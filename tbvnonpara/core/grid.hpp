@@ -15,8 +15,11 @@ namespace TBVNonPara {
 template <typename Element>
 class Grid {
  public:
+    /// Unallocated.
     Grid() = default;
 
+    /// So many equal elements. Raises SubscriptOutOfRange for a negative size, OutOfMemory beyond the address
+    /// space.
     Grid(Long rows, Long columns, const Element& element = Element())
         : m_Allocated(true),
           m_Rows(checkedSize(rows)),
@@ -39,27 +42,33 @@ class Grid {
         }
     }
 
+    /// Whether it has a size, which may be 0.
     [[nodiscard]] bool allocated() const noexcept { return m_Allocated; }
 
-    /// The last row, the last column; raise SubscriptOutOfRange on an unallocated grid.
+    /// The last row; raises SubscriptOutOfRange on an unallocated grid.
     [[nodiscard]] Long rows() const { return upperBound(m_Rows); }
+    /// The last column; raises SubscriptOutOfRange on an unallocated grid.
     [[nodiscard]] Long columns() const { return upperBound(m_Columns); }
 
+    /// The element at a row and column from 1 on; raises SubscriptOutOfRange.
     [[nodiscard]] Element& operator()(auto row, auto column) {
         return m_Elements[position(toIndex(row), toIndex(column))];
     }
+    /// The same.
     [[nodiscard]] const Element& operator()(auto row, auto column) const {
         return m_Elements[position(toIndex(row), toIndex(column))];
     }
 
-    /// One column from top to bottom, for algorithms that walk it.
+    /// One column from top to bottom, for algorithms that walk it; raises SubscriptOutOfRange.
     [[nodiscard]] std::span<Element> column(auto column) {
         return std::span<Element>(m_Elements).subspan(columnStart(toIndex(column)), m_Rows);
     }
+    /// The same.
     [[nodiscard]] std::span<const Element> column(auto column) const {
         return std::span<const Element>(m_Elements).subspan(columnStart(toIndex(column)), m_Rows);
     }
 
+    /// Whether size and elements are equal.
     friend bool operator==(const Grid&, const Grid&) = default;
 
  private:
