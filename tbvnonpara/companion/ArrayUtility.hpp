@@ -12,6 +12,7 @@ namespace TBVNonPara {
 /// Sorting and reshaping of arrays. Sizes in rows and columns, everything counted from 1.
 class ArrayUtility {
  public:
+    /// Components derive from this class.
     virtual ~ArrayUtility() = default;
 
     /// Reorders the rows so that the column ascends; whole rows move, equal rows keep their order. The middle

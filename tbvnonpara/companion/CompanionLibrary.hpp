@@ -22,13 +22,14 @@ class MannWhitneyCounts;
 /// Each factory is called as often as a component is needed, on the thread of the request, and returns an
 /// object of its own; without one, what needs the component fails with ObjectNotSet.
 struct CompanionLibrary {
-    ObjectRef<Application> application;
-    std::function<ObjectRef<ArrayUtility>()> createArrayUtility;
-    std::function<ObjectRef<DataCheck>()> createDataCheck;
-    std::function<ObjectRef<ReportFormatter>()> createReportFormatter;
-    std::function<ObjectRef<ReportStyle>()> createReportStyle;
+    ObjectRef<Application> application;                                 ///< the spreadsheet that is worked on
+    std::function<ObjectRef<ArrayUtility>()> createArrayUtility;        ///< sorts and joins columns
+    std::function<ObjectRef<DataCheck>()> createDataCheck;              ///< checks ranges
+    std::function<ObjectRef<ReportFormatter>()> createReportFormatter;  ///< gives a report its look
+    std::function<ObjectRef<ReportStyle>()> createReportStyle;          ///< the look of its sheet
+    /// The statistics of the median test's table.
     std::function<ObjectRef<ContingencyAnalysis>()> createContingencyAnalysis;
-    FormattingConstants constants;
+    FormattingConstants constants;  ///< how headings stand and reports are pasted
     /// Exact counts to keep from run to run, for a client that makes many of them on one thread; none by
     /// itself.
     std::shared_ptr<MannWhitneyCounts> mannWhitneyCounts;
@@ -37,7 +38,7 @@ struct CompanionLibrary {
     std::shared_ptr<std::atomic<bool>> running = std::make_shared<std::atomic<bool>>(false);
 };
 
-/// The project's own components on the given application. It may be none for an engine alone, as far as its
+/// The library's own components on the given application. It may be none for an engine alone, as far as its
 /// tests ask no worksheet function.
 [[nodiscard]] CompanionLibrary ownCompanions(ObjectRef<Application> application);
 

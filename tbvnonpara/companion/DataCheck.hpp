@@ -8,6 +8,7 @@ namespace TBVNonPara {
 /// band whose description names the first offending cell and what to do.
 class DataCheck {
  public:
+    /// Components derive from this class.
     virtual ~DataCheck() = default;
 
     /// Every cell below the header must hold a number or a text that reads as one. `flag` says on entry

@@ -7,6 +7,7 @@ namespace TBVNonPara {
 /// The look of a report: three operations on a block of cells.
 class ReportFormatter {
  public:
+    /// Components derive from this class.
     virtual ~ReportFormatter() = default;
 
     /// Headings of a table: bold over a thin line; with the flag True the outer frame of the finished table.
@@ -20,16 +21,18 @@ class ReportFormatter {
 /// The style of the report sheet.
 class ReportStyle {
  public:
+    /// Components derive from this class.
     virtual ~ReportStyle() = default;
 
+    /// The colour behind the cells of a report: an index of the host's palette, or noInteriorColour.
     [[nodiscard]] virtual Integer GetInteriorColorIndex() const = 0;
 };
 
 /// The constants of the formatting library.
 struct FormattingConstants {
-    HorizontalAlignment HeadingAlignment = AlignCentreAcrossSelection;
-    HorizontalAlignment CountsAlignment = AlignCentre;
-    PasteKind ReportPaste = PasteKind::All;
+    HorizontalAlignment HeadingAlignment = AlignCentreAcrossSelection;  ///< of a heading over several columns
+    HorizontalAlignment CountsAlignment = AlignCentre;                  ///< of counts in a table
+    PasteKind ReportPaste = PasteKind::All;  ///< what is pasted at the output location
 };
 
 }  // namespace TBVNonPara

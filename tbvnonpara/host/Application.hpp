@@ -21,6 +21,7 @@ namespace TBVNonPara {
 ///     clsNonPara request(ownCompanions(makeObject<MyApplication>()));
 class Application {
  public:
+    /// Hosts derive from this class.
     virtual ~Application() = default;
 
     /// The range of an address such as "Data!$A$1:$A$9" or "A1:A9,C1:C9"; without a sheet's name it lies on
@@ -32,7 +33,9 @@ class Application {
     [[nodiscard]] virtual WorkbookRef GetWorkbooks(std::string_view name) const = 0;
     /// Adds a worksheet to the active workbook and makes it the active sheet.
     [[nodiscard]] virtual WorksheetRef AddWorksheets() = 0;
+    /// Whether the screen follows what is written; off while a report is built. A host may ignore it.
     virtual void LetScreenUpdating(bool updating) = 0;
+    /// The worksheet functions, which live as long as the application.
     [[nodiscard]] virtual const WorksheetFunction& GetWorksheetFunction() const = 0;
 };
 

@@ -14,8 +14,11 @@ namespace TBVNonPara {
 class Range;
 class Worksheet;
 class Workbook;
+/// Some cells, or none.
 using RangeRef = ObjectRef<Range>;
+/// A worksheet, or none.
 using WorksheetRef = ObjectRef<Worksheet>;
+/// A workbook, or none.
 using WorkbookRef = ObjectRef<Workbook>;
 
 /// Cells of one worksheet: one rectangle, or several (areas) in the order in which they were named. Rows,
@@ -23,19 +26,26 @@ using WorkbookRef = ObjectRef<Workbook>;
 /// host refuses it.
 class Range {
  public:
+    /// Hosts derive from this class.
     virtual ~Range() = default;
 
     /// The cell at a row and column counted from 1 at the first area's top left; it may lie outside the
     /// range, but not outside the sheet.
     [[nodiscard]] virtual RangeRef GetCells(Long row, Long column) const = 0;
+    /// How many rows the first area has.
     [[nodiscard]] virtual Long GetRowsCount() const = 0;
+    /// How many columns the first area has.
     [[nodiscard]] virtual Long GetColumnsCount() const = 0;
+    /// How many areas there are, from 1 on.
     [[nodiscard]] virtual Long GetAreasCount() const = 0;
+    /// One area as a range, counted from 1.
     [[nodiscard]] virtual RangeRef GetAreas(Long area) const = 0;
+    /// The sheet that the cells lie on.
     [[nodiscard]] virtual WorksheetRef GetWorksheet() const = 0;
 
-    /// "$A$1:$B$9", several areas joined by commas. The local address is the same in the user's notation.
+    /// "$A$1:$B$9", several areas joined by commas, without the sheet's name.
     [[nodiscard]] virtual std::string GetAddress() const = 0;
+    /// The same in the user's notation.
     [[nodiscard]] virtual std::string GetAddressLocal() const = 0;
 
     /// The values, also of a single cell, as a grid: rows x columns of the first area.
@@ -51,17 +61,24 @@ class Range {
     /// Empties the cells and takes their formats away.
     virtual void Clear() = 0;
 
+    /// The format of numbers, "0.0000" or "General", in English notation.
     virtual void LetNumberFormat(std::string_view format) = 0;
+    /// Where the text stands in its cell.
     virtual void LetHorizontalAlignment(HorizontalAlignment alignment) = 0;
+    /// The colour behind the text: an index of the host's palette, or noInteriorColour.
     virtual void LetInteriorColorIndex(Integer index) = 0;
+    /// Bold or plain.
     virtual void LetFontBold(bool bold) = 0;
+    /// A line along one side of the whole range.
     virtual void LetBorder(BorderEdge edge, BorderLine line) = 0;
     /// Makes `length` characters of a cell's text from `start` (counted from 1) subscript, or plain again.
     virtual void LetCharactersFontSubscript(Long start, Long length, bool subscript) = 0;
 
+    /// Keeps values and formats for PasteSpecial.
     virtual void Copy() = 0;
     /// Pastes what was copied last with this range's first cell as its top left.
     virtual void PasteSpecial(PasteKind kind) = 0;
+    /// Makes the cells the selection of the user.
     virtual void Select() = 0;
 };
 

@@ -10,6 +10,7 @@ namespace TBVNonPara {
 /// are the host's: a report shows what it gives.
 class WorksheetFunction {
  public:
+    /// Hosts derive from this class.
     virtual ~WorksheetFunction() = default;
 
     /// Lower tail of the standard normal distribution.
