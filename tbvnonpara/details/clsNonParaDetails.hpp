@@ -33,14 +33,20 @@ class clsNonParaDetails {
     clsNonParaDetails(const clsNonParaDetails&) = delete;
     clsNonParaDetails& operator=(const clsNonParaDetails&) = delete;
 
+    /// The test, as for clsNonPara.
     void LetMethod(TBVNPMethod method);
+    /// Whether the first row of each range holds labels.
     void LetHeaders(bool headers);
     /// Details always have the medians of the groups; this changes nothing, and is here so that what sets up
     /// a report can set up its details.
     void LetOutputDescriptives(bool outputDescriptives);
+    /// As for clsNonPara; the details of Wilcoxon have both ways to treat differences of zero.
     void LetIgnoreTies(bool ignoreTies);
+    /// The alternative of a test of two variables.
     void LetTails(TBVNPTails tails);
+    /// The data, or their first variable; raises as clsNonPara::LetYRange does.
     void LetYRange(std::string_view address);
+    /// The second variable, empty for none; raises as clsNonPara::LetXRange does.
     void LetXRange(std::string_view address);
     /// Where WriteTo writes when it is given no address of its own.
     void LetOutputRange(std::string_view address);
@@ -67,8 +73,9 @@ class clsNonParaDetails {
     /// refused.
     [[nodiscard]] CellValue Value(std::string_view name) const;
 
-    /// All of it as text, and as JSON.
+    /// All of it as text, in lines of UTF-8.
     [[nodiscard]] std::string Text() const;
+    /// All of it as JSON, one object in UTF-8.
     [[nodiscard]] std::string Json() const;
 
     /// Writes the details to the first cell of an address and below; without one to OutputRange, and without

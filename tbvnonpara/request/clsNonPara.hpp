@@ -37,13 +37,25 @@ class clsNonPara {
     clsNonPara(const clsNonPara&) = delete;
     clsNonPara& operator=(const clsNonPara&) = delete;
 
+    /// The test. A number that is none of them runs no test.
     void LetMethod(TBVNPMethod method);
+    /// Whether the first row of each range holds labels.
     void LetHeaders(bool headers);
+    /// Whether the report has the medians and the like of the groups, too.
     void LetOutputDescriptives(bool outputDescriptives);
+    /// Wilcoxon: whether differences of zero are left out; the other tests do without.
     void LetIgnoreTies(bool ignoreTies);
+    /// The alternative of a test of two variables.
     void LetTails(TBVNPTails tails);
+    /// The data, or their first variable. Raises tbvNPNoYRange for no address, tbvNPTooFewGroups for one
+    /// column of a test of groups, tbvNPYRangeColumns for several columns of another test (the range is set
+    /// then), tbvNPBadYRange for an address that the host refuses.
     void LetYRange(std::string_view address);
+    /// The second variable; empty for none. Raises tbvNPXRangeColumns for several columns (the range is set
+    /// then), tbvNPBadXRange for an address that the host refuses.
     void LetXRange(std::string_view address);
+    /// Where the report begins; empty for a new worksheet. Raises tbvNPBadOutputRange for an address that the
+    /// host refuses.
     void LetOutputRange(std::string_view address);
 
     /// Checks the ranges, computes, builds the report on the scratch sheet and copies it to the output
@@ -55,14 +67,15 @@ class clsNonPara {
     /// What one run works with: the settings of the moment of its call. The host may call the client back
     /// while it works, and the client set what the next run is to use.
     struct Run {
-        RangeRef yRange;
-        RangeRef xRange;
-        bool headers = false;
-        bool outputDescriptives = false;
-        bool ignoreTies = false;
-        TBVNPTails tails = tbvNPTwoTailed;
-        TBVNPMethod method = tbvNPMannU;
+        RangeRef yRange;                    ///< the data, or their first variable
+        RangeRef xRange;                    ///< the second one, or none
+        bool headers = false;               ///< as LetHeaders
+        bool outputDescriptives = false;    ///< as LetOutputDescriptives
+        bool ignoreTies = false;            ///< as LetIgnoreTies
+        TBVNPTails tails = tbvNPTwoTailed;  ///< as LetTails
+        TBVNPMethod method = tbvNPMannU;    ///< as LetMethod
 
+        /// Whether both have the same ranges, as objects, and settings.
         friend bool operator==(const Run&, const Run&) = default;
     };
 
