@@ -13,22 +13,34 @@ namespace TBVNonPara::workbook {
 class EmbeddedApplication;
 
 /// A hidden workbook is found by its name, but never becomes the active one and is not the user's.
-enum class Visibility { Visible, Hidden };
+enum class Visibility {
+    Visible,  ///< the user's
+    Hidden,   ///< the library's own
+};
 
-/// A workbook in memory.
+/// A workbook in memory: `application->activeBook()->addSheet("Data")`. Names of sheets are the same in upper
+/// and lower case; what is wrong raises the host's error.
 class Book final : public Workbook, public std::enable_shared_from_this<Book> {
  public:
+    /// For EmbeddedApplication::addBook, which opens workbooks.
     Book(std::string name, Visibility visibility, std::weak_ptr<EmbeddedApplication> application);
 
+    /// How many sheets there are, 0 in a new workbook.
     [[nodiscard]] Long GetWorksheetsCount() const override { return m_Sheets.size(); }
+    /// The sheet at a position from 1 on.
     [[nodiscard]] WorksheetRef GetWorksheets(Long position) const override;
     /// Upper and lower case are the same; an unknown name raises an error that lists the sheets there are.
     [[nodiscard]] WorksheetRef GetWorksheets(std::string_view name) const override { return sheet(name); }
+    /// Makes it the active workbook; raises the host's error for a hidden one.
     void Activate() override;
 
+    /// Its file name.
     [[nodiscard]] const std::string& name() const noexcept { return m_Name; }
+    /// Whether it is the library's own.
     [[nodiscard]] bool hidden() const noexcept { return m_Visibility == Visibility::Hidden; }
+    /// The sheets in order.
     [[nodiscard]] const std::vector<std::shared_ptr<Sheet>>& sheets() const noexcept { return m_Sheets; }
+    /// The sheet of a name; an unknown one raises an error that lists the sheets there are.
     [[nodiscard]] std::shared_ptr<Sheet> sheet(std::string_view name) const;
     /// None in a workbook without sheets.
     [[nodiscard]] const std::shared_ptr<Sheet>& activeSheet() const noexcept { return m_ActiveSheet; }
@@ -47,7 +59,9 @@ class Book final : public Workbook, public std::enable_shared_from_this<Book> {
     void renameSheet(Sheet& sheet, std::string_view name);
     /// Ranges of the sheet that are still held keep it; a sheet of another workbook is left alone.
     void removeSheet(const Sheet& sheet) noexcept;
+    /// Moves a sheet behind another one.
     void moveSheet(const Sheet& sheet, const Worksheet& after);
+    /// Makes a sheet the active one.
     void activateSheet(const Sheet& sheet);
 
     /// The name itself, or with a number behind it when a sheet bears it already: "Data (2)".

@@ -10,8 +10,9 @@
 
 namespace TBVNonPara::workbook {
 
-/// Reads an .xlsx, .ods or .fods file.
+/// Reads an .xlsx, .ods or .fods file. Raises the host's error as openSpreadsheet() does.
 [[nodiscard]] FileContents readSpreadsheet(const std::filesystem::path& path);
+/// The same for the bytes of such a file.
 [[nodiscard]] FileContents readSpreadsheetBytes(std::string_view bytes);
 
 /// Reads such a file into new sheets of the active workbook, with the names that the file gives

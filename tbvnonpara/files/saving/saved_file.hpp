@@ -9,11 +9,16 @@
 
 namespace TBVNonPara::workbook {
 
-enum class ExistingFile { Keep, Replace };
+/// What becomes of a file that is there already.
+enum class ExistingFile {
+    Keep,     ///< FileExists is raised
+    Replace,  ///< the new one takes its place
+};
 
 /// The error of a file that exists and is to be kept: whoever lets people choose can add how.
 class FileExists : public Error {
  public:
+    /// As Error is made.
     using Error::Error;
 };
 
@@ -26,16 +31,25 @@ void requireSavable(const std::filesystem::path& path, ExistingFile existing);
 /// stays a link and its target is replaced; a file that is replaced passes its permissions on. Until the end,
 /// signals that ask the program to stop are held back.
 ///
+///     SavedFile file("report.html", ExistingFile::Keep);
+///     file.write(page);
+///     file.keep();
+///
 /// Raises the host's error, which names the file and says why.
 class SavedFile {
  public:
+    /// Begins a file; raises as requireSavable() does.
     SavedFile(const std::filesystem::path& path, ExistingFile existing);
+    /// Without keep() before, nothing is left behind.
     ~SavedFile();
     SavedFile(const SavedFile&) = delete;
     SavedFile& operator=(const SavedFile&) = delete;
 
+    /// The temporary file, open for writing; null after keep().
     [[nodiscard]] std::FILE* file() const noexcept { return m_File; }
+    /// Writes bytes at the end.
     void write(std::string_view bytes);
+    /// Puts what was written into the place of the file named.
     void keep();
 
  private:
