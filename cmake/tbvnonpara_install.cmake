@@ -63,6 +63,15 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs ${PROJECT_SOURCE_DIR}/examples
         DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tbvnonpara
         FILES_MATCHING PATTERN *.md PATTERN *.png PATTERN *.svg PATTERN *.csv PATTERN *.R PATTERN *.c PATTERN *.py)
 
+# The reference of the headers, where the target `reference` has been built.
+find_program(TBVNONPARA_DOXYGEN doxygen)
+if(TBVNONPARA_DOXYGEN)
+    add_custom_target(reference VERBATIM COMMAND ${PROJECT_SOURCE_DIR}/docs/make_reference
+                                                 ${PROJECT_BINARY_DIR}/reference ${PROJECT_VERSION})
+endif()
+install(DIRECTORY ${PROJECT_BINARY_DIR}/reference/html/ DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tbvnonpara/reference
+        COMPONENT development OPTIONAL)
+
 set(CPACK_PACKAGE_NAME tbvnonpara)
 set(CPACK_PACKAGE_VENDOR "TBVNonPara developers")
 set(CPACK_PACKAGE_CONTACT "TBVNonPara developers <tbvnonpara@localhost>")
