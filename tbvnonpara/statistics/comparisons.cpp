@@ -136,8 +136,13 @@ std::optional<std::vector<std::string>> lettersOf(const std::vector<double>& ran
         return std::nullopt;
     }
     std::vector<Column> columns = {Column(ranks.size(), true)};
+    const auto stepsFor = [](std::size_t letters) {
+        return static_cast<double>(letters) * static_cast<double>(letters);
+    };
+    LongCount count(stepsFor(2 * mostLetters) * static_cast<double>(differ.size()));
     for (const GroupPair& pair : differ) {
         insert(columns, pair);
+        count.add(stepsFor(columns.size()));
         if (columns.size() > mostLetters) {
             return std::nullopt;
         }

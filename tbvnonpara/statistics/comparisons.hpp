@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <functional>
+#include <numeric>
 #include <optional>
 #include <string>
 #include <vector>
@@ -19,6 +21,18 @@ struct GroupPair {
 
 /// All pairs of `groups` groups; with a control those that hold it alone.
 [[nodiscard]] std::vector<GroupPair> pairsOfGroups(std::size_t groups, std::optional<std::size_t> control);
+
+/// About how many steps of an exact count two groups take that hold so many values together: their values and
+/// a probability.
+[[nodiscard]] inline double stepsToCompare(std::size_t values) {
+    return 8 * (static_cast<double>(values) + 100);
+}
+
+/// The steps of all pairs.
+template <typename StepsOf>
+[[nodiscard]] double sumOver(const std::vector<GroupPair>& pairs, StepsOf stepsOf) {
+    return std::transform_reduce(pairs.begin(), pairs.end(), 0.0, std::plus<>(), stepsOf);
+}
 
 /// The probabilities of comparisons as they are adjusted for each other, in their order.
 [[nodiscard]] std::vector<Probability> adjusted(const std::vector<Probability>& probabilities,

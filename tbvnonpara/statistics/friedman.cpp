@@ -174,11 +174,15 @@ void compareTreatments(Friedman& test, const Blocks& blocks, const Options& opti
     const auto k = static_cast<double>(test.treatments);
     // Of mean ranks: the sums' b k (k + 1) C / 6 over b^2.
     const double spread = std::sqrt(k * (k + 1) * test.ties.factor / 6 / static_cast<double>(test.blocks));
-    for (const GroupPair& pair : pairsOfGroups(test.treatments, control)) {
+    const std::vector<GroupPair> pairs = pairsOfGroups(test.treatments, control);
+    const double steps = stepsToCompare(test.blocks);
+    LongCount count(steps * static_cast<double>(pairs.size()));
+    for (const GroupPair& pair : pairs) {
         const double distance = test.groups[pair.first].meanRank - test.groups[pair.second].meanRank;
         const Probability p = normalTwoTailed(distance / spread);
         test.comparisons.push_back(
             {pair.first, pair.second, distance / spread, compareBlocks(blocks, pair), p, {}});
+        count.add(steps);
     }
     std::vector<double> ranks;
     for (const Friedman::Group& group : test.groups) {

@@ -51,7 +51,12 @@ Estimate explainedVariation(double H, double N, double k, double confidence) {
 void compare(KruskalWallis& test, const Groups& groups, const Options& options,
              std::optional<std::size_t> control) {
     const auto N = static_cast<double>(test.n);
-    for (const GroupPair& pair : pairsOfGroups(test.groups.size(), control)) {
+    const std::vector<GroupPair> pairs = pairsOfGroups(test.groups.size(), control);
+    const auto stepsOf = [&](const GroupPair& pair) {
+        return stepsToCompare(test.groups[pair.first].n + test.groups[pair.second].n);
+    };
+    LongCount count(sumOver(pairs, stepsOf));
+    for (const GroupPair& pair : pairs) {
         const KruskalWallis::Group& a = test.groups[pair.first];
         const KruskalWallis::Group& b = test.groups[pair.second];
         const double spread = std::sqrt(N * (N + 1) * test.ties.factor / 12 *
@@ -59,6 +64,7 @@ void compare(KruskalWallis& test, const Groups& groups, const Options& options,
         const double z = (a.meanRank - b.meanRank) / spread;
         const double share = superiority(groups.values[pair.first], groups.values[pair.second]);
         test.comparisons.push_back({pair.first, pair.second, z, share, normalTwoTailed(z), {}});
+        count.add(stepsOf(pair));
     }
     std::vector<double> ranks;
     for (const KruskalWallis::Group& group : test.groups) {

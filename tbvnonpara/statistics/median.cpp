@@ -97,9 +97,15 @@ Estimate cramerOf(const ChiSquare& chiSquare, double N, double confidence) {
 }
 
 void compareMedians(Median& test, const Options& options, std::optional<std::size_t> control) {
-    for (const GroupPair& pair : pairsOfGroups(test.groups.size(), control)) {
+    const std::vector<GroupPair> pairs = pairsOfGroups(test.groups.size(), control);
+    const auto stepsOf = [&](const GroupPair& pair) {
+        return stepsToCompare(test.groups[pair.first].n + test.groups[pair.second].n);
+    };
+    LongCount count(sumOver(pairs, stepsOf));
+    for (const GroupPair& pair : pairs) {
         const Probability p = probabilityOfPair(test.groups[pair.first], test.groups[pair.second]);
         test.comparisons.push_back({pair.first, pair.second, p, {}});
+        count.add(stepsOf(pair));
     }
     std::vector<double> ranks;
     for (const Median::Group& group : test.groups) {

@@ -42,7 +42,8 @@ struct Options {
     /// Random arrangements from which P is estimated where there is no exact count; 0 for none.
     std::size_t permutations = 0;
     std::uint64_t seed = 1;  ///< of these; the same arrangements on every machine
-    CountWatch watch = {};   ///< told how far a long count is; what it throws ends the test
+    /// Told how far a long count, or the comparisons of many groups, are; what it throws ends the test.
+    CountWatch watch = {};
 };
 
 /// @cond

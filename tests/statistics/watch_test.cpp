@@ -74,6 +74,22 @@ TEST_P(LongCounts, AreToldOfInOrderAndChangeNothing) {
 
 struct Stopped {};
 
+// 300 groups of 3, of which only the comparisons take long.
+TEST(AWatch, IsToldOfManyComparisons) {
+    Lists groups;
+    for (std::size_t group = 0; group < 300; ++group) {
+        groups.push_back(scattered(3, 1000, group));
+    }
+    const CountWatch stop = [](double share) {
+        EXPECT_GT(share, 0);
+        EXPECT_LE(share, 1);
+        throw Stopped();
+    };
+    for (const char* const name : {"kruskal-wallis", "friedman", "median"}) {
+        EXPECT_THROW((void)figuresOfTest(name, groups, {.exactSteps = 0, .watch = stop}), Stopped) << name;
+    }
+}
+
 TEST_P(LongCounts, EndWithWhatTheWatchThrows) {
     EXPECT_THROW((void)figures([](double) { throw Stopped(); }), Stopped);
 }
