@@ -1,5 +1,6 @@
 #pragma once
 
+/// @file
 /// The eight tests in full: values in, every figure out, without a sheet or a report.
 ///
 ///     using namespace TBVNonPara::statistics;
