@@ -38,8 +38,8 @@ struct CompanionLibrary {
     std::shared_ptr<std::atomic<bool>> running = std::make_shared<std::atomic<bool>>(false);
 };
 
-/// The library's own components on the given application. It may be none for an engine alone, as far as its
-/// tests ask no worksheet function.
+/// The library's own components on the given application. It may be none for an engine alone: all tests run
+/// then, with probabilities of its own, and what needs a sheet raises ObjectNotSet.
 [[nodiscard]] CompanionLibrary ownCompanions(ObjectRef<Application> application);
 
 }  // namespace TBVNonPara

@@ -49,8 +49,7 @@ constexpr int Zero = 3;
 /// A test writes the fields it fills and leaves all others as they are; arrays that no test has filled are
 /// unallocated. Every member raises Error: TypeMismatch for a cell that is no number, DivisionByZero or
 /// Overflow where a statistic does not exist (all values equal, a single pair), and what the host's worksheet
-/// functions raise. Without an application those raise ObjectNotSet: none is needed by Mann-Whitney
-/// below 50,000 pairs, Wilcoxon up to 50 and the sign test.
+/// functions raise. With `ownCompanions(nullptr)` there is no host, and every test runs all the same.
 ///
 /// n values take O(n log n); an exact probability of n1 and n2 values n1 x n2 x min(n1, n2), of n signed
 /// ranks n^3. No more than six times the input is held at once. One object belongs to one thread at a time.

@@ -6,10 +6,14 @@
 #include "tbvnonpara/companion/own/contingency_analysis.hpp"
 #include "tbvnonpara/companion/own/data_check.hpp"
 #include "tbvnonpara/companion/own/report_formatter.hpp"
+#include "tbvnonpara/companion/own/sheetless.hpp"
 
 namespace TBVNonPara {
 
 CompanionLibrary ownCompanions(ObjectRef<Application> application) {
+    if (!application.isSet()) {
+        application = sheetlessApplication();
+    }
     CompanionLibrary companions;
     companions.application = application;
     companions.createArrayUtility = createArrayUtility;
