@@ -1,6 +1,7 @@
 #include "tbvnonpara/workbook/embedded_application.hpp"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "tbvnonpara/core/utf8.hpp"
@@ -101,6 +102,28 @@ std::shared_ptr<Sheet> EmbeddedApplication::addSheet(std::string_view name, Cell
     std::shared_ptr<Sheet> sheet = addSheet(name);
     sheet->values() = std::move(values);
     return sheet;
+}
+
+std::shared_ptr<Sheet> EmbeddedApplication::addSheet(std::string_view name,
+                                                     std::initializer_list<NumberColumn> columns) {
+    return addSheet(name, std::span(columns.begin(), columns.size()));
+}
+
+std::shared_ptr<Sheet> EmbeddedApplication::addSheet(std::string_view name,
+                                                     std::span<const NumberColumn> columns) {
+    std::size_t longest = 0;
+    for (const NumberColumn& column : columns) {
+        longest = std::max(longest, column.numbers.size());
+    }
+    ValueGrid grid(Long(longest + 1), Long(columns.size()));
+    for (std::size_t place = 0; place < columns.size(); ++place) {
+        const std::span<CellValue> cells = grid.column(place + 1);
+        cells.front() = columns[place].label;
+        std::ranges::transform(columns[place].numbers, cells.begin() + 1, [](double number) {
+            return std::isnan(number) ? CellValue(Empty()) : CellValue(number);
+        });
+    }
+    return addSheet(name, grid);
 }
 
 std::shared_ptr<Book> EmbeddedApplication::activeBook() const {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <initializer_list>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,6 +13,12 @@
 #include "tbvnonpara/workbook/sheet_functions.hpp"
 
 namespace TBVNonPara::workbook {
+
+/// Numbers below a label, as a column of a new sheet. The numbers are copied.
+struct NumberColumn {
+    std::string_view label;
+    std::span<const double> numbers;
+};
 
 /// The spreadsheet in memory. It begins with the user's workbook "Book1", which has no sheets yet, and the
 /// hidden scratch workbook with its sheet for reports. Everything is used by one thread.
@@ -49,6 +57,12 @@ class EmbeddedApplication final : public Application,
     std::shared_ptr<Sheet> addSheet(std::string_view name, const ValueGrid& values);
     /// The same with values as files are read into.
     std::shared_ptr<Sheet> addSheet(std::string_view name, CellStore values);
+    /// Columns side by side, each below its label in row 1; they may differ in length. NaN is a blank cell,
+    /// an infinite number shows as #NUM!.
+    ///
+    ///     application->addSheet("Data", {{"before", before}, {"after", after}});  // vectors of doubles
+    std::shared_ptr<Sheet> addSheet(std::string_view name, std::initializer_list<NumberColumn> columns);
+    std::shared_ptr<Sheet> addSheet(std::string_view name, std::span<const NumberColumn> columns);
 
     /// The active workbook.
     [[nodiscard]] std::shared_ptr<Book> activeBook() const;

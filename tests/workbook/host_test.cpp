@@ -1,3 +1,6 @@
+#include <cmath>
+#include <vector>
+
 #include "tbvnonpara/workbook/embedded_application.hpp"
 #include "tests/support/watched_host.hpp"
 #include "tests/workbook/refused.hpp"
@@ -29,6 +32,20 @@ TEST_F(Host, BeginsWithAnEmptyWorkbookAndTheHiddenScratchSheet) {
     EXPECT_EQ(scratch->GetWorksheetsCount(), Long(1));
     EXPECT_EQ(scratch->GetWorksheets("results")->GetName(), "Results");
     EXPECT_EQ(scratch->GetWorksheets("results")->GetParent(), scratch);
+}
+
+TEST_F(Host, TakesColumnsOfNumbersBelowTheirLabels) {
+    const std::vector<double> before{1, NAN, INFINITY};
+    const std::vector<double> after{4};
+    const auto sheet = m_Application->addSheet("Data", {{"before", before}, {"after", after}, {"none", {}}});
+    EXPECT_EQ(m_Application->GetRange("Data!A1:C4")->GetValue(),
+              (ValueGrid{{"before", "after", "none"},
+                         {1.0, 4.0, Empty()},
+                         {Empty(), Empty(), Empty()},
+                         {CellError::Number, Empty(), Empty()}}));
+    EXPECT_EQ(sheet->usedArea()->bottom, 4);
+    EXPECT_EQ(m_Application->addSheet("Bare", std::span<const NumberColumn>())->usedArea(), std::nullopt);
+    expectRefused([&] { (void)m_Application->addSheet("Data", {{"before", before}}); }, "Data");
 }
 
 TEST_F(Host, TheScratchWorkbookNeverBecomesTheActiveOne) {
