@@ -61,7 +61,8 @@ install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/CHANGELOG.md
         DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tbvnonpara)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs ${PROJECT_SOURCE_DIR}/examples
         DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tbvnonpara
-        FILES_MATCHING PATTERN *.md PATTERN *.png PATTERN *.svg PATTERN *.csv PATTERN *.R PATTERN *.c PATTERN *.py)
+        FILES_MATCHING PATTERN *.md PATTERN *.png PATTERN *.svg PATTERN *.csv PATTERN *.R PATTERN *.c PATTERN *.py
+                       PATTERN *.cpp PATTERN CMakeLists.txt)
 
 # The reference of the headers, where the target `reference` has been built.
 find_program(TBVNONPARA_DOXYGEN doxygen)
