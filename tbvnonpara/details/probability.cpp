@@ -69,7 +69,11 @@ const statistics::Probability& inDirection(const statistics::Probability& two,
 }
 
 std::optional<statistics::Probability> probabilityOf(const Details& details) {
-    return std::visit([&](const auto& test) { return counting(test, details.tails); }, details.result);
+    return probabilityOf(details.result, details.tails);
+}
+
+std::optional<statistics::Probability> probabilityOf(const TestInFull& result, TBVNPTails tails) {
+    return std::visit([&](const auto& test) { return counting(test, tails); }, result);
 }
 
 }  // namespace TBVNonPara

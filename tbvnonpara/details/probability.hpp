@@ -15,5 +15,7 @@ namespace TBVNonPara {
 
 /// The probability that counts, in the direction that was asked for; none where there is nothing to test.
 [[nodiscard]] std::optional<statistics::Probability> probabilityOf(const Details& details);
+[[nodiscard]] std::optional<statistics::Probability> probabilityOf(const TestInFull& result,
+                                                                   TBVNPTails tails);
 
 }  // namespace TBVNonPara
