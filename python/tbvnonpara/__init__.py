@@ -10,10 +10,11 @@ Examples
 [-5.3, 0.2]
 """
 
+from ._each import each
 from ._engine import version as __version__
 from ._figures import Figures
 from ._result import Result, Results
 from ._tests import friedman, kruskal_wallis, mann_whitney, median, runs, sign, spearman, wilcoxon
 
-__all__ = ["Figures", "Result", "Results", "friedman", "kruskal_wallis", "mann_whitney", "median", "runs", "sign",
+__all__ = ["Figures", "Result", "Results", "each", "friedman", "kruskal_wallis", "mann_whitney", "median", "runs", "sign",
            "spearman", "wilcoxon"]

@@ -51,7 +51,7 @@ class Figures:
         for member, value in self._members.items():
             if name in (snake(member), member):
                 return _wrapped(value)
-        raise AttributeError(f"There is no figure {name!r}; there are {', '.join(dir(self))}.")
+        raise AttributeError(f"There is no figure {name!r}; there are {', '.join(self.__dir__())}.")
 
     def __getitem__(self, path: str) -> Any:
         """The figure at a path as in JSON, places in lists counted from 1: ``"groups.2.median.low"``."""
@@ -76,7 +76,7 @@ class Figures:
     def __float__(self) -> float:
         value = self._members.get("value")
         if not isinstance(value, (int, float)):
-            raise TypeError(f"These are several figures: {', '.join(dir(self))}.")
+            raise TypeError(f"These are several figures: {', '.join(self.__dir__())}.")
         return float(value)
 
     def __iter__(self) -> Iterator[str]:

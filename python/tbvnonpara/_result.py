@@ -94,6 +94,8 @@ class Result:
     def __getattr__(self, name: str) -> Any:
         if name.startswith("_"):
             raise AttributeError(name)
+        if name == "comparisons":
+            raise AttributeError(f"{self.test} compares no groups.")
         return getattr(self.figures, name)
 
     @property

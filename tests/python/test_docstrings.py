@@ -6,7 +6,7 @@ import inspect
 import pytest
 import tbvnonpara
 
-MODULES = [tbvnonpara._figures, tbvnonpara._result, tbvnonpara._tests, tbvnonpara]
+MODULES = [tbvnonpara._figures, tbvnonpara._result, tbvnonpara._tests, tbvnonpara._each, tbvnonpara]
 PUBLIC = [getattr(tbvnonpara, name) for name in tbvnonpara.__all__]
 
 
