@@ -2,7 +2,7 @@
 
 from __future__ import annotations
 
-from typing import TYPE_CHECKING, Any, Callable, Optional, Sequence
+from typing import TYPE_CHECKING, Any, Optional, Sequence
 
 import numpy as np
 
@@ -26,8 +26,7 @@ def _row(frame: pandas.DataFrame, by: Any, variable: Any, test: str, options: di
         values = _data.doubles(frame[variable], f"The column {variable!r}")
         samples = [values[codes == place] for place in order]
         labels = [str(found[place]) for place in order]
-        call: Callable[..., Any] = {"mann-whitney": _tests.mann_whitney, "kruskal-wallis": _tests.kruskal_wallis,
-                                    "median": _tests.median}[test]
+        call = getattr(_tests, test.replace("-", "_"))
         if test == "mann-whitney" and len(samples) != 2:
             raise ValueError(f"mann-whitney compares two groups; there are {len(samples)}.")
         result = call(*samples, labels=labels, missing="omit", **options)

@@ -1,9 +1,12 @@
 """The table of docs/python.md: which figure is SciPy's, which is not and why."""
 
+import re
+
 import numpy as np
 import pytest
 import scipy.stats
 import tbvnonpara as tbv
+from conftest import ROOT
 
 RANDOM = np.random.default_rng(20)
 UNTIED = RANDOM.permutation(60).astype(float)
@@ -11,6 +14,14 @@ X, Y, Z = UNTIED[:14], UNTIED[14:28], UNTIED[28:42]
 TIED_X, TIED_Y, TIED_Z = (np.round(one / 8) for one in (X, Y, Z))
 LONG_X, LONG_Y = RANDOM.normal(size=(2, 600)) + [[0.1], [0]]
 DIRECTIONS = ("two-sided", "less", "greater")
+
+
+def test_table_has_the_eight_functions_and_names_what_scipy_has():
+    table = re.findall(r"^\| (?:`(\w+)`)? ?\| (.+?) \|", (ROOT / "docs/python.md").read_text(encoding="utf-8"), re.M)
+    assert [ours for ours, _ in table if ours] == ["mann_whitney", "wilcoxon", "spearman", "sign", "median",
+                                                   "friedman", "kruskal_wallis", "runs"]
+    for name in re.findall(r"`(\w+)`", " ".join(theirs for _, theirs in table)):
+        assert hasattr(scipy.stats, name) or name in ("sign_test", "runstest_1samp")
 
 
 @pytest.mark.parametrize("alternative", DIRECTIONS)
