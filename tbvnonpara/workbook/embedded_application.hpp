@@ -16,8 +16,8 @@ namespace TBVNonPara::workbook {
 
 /// Numbers below a label, as a column of a new sheet. The numbers are copied.
 struct NumberColumn {
-    std::string_view label;
-    std::span<const double> numbers;
+    std::string_view label;           ///< what stands in row 1
+    std::span<const double> numbers;  ///< what stands below it
 };
 
 /// The spreadsheet in memory. It begins with the user's workbook "Book1", which has no sheets yet, and the
@@ -58,10 +58,11 @@ class EmbeddedApplication final : public Application,
     /// The same with values as files are read into.
     std::shared_ptr<Sheet> addSheet(std::string_view name, CellStore values);
     /// Columns side by side, each below its label in row 1; they may differ in length. NaN is a blank cell,
-    /// an infinite number shows as #NUM!.
+    /// an infinite number shows as \#NUM!.
     ///
     ///     application->addSheet("Data", {{"before", before}, {"after", after}});  // vectors of doubles
     std::shared_ptr<Sheet> addSheet(std::string_view name, std::initializer_list<NumberColumn> columns);
+    /// The same for any number of columns.
     std::shared_ptr<Sheet> addSheet(std::string_view name, std::span<const NumberColumn> columns);
 
     /// The active workbook.
