@@ -5,6 +5,7 @@
 #include "adapters/com/errors.hpp"
 #include "adapters/com/host_object.hpp"
 #include "adapters/com/module.hpp"
+#include "adapters/com/system_library.hpp"
 
 namespace TBVNonPara::com {
 
@@ -17,29 +18,6 @@ constexpr wchar_t applicationClass[] = L"Excel.Application";
 
 // A plain pointer: at the end of the process the application is gone before this library.
 IDispatch* hooked = nullptr;
-
-/// A library of the system, for what a process without windows does not need to have loaded.
-class SystemLibrary {
- public:
-    explicit SystemLibrary(const wchar_t* name)
-        : m_Module(LoadLibraryExW(name, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32)) {}
-    SystemLibrary(const SystemLibrary&) = delete;
-    SystemLibrary& operator=(const SystemLibrary&) = delete;
-    ~SystemLibrary() {
-        if (m_Module != nullptr) {
-            FreeLibrary(m_Module);
-        }
-    }
-
-    template <typename Function>
-    [[nodiscard]] Function* function(const char* name) const {
-        const FARPROC address = m_Module == nullptr ? nullptr : GetProcAddress(m_Module, name);
-        return reinterpret_cast<Function*>(reinterpret_cast<void*>(address));
-    }
-
- private:
-    HMODULE m_Module;
-};
 
 /// The functions on windows that the search needs.
 struct Windows {

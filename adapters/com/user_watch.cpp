@@ -1,6 +1,7 @@
 #include "adapters/com/user_watch.hpp"
 
 #include <cmath>
+#include <memory>
 #include <utility>
 
 #include "tbvnonpara/core/error.hpp"
@@ -18,11 +19,23 @@ std::string textOf(double share) {
 
 }  // namespace
 
-bool escapeIsHeld() {
+bool EscapeKey::isHeld() const {
+    if (m_ForegroundWindow == nullptr || m_ThreadAndProcess == nullptr || m_KeyState == nullptr) {
+        return false;
+    }
     DWORD process = 0;
-    GetWindowThreadProcessId(GetForegroundWindow(), &process);
-    // The sign says that the key is down. Another application's Esc is not for us.
-    return process == GetCurrentProcessId() && GetAsyncKeyState(VK_ESCAPE) < 0;
+    m_ThreadAndProcess(m_ForegroundWindow(), &process);
+    // The sign says that the key is down.
+    return process == GetCurrentProcessId() && m_KeyState(VK_ESCAPE) < 0;
+}
+
+std::function<bool()> UserWatch::whileEscapeIsHeld() {
+    return [key = std::shared_ptr<EscapeKey>()]() mutable {
+        if (!key) {
+            key = std::make_shared<EscapeKey>();
+        }
+        return key->isHeld();
+    };
 }
 
 UserWatch::UserWatch(std::function<ComPtr<IDispatch>()> findApplication, std::function<bool()> stops,

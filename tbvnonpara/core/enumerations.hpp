@@ -50,15 +50,14 @@ constexpr std::int32_t tbvNPRunInProgress = objectErrorBase + 5062;
 
 /// The errors of the data checks: in the library's band, on numbers of their own, always with a description.
 enum DataCheckErrors : std::int32_t {
-    tbvNPTextInData = objectErrorBase + 5020,      ///< a text that is no number
-    tbvNPBooleanInData = objectErrorBase + 5021,   ///< True or False
-    tbvNPErrorInData = objectErrorBase + 5022,     ///< an error value
-    tbvNPBlankInData = objectErrorBase + 5023,     ///< a blank where none may be
-    tbvNPNoData = objectErrorBase + 5024,          ///< no cell of data
-    tbvNPOutputOffSheet = objectErrorBase + 5030,  ///< the report would not fit on the sheet
-    tbvNPOutputOccupied = objectErrorBase + 5031,  ///< the report's place holds something
-    tbvNPNoContingencyTable =
-        objectErrorBase + 5040,  ///< fewer than two rows or columns of counts, or none above 0
+    tbvNPTextInData = objectErrorBase + 5020,          ///< a text that is no number
+    tbvNPBooleanInData = objectErrorBase + 5021,       ///< True or False
+    tbvNPErrorInData = objectErrorBase + 5022,         ///< an error value
+    tbvNPBlankInData = objectErrorBase + 5023,         ///< a blank where none may be
+    tbvNPNoData = objectErrorBase + 5024,              ///< no cell of data
+    tbvNPOutputOffSheet = objectErrorBase + 5030,      ///< the report would not fit on the sheet
+    tbvNPOutputOccupied = objectErrorBase + 5031,      ///< the report's place holds something
+    tbvNPNoContingencyTable = objectErrorBase + 5040,  ///< no table of counts that can be tested
 };
 
 }  // namespace TBVNonPara

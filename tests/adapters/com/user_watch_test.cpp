@@ -108,7 +108,7 @@ TEST(WatchOfAUser, OfAnApplicationThatIsBusyGoesOn) {
 }
 
 TEST(WatchOfAUser, EscInNoWindowOfThisProcessIsNotForUs) {
-    EXPECT_FALSE(escapeIsHeld());
+    EXPECT_FALSE(EscapeKey().isHeld());
 }
 
 }  // namespace
