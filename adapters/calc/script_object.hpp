@@ -30,7 +30,7 @@ struct ScriptMember {
     using Any = css::uno::Any;
     using Arguments = css::uno::Sequence<Any>;
 
-    const char* name;
+    const char* name = "";
     const css::uno::Type& type;
     void (*set)(Object& object, const Any& value) = nullptr;
     Any (*get)(Object& object) = nullptr;

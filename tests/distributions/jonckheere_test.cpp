@@ -24,12 +24,12 @@ ValueCounts withoutTies(std::size_t n) {
 // 57,237 of 122,500 pairs rise. The ways were counted in whole numbers: the coefficients of the product of
 // (1 - x^(350 + i)) / (1 - x^i), i = 1 ... 350.
 TEST(Jonckheere, KeepsItsDigitsInLargeGroups) {
-    const auto tails = jonckheereTails(withoutTies(350), 2 * 57237, steps);
+    const auto tails = jonckheereTails(withoutTies(350), Score(2) * 57237, steps);
     ASSERT_TRUE(tails);
     EXPECT_NEAR(tails->less, 0.06684418039582692, 1e-14);
     EXPECT_NEAR(tails->twoTailed, 2 * 0.06684418039582692, 2e-14);
     EXPECT_NEAR(tails->greater + tails->less - tails->point, 1, 1e-12);
-    const auto middle = jonckheereTails(withoutTies(350), 350 * 350, steps);
+    const auto middle = jonckheereTails(withoutTies(350), Score(350) * 350, steps);
     ASSERT_TRUE(middle);
     EXPECT_LE(middle->twoTailed, 1);
     EXPECT_NEAR(middle->twoTailed, 1, 1e-12);
