@@ -36,7 +36,7 @@ void WholeTest(benchmark::State& state, TBVNPMethod method, Long columns, bool d
     }
 }
 
-void sizes(benchmark::internal::Benchmark* benchmark) {
+void testedSizes(benchmark::internal::Benchmark* benchmark) {
     benchmark->Arg(10)->Arg(1000)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMicrosecond);
 }
 
@@ -48,15 +48,15 @@ BENCHMARK(OrderOfPooledGroups)
     ->ArgNames({"rows", "groups"})
     ->ArgsProduct({{1000, 1000000}, {1, 2, 3, 5}})
     ->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(WholeTest, MannWhitney, tbvNPMannU, 1, false)->Apply(sizes);
-BENCHMARK_CAPTURE(WholeTest, MannWhitneyDescribed, tbvNPMannU, 1, true)->Apply(sizes);
-BENCHMARK_CAPTURE(WholeTest, Wilcoxon, tbvNPWilcoxon, 1, true)->Apply(sizes);
-BENCHMARK_CAPTURE(WholeTest, Spearman, tbvNPSpearman, 1, true)->Apply(sizes);
-BENCHMARK_CAPTURE(WholeTest, Sign, tbvNPSign, 1, true)->Apply(sizes);
-BENCHMARK_CAPTURE(WholeTest, Median, tbvNPMedian, 3, false)->Apply(sizes);
-BENCHMARK_CAPTURE(WholeTest, MedianDescribed, tbvNPMedian, 3, true)->Apply(sizes);
-BENCHMARK_CAPTURE(WholeTest, KruskalWallis, tbvNPKWallis, 3, true)->Apply(sizes);
-BENCHMARK_CAPTURE(WholeTest, Friedman, tbvNPFriedman, 5, true)->Apply(sizes);
+BENCHMARK_CAPTURE(WholeTest, MannWhitney, tbvNPMannU, 1, false)->Apply(testedSizes);
+BENCHMARK_CAPTURE(WholeTest, MannWhitneyDescribed, tbvNPMannU, 1, true)->Apply(testedSizes);
+BENCHMARK_CAPTURE(WholeTest, Wilcoxon, tbvNPWilcoxon, 1, true)->Apply(testedSizes);
+BENCHMARK_CAPTURE(WholeTest, Spearman, tbvNPSpearman, 1, true)->Apply(testedSizes);
+BENCHMARK_CAPTURE(WholeTest, Sign, tbvNPSign, 1, true)->Apply(testedSizes);
+BENCHMARK_CAPTURE(WholeTest, Median, tbvNPMedian, 3, false)->Apply(testedSizes);
+BENCHMARK_CAPTURE(WholeTest, MedianDescribed, tbvNPMedian, 3, true)->Apply(testedSizes);
+BENCHMARK_CAPTURE(WholeTest, KruskalWallis, tbvNPKWallis, 3, true)->Apply(testedSizes);
+BENCHMARK_CAPTURE(WholeTest, Friedman, tbvNPFriedman, 5, true)->Apply(testedSizes);
 
 }  // namespace
 
