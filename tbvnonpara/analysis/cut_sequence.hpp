@@ -7,6 +7,7 @@
 #include "tbvnonpara/analysis/choices.hpp"
 #include "tbvnonpara/analysis/ranges.hpp"
 #include "tbvnonpara/analysis/scratch_sheet.hpp"
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/workbook/embedded_application.hpp"
 
 namespace TBVNonPara::analysis {
@@ -24,10 +25,10 @@ struct CutNumbers {
 /// divided by their number) or a value. With `CutEqual::Above` the sides are "from 880.5 on" and "below
 /// 880.5", with `CutEqual::Below` "above 880.5" and "up to 880.5". Raises NoData when no number is left,
 /// TooFewGroups when all lie on one side.
-[[nodiscard]] CutNumbers cutNumbers(const std::vector<double>& numbers, const Cut& cut);
+[[nodiscard]] TBVNONPARA_API CutNumbers cutNumbers(const std::vector<double>& numbers, const Cut& cut);
 
 /// A sequence of numbers as one of their sides, on a sheet of its own while it lives.
-class CutSequence {
+class TBVNONPARA_API CutSequence {
  public:
     /// Raises an error that names the first cell that holds no number, or a range of more than one column.
     CutSequence(const ObjectRef<workbook::EmbeddedApplication>& application, const Cut& cut,

@@ -8,6 +8,7 @@
 #include "tbvnonpara/analysis/choices.hpp"
 #include "tbvnonpara/analysis/ranges.hpp"
 #include "tbvnonpara/analysis/run_test.hpp"
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/error.hpp"
 #include "tbvnonpara/details/details.hpp"
 #include "tbvnonpara/engine/named_results.hpp"
@@ -24,11 +25,13 @@ struct EachColumn {
 
 /// Whether the choices ask for a test of each column: in so many words, or by several columns of values
 /// beside one that names groups.
-[[nodiscard]] bool testsEachColumn(const workbook::EmbeddedApplication& application, const Choices& choices);
+[[nodiscard]] TBVNONPARA_API bool testsEachColumn(const workbook::EmbeddedApplication& application,
+                                                  const Choices& choices);
 
 /// The columns that the choices name, else all that hold numbers and have no other part. Raises what
 /// `chooseRanges` raises.
-[[nodiscard]] EachColumn chooseEach(const workbook::EmbeddedApplication& application, const Choices& choices);
+[[nodiscard]] TBVNONPARA_API EachColumn chooseEach(const workbook::EmbeddedApplication& application,
+                                                   const Choices& choices);
 
 /// What became of one column.
 struct ColumnTest {
@@ -45,12 +48,12 @@ struct ColumnTest {
 
 /// Tests each column by itself, on all processors, in the order of the columns; in full where details are
 /// asked for, with P adjusted over the columns.
-[[nodiscard]] std::vector<ColumnTest> testEach(const workbook::EmbeddedApplication& application,
-                                               const Choices& choices, const EachColumn& each,
-                                               const std::optional<DetailChoices>& details = {});
+[[nodiscard]] TBVNONPARA_API std::vector<ColumnTest> testEach(
+    const workbook::EmbeddedApplication& application, const Choices& choices, const EachColumn& each,
+    const std::optional<DetailChoices>& details = {});
 
 /// The same one after the other, with each report as it comes; it is gone when `report` returns.
-[[nodiscard]] std::vector<ColumnTest> reportEach(
+[[nodiscard]] TBVNONPARA_API std::vector<ColumnTest> reportEach(
     const workbook::EmbeddedApplication& application, const Choices& choices, const EachColumn& each,
     const std::function<void(const ColumnTest&, const FinishedTest&)>& report,
     const std::optional<DetailChoices>& details = {});

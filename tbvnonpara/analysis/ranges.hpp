@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "tbvnonpara/analysis/choices.hpp"
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/workbook/embedded_application.hpp"
 
 namespace TBVNonPara::analysis {
@@ -41,7 +42,7 @@ struct ChosenRanges {
 ///   it is the only other column that holds numbers.
 ///
 /// Raises an error whose description says what to write instead.
-[[nodiscard]] ChosenRanges chooseRanges(const workbook::EmbeddedApplication& application,
-                                        const Choices& choices);
+[[nodiscard]] TBVNONPARA_API ChosenRanges chooseRanges(const workbook::EmbeddedApplication& application,
+                                                       const Choices& choices);
 
 }  // namespace TBVNonPara::analysis

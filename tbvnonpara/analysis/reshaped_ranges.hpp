@@ -4,6 +4,7 @@
 
 #include "tbvnonpara/analysis/ranges.hpp"
 #include "tbvnonpara/analysis/scratch_sheet.hpp"
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/reshaping/reshaped.hpp"
 #include "tbvnonpara/workbook/embedded_application.hpp"
 
@@ -16,11 +17,11 @@ struct ShownVariables {
 };
 
 /// Those of the ranges that the user chose. The groups of a long table share one column.
-[[nodiscard]] ShownVariables shownVariables(const workbook::EmbeddedApplication& application,
-                                            const ChosenRanges& chosen);
+[[nodiscard]] TBVNONPARA_API ShownVariables shownVariables(const workbook::EmbeddedApplication& application,
+                                                           const ChosenRanges& chosen);
 
 /// Data brought into form, on a sheet of their own while it lives.
-class ReshapedRanges {
+class TBVNONPARA_API ReshapedRanges {
  public:
     /// The last `secondColumns` of the columns are those of the second variable.
     ReshapedRanges(const workbook::EmbeddedApplication& application, bool headed, std::size_t secondColumns,

@@ -7,6 +7,7 @@
 
 #include "tbvnonpara/analysis/choices.hpp"
 #include "tbvnonpara/analysis/ranges.hpp"
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/report/detail_page.hpp"
 #include "tbvnonpara/request/clsNonPara.hpp"
 #include "tbvnonpara/workbook/embedded_application.hpp"
@@ -15,17 +16,15 @@ namespace TBVNonPara::analysis {
 
 /// A workbook with the user's file in it; the sheet that the choices name is the active one. What was done to
 /// the data beyond reading them goes to `remark`. Raises the host's error for a file that cannot be read.
-[[nodiscard]] ObjectRef<workbook::EmbeddedApplication> openFile(const Choices& choices,
-                                                                std::string* remark = nullptr);
+[[nodiscard]] TBVNONPARA_API ObjectRef<workbook::EmbeddedApplication> openFile(const Choices& choices,
+                                                                               std::string* remark = nullptr);
 
 /// The same for the contents of a file, under a name of their own.
-[[nodiscard]] ObjectRef<workbook::EmbeddedApplication> openContents(std::string_view name,
-                                                                    std::string_view bytes,
-                                                                    const Choices& choices,
-                                                                    std::string* remark = nullptr);
+[[nodiscard]] TBVNONPARA_API ObjectRef<workbook::EmbeddedApplication> openContents(
+    std::string_view name, std::string_view bytes, const Choices& choices, std::string* remark = nullptr);
 
 /// Where something was placed.
-struct PlacedBlock {
+struct TBVNONPARA_API PlacedBlock {
     std::shared_ptr<workbook::Sheet> sheet;
     Rectangle block;
 
@@ -34,7 +33,7 @@ struct PlacedBlock {
 };
 
 /// A finished analysis and where its report lies.
-class FinishedTest {
+class TBVNONPARA_API FinishedTest {
  public:
     FinishedTest(ObjectRef<workbook::EmbeddedApplication> application, std::unique_ptr<clsNonPara> request);
 
@@ -62,16 +61,17 @@ class FinishedTest {
 
 /// Raises the host's error that names a cell of the ranges whose formula has no result in the file: the range
 /// properties would replace it by one of their own, which names none.
-void requireResultsOfFormulas(const workbook::EmbeddedApplication& application, const ChosenRanges& ranges);
+TBVNONPARA_API void requireResultsOfFormulas(const workbook::EmbeddedApplication& application,
+                                             const ChosenRanges& ranges);
 
 /// Runs the test on the ranges; the report goes where the choices say, else to a new sheet "Results". Raises
 /// what the library raises.
-[[nodiscard]] FinishedTest runTest(const ObjectRef<workbook::EmbeddedApplication>& application,
-                                   const Choices& choices, const ChosenRanges& ranges);
+[[nodiscard]] TBVNONPARA_API FinishedTest runTest(const ObjectRef<workbook::EmbeddedApplication>& application,
+                                                  const Choices& choices, const ChosenRanges& ranges);
 
 /// The same with components of one's own on the application.
-[[nodiscard]] FinishedTest runTest(const ObjectRef<workbook::EmbeddedApplication>& application,
-                                   const CompanionLibrary& companions, const Choices& choices,
-                                   const ChosenRanges& ranges);
+[[nodiscard]] TBVNONPARA_API FinishedTest runTest(const ObjectRef<workbook::EmbeddedApplication>& application,
+                                                  const CompanionLibrary& companions, const Choices& choices,
+                                                  const ChosenRanges& ranges);
 
 }  // namespace TBVNonPara::analysis

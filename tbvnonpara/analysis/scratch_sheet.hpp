@@ -7,12 +7,13 @@
 #include <string_view>
 
 #include "tbvnonpara/analysis/ranges.hpp"
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/workbook/embedded_application.hpp"
 
 namespace TBVNonPara::analysis {
 
 /// A sheet for the data of a test, in the user's workbook as long as it lives.
-class ScratchSheet {
+class TBVNONPARA_API ScratchSheet {
  public:
     /// Under this name, or with a number behind it when there is such a sheet.
     ScratchSheet(const workbook::EmbeddedApplication& application, std::string_view name);

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "tbvnonpara/analysis/table_summary.hpp"
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/enumerations.hpp"
 #include "tbvnonpara/request/tests_offered.hpp"
 
@@ -22,7 +23,8 @@ struct SuggestedTest {
 
 /// Tests that a table is fit for: groups in one column, in blocks where each comes once with every group; two
 /// columns of numbers; a sequence. At most one for each shape of data.
-[[nodiscard]] std::vector<SuggestedTest> suggestedTests(const workbook::Sheet& sheet,
-                                                        const TableSummary& table, const Choices& choices);
+[[nodiscard]] TBVNONPARA_API std::vector<SuggestedTest> suggestedTests(const workbook::Sheet& sheet,
+                                                                       const TableSummary& table,
+                                                                       const Choices& choices);
 
 }  // namespace TBVNonPara::analysis

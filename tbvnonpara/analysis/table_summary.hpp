@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "tbvnonpara/analysis/choices.hpp"
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/workbook/sheet.hpp"
 
 namespace TBVNonPara::analysis {
@@ -13,7 +14,7 @@ namespace TBVNonPara::analysis {
 /// What the cells of a column hold.
 enum class ColumnKind { Numbers, Dates, Texts, Logical, Mixed };
 
-[[nodiscard]] std::string_view nameOf(ColumnKind kind) noexcept;
+[[nodiscard]] TBVNONPARA_API std::string_view nameOf(ColumnKind kind) noexcept;
 
 /// One column of a table that holds something.
 struct ColumnSummary {
@@ -37,9 +38,10 @@ struct TableSummary {
 };
 
 /// What a sheet holds, column by column. Without `choices.headers` a first row of texts alone holds headers.
-[[nodiscard]] TableSummary summaryOf(const workbook::Sheet& sheet, const Choices& choices);
+[[nodiscard]] TBVNONPARA_API TableSummary summaryOf(const workbook::Sheet& sheet, const Choices& choices);
 
 /// The headers of a sheet's columns from left to right, as far as they have one.
-[[nodiscard]] std::vector<std::string> headersOf(const workbook::Sheet& sheet, const Choices& choices);
+[[nodiscard]] TBVNONPARA_API std::vector<std::string> headersOf(const workbook::Sheet& sheet,
+                                                                const Choices& choices);
 
 }  // namespace TBVNonPara::analysis

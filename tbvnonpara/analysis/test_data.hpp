@@ -8,12 +8,13 @@
 #include "tbvnonpara/analysis/cut_sequence.hpp"
 #include "tbvnonpara/analysis/ranges.hpp"
 #include "tbvnonpara/analysis/reshaped_ranges.hpp"
+#include "tbvnonpara/core/api.hpp"
 
 namespace TBVNonPara::analysis {
 
 /// The data of a test as it takes them: the user's ranges, or what is made of them on sheets of their own
 /// while it lives.
-class TestData {
+class TBVNONPARA_API TestData {
  public:
     TestData(const ObjectRef<workbook::EmbeddedApplication>& application, const Choices& choices,
              const ChosenRanges& chosen);

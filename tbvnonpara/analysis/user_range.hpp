@@ -3,6 +3,7 @@
 #include <string>
 
 #include "tbvnonpara/analysis/ranges.hpp"
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/rectangle.hpp"
 #include "tbvnonpara/workbook/embedded_application.hpp"
 #include "tbvnonpara/workbook/sheet_range.hpp"
@@ -23,9 +24,10 @@ class UserRange {
 };
 
 /// "chickwts!$B$1:$B$72", as a report shows an address: where the cells stand in the user's file.
-[[nodiscard]] std::string shownInReports(const workbook::Sheet& sheet, Areas areas);
+[[nodiscard]] TBVNONPARA_API std::string shownInReports(const workbook::Sheet& sheet, Areas areas);
 
 /// The same ranges as a user types their addresses: "chickwts!B1:B72".
-[[nodiscard]] ChosenRanges asInTheFile(const workbook::EmbeddedApplication& application, ChosenRanges chosen);
+[[nodiscard]] TBVNONPARA_API ChosenRanges asInTheFile(const workbook::EmbeddedApplication& application,
+                                                      ChosenRanges chosen);
 
 }  // namespace TBVNonPara::analysis

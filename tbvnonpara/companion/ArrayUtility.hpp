@@ -2,6 +2,7 @@
 
 #include <span>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/array.hpp"
 #include "tbvnonpara/core/cell_value.hpp"
 #include "tbvnonpara/core/grid.hpp"
@@ -10,7 +11,7 @@
 namespace TBVNonPara {
 
 /// Sorting and reshaping of arrays. Sizes in rows and columns, everything counted from 1.
-class ArrayUtility {
+class TBVNONPARA_API ArrayUtility {
  public:
     /// Components derive from this class.
     virtual ~ArrayUtility() = default;

@@ -8,6 +8,7 @@
 #include "tbvnonpara/companion/ContingencyAnalysis.hpp"
 #include "tbvnonpara/companion/DataCheck.hpp"
 #include "tbvnonpara/companion/ReportFormatter.hpp"
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/host/Application.hpp"
 
 namespace TBVNonPara {
@@ -40,6 +41,6 @@ struct CompanionLibrary {
 
 /// The library's own components on the given application. It may be none for an engine alone: all tests run
 /// then, with probabilities of its own, and what needs a sheet raises ObjectNotSet.
-[[nodiscard]] CompanionLibrary ownCompanions(ObjectRef<Application> application);
+[[nodiscard]] TBVNONPARA_API CompanionLibrary ownCompanions(ObjectRef<Application> application);
 
 }  // namespace TBVNonPara

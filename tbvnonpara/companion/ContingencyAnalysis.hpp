@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/cell_value.hpp"
 #include "tbvnonpara/core/whole_numbers.hpp"
 
@@ -15,7 +16,7 @@ struct ContingencyStatistic {
 
 /// The statistics of a table of observed counts. Give it the table and the options, then Calculate; the
 /// results before that, and those a table does not have, are zeros.
-class ContingencyAnalysis {
+class TBVNONPARA_API ContingencyAnalysis {
  public:
     /// Components derive from this class.
     virtual ~ContingencyAnalysis() = default;

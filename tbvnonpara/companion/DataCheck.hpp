@@ -1,12 +1,13 @@
 #pragma once
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/host/Range.hpp"
 
 namespace TBVNonPara {
 
 /// Checks ranges before anything is computed or written. A problem is raised as an error of the library's
 /// band whose description names the first offending cell and what to do.
-class DataCheck {
+class TBVNONPARA_API DataCheck {
  public:
     /// Components derive from this class.
     virtual ~DataCheck() = default;

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/host/Range.hpp"
 
 namespace TBVNonPara {
 
 /// The look of a report: three operations on a block of cells.
-class ReportFormatter {
+class TBVNONPARA_API ReportFormatter {
  public:
     /// Components derive from this class.
     virtual ~ReportFormatter() = default;
@@ -19,7 +20,7 @@ class ReportFormatter {
 };
 
 /// The style of the report sheet.
-class ReportStyle {
+class TBVNONPARA_API ReportStyle {
  public:
     /// Components derive from this class.
     virtual ~ReportStyle() = default;

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/rectangle.hpp"
 
 namespace TBVNonPara {
@@ -72,27 +73,27 @@ struct WrittenAddress {
 
 /// Reads "A1", "$A$1:$B$9", "Data!A1:A9,C1:C9", "'It''s'!A:C", "2:5". Letters of either case, corners in any
 /// order.
-[[nodiscard]] WrittenAddress readAddress(std::string_view address);
+[[nodiscard]] TBVNONPARA_API WrittenAddress readAddress(std::string_view address);
 
 /// The parts between commas, or between any of the separators; those in the quotes of a sheet's name do not
 /// count.
-[[nodiscard]] std::vector<std::string_view> splitUnquoted(std::string_view address,
-                                                          std::string_view separators = ",");
+[[nodiscard]] TBVNONPARA_API std::vector<std::string_view> splitUnquoted(std::string_view address,
+                                                                         std::string_view separators = ",");
 
 /// "A", "XFD".
-[[nodiscard]] std::string columnLetters(Index column);
+[[nodiscard]] TBVNONPARA_API std::string columnLetters(Index column);
 
 /// "$A$1" or "$A$1:$B$9"; several areas are joined by commas.
-[[nodiscard]] std::string absoluteAddress(const Rectangle& area);
-[[nodiscard]] std::string absoluteAddress(const Areas& areas);
+[[nodiscard]] TBVNONPARA_API std::string absoluteAddress(const Rectangle& area);
+[[nodiscard]] TBVNONPARA_API std::string absoluteAddress(const Areas& areas);
 
 /// "A1" or "A1:B9".
-[[nodiscard]] std::string plainAddress(const Rectangle& area);
-[[nodiscard]] std::string plainAddress(Index row, Index column);
+[[nodiscard]] TBVNONPARA_API std::string plainAddress(const Rectangle& area);
+[[nodiscard]] TBVNONPARA_API std::string plainAddress(Index row, Index column);
 /// The same of an address as a host gives it: "$A$1".
-[[nodiscard]] std::string withoutDollars(std::string address);
+[[nodiscard]] TBVNONPARA_API std::string withoutDollars(std::string address);
 
 /// The name as it stands in front of an address: in quotes where it needs them.
-[[nodiscard]] std::string quotedSheetName(std::string_view name);
+[[nodiscard]] TBVNONPARA_API std::string quotedSheetName(std::string_view name);
 
 }  // namespace TBVNonPara

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <variant>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/grid.hpp"
 #include "tbvnonpara/core/text.hpp"
 
@@ -29,13 +30,13 @@ enum class CellError : std::int32_t {
 };
 
 /// The text a sheet shows for an error, for example "#N/A".
-[[nodiscard]] std::string_view displayText(CellError error) noexcept;
+[[nodiscard]] TBVNONPARA_API std::string_view displayText(CellError error) noexcept;
 
 /// The error that a sheet shows by this text.
-[[nodiscard]] std::optional<CellError> cellErrorNamed(std::string_view text) noexcept;
+[[nodiscard]] TBVNONPARA_API std::optional<CellError> cellErrorNamed(std::string_view text) noexcept;
 
 /// LibreOffice's own number of a failed formula (503, shown as "Err:503") as the nearest of the seven.
-[[nodiscard]] CellError officeError(std::int32_t number) noexcept;
+[[nodiscard]] TBVNONPARA_API CellError officeError(std::int32_t number) noexcept;
 
 /// What one cell holds. Sixteen bytes, so that a full column of a sheet is read in one piece.
 using CellValue = std::variant<Empty, double, Text, bool, CellError>;
@@ -50,7 +51,7 @@ using ValueGrid = Grid<CellValue>;
 }
 
 /// What a cell that holds no number reads as: see toDouble.
-[[nodiscard]] double readAsDouble(const CellValue& value);
+[[nodiscard]] TBVNONPARA_API double readAsDouble(const CellValue& value);
 
 /// The cell read as a number: a number as it is, a text that reads as one, an empty cell as 0, True as -1.
 /// Raises TypeMismatch for any other text and for an error value.
@@ -60,6 +61,6 @@ using ValueGrid = Grid<CellValue>;
 }
 
 /// The cell as text: a number with at most 15 significant digits, "True" and "False", "#N/A".
-[[nodiscard]] std::string toText(const CellValue& value);
+[[nodiscard]] TBVNONPARA_API std::string toText(const CellValue& value);
 
 }  // namespace TBVNonPara

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/whole_numbers.hpp"
 
 namespace TBVNonPara {
@@ -50,17 +51,17 @@ constexpr DoubleDouble& operator+=(DoubleDouble& a, DoubleDouble b) noexcept {
 }
 
 /// a x b exactly, where neither the product nor its last digits leave the range of doubles.
-[[nodiscard]] DoubleDouble exactProduct(double a, double b) noexcept;
+[[nodiscard]] TBVNONPARA_API DoubleDouble exactProduct(double a, double b) noexcept;
 
-[[nodiscard]] DoubleDouble operator*(DoubleDouble a, double b) noexcept;
-[[nodiscard]] DoubleDouble operator*(DoubleDouble a, DoubleDouble b) noexcept;
-[[nodiscard]] DoubleDouble operator/(DoubleDouble a, double b) noexcept;
-[[nodiscard]] DoubleDouble operator/(DoubleDouble a, DoubleDouble b) noexcept;
+[[nodiscard]] TBVNONPARA_API DoubleDouble operator*(DoubleDouble a, double b) noexcept;
+[[nodiscard]] TBVNONPARA_API DoubleDouble operator*(DoubleDouble a, DoubleDouble b) noexcept;
+[[nodiscard]] TBVNONPARA_API DoubleDouble operator/(DoubleDouble a, double b) noexcept;
+[[nodiscard]] TBVNONPARA_API DoubleDouble operator/(DoubleDouble a, DoubleDouble b) noexcept;
 
 /// The natural logarithm of a whole number above 0, to 20 decimals.
-[[nodiscard]] DoubleDouble logarithm(Long number);
+[[nodiscard]] TBVNONPARA_API DoubleDouble logarithm(Long number);
 
 /// e to the power of a number; the relative error is that of a double.
-[[nodiscard]] double exponential(DoubleDouble power) noexcept;
+[[nodiscard]] TBVNONPARA_API double exponential(DoubleDouble power) noexcept;
 
 }  // namespace TBVNonPara

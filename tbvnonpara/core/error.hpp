@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "tbvnonpara/core/api.hpp"
+
 namespace TBVNonPara {
 
 /// The runtime's own errors: classic numbers, each with its usual description.
@@ -21,7 +23,7 @@ enum class RuntimeError : std::int32_t {
 };
 
 /// The usual description of a runtime error, for example "Subscript out of range".
-[[nodiscard]] std::string_view description(RuntimeError error) noexcept;
+[[nodiscard]] TBVNONPARA_API std::string_view description(RuntimeError error) noexcept;
 
 /// What a client is told: a number, a description (may be empty) and a source (where it arose).
 ///
@@ -30,7 +32,7 @@ enum class RuntimeError : std::int32_t {
 ///     } catch (const Error& error) {
 ///         std::cerr << error.number() << ": " << error.description() << " (" << error.source() << ")\n";
 ///     }
-class Error : public std::exception {
+class TBVNONPARA_API Error : public std::exception {
  public:
     /// An error as a host raises it: with a number and words of its own, without a source.
     explicit Error(std::int32_t number, std::string description = {}, std::string source = {});
@@ -52,26 +54,26 @@ class Error : public std::exception {
 };
 
 /// Raises a runtime error with its usual description.
-[[noreturn]] void raise(RuntimeError error);
+[[noreturn]] TBVNONPARA_API void raise(RuntimeError error);
 
 /// Raises a bare number: no description, no source.
-[[noreturn]] void raise(std::int32_t number);
+[[noreturn]] TBVNONPARA_API void raise(std::int32_t number);
 
 /// @cond
 /// The exception being handled as an Error: a foreign C++ exception keeps its text.
 /// Call it in a handler only.
-[[nodiscard]] Error currentError();
+[[nodiscard]] TBVNONPARA_API Error currentError();
 
 /// Ends a procedure's handler: raises the error being handled again. A source that begins with "Line"
 /// stays (the innermost name wins); any other becomes "Line 0 in TBVNonPara.<procedure>".
-[[noreturn]] void passOn(std::string_view procedure);
+[[noreturn]] TBVNONPARA_API void passOn(std::string_view procedure);
 
 /// The same, but the source is always replaced by the procedure's own name.
-[[noreturn]] void passOnAs(std::string_view procedure);
+[[noreturn]] TBVNONPARA_API void passOnAs(std::string_view procedure);
 
 /// The filter of the range properties: an error whose number lies in the library's own band (5000 to 5101
 /// above the object-error base) is raised again unchanged, any other is replaced by the bare number given.
-[[noreturn]] void passOnOwnOr(std::int32_t replacement);
+[[noreturn]] TBVNONPARA_API void passOnOwnOr(std::int32_t replacement);
 /// @endcond
 
 }  // namespace TBVNonPara

@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "tbvnonpara/core/api.hpp"
+
 namespace TBVNonPara {
 
 /// The text without such characters at its beginning and end.
@@ -14,12 +16,12 @@ namespace TBVNonPara {
 }
 
 /// A name or another text of the user's inside a sentence: "Data".
-[[nodiscard]] std::string inQuotes(std::string_view text);
+[[nodiscard]] TBVNONPARA_API std::string inQuotes(std::string_view text);
 
 /// With a capital, where the text begins with a letter from a to z.
-[[nodiscard]] std::string capitalised(std::string_view text);
+[[nodiscard]] TBVNONPARA_API std::string capitalised(std::string_view text);
 
 /// A text of more bytes as its beginning and "...", cut between two characters.
-[[nodiscard]] std::string shortened(std::string_view text, std::size_t mostBytes);
+[[nodiscard]] TBVNONPARA_API std::string shortened(std::string_view text, std::size_t mostBytes);
 
 }  // namespace TBVNonPara

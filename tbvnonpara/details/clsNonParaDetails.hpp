@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/details/details.hpp"
 #include "tbvnonpara/request/clsNonPara.hpp"
 
@@ -25,7 +26,7 @@ namespace TBVNonPara {
 ///
 /// The settings are those of clsNonPara, to be set in the same order, and take effect at the next Calculate.
 /// Every member raises Error as those of clsNonPara do. Use an object on one thread only.
-class clsNonParaDetails {
+class TBVNONPARA_API clsNonParaDetails {
  public:
     /// The defaults: those of clsNonPara; a confidence of 95 per cent, Holm's adjustment, all pairs of
     /// groups.

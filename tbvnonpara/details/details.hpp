@@ -7,6 +7,7 @@
 #include <variant>
 #include <vector>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/details/labelled_column.hpp"
 #include "tbvnonpara/engine/clsNonParaBO.hpp"
 #include "tbvnonpara/request/tests_offered.hpp"
@@ -48,8 +49,9 @@ struct Details {
 
 /// Raises an error where there is no such control, or where the columns have no details:
 /// std::invalid_argument says why. The watch is told how far long counts are, and may end them.
-[[nodiscard]] Details detailsOf(const OfferedTest& test, TBVNPTails tails, const DetailChoices& chosen,
-                                const std::vector<LabelledColumn>& columns, const clsNonParaBO& engine,
-                                CountWatch watch = {});
+[[nodiscard]] TBVNONPARA_API Details detailsOf(const OfferedTest& test, TBVNPTails tails,
+                                               const DetailChoices& chosen,
+                                               const std::vector<LabelledColumn>& columns,
+                                               const clsNonParaBO& engine, CountWatch watch = {});
 
 }  // namespace TBVNonPara

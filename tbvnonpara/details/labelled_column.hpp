@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/cell_value.hpp"
 
 namespace TBVNonPara {
@@ -15,9 +16,9 @@ struct LabelledColumn {
 };
 
 /// The number that a cell counts as; none for a blank, a text that is no number, a truth value or an error.
-[[nodiscard]] std::optional<double> numberIn(const CellValue& cell);
+[[nodiscard]] TBVNONPARA_API std::optional<double> numberIn(const CellValue& cell);
 
 /// The numbers of a column in its order; what is no number is left out.
-[[nodiscard]] std::vector<double> numbersOf(const LabelledColumn& column);
+[[nodiscard]] TBVNONPARA_API std::vector<double> numbersOf(const LabelledColumn& column);
 
 }  // namespace TBVNonPara

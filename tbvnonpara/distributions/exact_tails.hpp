@@ -4,6 +4,8 @@
 #include <optional>
 #include <span>
 
+#include "tbvnonpara/core/api.hpp"
+
 namespace TBVNonPara {
 
 /// Ranks, and what is made of them, as whole numbers.
@@ -30,7 +32,8 @@ struct ExactUpperTail {
 
 /// Adds up the chances of sums `lowest`, `lowest` + 1, ...; `meanTimesParts` over `parts` is their mean, so
 /// that distances from it compare as whole numbers. None where a tail falls below smallestCounted.
-[[nodiscard]] std::optional<ExactTails> tailsOfSums(std::span<const double> chances, Score lowest,
-                                                    Score observed, Score meanTimesParts, Score parts);
+[[nodiscard]] TBVNONPARA_API std::optional<ExactTails> tailsOfSums(std::span<const double> chances,
+                                                                   Score lowest, Score observed,
+                                                                   Score meanTimesParts, Score parts);
 
 }  // namespace TBVNonPara

@@ -3,6 +3,8 @@
 #include <functional>
 #include <limits>
 
+#include "tbvnonpara/core/api.hpp"
+
 namespace TBVNonPara {
 
 /// Told from time to time which share of a long count is done, 0 to 1; a count that follows another begins at
@@ -10,7 +12,7 @@ namespace TBVNonPara {
 using CountWatch = std::function<void(double share)>;
 
 /// For as long as it lives, the long counts of this thread tell the watch; none where it is empty.
-class WatchedCounts {
+class TBVNONPARA_API WatchedCounts {
  public:
     explicit WatchedCounts(const CountWatch& watch);
     WatchedCounts(const WatchedCounts&) = delete;
@@ -22,7 +24,7 @@ class WatchedCounts {
 };
 
 /// One count, and how many of its steps are done.
-class LongCount {
+class TBVNONPARA_API LongCount {
  public:
     explicit LongCount(double steps);
 

@@ -2,6 +2,8 @@
 
 #include <functional>
 
+#include "tbvnonpara/core/api.hpp"
+
 namespace TBVNonPara {
 
 /// The lower tail of the standard normal distribution as a function: a host's own, or normalLowerTail.
@@ -9,6 +11,6 @@ using NormalTail = std::function<double(double z)>;
 
 /// Lower tail of the standard normal distribution, erfc(-z / sqrt(2)) / 2, within two units in the last
 /// place for every z that is a number, also where the result is subnormal.
-[[nodiscard]] double normalLowerTail(double z);
+[[nodiscard]] TBVNONPARA_API double normalLowerTail(double z);
 
 }  // namespace TBVNonPara

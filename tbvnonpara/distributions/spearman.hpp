@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/enumerations.hpp"
 #include "tbvnonpara/core/whole_numbers.hpp"
 #include "tbvnonpara/distributions/normal.hpp"
@@ -8,6 +9,6 @@ namespace TBVNonPara {
 
 /// Probability of a rank correlation of n pairs: exact up to 7 pairs, above by an Edgeworth series, which
 /// alone calls `normal`; 1 for fewer than 2 pairs. Tails outside the list gives the upper tail of |rs|.
-[[nodiscard]] double spearmanP(Long n, double rs, TBVNPTails tails, const NormalTail& normal);
+[[nodiscard]] TBVNONPARA_API double spearmanP(Long n, double rs, TBVNPTails tails, const NormalTail& normal);
 
 }  // namespace TBVNonPara

@@ -2,6 +2,7 @@
 
 #include <span>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/array.hpp"
 #include "tbvnonpara/core/cell_value.hpp"
 
@@ -28,6 +29,6 @@ struct Categories {
 
 /// Two cells are of one category when they are equal: numbers and Booleans as numbers (True is -1, False 0),
 /// texts exactly, empty cells among themselves. A category is shown as it is seen first.
-[[nodiscard]] Categories findCategories(std::span<const CellValue> cells);
+[[nodiscard]] TBVNONPARA_API Categories findCategories(std::span<const CellValue> cells);
 
 }  // namespace TBVNonPara

@@ -3,6 +3,7 @@
 #include <variant>
 
 #include "tbvnonpara/companion/CompanionLibrary.hpp"
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/enumerations.hpp"
 #include "tbvnonpara/distributions/normal.hpp"
 #include "tbvnonpara/engine/group_summary.hpp"
@@ -53,7 +54,7 @@ constexpr int Zero = 3;
 ///
 /// n values take O(n log n); an exact probability of n1 and n2 values n1 x n2 x min(n1, n2), of n signed
 /// ranks n^3. No more than six times the input is held at once. One object belongs to one thread at a time.
-class clsNonParaBO {
+class TBVNONPARA_API clsNonParaBO {
  public:
     explicit clsNonParaBO(CompanionLibrary companions);
     clsNonParaBO(const clsNonParaBO&) = delete;

@@ -4,6 +4,7 @@
 #include <variant>
 #include <vector>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/enumerations.hpp"
 #include "tbvnonpara/engine/clsNonParaBO.hpp"
 
@@ -21,9 +22,10 @@ struct NamedResult {
 
 /// The results of a test by name, exactly as the engine holds them. Those that share a part of their names
 /// stand together.
-[[nodiscard]] std::vector<NamedResult> namedResults(TBVNPMethod method, const clsNonParaBO& engine);
+[[nodiscard]] TBVNONPARA_API std::vector<NamedResult> namedResults(TBVNPMethod method,
+                                                                   const clsNonParaBO& engine);
 
 /// The P that the report shows, or the first of several.
-[[nodiscard]] double reportedP(TBVNPMethod method, const clsNonParaBO& engine);
+[[nodiscard]] TBVNONPARA_API double reportedP(TBVNPMethod method, const clsNonParaBO& engine);
 
 }  // namespace TBVNonPara

@@ -7,10 +7,12 @@
 #include <string>
 #include <string_view>
 
+#include "tbvnonpara/core/api.hpp"
+
 namespace TBVNonPara::workbook {
 
 /// One part, read from its beginning to its end.
-class PartStream {
+class TBVNONPARA_API PartStream {
  public:
     PartStream() = default;
     PartStream(const PartStream&) = delete;
@@ -22,7 +24,7 @@ class PartStream {
 };
 
 /// Named parts, as a workbook file is made of.
-class Parts {
+class TBVNONPARA_API Parts {
  public:
     Parts() = default;
     Parts(const Parts&) = delete;
@@ -35,13 +37,14 @@ class Parts {
 };
 
 /// The beginning of a part, empty when there is no such part.
-[[nodiscard]] std::string beginningOf(const Parts& parts, const std::string& part, std::size_t size);
+[[nodiscard]] TBVNONPARA_API std::string beginningOf(const Parts& parts, const std::string& part,
+                                                     std::size_t size);
 
 /// A container in the zip format. Names of parts are the same in upper and lower case and
 /// with slashes and backslashes. What is read is
 /// checked against its checksum, and all parts together may unpack to 64 MiB, beyond that to 200 times the
 /// file's size, and to 8 GiB at most: more is refused as soon as it is reached.
-class Container final : public Parts {
+class TBVNONPARA_API Container final : public Parts {
  public:
     explicit Container(const std::filesystem::path& path);
     /// The bytes must stay as long as the container is used.

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/error.hpp"
 #include "tbvnonpara/workbook/cell_store.hpp"
 #include "tbvnonpara/workbook/sheet.hpp"
@@ -28,7 +29,7 @@ struct FileContents {
 };
 
 /// Gives each sheet a name of its own: the second of a name gets a number that no other sheet bears.
-void tellSheetsApart(FileContents& contents);
+TBVNONPARA_API void tellSheetsApart(FileContents& contents);
 
 /// What a cell of a file holds: `unreadable` when `read` raises an error, and then why.
 struct ReadCell {
@@ -48,12 +49,12 @@ template <typename Read>
 }
 
 /// Makes the sheet on top one that can be seen, where there is any.
-void showVisibleSheet(FileContents& contents) noexcept;
+TBVNONPARA_API void showVisibleSheet(FileContents& contents) noexcept;
 
 /// Takes the cells of a file, sheet after sheet, and raises the host's error when they lie outside a sheet or
 /// are more than files of people hold: 2^27 cells, 2^24 of which may come from a cell that stands for many,
 /// and 512 MiB for cells scattered so widely that they take far more room than they fill.
-class FileCells {
+class TBVNONPARA_API FileCells {
  public:
     /// The cells that follow belong to this sheet.
     void begin(FileSheet& sheet);
@@ -78,10 +79,10 @@ class FileCells {
 };
 
 /// Appends to a text of a cell; a text beyond 16 MiB is refused.
-void appendToText(std::string& text, std::string_view piece);
+TBVNONPARA_API void appendToText(std::string& text, std::string_view piece);
 
 /// Gives equal texts the same memory, as long as they are not too many.
-class SharedTexts {
+class TBVNONPARA_API SharedTexts {
  public:
     [[nodiscard]] Text share(std::string_view text);
 

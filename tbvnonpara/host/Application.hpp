@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/host/Workbook.hpp"
 #include "tbvnonpara/host/WorksheetFunction.hpp"
 
@@ -19,7 +20,7 @@ namespace TBVNonPara {
 ///
 ///     class MyApplication : public TBVNonPara::Application { ... };
 ///     clsNonPara request(ownCompanions(makeObject<MyApplication>()));
-class Application {
+class TBVNONPARA_API Application {
  public:
     /// Hosts derive from this class.
     virtual ~Application() = default;

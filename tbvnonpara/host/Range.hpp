@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/cell_value.hpp"
 #include "tbvnonpara/core/object_ref.hpp"
 #include "tbvnonpara/core/whole_numbers.hpp"
@@ -24,7 +25,7 @@ using WorkbookRef = ObjectRef<Workbook>;
 /// Cells of one worksheet: one rectangle, or several (areas) in the order in which they were named. Rows,
 /// columns, cells and values are those of the first area. Every operation raises the host's error when the
 /// host refuses it.
-class Range {
+class TBVNONPARA_API Range {
  public:
     /// Hosts derive from this class.
     virtual ~Range() = default;

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/host/Worksheet.hpp"
 
 namespace TBVNonPara {
@@ -16,7 +17,7 @@ constexpr std::string_view scratchSheetName = "Results";
 
 /// An open workbook: its worksheets by position, counted from 1, and by name. A worksheet that does not exist
 /// is the host's error.
-class Workbook {
+class TBVNONPARA_API Workbook {
  public:
     /// Hosts derive from this class.
     virtual ~Workbook() = default;

@@ -3,12 +3,13 @@
 #include <string>
 #include <string_view>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/host/Range.hpp"
 
 namespace TBVNonPara {
 
 /// A worksheet and its cells. An address without a sheet's name lies on this sheet.
-class Worksheet {
+class TBVNONPARA_API Worksheet {
  public:
     /// Hosts derive from this class.
     virtual ~Worksheet() = default;

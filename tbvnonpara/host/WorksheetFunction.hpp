@@ -2,13 +2,14 @@
 
 #include <string_view>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/host/Range.hpp"
 
 namespace TBVNonPara {
 
 /// The host's worksheet functions. A domain error is raised as the host's error. The digits of a probability
 /// are the host's: a report shows what it gives.
-class WorksheetFunction {
+class TBVNONPARA_API WorksheetFunction {
  public:
     /// Hosts derive from this class.
     virtual ~WorksheetFunction() = default;

@@ -4,6 +4,8 @@
 #include <span>
 #include <vector>
 
+#include "tbvnonpara/core/api.hpp"
+
 namespace TBVNonPara {
 
 /// Equal values that follow each other in an order, from place `first` (counted from 0) on.
@@ -25,13 +27,13 @@ struct AscendingOrder {
 };
 
 /// The order of the values. 0 and -0 are equal.
-[[nodiscard]] AscendingOrder ascendingOrder(std::span<const double> values);
+[[nodiscard]] TBVNONPARA_API AscendingOrder ascendingOrder(std::span<const double> values);
 
 /// The ties among values that stand at these positions when they ascend.
-[[nodiscard]] std::vector<Tie> tiesOf(std::span<const double> values,
-                                      std::span<const std::uint32_t> positions);
+[[nodiscard]] TBVNONPARA_API std::vector<Tie> tiesOf(std::span<const double> values,
+                                                     std::span<const std::uint32_t> positions);
 
 /// Sorts the values themselves; 0 and -0 keep their order.
-void sortAscending(std::span<double> values);
+TBVNONPARA_API void sortAscending(std::span<double> values);
 
 }  // namespace TBVNonPara

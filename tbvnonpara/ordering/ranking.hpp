@@ -2,6 +2,7 @@
 
 #include <span>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/array.hpp"
 #include "tbvnonpara/ordering/ascending_order.hpp"
 
@@ -21,13 +22,14 @@ struct RankedValues {
 };
 
 /// Values that ascend in this order.
-[[nodiscard]] RankedValues rankValues(AscendingOrder order);
+[[nodiscard]] TBVNONPARA_API RankedValues rankValues(AscendingOrder order);
 
 /// Writes the rank of each value into its place in `ranks`. Returns the tie counts.
-TieCounts rankValues(AscendingOrder order, std::span<double> ranks);
+TBVNONPARA_API TieCounts rankValues(AscendingOrder order, std::span<double> ranks);
 
 /// The same, but a value of 0 receives 0 and is not counted in the ranks of the others.
-TieCounts rankWithoutZeros(std::span<const double> values, AscendingOrder order, std::span<double> ranks);
+TBVNONPARA_API TieCounts rankWithoutZeros(std::span<const double> values, AscendingOrder order,
+                                          std::span<double> ranks);
 
 /// Rank sums and numbers of rows of groups 1 and 2.
 struct RankSums {
@@ -84,6 +86,6 @@ void RankedValues::visit(Visit visit) const {
 }
 
 /// The sum of t^3 - t over the tied groups.
-[[nodiscard]] double tieSum(const TieCounts& tieCounts) noexcept;
+[[nodiscard]] TBVNONPARA_API double tieSum(const TieCounts& tieCounts) noexcept;
 
 }  // namespace TBVNonPara

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "tbvnonpara/analysis/each_column.hpp"
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/rendering/csv_report.hpp"
 #include "tbvnonpara/rendering/output.hpp"
 
@@ -13,15 +14,15 @@ namespace TBVNonPara::rendering {
 /// Columns that were tested each by itself, as one table with a row for each: its header, the results by name
 /// (several values of one name as "df.1", "df.2"), how many values, pairs or blocks were left out, and what
 /// is wrong where there are no results. Details are further columns: P, adjusted over the rows, and effects.
-void writeColumnsAsCsv(const std::vector<analysis::ColumnTest>& tests, const CsvFields& fields,
-                       Output& output);
+TBVNONPARA_API void writeColumnsAsCsv(const std::vector<analysis::ColumnTest>& tests, const CsvFields& fields,
+                                      Output& output);
 
 /// The same as one JSON object: the test's name and a list of the columns, each with its details.
-void writeColumnsAsJson(std::string_view test, const std::vector<analysis::ColumnTest>& tests,
-                        Output& output);
+TBVNONPARA_API void writeColumnsAsJson(std::string_view test, const std::vector<analysis::ColumnTest>& tests,
+                                       Output& output);
 
 /// P of each column's details, alone and adjusted over all of them.
-[[nodiscard]] DetailPage columnsPage(const std::vector<analysis::ColumnTest>& tests,
-                                     const DetailChoices& choices);
+[[nodiscard]] TBVNONPARA_API DetailPage columnsPage(const std::vector<analysis::ColumnTest>& tests,
+                                                    const DetailChoices& choices);
 
 }  // namespace TBVNonPara::rendering

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/cell_value.hpp"
 #include "tbvnonpara/rendering/output.hpp"
 #include "tbvnonpara/rendering/report_block.hpp"
@@ -15,10 +16,10 @@ struct CsvFields {
 };
 
 /// One value as a field: quoted where it must be, empty for an empty one.
-[[nodiscard]] std::string csvField(const CellValue& value, const CsvFields& fields);
+[[nodiscard]] TBVNONPARA_API std::string csvField(const CellValue& value, const CsvFields& fields);
 
 /// Writes every cell of a report as comma-separated values after RFC 4180: lines end in CR LF, numbers are
 /// the shortest that read back as the same.
-void writeCsv(const ReportBlock& report, Output& output, const CsvFields& fields = {});
+TBVNONPARA_API void writeCsv(const ReportBlock& report, Output& output, const CsvFields& fields = {});
 
 }  // namespace TBVNonPara::rendering

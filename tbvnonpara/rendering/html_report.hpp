@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/rendering/output.hpp"
 #include "tbvnonpara/rendering/report_block.hpp"
 
@@ -11,10 +12,10 @@ namespace TBVNonPara::rendering {
 /// Writes a report as one page that needs nothing else: its tables look as on the sheet, numbers carry their
 /// exact value, a picture (SVG, may be empty) stands below. Light or dark as the reader prefers, fit for a
 /// phone and for paper. `details` (a section, may be empty) stand at the end.
-void writeHtml(const ReportBlock& report, std::string_view title, std::string_view picture, Output& output,
-               std::string_view details = {});
+TBVNONPARA_API void writeHtml(const ReportBlock& report, std::string_view title, std::string_view picture,
+                              Output& output, std::string_view details = {});
 
 /// A text as it stands in a page, in an attribute too.
-[[nodiscard]] std::string inHtml(std::string_view text);
+[[nodiscard]] TBVNONPARA_API std::string inHtml(std::string_view text);
 
 }  // namespace TBVNonPara::rendering

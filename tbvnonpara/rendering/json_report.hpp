@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/details/details.hpp"
 #include "tbvnonpara/engine/named_results.hpp"
 #include "tbvnonpara/rendering/output.hpp"
@@ -20,14 +21,15 @@ struct BesideReport {
 };
 
 /// What is missing in the data as a member of an object: "missing": {"dropped": 37, ...}.
-[[nodiscard]] std::string missingInJson(const reshaping::Account& data);
+[[nodiscard]] TBVNONPARA_API std::string missingInJson(const reshaping::Account& data);
 
 /// What was left out, each with what it is a part of, and the groups that remain, as further members.
-[[nodiscard]] std::string accountInJson(const reshaping::Account& data);
+[[nodiscard]] TBVNONPARA_API std::string accountInJson(const reshaping::Account& data);
 
 /// Writes a report as one JSON object: the test's name, the report's address and all its cells, the results
 /// by name; groups and what was left out of the data, details and warnings, where there are any.
-void writeJson(std::string_view test, std::string_view address, const ReportBlock& report,
-               const std::vector<NamedResult>& results, Output& output, const BesideReport& beside = {});
+TBVNONPARA_API void writeJson(std::string_view test, std::string_view address, const ReportBlock& report,
+                              const std::vector<NamedResult>& results, Output& output,
+                              const BesideReport& beside = {});
 
 }  // namespace TBVNonPara::rendering

@@ -4,11 +4,13 @@
 #include <string>
 #include <string_view>
 
+#include "tbvnonpara/core/api.hpp"
+
 namespace TBVNonPara::rendering {
 
 /// Where a report is written to. A write that fails (a closed pipe, a full disk) raises
 /// std::system_error; only after finish has everything been written.
-class Output {
+class TBVNONPARA_API Output {
  public:
     explicit Output(std::FILE* file) : m_File(file) {}
 

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "tbvnonpara/analysis/columns.hpp"
+#include "tbvnonpara/core/api.hpp"
 
 namespace TBVNonPara::rendering {
 
@@ -10,6 +11,6 @@ using PictureColumn = LabelledColumn;
 using analysis::columnsAt;
 
 /// The value below which a part of sorted numbers lies, between two of them where need be.
-[[nodiscard]] double quantile(const std::vector<double>& sorted, double part);
+[[nodiscard]] TBVNONPARA_API double quantile(const std::vector<double>& sorted, double part);
 
 }  // namespace TBVNonPara::rendering

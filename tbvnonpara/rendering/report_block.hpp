@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/rectangle.hpp"
 #include "tbvnonpara/workbook/cell_store.hpp"
 #include "tbvnonpara/workbook/format_store.hpp"
@@ -10,7 +11,7 @@
 namespace TBVNonPara::rendering {
 
 /// A finished report: a block of cells on a sheet. Rows and columns count from 1 at the block's top left.
-class ReportBlock {
+class TBVNONPARA_API ReportBlock {
  public:
     /// The stores, or the sheet, must outlive the block.
     ReportBlock(const workbook::CellStore& cells, const workbook::FormatStore& formats, const Rectangle& area)

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/rendering/output.hpp"
 #include "tbvnonpara/rendering/report_block.hpp"
 
@@ -13,6 +14,6 @@ namespace TBVNonPara::rendering {
 /// blank lines at the end are left out. With colour, bold cells are bold and rules faint. With a width,
 /// nothing is wider: titles are folded, and of a table the columns that do not fit follow below, each time
 /// behind its labels.
-void writeText(const ReportBlock& report, bool colour, Output& output, std::size_t width = 0);
+TBVNONPARA_API void writeText(const ReportBlock& report, bool colour, Output& output, std::size_t width = 0);
 
 }  // namespace TBVNonPara::rendering

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "tbvnonpara/companion/CompanionLibrary.hpp"
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/array.hpp"
 #include "tbvnonpara/core/enumerations.hpp"
 
@@ -27,7 +28,7 @@ using Labels = Array<std::string>;
 /// first row at the cursor and leaves the cursor on the first row below its last one. Lists and grids hold an
 /// element or a column a group. Every member raises Error, the host's own where the host refuses a write;
 /// nothing is undone then.
-class clsNonParaOutput {
+class TBVNONPARA_API clsNonParaOutput {
  public:
     explicit clsNonParaOutput(const CompanionLibrary& companions);
 

@@ -4,6 +4,7 @@
 #include <variant>
 #include <vector>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/cell_value.hpp"
 
 namespace TBVNonPara {
@@ -38,10 +39,10 @@ struct DetailPage {
 constexpr double smallestProbability = 1e-300;
 
 /// "3.42e-968" of a probability that a double does not hold.
-[[nodiscard]] std::string smallProbabilityText(double log10);
+[[nodiscard]] TBVNONPARA_API std::string smallProbabilityText(double log10);
 
 /// What a cell of a sheet holds and how it is shown there: a number stays one, as far as it can be held.
-[[nodiscard]] CellValue sheetValue(const DetailCell& cell);
-[[nodiscard]] std::string sheetFormat(const DetailCell& cell);
+[[nodiscard]] TBVNONPARA_API CellValue sheetValue(const DetailCell& cell);
+[[nodiscard]] TBVNONPARA_API std::string sheetFormat(const DetailCell& cell);
 
 }  // namespace TBVNonPara

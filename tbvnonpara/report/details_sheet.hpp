@@ -3,6 +3,7 @@
 #include <string>
 
 #include "tbvnonpara/companion/CompanionLibrary.hpp"
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/report/detail_page.hpp"
 
 namespace TBVNonPara {
@@ -14,16 +15,18 @@ namespace TBVNonPara {
 ///     const RangeRef details = writeDetailsSheet(companions, report, page);
 ///
 /// What the host refuses is raised as its error, and the new sheet is gone then. The report stays as it is.
-[[nodiscard]] RangeRef writeDetailsSheet(const CompanionLibrary& companions, const RangeRef& report,
-                                         const DetailPage& page);
+[[nodiscard]] TBVNONPARA_API RangeRef writeDetailsSheet(const CompanionLibrary& companions,
+                                                        const RangeRef& report, const DetailPage& page);
 
 /// The same behind any sheet; `source` says where the details come from.
-[[nodiscard]] RangeRef writeDetailsSheet(const CompanionLibrary& companions, const WorksheetRef& before,
-                                         const std::string& source, const DetailPage& page);
+[[nodiscard]] TBVNONPARA_API RangeRef writeDetailsSheet(const CompanionLibrary& companions,
+                                                        const WorksheetRef& before, const std::string& source,
+                                                        const DetailPage& page);
 
 /// Writes details to the first cell of a range and below, in one step from a sheet that goes again. What is
 /// in the way, or does not fit on the sheet, is refused as it is for a report.
-[[nodiscard]] RangeRef placeDetails(const CompanionLibrary& companions, const RangeRef& place,
-                                    const std::string& source, const DetailPage& page, bool overWrite);
+[[nodiscard]] TBVNONPARA_API RangeRef placeDetails(const CompanionLibrary& companions, const RangeRef& place,
+                                                   const std::string& source, const DetailPage& page,
+                                                   bool overWrite);
 
 }  // namespace TBVNonPara

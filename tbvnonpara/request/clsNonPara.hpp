@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "tbvnonpara/companion/CompanionLibrary.hpp"
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/enumerations.hpp"
 #include "tbvnonpara/engine/clsNonParaBO.hpp"
 
@@ -30,7 +31,7 @@ namespace TBVNonPara {
 ///
 /// Use an object on one thread only, and a fresh one for a fresh analysis: results that a test does not fill
 /// keep what an earlier run left.
-class clsNonPara {
+class TBVNONPARA_API clsNonPara {
  public:
     /// The defaults: a two-tailed Mann-Whitney test, no headers, no descriptives, no ranges.
     explicit clsNonPara(CompanionLibrary companions);

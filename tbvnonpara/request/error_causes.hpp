@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/enumerations.hpp"
 #include "tbvnonpara/core/error.hpp"
 
@@ -54,19 +55,19 @@ struct RequestNames {
 };
 
 /// The name of an error's number, "tbvNPNoYRange" or "Overflow"; empty for one that is not the library's.
-[[nodiscard]] std::string_view errorName(std::int32_t number) noexcept;
+[[nodiscard]] TBVNONPARA_API std::string_view errorName(std::int32_t number) noexcept;
 
 /// What an error means. The same runtime error has different causes in different tests.
-[[nodiscard]] Cause causeOf(std::int32_t number, std::optional<TBVNPMethod> method) noexcept;
+[[nodiscard]] TBVNONPARA_API Cause causeOf(std::int32_t number, std::optional<TBVNPMethod> method) noexcept;
 
 /// Whether an error's own description says more than its number: those of the data checks and of a host do,
 /// that of a runtime error does not.
-[[nodiscard]] bool describesItself(const Error& error) noexcept;
+[[nodiscard]] TBVNONPARA_API bool describesItself(const Error& error) noexcept;
 
 /// A sentence or two on what happened, in English; empty for Unknown.
-[[nodiscard]] std::string explanationOf(Cause cause, const RequestNames& names);
+[[nodiscard]] TBVNONPARA_API std::string explanationOf(Cause cause, const RequestNames& names);
 
 /// What to do about it; empty where the explanation says all. A front end may know better words.
-[[nodiscard]] std::string_view adviceOn(Cause cause) noexcept;
+[[nodiscard]] TBVNONPARA_API std::string_view adviceOn(Cause cause) noexcept;
 
 }  // namespace TBVNonPara

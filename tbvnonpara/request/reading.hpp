@@ -1,15 +1,17 @@
 #pragma once
 
 #include "tbvnonpara/companion/ArrayUtility.hpp"
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/host/Application.hpp"
 
 namespace TBVNonPara {
 
 /// The values of a range's first area, without its first row when that is a header.
-[[nodiscard]] ValueGrid readArea(const Application& application, const RangeRef& range, bool headers);
+[[nodiscard]] TBVNONPARA_API ValueGrid readArea(const Application& application, const RangeRef& range,
+                                                bool headers);
 
 /// The values of all areas side by side; a shorter area is padded with empty cells.
-[[nodiscard]] ValueGrid readAreas(const Application& application, const ArrayUtility& utility,
-                                  const RangeRef& range, bool headers);
+[[nodiscard]] TBVNONPARA_API ValueGrid readAreas(const Application& application, const ArrayUtility& utility,
+                                                 const RangeRef& range, bool headers);
 
 }  // namespace TBVNonPara

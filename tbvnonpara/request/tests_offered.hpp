@@ -3,6 +3,7 @@
 #include <span>
 #include <string_view>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/enumerations.hpp"
 
 namespace TBVNonPara {
@@ -28,7 +29,7 @@ struct OfferedTest {
     bool tails;
 };
 
-[[nodiscard]] std::span<const OfferedTest> offeredTests() noexcept;
+[[nodiscard]] TBVNONPARA_API std::span<const OfferedTest> offeredTests() noexcept;
 
 [[nodiscard]] constexpr bool takesSecondRange(DataShape shape) noexcept {
     return shape == DataShape::TwoSamples || shape == DataShape::Pairs || shape == DataShape::CodesOrPairs;

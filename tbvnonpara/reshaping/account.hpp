@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/reshaping/groups.hpp"
 
 namespace TBVNonPara::reshaping {
@@ -29,9 +30,9 @@ struct Account {
 };
 
 /// "left out: 24 of 71 rows by the conditions, 37 of 153 pairs with missing values"; empty when nothing was.
-[[nodiscard]] std::string leftOut(const Account& account);
+[[nodiscard]] TBVNONPARA_API std::string leftOut(const Account& account);
 
 /// "values", "pairs" or "blocks".
-[[nodiscard]] std::string_view nameOf(Unit unit) noexcept;
+[[nodiscard]] TBVNONPARA_API std::string_view nameOf(Unit unit) noexcept;
 
 }  // namespace TBVNonPara::reshaping

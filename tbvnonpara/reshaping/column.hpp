@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "tbvnonpara/core/a1.hpp"
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/cell_value.hpp"
 
 namespace TBVNonPara::reshaping {
@@ -21,18 +22,19 @@ struct Column {
 };
 
 /// "chickwts!weight" under a header, "Data!B" without one.
-[[nodiscard]] std::string nameOf(const Column& column);
+[[nodiscard]] TBVNONPARA_API std::string nameOf(const Column& column);
 
 /// A cell of the column on the user's sheet, counted from 0: "chickwts!B7".
-[[nodiscard]] std::string nameOfCell(const Column& column, std::size_t cell);
+[[nodiscard]] TBVNONPARA_API std::string nameOfCell(const Column& column, std::size_t cell);
 
 /// What a cell holds, for a sentence: the text "x", the error #N/A, TRUE.
-[[nodiscard]] std::string contentsOf(const CellValue& value);
+[[nodiscard]] TBVNONPARA_API std::string contentsOf(const CellValue& value);
 
 /// The column without the cells at the places where `keep` says no; as many answers as cells.
-void keepCells(Column& column, const std::vector<bool>& keep);
+TBVNONPARA_API void keepCells(Column& column, const std::vector<bool>& keep);
 
 /// "37 values", "1 value".
-[[nodiscard]] std::string counted(std::size_t number, std::string_view one, std::string_view several);
+[[nodiscard]] TBVNONPARA_API std::string counted(std::size_t number, std::string_view one,
+                                                 std::string_view several);
 
 }  // namespace TBVNonPara::reshaping

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/reshaping/column.hpp"
 #include "tbvnonpara/reshaping/missing.hpp"
 
@@ -25,16 +26,17 @@ struct Groups {
 };
 
 /// The groups of a column, numbers and texts alike, blanks around a text apart.
-[[nodiscard]] Groups groupsIn(const Column& column, const Missing& missing);
+[[nodiscard]] TBVNONPARA_API Groups groupsIn(const Column& column, const Missing& missing);
 
 /// The groups that are picked, in this order; all of them for an empty list. Raises a Refusal that lists the
 /// groups and their sizes for a name that is none of them or that comes twice.
-[[nodiscard]] Groups pickGroups(Groups groups, const std::vector<std::string>& names, const Column& column);
+[[nodiscard]] TBVNONPARA_API Groups pickGroups(Groups groups, const std::vector<std::string>& names,
+                                               const Column& column);
 
 /// "casein (12), linseed (12)", the first two dozen.
-[[nodiscard]] std::string sizesOf(const std::vector<Group>& groups);
+[[nodiscard]] TBVNONPARA_API std::string sizesOf(const std::vector<Group>& groups);
 
 /// The values of each group, under its name. As many groups as cells of the column.
-[[nodiscard]] std::vector<Column> splitByGroup(const Column& values, const Groups& groups);
+[[nodiscard]] TBVNONPARA_API std::vector<Column> splitByGroup(const Column& values, const Groups& groups);
 
 }  // namespace TBVNonPara::reshaping

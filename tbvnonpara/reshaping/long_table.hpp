@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/reshaping/reshaped.hpp"
 
 namespace TBVNonPara::reshaping {
@@ -17,6 +18,6 @@ struct LongTable {
 /// One column for each group. Raises a Refusal for columns of unequal length, for groups that are not there
 /// or too many or too few, for missing values that are not to be left out, for a block with a gap or with two
 /// values of a group.
-[[nodiscard]] Reshaped fromLong(LongTable table, const Wishes& wishes);
+[[nodiscard]] TBVNONPARA_API Reshaped fromLong(LongTable table, const Wishes& wishes);
 
 }  // namespace TBVNonPara::reshaping

@@ -5,12 +5,13 @@
 #include <unordered_set>
 #include <vector>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/reshaping/column.hpp"
 
 namespace TBVNonPara::reshaping {
 
 /// What stands in a cell for a value that is not there. A blank and #N/A always do.
-class Missing {
+class TBVNONPARA_API Missing {
  public:
     /// With words beside the usual ones, upper and lower case the same.
     explicit Missing(const std::vector<std::string>& words = {});
@@ -29,7 +30,7 @@ class Missing {
 };
 
 /// Whether a text is one of the usual words for a missing value: "NA", "N/A", "NaN", "null", "#N/A".
-[[nodiscard]] bool soundsMissing(std::string_view text);
+[[nodiscard]] TBVNONPARA_API bool soundsMissing(std::string_view text);
 
 /// What is missing in a column.
 struct MissingCells {
@@ -41,18 +42,18 @@ struct MissingCells {
 
 /// Makes numbers of a column's cells: texts that read as numbers, dates and times in the column's one order.
 /// What is missing becomes empty and is counted. Raises a Refusal that names the first cell that is neither.
-MissingCells makeNumbers(Column& column, const Missing& missing);
+TBVNONPARA_API MissingCells makeNumbers(Column& column, const Missing& missing);
 
 /// Whether all cells are numbers, dates or missing, and one is not missing.
-[[nodiscard]] bool holdsNumbers(const Column& column, const Missing& missing);
+[[nodiscard]] TBVNONPARA_API bool holdsNumbers(const Column& column, const Missing& missing);
 
 /// Empties what is missing in a sequence, of numbers or of texts, and counts it.
-MissingCells emptyMissing(Column& column, const Missing& missing);
+TBVNONPARA_API MissingCells emptyMissing(Column& column, const Missing& missing);
 
 /// Empties what is missing among numbers, TRUE and FALSE; a column that holds any other name stays as it is.
-void emptyMissingCodes(Column& column, const Missing& missing);
+TBVNONPARA_API void emptyMissingCodes(Column& column, const Missing& missing);
 
 /// Refuses missing values that nobody asked to leave out: how many, and where the first is.
-[[noreturn]] void refuseMissing(const Column& column, const MissingCells& missing);
+[[noreturn]] TBVNONPARA_API void refuseMissing(const Column& column, const MissingCells& missing);
 
 }  // namespace TBVNonPara::reshaping

@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/error.hpp"
 
 namespace TBVNonPara::reshaping {
@@ -35,7 +36,7 @@ enum class Reason {
 };
 
 /// A table that cannot be brought into the form of a test: the description says what, where and how many.
-class Refusal : public Error {
+class TBVNONPARA_API Refusal : public Error {
  public:
     Refusal(std::int32_t number, std::string description, Remedy remedy = Remedy::CorrectData,
             std::vector<std::string> groups = {})

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/reshaping/account.hpp"
 #include "tbvnonpara/reshaping/column.hpp"
 #include "tbvnonpara/reshaping/missing.hpp"
@@ -26,12 +27,12 @@ struct Reshaped {
 };
 
 /// Refuses missing values unless they are to be left out, or are blanks that may be there.
-void settleMissing(const Column& column, const MissingCells& missing, const Wishes& wishes);
+TBVNONPARA_API void settleMissing(const Column& column, const MissingCells& missing, const Wishes& wishes);
 
 /// Refuses two columns of unequal length, whose rows belong together.
-void requireEqualRows(const Column& first, const Column& other);
+TBVNONPARA_API void requireEqualRows(const Column& first, const Column& other);
 
 /// Names the columns as groups with their sizes; a column without a value is refused.
-void describeGroups(Reshaped& reshaped);
+TBVNONPARA_API void describeGroups(Reshaped& reshaped);
 
 }  // namespace TBVNonPara::reshaping

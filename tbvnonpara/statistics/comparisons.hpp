@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/statistics/options.hpp"
 #include "tbvnonpara/statistics/probability.hpp"
 
@@ -20,7 +21,8 @@ struct GroupPair {
 };
 
 /// All pairs of `groups` groups; with a control those that hold it alone.
-[[nodiscard]] std::vector<GroupPair> pairsOfGroups(std::size_t groups, std::optional<std::size_t> control);
+[[nodiscard]] TBVNONPARA_API std::vector<GroupPair> pairsOfGroups(std::size_t groups,
+                                                                  std::optional<std::size_t> control);
 
 /// About how many steps of an exact count two groups take that hold so many values together: their values and
 /// a probability.
@@ -35,14 +37,14 @@ template <typename StepsOf>
 }
 
 /// The probabilities of comparisons as they are adjusted for each other, in their order.
-[[nodiscard]] std::vector<Probability> adjusted(const std::vector<Probability>& probabilities,
-                                                Adjustment adjustment);
+[[nodiscard]] TBVNONPARA_API std::vector<Probability> adjusted(const std::vector<Probability>& probabilities,
+                                                               Adjustment adjustment);
 
 /// Letters of groups: two that share one do not differ (insert and absorb, Piepho 2004). `ranks` orders the
 /// groups, largest first; `differ` are the pairs that do. Empty above 200 groups or 2,000 letters, where
 /// nobody reads them.
-[[nodiscard]] std::optional<std::vector<std::string>> lettersOf(const std::vector<double>& ranks,
-                                                                const std::vector<GroupPair>& differ);
+[[nodiscard]] TBVNONPARA_API std::optional<std::vector<std::string>> lettersOf(
+    const std::vector<double>& ranks, const std::vector<GroupPair>& differ);
 
 /// Fills in `adjusted` of comparisons by their `p`. Returns the letters of the groups whose places in the
 /// order `ranks` gives, none where all comparisons are with one control.

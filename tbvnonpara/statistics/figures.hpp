@@ -11,6 +11,8 @@
 #include <variant>
 #include <vector>
 
+#include "tbvnonpara/core/api.hpp"
+
 namespace TBVNonPara::statistics {
 
 struct Figure;
@@ -99,6 +101,6 @@ Figure figureOf(const Value& value) {
 
 /// The figure at a path of names and places counted from 1, "groups.2.median.low". Null where the path leads
 /// nowhere; the figure belongs to the tree. Time grows with the members on the way.
-[[nodiscard]] const Figure* find(const Figure& figure, std::string_view path);
+[[nodiscard]] TBVNONPARA_API const Figure* find(const Figure& figure, std::string_view path);
 
 }  // namespace TBVNonPara::statistics

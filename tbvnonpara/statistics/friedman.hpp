@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/statistics/groups.hpp"
 #include "tbvnonpara/statistics/intervals.hpp"
 #include "tbvnonpara/statistics/mann_whitney.hpp"
@@ -61,11 +62,11 @@ struct Friedman {
 /// from 0. Throws std::invalid_argument for fewer treatments or blocks, unequal lengths, a value that is not
 /// finite (it names treatment and position), a control that is no treatment, a level out of its bounds. Time
 /// O(b k log k + k^2 b), memory O(b k + k^2), besides the exact count. The test of Friedman (1937).
-[[nodiscard]] Friedman friedman(SampleSpans samples, const Options& options = {},
-                                std::optional<std::size_t> control = {});
+[[nodiscard]] TBVNONPARA_API Friedman friedman(SampleSpans samples, const Options& options = {},
+                                               std::optional<std::size_t> control = {});
 
 /// What P is shown: "exact", "chi-square" or "none".
-[[nodiscard]] std::string_view methodOf(const Friedman& test);
+[[nodiscard]] TBVNONPARA_API std::string_view methodOf(const Friedman& test);
 
 /// @cond
 template <typename Member>

@@ -6,6 +6,7 @@
 #include <span>
 #include <vector>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/statistics/options.hpp"
 #include "tbvnonpara/statistics/probability.hpp"
 
@@ -16,7 +17,7 @@ using SampleSpans = std::span<const std::span<const double>>;
 
 /// @cond
 /// Several samples in ascending order, those without values left out.
-struct Groups {
+struct TBVNONPARA_API Groups {
     std::vector<std::vector<double>> values;
     std::vector<std::size_t> original;  ///< which of the given samples each one is, from 0
     std::size_t missing = 0;
@@ -28,12 +29,12 @@ struct Groups {
 
 /// Throws std::invalid_argument that names group and position of a value that cannot count, and where fewer
 /// than two groups have values.
-[[nodiscard]] Groups groupsOf(SampleSpans samples, const Options& options);
+[[nodiscard]] TBVNONPARA_API Groups groupsOf(SampleSpans samples, const Options& options);
 
 /// Which of the groups the given sample is, from 0; nothing for nothing. Throws std::invalid_argument where
 /// it is none.
-[[nodiscard]] std::optional<std::size_t> groupOfControl(const Groups& groups,
-                                                        std::optional<std::size_t> control);
+[[nodiscard]] TBVNONPARA_API std::optional<std::size_t> groupOfControl(const Groups& groups,
+                                                                       std::optional<std::size_t> control);
 
 /// @endcond
 

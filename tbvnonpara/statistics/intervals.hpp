@@ -7,6 +7,8 @@
 #include <optional>
 #include <span>
 
+#include "tbvnonpara/core/api.hpp"
+
 namespace TBVNonPara::statistics {
 
 /// An estimate with its interval, where there is one; its member says in which unit.
@@ -28,10 +30,10 @@ struct OrderedEstimate {
 
 /// @cond
 /// A share of successes with the interval of Clopper and Pearson (1934). `trials` is not 0.
-[[nodiscard]] Estimate share(std::size_t successes, std::size_t trials, double confidence);
+[[nodiscard]] TBVNONPARA_API Estimate share(std::size_t successes, std::size_t trials, double confidence);
 
 /// The median of values that ascend with the interval between two of them (Thompson 1936). Not empty.
-[[nodiscard]] OrderedEstimate medianOf(std::span<const double> ascending, double confidence);
+[[nodiscard]] TBVNONPARA_API OrderedEstimate medianOf(std::span<const double> ascending, double confidence);
 
 /// How far from either end of ordered values an interval ends (0: there is none), with the levels of
 /// OrderedEstimate.
@@ -42,7 +44,7 @@ struct Depth {
 };
 
 /// The depth in a symmetric distribution by its standard normal approximation.
-[[nodiscard]] Depth normalDepth(double mean, double deviation, double confidence);
+[[nodiscard]] TBVNONPARA_API Depth normalDepth(double mean, double deviation, double confidence);
 
 /// The median of `count` ordered values and the interval of this depth; `at` gives the values at places from
 /// 0 on, all at once: a span of std::uint64_t in, a range of doubles out.
@@ -66,10 +68,10 @@ template <typename At>
 
 /// The number k of values to count from either end for such an interval, 0 for none: the largest for which k
 /// - 1 or fewer of n fair coins has a probability of at most half of what the level leaves.
-[[nodiscard]] std::size_t coinsFromTheEnd(std::size_t n, double confidence);
+[[nodiscard]] TBVNONPARA_API std::size_t coinsFromTheEnd(std::size_t n, double confidence);
 
 /// Probability that at most k of n fair coins fall one way.
-[[nodiscard]] double fairCoinsAtMost(std::size_t k, std::size_t n);
+[[nodiscard]] TBVNONPARA_API double fairCoinsAtMost(std::size_t k, std::size_t n);
 
 template <typename Member>
 void visit(const Estimate& estimate, Member& member) {

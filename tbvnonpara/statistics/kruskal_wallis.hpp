@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/statistics/groups.hpp"
 #include "tbvnonpara/statistics/intervals.hpp"
 #include "tbvnonpara/statistics/midranks.hpp"
@@ -54,11 +55,11 @@ struct KruskalWallis {
 /// std::invalid_argument that names group and position of a value that is not finite, where fewer than two
 /// groups have values, where the control is none of them, or for a level out of its bounds. Time O(N log N +
 /// k N + k^2), memory O(N + k^2), besides the exact count.
-[[nodiscard]] KruskalWallis kruskalWallis(SampleSpans samples, const Options& options = {},
-                                          std::optional<std::size_t> control = {});
+[[nodiscard]] TBVNONPARA_API KruskalWallis kruskalWallis(SampleSpans samples, const Options& options = {},
+                                                         std::optional<std::size_t> control = {});
 
 /// What P is shown: "exact", "chi-square" or "none".
-[[nodiscard]] std::string_view methodOf(const KruskalWallis& test);
+[[nodiscard]] TBVNONPARA_API std::string_view methodOf(const KruskalWallis& test);
 
 /// @cond
 template <typename Member>

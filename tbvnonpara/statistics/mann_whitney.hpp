@@ -7,6 +7,7 @@
 #include <span>
 #include <string_view>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/statistics/intervals.hpp"
 #include "tbvnonpara/statistics/midranks.hpp"
 #include "tbvnonpara/statistics/options.hpp"
@@ -59,14 +60,16 @@ struct MannWhitney {
 /// any order. Time O(n log n), memory O(n), besides the exact count that `options` allow. Throws
 /// std::invalid_argument that names the sample and position of a value that is not finite, for a sample
 /// without values, and for a level out of its bounds.
-[[nodiscard]] MannWhitney mannWhitney(std::span<const double> first, std::span<const double> second,
-                                      const Options& options = {});
+[[nodiscard]] TBVNONPARA_API MannWhitney mannWhitney(std::span<const double> first,
+                                                     std::span<const double> second,
+                                                     const Options& options = {});
 
 /// MannWhitney::superiority without its interval, of two samples that ascend and are not empty. O(n1 + n2).
-[[nodiscard]] double superiority(std::span<const double> first, std::span<const double> second);
+[[nodiscard]] TBVNONPARA_API double superiority(std::span<const double> first,
+                                                std::span<const double> second);
 
 /// What P is shown: "exact", "normal" or "none".
-[[nodiscard]] std::string_view methodOf(const MannWhitney& test);
+[[nodiscard]] TBVNONPARA_API std::string_view methodOf(const MannWhitney& test);
 
 /// @cond
 template <typename Member>

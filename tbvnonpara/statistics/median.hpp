@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/statistics/groups.hpp"
 #include "tbvnonpara/statistics/intervals.hpp"
 #include "tbvnonpara/statistics/permutations.hpp"
@@ -48,11 +49,11 @@ struct Median {
 
 /// The test of Mood (1950). Samples, control and what is thrown: as for kruskalWallis(). Time O(N log N +
 /// k^2), memory O(N + k^2), besides the exact count.
-[[nodiscard]] Median median(SampleSpans samples, const Options& options = {},
-                            std::optional<std::size_t> control = {});
+[[nodiscard]] TBVNONPARA_API Median median(SampleSpans samples, const Options& options = {},
+                                           std::optional<std::size_t> control = {});
 
 /// What P is shown: "exact", "chi-square" or "none".
-[[nodiscard]] std::string_view methodOf(const Median& test);
+[[nodiscard]] TBVNONPARA_API std::string_view methodOf(const Median& test);
 
 /// @cond
 template <typename Member>

@@ -4,6 +4,8 @@
 #include <span>
 #include <vector>
 
+#include "tbvnonpara/core/api.hpp"
+
 namespace TBVNonPara::statistics {
 
 /// Equal values among N ranked ones, in groups of t; `factor` is that of a variance.
@@ -24,7 +26,7 @@ struct Midranks {
 };
 
 /// O(n log n); 0 and -0 are equal.
-[[nodiscard]] Midranks midranks(std::span<const double> values);
+[[nodiscard]] TBVNONPARA_API Midranks midranks(std::span<const double> values);
 
 template <typename Member>
 void visit(const Ties& ties, Member& member) {

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/distributions/long_count.hpp"
 
 namespace TBVNonPara::statistics {
@@ -48,7 +49,7 @@ struct Options {
 
 /// @cond
 /// Throws std::invalid_argument where the level is none that an interval can have.
-void checkOptions(const Options& options);
+TBVNONPARA_API void checkOptions(const Options& options);
 /// @endcond
 
 }  // namespace TBVNonPara::statistics

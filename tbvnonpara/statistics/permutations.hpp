@@ -5,6 +5,7 @@
 #include <optional>
 #include <span>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/statistics/options.hpp"
 #include "tbvnonpara/statistics/probability.hpp"
 
@@ -38,27 +39,30 @@ struct SampledUpper {
 // and gives none where none are asked for. O(arrangements times ranks), one thread.
 
 /// The sum of the first `first` of the midranks, of any order, when they are dealt anew.
-[[nodiscard]] std::optional<SampledTails> sampledRankSum(std::span<const double> ranks, std::size_t first,
-                                                         double observed, const Options& options);
+[[nodiscard]] TBVNONPARA_API std::optional<SampledTails> sampledRankSum(std::span<const double> ranks,
+                                                                        std::size_t first, double observed,
+                                                                        const Options& options);
 /// The sum of those midranks that a fair coin makes positive.
-[[nodiscard]] std::optional<SampledTails> sampledSignedRanks(std::span<const double> ranks, double observed,
-                                                             const Options& options);
+[[nodiscard]] TBVNONPARA_API std::optional<SampledTails> sampledSignedRanks(std::span<const double> ranks,
+                                                                            double observed,
+                                                                            const Options& options);
 /// The sum of products of two variables' midranks when those of one are put into another order.
-[[nodiscard]] std::optional<SampledTails> sampledRankProducts(std::span<const double> first,
-                                                              std::span<const double> second,
-                                                              const Options& options);
+[[nodiscard]] TBVNONPARA_API std::optional<SampledTails> sampledRankProducts(std::span<const double> first,
+                                                                             std::span<const double> second,
+                                                                             const Options& options);
 /// The number of runs when the cells are put into another order; `greater` is more.
-[[nodiscard]] std::optional<SampledTails> sampledRuns(std::span<const std::size_t> categories,
-                                                      std::size_t observed, double expected,
-                                                      const Options& options);
+[[nodiscard]] TBVNONPARA_API std::optional<SampledTails> sampledRuns(std::span<const std::size_t> categories,
+                                                                     std::size_t observed, double expected,
+                                                                     const Options& options);
 /// The spread of the groups' sums, sum of (R_g - mean)^2 / n_g, when scores (midranks, or 1 above a median
 /// and 0 below) are dealt to groups of these sizes anew. The scores are in the groups' order.
-[[nodiscard]] std::optional<SampledUpper> sampledGroups(std::span<const double> scores,
-                                                        std::span<const std::size_t> sizes,
-                                                        const Options& options);
+[[nodiscard]] TBVNONPARA_API std::optional<SampledUpper> sampledGroups(std::span<const double> scores,
+                                                                       std::span<const std::size_t> sizes,
+                                                                       const Options& options);
 /// The spread of the treatments' rank sums when the midranks of each block are put into another order.
-[[nodiscard]] std::optional<SampledUpper> sampledBlocks(std::span<const double> ranks, std::size_t treatments,
-                                                        const Options& options);
+[[nodiscard]] TBVNONPARA_API std::optional<SampledUpper> sampledBlocks(std::span<const double> ranks,
+                                                                       std::size_t treatments,
+                                                                       const Options& options);
 
 template <typename Member>
 void visit(const SampledP& sampled, Member& member) {

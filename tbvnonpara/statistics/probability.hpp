@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/distributions/exact_tails.hpp"
 
 namespace TBVNonPara::statistics {
@@ -46,33 +47,34 @@ struct StudentTails {
 };
 
 /// @cond
-[[nodiscard]] Probability probability(double value);
-[[nodiscard]] Tails tails(const ExactTails& exact);
+[[nodiscard]] TBVNONPARA_API Probability probability(double value);
+[[nodiscard]] TBVNONPARA_API Tails tails(const ExactTails& exact);
 
 /// The upper tail of the standard normal distribution.
-[[nodiscard]] Probability normalTail(double z);
+[[nodiscard]] TBVNONPARA_API Probability normalTail(double z);
 /// Both tails of it from z and -z on.
-[[nodiscard]] Probability normalTwoTailed(double z);
+[[nodiscard]] TBVNONPARA_API Probability normalTwoTailed(double z);
 /// The upper tail of Student's t.
-[[nodiscard]] Probability studentTail(double t, double df);
+[[nodiscard]] TBVNONPARA_API Probability studentTail(double t, double df);
 /// The upper tail of chi-square.
-[[nodiscard]] Probability chiSquareTail(double value, double df);
+[[nodiscard]] TBVNONPARA_API Probability chiSquareTail(double value, double df);
 /// The upper tail of F.
-[[nodiscard]] Probability fTail(double value, double df1, double df2);
+[[nodiscard]] TBVNONPARA_API Probability fTail(double value, double df1, double df2);
 
 /// At least k of n fair coins.
-[[nodiscard]] Probability fairCoinsAtLeast(double k, double n);
+[[nodiscard]] TBVNONPARA_API Probability fairCoinsAtLeast(double k, double n);
 
 /// `distance` from the mean of a statistic with this standard deviation. With the correction each direction
 /// moves half a `step` towards what it would have to exceed; the two-tailed z ends at 0. None where there is
 /// no spread.
-[[nodiscard]] std::optional<NormalApproximation> normalApproximation(double distance, double deviation,
-                                                                     double step);
+[[nodiscard]] TBVNONPARA_API std::optional<NormalApproximation> normalApproximation(double distance,
+                                                                                    double deviation,
+                                                                                    double step);
 
-[[nodiscard]] StudentTails studentTails(double t, double df);
+[[nodiscard]] TBVNONPARA_API StudentTails studentTails(double t, double df);
 
 /// The standard normal value that a level leaves half of the rest above: 1.96 for 0.95.
-[[nodiscard]] double normalQuantile(double confidence);
+[[nodiscard]] TBVNONPARA_API double normalQuantile(double confidence);
 
 // The names of all members, which every surface takes from here: visit(value, member) calls member(name,
 // figure) for each of them; a figure may be a function that calls member again, for a block of figures below

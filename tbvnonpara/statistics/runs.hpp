@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/statistics/options.hpp"
 #include "tbvnonpara/statistics/permutations.hpp"
 #include "tbvnonpara/statistics/probability.hpp"
@@ -50,13 +51,13 @@ struct Runs {
 /// Time O(n), memory O(n), besides the exact count. The test of Wald and Wolfowitz (1940). Throws
 /// std::invalid_argument for an empty sequence, and for a number out of that order, which it names, or a
 /// level out of its bounds.
-[[nodiscard]] Runs runs(std::span<const std::size_t> categories, const Options& options = {});
+[[nodiscard]] TBVNONPARA_API Runs runs(std::span<const std::size_t> categories, const Options& options = {});
 
 /// The same for numbers, each distinct one a category. NaN is refused or left out; O(n log n).
-[[nodiscard]] Runs runs(std::span<const double> values, const Options& options = {});
+[[nodiscard]] TBVNONPARA_API Runs runs(std::span<const double> values, const Options& options = {});
 
 /// What P is shown: "exact", "normal" or "none".
-[[nodiscard]] std::string_view methodOf(const Runs& test);
+[[nodiscard]] TBVNONPARA_API std::string_view methodOf(const Runs& test);
 
 /// @cond
 template <typename Member>

@@ -5,6 +5,7 @@
 #include <span>
 #include <string_view>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/statistics/intervals.hpp"
 #include "tbvnonpara/statistics/options.hpp"
 #include "tbvnonpara/statistics/probability.hpp"
@@ -29,14 +30,14 @@ struct Sign {
 /// Pairs of one length from 1, finite. Time O(n log n), memory O(n). The test of Arbuthnott (1710). Throws
 /// std::invalid_argument for unequal lengths, no pair, a value that is not finite, which it names, or a level
 /// out of its bounds.
-[[nodiscard]] Sign sign(std::span<const double> first, std::span<const double> second,
-                        const Options& options = {});
+[[nodiscard]] TBVNONPARA_API Sign sign(std::span<const double> first, std::span<const double> second,
+                                       const Options& options = {});
 
 /// Codes: above 0 is a positive sign, below 0 a negative one; the rest as for pairs. O(n).
-[[nodiscard]] Sign sign(std::span<const double> codes, const Options& options = {});
+[[nodiscard]] TBVNONPARA_API Sign sign(std::span<const double> codes, const Options& options = {});
 
 /// What P is shown: "exact" or "none".
-[[nodiscard]] std::string_view methodOf(const Sign& test);
+[[nodiscard]] TBVNONPARA_API std::string_view methodOf(const Sign& test);
 
 /// @cond
 template <typename Member>

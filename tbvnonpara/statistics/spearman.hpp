@@ -6,6 +6,7 @@
 #include <span>
 #include <string_view>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/statistics/intervals.hpp"
 #include "tbvnonpara/statistics/midranks.hpp"
 #include "tbvnonpara/statistics/options.hpp"
@@ -34,11 +35,11 @@ struct Spearman {
 /// The rank correlation of Spearman (1904). first, second: one length from 2, finite. Time O(n log n), memory
 /// O(n), besides the exact count that `options` allow. Throws std::invalid_argument for unequal lengths,
 /// fewer than two pairs, a value that is not finite, which it names, or a level out of its bounds.
-[[nodiscard]] Spearman spearman(std::span<const double> first, std::span<const double> second,
-                                const Options& options = {});
+[[nodiscard]] TBVNONPARA_API Spearman spearman(std::span<const double> first, std::span<const double> second,
+                                               const Options& options = {});
 
 /// What P is shown: "exact", "series", "t" or "none".
-[[nodiscard]] std::string_view methodOf(const Spearman& test);
+[[nodiscard]] TBVNONPARA_API std::string_view methodOf(const Spearman& test);
 
 /// @cond
 template <typename Member>

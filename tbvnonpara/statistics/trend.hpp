@@ -4,6 +4,7 @@
 #include <span>
 #include <string_view>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/statistics/groups.hpp"
 #include "tbvnonpara/statistics/probability.hpp"
 
@@ -24,13 +25,13 @@ struct Trend {
 /// The trend of Terpstra (1952) and Jonckheere (1954): J counts the pairs of values of two groups in which
 /// the later group's is larger, equal ones half. The variance is corrected for ties (Lehmann 1975). None
 /// where all values are equal. O(N log N) and the exact count.
-[[nodiscard]] std::optional<Trend> jonckheereTerpstra(const Groups& groups, double exactSteps);
+[[nodiscard]] TBVNONPARA_API std::optional<Trend> jonckheereTerpstra(const Groups& groups, double exactSteps);
 
 /// The trend of Page (1963): L is the sum of rank times number of treatment; rho, from L, is the mean of the
 /// blocks' Spearman coefficients (Lyerly 1952). `ranks`: midranks block by block. None where all blocks are
 /// tied throughout. O(b k) and the exact count.
-[[nodiscard]] std::optional<Trend> pageTrend(std::span<const double> ranks, std::size_t treatments,
-                                             double exactSteps);
+[[nodiscard]] TBVNONPARA_API std::optional<Trend> pageTrend(std::span<const double> ranks,
+                                                            std::size_t treatments, double exactSteps);
 
 template <typename Member>
 void visit(const Trend& trend, Member& member) {

@@ -6,6 +6,7 @@
 #include <span>
 #include <string_view>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/statistics/intervals.hpp"
 #include "tbvnonpara/statistics/midranks.hpp"
 #include "tbvnonpara/statistics/options.hpp"
@@ -52,11 +53,11 @@ struct Wilcoxon {
 /// The test of Wilcoxon (1945). first, second: one length from 1, finite. Time O(n log n), memory O(n),
 /// besides the exact count that `options` allow. Throws std::invalid_argument for unequal lengths, no pair, a
 /// value that is not finite, which it names, or a level out of its bounds.
-[[nodiscard]] Wilcoxon wilcoxon(std::span<const double> first, std::span<const double> second,
-                                const Options& options = {});
+[[nodiscard]] TBVNONPARA_API Wilcoxon wilcoxon(std::span<const double> first, std::span<const double> second,
+                                               const Options& options = {});
 
 /// What P is shown: "exact", "normal" or "none".
-[[nodiscard]] std::string_view methodOf(const Wilcoxon& test);
+[[nodiscard]] TBVNONPARA_API std::string_view methodOf(const Wilcoxon& test);
 
 /// @cond
 template <typename Member>

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/host/Workbook.hpp"
 #include "tbvnonpara/workbook/sheet.hpp"
 
@@ -20,7 +21,7 @@ enum class Visibility {
 
 /// A workbook in memory: `application->activeBook()->addSheet("Data")`. Names of sheets are the same in upper
 /// and lower case; what is wrong raises the host's error.
-class Book final : public Workbook, public std::enable_shared_from_this<Book> {
+class TBVNONPARA_API Book final : public Workbook, public std::enable_shared_from_this<Book> {
  public:
     /// For EmbeddedApplication::addBook, which opens workbooks.
     Book(std::string name, Visibility visibility, std::weak_ptr<EmbeddedApplication> application);
@@ -82,6 +83,6 @@ class Book final : public Workbook, public std::enable_shared_from_this<Book> {
 
 /// The nearest name that a sheet may have: no []:*?/\ and no control characters, no apostrophe at either end,
 /// at most 31 characters, not empty.
-[[nodiscard]] std::string sanitisedSheetName(std::string_view name);
+[[nodiscard]] TBVNONPARA_API std::string sanitisedSheetName(std::string_view name);
 
 }  // namespace TBVNonPara::workbook

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/cell_value.hpp"
 #include "tbvnonpara/core/rectangle.hpp"
 
@@ -21,7 +22,7 @@ constexpr CellError unreadable{1};
 /// The values of a sheet: columns cut into blocks of rows that reach no further than their last value, so
 /// that data costs 16 bytes a cell and a lonely cell at the sheet's end costs a few kilobytes. Rows and
 /// columns count from 1 and must lie on the sheet.
-class CellStore {
+class TBVNONPARA_API CellStore {
  public:
     [[nodiscard]] const CellValue& at(Index row, Index column) const noexcept;
     void set(Index row, Index column, CellValue value) {

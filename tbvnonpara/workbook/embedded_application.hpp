@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/host/Application.hpp"
 #include "tbvnonpara/workbook/book.hpp"
 #include "tbvnonpara/workbook/clipboard.hpp"
@@ -28,8 +29,8 @@ struct NumberColumn {
 ///     CompanionLibrary companions = ownCompanions(application);
 ///
 /// Errors have the number 1004 and a description.
-class EmbeddedApplication final : public Application,
-                                  public std::enable_shared_from_this<EmbeddedApplication> {
+class TBVNONPARA_API EmbeddedApplication final : public Application,
+                                                 public std::enable_shared_from_this<EmbeddedApplication> {
  public:
     /// The range of an address of the active workbook; areas lie on one sheet.
     [[nodiscard]] RangeRef GetRange(std::string_view address) const override;
@@ -95,6 +96,6 @@ class EmbeddedApplication final : public Application,
 };
 
 /// A new spreadsheet in memory.
-[[nodiscard]] ObjectRef<EmbeddedApplication> makeApplication();
+[[nodiscard]] TBVNONPARA_API ObjectRef<EmbeddedApplication> makeApplication();
 
 }  // namespace TBVNonPara::workbook

@@ -5,6 +5,7 @@
 #include <map>
 #include <vector>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/rectangle.hpp"
 #include "tbvnonpara/workbook/cell_format.hpp"
 
@@ -12,7 +13,7 @@ namespace TBVNonPara::workbook {
 
 /// The formats of a sheet: one for all cells, and for the columns that differ from it runs of rows with the
 /// same format. A block of cells costs an entry a column however tall it is, the whole sheet costs one.
-class FormatStore {
+class TBVNONPARA_API FormatStore {
  public:
     using Change = std::function<void(CellFormat&)>;
 

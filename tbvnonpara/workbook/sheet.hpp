@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/host/Worksheet.hpp"
 #include "tbvnonpara/workbook/address.hpp"
 #include "tbvnonpara/workbook/cell_store.hpp"
@@ -22,7 +23,7 @@ using UnreadableCells = std::map<std::pair<Index, Index>, std::string>;
 
 /// A worksheet in memory. Beside the host's interface it shows its cells directly; rows and columns count
 /// from 1 and must lie on the sheet.
-class Sheet final : public Worksheet, public std::enable_shared_from_this<Sheet> {
+class TBVNONPARA_API Sheet final : public Worksheet, public std::enable_shared_from_this<Sheet> {
  public:
     Sheet(std::string name, std::weak_ptr<Book> book);
 

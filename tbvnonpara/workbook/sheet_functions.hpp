@@ -1,12 +1,13 @@
 #pragma once
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/host/WorksheetFunction.hpp"
 
 namespace TBVNonPara::workbook {
 
 /// The worksheet functions. Arguments outside a function's domain raise the host's error, whose description
 /// shows the call.
-class SheetFunctions final : public WorksheetFunction {
+class TBVNONPARA_API SheetFunctions final : public WorksheetFunction {
  public:
     /// Within two units in the last place for every z; raises for NaN.
     [[nodiscard]] double NORMSDIST(double z) const override;

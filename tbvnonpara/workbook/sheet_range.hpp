@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/rectangle.hpp"
 #include "tbvnonpara/host/Range.hpp"
 #include "tbvnonpara/workbook/sheet.hpp"
@@ -12,7 +13,7 @@
 namespace TBVNonPara::workbook {
 
 /// Areas of one sheet. Formats, Clear and one value reach every area; the rest is the first area's.
-class SheetRange final : public Range {
+class TBVNONPARA_API SheetRange final : public Range {
  public:
     /// There is at least one area.
     SheetRange(std::shared_ptr<Sheet> sheet, Areas areas);
@@ -62,12 +63,12 @@ class SheetRange final : public Range {
 };
 
 /// Raises the host's error for a cell in one of the areas whose formula the file holds without its result.
-void requireCalculated(const Sheet& sheet, const Areas& areas);
+TBVNONPARA_API void requireCalculated(const Sheet& sheet, const Areas& areas);
 
 /// The range as one of this host; raises ObjectNotSet for none, the host's error for another host's.
-[[nodiscard]] const SheetRange& ownRange(const RangeRef& range);
+[[nodiscard]] TBVNONPARA_API const SheetRange& ownRange(const RangeRef& range);
 
 /// The rectangle around the first areas of two ranges of one sheet.
-[[nodiscard]] RangeRef rangeBetween(const RangeRef& first, const RangeRef& last);
+[[nodiscard]] TBVNONPARA_API RangeRef rangeBetween(const RangeRef& first, const RangeRef& last);
 
 }  // namespace TBVNonPara::workbook

@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/error.hpp"
 
 namespace TBVNonPara::workbook {
@@ -11,13 +12,13 @@ namespace TBVNonPara::workbook {
 enum class Encoding { Utf8, Latin1, Windows1252 };
 
 /// The host's error for a text that is not in UTF-8, so that a caller can say how to name another encoding.
-class NotUtf8 : public Error {
+class TBVNONPARA_API NotUtf8 : public Error {
  public:
     using Error::Error;
 };
 
 /// Text of a file in UTF-8 without a mark: a view of the file's bytes where these are that already.
-class DecodedText {
+class TBVNONPARA_API DecodedText {
  public:
     /// UTF-16 with a byte order mark is known by it; UTF-8 may have one. The bytes must outlive the text.
     /// Raises the host's error for half a character of UTF-16, UTF-32, and bytes that windows-1252 leaves
@@ -33,6 +34,6 @@ class DecodedText {
 };
 
 /// Whether a file with this beginning is UTF-16 text that says so by a mark.
-[[nodiscard]] bool isMarkedUtf16(std::string_view beginning) noexcept;
+[[nodiscard]] TBVNONPARA_API bool isMarkedUtf16(std::string_view beginning) noexcept;
 
 }  // namespace TBVNonPara::workbook

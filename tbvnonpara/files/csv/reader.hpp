@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/rectangle.hpp"
 #include "tbvnonpara/files/csv/encoding.hpp"
 #include "tbvnonpara/workbook/cell_store.hpp"
@@ -49,7 +50,7 @@ struct CsvData {
 /// Raises the host's error, which names `source` and the line, for text in another encoding (NotUtf8
 /// where UTF-8 was expected), a quote that is
 /// not closed, a header row of any other length than the rows below, and values beyond the size of a sheet.
-[[nodiscard]] CsvData readCsv(std::string_view bytes, const CsvOptions& options = {},
-                              std::string_view source = "the data");
+[[nodiscard]] TBVNONPARA_API CsvData readCsv(std::string_view bytes, const CsvOptions& options = {},
+                                             std::string_view source = "the data");
 
 }  // namespace TBVNonPara::workbook

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/workbook/sheet.hpp"
 
 namespace TBVNonPara::workbook {
@@ -27,7 +28,7 @@ struct Placement {
 ///
 /// Raises the host's error when something is in the way: merged cells, a table, a pivot table, an array
 /// formula, a signature; cells that hold something unless overwriting is allowed.
-[[nodiscard]] std::string placeIntoCopy(std::string workbook, const std::string& fileName,
-                                        const std::vector<Placement>& placements);
+[[nodiscard]] TBVNONPARA_API std::string placeIntoCopy(std::string workbook, const std::string& fileName,
+                                                       const std::vector<Placement>& placements);
 
 }  // namespace TBVNonPara::workbook

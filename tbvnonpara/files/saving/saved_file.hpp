@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <string_view>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/error.hpp"
 
 namespace TBVNonPara::workbook {
@@ -16,7 +17,7 @@ enum class ExistingFile {
 };
 
 /// The error of a file that exists and is to be kept: whoever lets people choose can add how.
-class FileExists : public Error {
+class TBVNONPARA_API FileExists : public Error {
  public:
     /// As Error is made.
     using Error::Error;
@@ -24,7 +25,7 @@ class FileExists : public Error {
 
 /// Raises the host's error when a file cannot be saved there: its folder does not exist, it is no ordinary
 /// file, it is write-protected, or (as FileExists) it exists and is to be kept.
-void requireSavable(const std::filesystem::path& path, ExistingFile existing);
+TBVNONPARA_API void requireSavable(const std::filesystem::path& path, ExistingFile existing);
 
 /// A file that appears whole or not at all. What is written goes to a temporary file in the same folder; only
 /// keep() puts it in the place of the file named, and without it nothing is left behind. A symbolic link
@@ -36,7 +37,7 @@ void requireSavable(const std::filesystem::path& path, ExistingFile existing);
 ///     file.keep();
 ///
 /// Raises the host's error, which names the file and says why.
-class SavedFile {
+class TBVNONPARA_API SavedFile {
  public:
     /// Begins a file; raises as requireSavable() does.
     SavedFile(const std::filesystem::path& path, ExistingFile existing);

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/workbook/sheet.hpp"
 
 namespace TBVNonPara::workbook {
@@ -17,6 +18,6 @@ struct WrittenSheet {
 /// what they hold. Numbers read back as exactly the same, in every locale.
 ///
 /// Raises the host's error for texts that no workbook can hold.
-[[nodiscard]] std::string newWorkbook(const std::vector<WrittenSheet>& sheets);
+[[nodiscard]] TBVNONPARA_API std::string newWorkbook(const std::vector<WrittenSheet>& sheets);
 
 }  // namespace TBVNonPara::workbook

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/rectangle.hpp"
 #include "tbvnonpara/files/container.hpp"
 
@@ -18,10 +19,12 @@ struct XlsxDrawing {
 /// What lies on the sheet of a part, in the order of the file; hidden drawings are left out. What is placed
 /// by its size alone covers cells by the heights and widths that the sheet's part states; without one a row
 /// has 20 and a column 64 pixels.
-[[nodiscard]] std::vector<XlsxDrawing> readXlsxDrawings(const Parts& parts, const std::string& sheet);
+[[nodiscard]] TBVNONPARA_API std::vector<XlsxDrawing> readXlsxDrawings(const Parts& parts,
+                                                                       const std::string& sheet);
 
 /// Those on the sheet of a name that cover cells of a block.
-[[nodiscard]] std::vector<XlsxDrawing> xlsxDrawingsOver(const Parts& parts, std::string_view sheetName,
-                                                        const Rectangle& block);
+[[nodiscard]] TBVNONPARA_API std::vector<XlsxDrawing> xlsxDrawingsOver(const Parts& parts,
+                                                                       std::string_view sheetName,
+                                                                       const Rectangle& block);
 
 }  // namespace TBVNonPara::workbook
