@@ -27,23 +27,44 @@ function(tbvnonpara_folder name)
     set_target_properties(tbvnonpara_${name} PROPERTIES UNITY_BUILD_MODE GROUP
                           ARCHIVE_OUTPUT_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/folders)
     tbvnonpara_compile_as_project(tbvnonpara_${name})
+    # A shared library shows what is marked TBVNONPARA_API, and calls its own functions as an archive would.
+    set_target_properties(tbvnonpara_${name} PROPERTIES CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
+    target_compile_options(tbvnonpara_${name} PRIVATE -fno-semantic-interposition)
     list(TRANSFORM folder_NEEDS PREPEND tbvnonpara_)
     target_link_libraries(tbvnonpara_${name} PUBLIC ${folder_NEEDS})
 endfunction()
 
-# tbvnonpara_library(TARGET NAME FILE FOLDERS NAME... [NEEDS LIBRARY...] [TYPE_BY_SHARED_LIBS])
-# What clients link as TBVNonPara::NAME: the objects of whole folders in libFILE.a, or by BUILD_SHARED_LIBS. NEEDS are
-# linked by who links it.
+# tbvnonpara_library(TARGET NAME FILE FOLDERS NAME... SOVERSION NUMBER SYMBOLS MAP [NEEDS LIBRARY...] [WITH LIBRARY...]
+#                    [ARCHIVE])
+# What clients link as TBVNonPara::NAME: the objects of whole folders in libFILE.so or libFILE.a, by BUILD_SHARED_LIBS.
+# NEEDS are of this kind, too; WITH is what the library needs for itself. A shared one shows the symbols of MAP, and
+# ARCHIVE puts the same objects into an archive beside it, TBVNonPara::NAME_static.
 function(tbvnonpara_library target name file)
-    cmake_parse_arguments(PARSE_ARGV 3 library "TYPE_BY_SHARED_LIBS" "" "FOLDERS;NEEDS")
+    cmake_parse_arguments(PARSE_ARGV 3 library "ARCHIVE" "SOVERSION;SYMBOLS" "FOLDERS;NEEDS;WITH")
     list(TRANSFORM library_FOLDERS REPLACE "(.+)" "$<TARGET_OBJECTS:tbvnonpara_\\1>" OUTPUT_VARIABLE objects)
-    set(type STATIC)
-    if(library_TYPE_BY_SHARED_LIBS)
-        set(type)
+    # For Windows there are archives: its shared library is the automation server. A shared one finds those that it needs
+    # beside itself, wherever they are installed.
+    if(BUILD_SHARED_LIBS AND NOT WIN32)
+        add_library(${target} SHARED ${objects})
+        set_target_properties(${target} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${library_SOVERSION}
+                              LINK_DEPENDS ${library_SYMBOLS} INSTALL_RPATH $ORIGIN)
+        target_link_options(${target} PRIVATE LINKER:--version-script=${library_SYMBOLS})
+    else()
+        add_library(${target} STATIC ${objects})
+        set(library_ARCHIVE FALSE)
     endif()
-    add_library(${target} ${type} ${objects})
+    tbvnonpara_name_library(${target} ${name} ${file})
+    target_link_libraries(${target} PUBLIC ${library_NEEDS} PRIVATE ${library_WITH})
+    if(library_ARCHIVE)
+        add_library(${target}_static STATIC ${objects})
+        tbvnonpara_name_library(${target}_static ${name}_static ${file})
+        list(TRANSFORM library_NEEDS APPEND _static)
+        target_link_libraries(${target}_static PUBLIC ${library_NEEDS} PRIVATE ${library_WITH})
+    endif()
+endfunction()
+
+function(tbvnonpara_name_library target name file)
     add_library(TBVNonPara::${name} ALIAS ${target})
     tbvnonpara_compile_as_project(${target})
     set_target_properties(${target} PROPERTIES LINKER_LANGUAGE CXX EXPORT_NAME ${name} OUTPUT_NAME ${file})
-    target_link_libraries(${target} PUBLIC ${library_NEEDS})
 endfunction()
