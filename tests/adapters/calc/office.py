@@ -64,16 +64,18 @@ class Office:
     """with Office() as office: ... The process ends with the block, whatever happens in it.
 
     The add-in is installed in its profile. Another value of `extension` is a package to be installed now, which
-    then runs in a helper process, as for a user who has not started the office again.
+    then runs in a helper process, as for a user who has not started the office again. `bundled` is a folder of
+    extensions for all users, instead of the office's own.
     """
 
-    def __init__(self, visible=False, seconds=1100, extension=True):
+    def __init__(self, visible=False, seconds=1100, extension=True, bundled=None):
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="tbvnonpara-calc-"))
         self.profile = self.folder / "profile"
         self.visible = visible
         self.seconds = seconds
         self.prepared = os.environ.get("TBVNONPARA_PROFILE") if extension is True else None
         self.extension = extension if extension is not True else None
+        self.bundled = bundled
         self.log = self.folder / "office.log"
         self.pipe = self.folder.name
         self.process = None
@@ -99,6 +101,8 @@ class Office:
                    "-env:UserInstallation=" + self.profile.as_uri()]
         if not self.visible:
             command.append("--headless")
+        if self.bundled:
+            command.append("-env:BUNDLED_EXTENSIONS=" + self.bundled.as_uri())
         return command + list(arguments)
 
     def wait(self):
