@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <cmath>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -17,44 +19,72 @@ struct RankedBlocks {
     double T = 0;
 };
 
-/// The ranks within one block, by counting for each value those below it and those equal to it. Returns the
-/// sum of t^3 - t over the ties.
-double rankNarrowBlock(std::span<const double> values, std::span<double> ranks) {
+/// Counts in each of several blocks what of another treatment is below a treatment's value, and what is equal
+/// to it. A compiler does that for several blocks at once.
+void count(std::span<const double> values, std::span<const double> others, std::span<double> below,
+           std::span<double> equal) {
+    for (std::size_t block = 0; block < values.size(); ++block) {
+        below[block] += others[block] < values[block] ? 1.0 : 0.0;
+        equal[block] += others[block] == values[block] ? 1.0 : 0.0;
+    }
+}
+
+/// The ranks within some blocks, by counting. Returns the sum of t^3 - t over the ties.
+double rankNarrowBlocks(RankedBlocks& ranked, std::size_t begin, std::size_t blocks) {
     double T = 0;
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        int below = 0;
-        int equal = 0;
-        for (const double other : values) {
-            below += other < values[i] ? 1 : 0;
-            equal += other == values[i] ? 1 : 0;
+    std::vector<double> below(blocks);
+    std::vector<double> equal(blocks);
+    for (Long i = 1; i <= ranked.data.columns(); ++i) {
+        std::ranges::fill(below, 0);
+        std::ranges::fill(equal, 0);
+        for (Long j = 1; j <= ranked.data.columns(); ++j) {
+            count(ranked.data.column(i).subspan(begin, blocks), ranked.data.column(j).subspan(begin, blocks),
+                  below, equal);
         }
-        ranks[i] = below + (equal + 1) * 0.5;
-        T += equal * equal - 1;  // t values of a tie add t (t^2 - 1)
+        const std::span<double> ranks = ranked.ranks.column(i).subspan(begin, blocks);
+        for (std::size_t block = 0; block < blocks; ++block) {
+            ranks[block] = below[block] + (equal[block] + 1) * 0.5;
+            T += equal[block] * equal[block] - 1;  // t values of a tie add t (t^2 - 1)
+        }
     }
     return T;
 }
 
-double rankWideBlock(std::span<const double> values, std::span<double> ranks, const ArrayUtility& utility) {
-    return tieSum(rankValues(utility.OrderOf(values), ranks));
+/// The ranks within one block of many treatments.
+double rankWideBlock(RankedBlocks& ranked, Long block, const ArrayUtility& utility) {
+    const Long k = ranked.data.columns();
+    std::vector<double> values;
+    for (Long i = 1; i <= k; ++i) {
+        values.push_back(ranked.data(block, i));
+    }
+    std::vector<double> ranks(values.size());
+    const double T = tieSum(rankValues(utility.OrderOf(values), ranks));
+    for (Long i = 1; i <= k; ++i) {
+        ranked.ranks(block, i) = ranks[static_cast<std::size_t>(toIndex(i) - 1)];
+    }
+    return T;
 }
 
 /// An empty cell is no gap: it takes part in its block as 0.
 RankedBlocks rankWithinBlocks(const ValueGrid& values, const ArrayUtility& utility) {
-    constexpr std::size_t widestToCount = 32;
+    constexpr Long widestToCount = 32;
+    constexpr std::size_t blocksAtOnce = 256;  // What is counted of them stays in the nearest cache.
     const Long b = values.rows();
     const Long k = values.columns();
     RankedBlocks ranked{Grid<double>(b, k), Grid<double>(b, k)};
-    std::vector<double> block(static_cast<std::size_t>(k.value()));
-    std::vector<double> ranks(block.size());
-    for (Long j = 1; j <= b; ++j) {
-        for (Long i = 1; i <= k; ++i) {
-            block[static_cast<std::size_t>(toIndex(i) - 1)] = ranked.data(j, i) = toDouble(values(j, i));
+    for (Long i = 1; i <= k; ++i) {
+        std::ranges::transform(values.column(i), ranked.data.column(i).begin(),
+                               [](const CellValue& cell) { return toDouble(cell); });
+    }
+    if (k > widestToCount) {
+        for (Long block = 1; block <= b; ++block) {
+            ranked.T += rankWideBlock(ranked, block, utility);
         }
-        ranked.T += block.size() <= widestToCount ? rankNarrowBlock(block, ranks)
-                                                  : rankWideBlock(block, ranks, utility);
-        for (Long i = 1; i <= k; ++i) {
-            ranked.ranks(j, i) = ranks[static_cast<std::size_t>(toIndex(i) - 1)];
-        }
+        return ranked;
+    }
+    const auto all = static_cast<std::size_t>(b.value());
+    for (std::size_t begin = 0; begin < all; begin += blocksAtOnce) {
+        ranked.T += rankNarrowBlocks(ranked, begin, std::min(blocksAtOnce, all - begin));
     }
     return ranked;
 }

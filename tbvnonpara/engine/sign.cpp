@@ -1,4 +1,5 @@
 #include <cmath>
+#include <span>
 
 #include "tbvnonpara/distributions/factorial_log.hpp"
 #include "tbvnonpara/engine/clsNonParaBO.hpp"
@@ -38,15 +39,26 @@ SignCounts countCodes(const ValueGrid& codes) {
     return signs;
 }
 
-/// The signs of the differences of two variables.
+/// The signs of the differences of two variables. Where the second is shorter, its next subscript is out of
+/// range.
 SignCounts countDifferences(const ValueGrid& first, const ValueGrid& second) {
-    SignCounts signs;
-    for (Long i = 1; i <= first.rows(); ++i) {
-        const double a = toDouble(first(i, 1));
-        const double b = toDouble(second(i, 1));
-        signs.count(a > b, a < b);
+    if (first.rows() == Long(0)) {
+        return {};
     }
-    return signs;
+    const std::span<const CellValue> firsts = first.column(1);
+    const std::span<const CellValue> seconds = second.column(1);
+    Index positive = 0;
+    Index negative = 0;
+    for (std::size_t i = 0; i < firsts.size(); ++i) {
+        const double a = toDouble(firsts[i]);
+        if (i == seconds.size()) {
+            raise(RuntimeError::SubscriptOutOfRange);
+        }
+        const double b = toDouble(seconds[i]);
+        positive += a > b ? 1 : 0;
+        negative += a < b ? 1 : 0;
+    }
+    return {Long(positive), Long(negative)};
 }
 
 /// The probability of at least `first` of N signs, for `first` of at least N / 2.
