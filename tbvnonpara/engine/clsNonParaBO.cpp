@@ -20,6 +20,14 @@ Field read(const Field& field, std::string_view procedure) try {
     passOnAs(procedure);
 }
 
+/// What is told of the groups, by `part`.
+auto read(const UnreadDescriptives& groups, const ObjectRef<ArrayUtility>& utility, auto part,
+          std::string_view procedure) try {
+    return part(groups.read(utility));
+} catch (...) {
+    passOnAs(procedure);
+}
+
 /// A grid as it is, a list as one column; anything that is not an array is a list of one element.
 ValueGrid asGrid(EngineInput values, const ObjectRef<ArrayUtility>& utility) {
     if (auto* grid = std::get_if<ValueGrid>(&values); grid != nullptr && grid->allocated()) {
@@ -48,7 +56,7 @@ clsNonParaBO::clsNonParaBO(CompanionLibrary companions) try : m_Companions(std::
 }
 
 void clsNonParaBO::LetDescriptives(bool descriptives) {
-    change(m_Descriptives, descriptives, "clsNonParaBO.LetDescriptives");
+    change(m_WantsDescriptives, descriptives, "clsNonParaBO.LetDescriptives");
 }
 
 void clsNonParaBO::LetIgnoreTies(bool ignoreTies) {
@@ -79,12 +87,6 @@ double clsNonParaBO::ExpectedRuns() const   { return read(m_ExpectedRuns, "clsNo
 bool   clsNonParaBO::GetUseApprox() const   { return read(m_UseApprox, "clsNonParaBO.GetUseApprox"); }
 
 Array<Long>   clsNonParaBO::GetDF() const       { return read(m_DF, "clsNonParaBO.GetDF"); }
-Grid<double>  clsNonParaBO::GetData() const     { return read(m_Data, "clsNonParaBO.GetData"); }
-Grid<double>  clsNonParaBO::GetRanks() const    { return read(m_Ranks, "clsNonParaBO.GetRanks"); }
-Array<double> clsNonParaBO::GetSumsRaw() const  { return read(m_SumsRaw, "clsNonParaBO.GetSumsRaw"); }
-Array<Long>   clsNonParaBO::GetNsRaw() const    { return read(m_NsRaw, "clsNonParaBO.GetNsRaw"); }
-Array<double> clsNonParaBO::GetSumsRank() const { return read(m_SumsRank, "clsNonParaBO.GetSumsRank"); }
-Array<Long>   clsNonParaBO::GetNsRank() const   { return read(m_NsRank, "clsNonParaBO.GetNsRank"); }
 OtherResults  clsNonParaBO::GetOther() const    { return read(m_Other, "clsNonParaBO.GetOther"); }
 // clang-format on
 
@@ -96,12 +98,54 @@ Array<Long> clsNonParaBO::GetAlternateDF() const {
     return read(m_AlternateDF, "clsNonParaBO.GetAlternateDF");
 }
 
+Grid<double> clsNonParaBO::GetData() const {
+    return read(
+        m_Descriptives, m_Utility, [](const GroupDescriptives& filled) { return filled.data; },
+        "clsNonParaBO.GetData");
+}
+
+Grid<double> clsNonParaBO::GetRanks() const {
+    return read(
+        m_Descriptives, m_Utility, [](const GroupDescriptives& filled) { return filled.ranks; },
+        "clsNonParaBO.GetRanks");
+}
+
+Array<double> clsNonParaBO::GetSumsRaw() const {
+    return read(
+        m_Descriptives, m_Utility, [](const GroupDescriptives& filled) { return filled.summaries.raw.sums; },
+        "clsNonParaBO.GetSumsRaw");
+}
+
+Array<Long> clsNonParaBO::GetNsRaw() const {
+    return read(
+        m_Descriptives, m_Utility, [](const GroupDescriptives& filled) { return filled.summaries.raw.ns; },
+        "clsNonParaBO.GetNsRaw");
+}
+
+Array<double> clsNonParaBO::GetSumsRank() const {
+    return read(
+        m_Descriptives, m_Utility, [](const GroupDescriptives& filled) { return filled.summaries.rank.sums; },
+        "clsNonParaBO.GetSumsRank");
+}
+
+Array<Long> clsNonParaBO::GetNsRank() const {
+    return read(
+        m_Descriptives, m_Utility, [](const GroupDescriptives& filled) { return filled.summaries.rank.ns; },
+        "clsNonParaBO.GetNsRank");
+}
+
 Array<double> clsNonParaBO::GetMediansRaw() const {
-    return read(m_MediansRaw, "clsNonParaBO.GetMediansRaw");
+    return read(
+        m_Descriptives, m_Utility,
+        [](const GroupDescriptives& filled) { return filled.summaries.raw.medians; },
+        "clsNonParaBO.GetMediansRaw");
 }
 
 Array<double> clsNonParaBO::GetMediansRank() const {
-    return read(m_MediansRank, "clsNonParaBO.GetMediansRank");
+    return read(
+        m_Descriptives, m_Utility,
+        [](const GroupDescriptives& filled) { return filled.summaries.rank.medians; },
+        "clsNonParaBO.GetMediansRank");
 }
 
 ObjectRef<ContingencyAnalysis> clsNonParaBO::GetContingencyResults() const {
@@ -128,15 +172,6 @@ void clsNonParaBO::Analyse() {
         case tbvNPWWRuns:
             return AnalyseWWRuns();
     }
-}
-
-void clsNonParaBO::store(GroupSummaries summaries) {
-    m_MediansRaw = std::move(summaries.raw.medians);
-    m_SumsRaw = std::move(summaries.raw.sums);
-    m_NsRaw = std::move(summaries.raw.ns);
-    m_MediansRank = std::move(summaries.rank.medians);
-    m_SumsRank = std::move(summaries.rank.sums);
-    m_NsRank = std::move(summaries.rank.ns);
 }
 
 const WorksheetFunction& clsNonParaBO::functions() const {

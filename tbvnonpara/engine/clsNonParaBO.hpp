@@ -6,7 +6,7 @@
 #include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/enumerations.hpp"
 #include "tbvnonpara/distributions/normal.hpp"
-#include "tbvnonpara/engine/group_summary.hpp"
+#include "tbvnonpara/engine/group_descriptives.hpp"
 
 namespace TBVNonPara {
 
@@ -117,7 +117,6 @@ class TBVNONPARA_API clsNonParaBO {
     void AnalyseKWallis();
     void AnalyseWWRuns();
 
-    void store(GroupSummaries summaries);
     [[nodiscard]] const WorksheetFunction& functions() const;
     /// The host's normal distribution, asked for each time it is called.
     [[nodiscard]] NormalTail normal() const;
@@ -131,14 +130,7 @@ class TBVNONPARA_API clsNonParaBO {
     double m_AlternateP = 0;
     Array<Long> m_DF;
     Array<Long> m_AlternateDF;
-    Grid<double> m_Data;
-    Array<double> m_MediansRaw;
-    Array<Long> m_NsRaw;
-    Array<double> m_SumsRaw;
-    Grid<double> m_Ranks;
-    Array<double> m_MediansRank;
-    Array<Long> m_NsRank;
-    Array<double> m_SumsRank;
+    UnreadDescriptives m_Descriptives;
     double m_GrandMedian = 0;
     OtherResults m_Other;
     Long m_NumRuns;
@@ -149,7 +141,7 @@ class TBVNONPARA_API clsNonParaBO {
     ValueGrid m_Xs;
     TBVNPTails m_Tails = tbvNPTwoTailed;
     TBVNPMethod m_Method = tbvNPMannU;
-    bool m_Descriptives = false;
+    bool m_WantsDescriptives = false;
     bool m_IgnoreTies = false;
 };
 

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <span>
 #include <utility>
@@ -19,32 +20,40 @@ struct RankedBlocks {
     double T = 0;
 };
 
-/// Counts in each of several blocks what of another treatment is below a treatment's value, and what is equal
-/// to it. A compiler does that for several blocks at once.
-void count(std::span<const double> values, std::span<const double> others, std::span<double> below,
-           std::span<double> equal) {
-    for (std::size_t block = 0; block < values.size(); ++block) {
-        below[block] += others[block] < values[block] ? 1.0 : 0.0;
-        equal[block] += others[block] == values[block] ? 1.0 : 0.0;
+constexpr std::size_t blocksAtOnce = 256;  // What is counted of them stays in the nearest cache.
+
+/// The ranks of one treatment within so many blocks from `begin` on, by counting what of all treatments is
+/// below its value and what is equal to it: a compiler does that for several blocks at once. Returns the
+/// treatment's part of the sum of t^3 - t over the ties.
+double rankTreatment(RankedBlocks& ranked, Long treatment, std::size_t begin, std::size_t blocks) {
+    std::array<double, blocksAtOnce> below{};
+    std::array<double, blocksAtOnce> equal{};
+    const std::span<const double> values = ranked.data.column(treatment).subspan(begin, blocks);
+    for (Long other = 1; other <= ranked.data.columns(); ++other) {
+        const std::span<const double> others = ranked.data.column(other).subspan(begin, blocks);
+        for (std::size_t block = 0; block < blocks; ++block) {
+            // Each a number of its own: added in one expression, they become branches.
+            const double isBelow = others[block] < values[block] ? 1 : 0;
+            const double isEqual = others[block] == values[block] ? 1 : 0;
+            below[block] += isBelow;
+            equal[block] += isEqual;
+        }
     }
+    const std::span<double> ranks = ranked.ranks.column(treatment).subspan(begin, blocks);
+    double T = 0;
+    for (std::size_t block = 0; block < blocks; ++block) {
+        ranks[block] = below[block] + (equal[block] + 1) * 0.5;
+        T += equal[block] * equal[block] - 1;  // t values of a tie add t (t^2 - 1)
+    }
+    return T;
 }
 
-/// The ranks within some blocks, by counting. Returns the sum of t^3 - t over the ties.
-double rankNarrowBlocks(RankedBlocks& ranked, std::size_t begin, std::size_t blocks) {
+double rankNarrowBlocks(RankedBlocks& ranked) {
     double T = 0;
-    std::vector<double> below(blocks);
-    std::vector<double> equal(blocks);
-    for (Long i = 1; i <= ranked.data.columns(); ++i) {
-        std::ranges::fill(below, 0);
-        std::ranges::fill(equal, 0);
-        for (Long j = 1; j <= ranked.data.columns(); ++j) {
-            count(ranked.data.column(i).subspan(begin, blocks), ranked.data.column(j).subspan(begin, blocks),
-                  below, equal);
-        }
-        const std::span<double> ranks = ranked.ranks.column(i).subspan(begin, blocks);
-        for (std::size_t block = 0; block < blocks; ++block) {
-            ranks[block] = below[block] + (equal[block] + 1) * 0.5;
-            T += equal[block] * equal[block] - 1;  // t values of a tie add t (t^2 - 1)
+    const auto all = static_cast<std::size_t>(ranked.data.rows().value());
+    for (std::size_t begin = 0; begin < all; begin += blocksAtOnce) {
+        for (Long treatment = 1; treatment <= ranked.data.columns(); ++treatment) {
+            T += rankTreatment(ranked, treatment, begin, std::min(blocksAtOnce, all - begin));
         }
     }
     return T;
@@ -68,7 +77,6 @@ double rankWideBlock(RankedBlocks& ranked, Long block, const ArrayUtility& utili
 /// An empty cell is no gap: it takes part in its block as 0.
 RankedBlocks rankWithinBlocks(const ValueGrid& values, const ArrayUtility& utility) {
     constexpr Long widestToCount = 32;
-    constexpr std::size_t blocksAtOnce = 256;  // What is counted of them stays in the nearest cache.
     const Long b = values.rows();
     const Long k = values.columns();
     RankedBlocks ranked{Grid<double>(b, k), Grid<double>(b, k)};
@@ -76,23 +84,21 @@ RankedBlocks rankWithinBlocks(const ValueGrid& values, const ArrayUtility& utili
         std::ranges::transform(values.column(i), ranked.data.column(i).begin(),
                                [](const CellValue& cell) { return toDouble(cell); });
     }
-    if (k > widestToCount) {
-        for (Long block = 1; block <= b; ++block) {
-            ranked.T += rankWideBlock(ranked, block, utility);
-        }
+    if (k <= widestToCount) {
+        ranked.T = rankNarrowBlocks(ranked);
         return ranked;
     }
-    const auto all = static_cast<std::size_t>(b.value());
-    for (std::size_t begin = 0; begin < all; begin += blocksAtOnce) {
-        ranked.T += rankNarrowBlocks(ranked, begin, std::min(blocksAtOnce, all - begin));
+    for (Long block = 1; block <= b; ++block) {
+        ranked.T += rankWideBlock(ranked, block, utility);
     }
     return ranked;
 }
 
-double sumOfSquaredRankSums(const Array<double>& rankSums) {
+/// The sum of the squares of the treatments' rank sums.
+double sumOfSquaredRankSums(const Grid<double>& ranks) {
     double S = 0;
-    for (const double R : rankSums.elements()) {
-        S = checked(S + std::pow(R, 2));
+    for (Long i = 1; i <= ranks.columns(); ++i) {
+        S = checked(S + std::pow(sumOfRanks(ranks.column(i)), 2));
     }
     return S;
 }
@@ -113,11 +119,9 @@ void clsNonParaBO::AnalyseFriedman() try {
     const Long b = m_Ys.rows();
 
     RankedBlocks blocks = rankWithinBlocks(m_Ys, *m_Utility);
-    m_Data = std::move(blocks.data);
-    m_Ranks = std::move(blocks.ranks);
-    store(summariseGroups(m_Data, m_Ranks, *m_Utility));
+    const double S = sumOfSquaredRankSums(blocks.ranks);
+    m_Descriptives.keep(std::move(blocks.data), std::move(blocks.ranks), std::nullopt, m_Utility);
 
-    const double S = sumOfSquaredRankSums(m_SumsRank);
     const double X = friedmanX(S, k, b);
     m_Statistic = divide(X, friedmanTieCorrection(blocks.T, k, b));
     m_DF = {k - 1};

@@ -10,6 +10,17 @@ namespace TBVNonPara {
 
 namespace {
 
+/// The rank sum of each group, whose ranks stand one group behind the other.
+Array<double> rankSumsOf(std::span<const double> ranks, const Array<Long>& counts) {
+    Array<double> sums(counts.size());
+    for (Long g = 1; g <= counts.size(); ++g) {
+        const auto n = static_cast<std::size_t>(counts(g).value());
+        sums(g) = sumOfRanks(ranks.first(n));
+        ranks = ranks.subspan(n);
+    }
+    return sums;
+}
+
 /// The sum of R^2 / n over the groups. A group without observations faults.
 double sumOfRankSquaresByGroup(const Array<double>& rankSums, const Array<Long>& counts) {
     double S = 0;
@@ -42,11 +53,11 @@ void clsNonParaBO::AnalyseKWallis() try {
     Array<double> ranks(N);
     const TieCounts tieCounts = rankValues(m_Utility->OrderOf(groups.values.elements()), ranks.elements());
 
-    m_Data = spreadOverGroups(std::exchange(groups.values, {}), groups.counts, m_Ys.rows());
-    m_Ranks = spreadOverGroups(std::exchange(ranks, {}), groups.counts, m_Ys.rows());
-    store(summariseGroups(m_Data, m_Ranks, *m_Utility, groups.counts));
+    const Array<Long> counts = groups.counts;
+    const Array<double> rankSums = rankSumsOf(ranks.elements(), counts);
+    m_Descriptives.keep(std::move(groups), std::move(ranks), m_Ys.rows(), m_Utility);
 
-    const double S = sumOfRankSquaresByGroup(m_SumsRank, groups.counts);
+    const double S = sumOfRankSquaresByGroup(rankSums, counts);
     const double H = kruskalWallisH(S, N);
     m_Statistic = divide(H, kruskalWallisTieCorrection(tieCounts, N));
     m_DF = {k - 1};

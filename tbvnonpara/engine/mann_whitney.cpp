@@ -43,11 +43,12 @@ void clsNonParaBO::AnalyseMannWhitney() try {
     const double pairs = toDouble(n1) * toDouble(n2);  // 50,000 rows each must not overflow
     const double U1 = pairs + toDouble(n1) * toDouble(n1 + 1) / 2 - R.first;
     const double U2 = pairs - U1;
-    if (m_Descriptives) {
-        splitIntoSamples(values, ranked, n1, n2, m_Data, m_Ranks);
+    if (m_WantsDescriptives) {
+        GroupDescriptives& groups = m_Descriptives.write(m_Utility);
+        splitIntoSamples(values, ranked, n1, n2, groups.data, groups.ranks);
         values = {};
         ranked = {};
-        store(summariseGroups(m_Data, m_Ranks, *m_Utility, Array<Long>{n1, n2}));
+        groups.summaries = summariseGroups(groups.data, groups.ranks, *m_Utility, Array<Long>{n1, n2});
     }
     m_P = mannWhitneyP(n1, n2, U1, U2, ties, m_Tails, normal(), m_Companions.mannWhitneyCounts.get());
     m_Statistic = chooseU(U1, U2, m_Tails);

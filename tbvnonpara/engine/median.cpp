@@ -6,7 +6,6 @@
 #include "tbvnonpara/core/conversions.hpp"
 #include "tbvnonpara/engine/clsNonParaBO.hpp"
 #include "tbvnonpara/engine/pooled_groups.hpp"
-#include "tbvnonpara/ordering/ranking.hpp"
 #include "tbvnonpara/ordering/selection.hpp"
 
 namespace TBVNonPara {
@@ -67,15 +66,11 @@ void clsNonParaBO::AnalyseMedian() try {
     m_ContingencyResults->LetExpectedFrom(0);
     m_ContingencyResults->LetLabels(true);
     m_ContingencyResults->Calculate();
-    if (!m_Descriptives) {
+    if (!m_WantsDescriptives) {
         return;
     }
 
-    Array<double> ranks(groups.values.size());
-    rankValues(m_Utility->OrderOf(values), ranks.elements());
-    m_Data = spreadOverGroups(std::exchange(groups.values, {}), groups.counts, m_Ys.rows());
-    m_Ranks = spreadOverGroups(std::exchange(ranks, {}), groups.counts, m_Ys.rows());
-    store(summariseGroups(m_Data, m_Ranks, *m_Utility, groups.counts));
+    m_Descriptives.keep(std::move(groups), {}, m_Ys.rows(), m_Utility);
 } catch (...) {
     passOn("clsNonParaBO.AnalyseMedian");
 }

@@ -75,7 +75,7 @@ void clsNonParaBO::AnalyseWWRuns() try {
     m_ExpectedRuns = E;
     m_Statistic = z;
     m_P = runsProbability(P2, toDouble(runs), E, m_Tails);
-    m_NsRaw = std::move(categories.counts);
+    m_Descriptives.write(m_Utility).summaries.raw.ns = std::move(categories.counts);
     m_Other = std::move(categories.values);
 } catch (...) {
     passOn("clsNonParaBO.AnalyseWWRuns");

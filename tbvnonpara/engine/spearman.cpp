@@ -48,9 +48,7 @@ void clsNonParaBO::AnalyseSpearman() try {
     const double K = (pairs * pairs * pairs - pairs) / 6;
     const double rs = divide(K - D - Tx - Ty, squareRoot((K - 2 * Ty) * (K - 2 * Tx)));
 
-    m_Data = std::move(data);
-    m_Ranks = std::move(ranks);
-    store(summariseGroups(m_Data, m_Ranks, *m_Utility));
+    m_Descriptives.keep(std::move(data), std::move(ranks), std::nullopt, m_Utility);
     m_Statistic = rs;
     m_P = spearmanP(n, rs, m_Tails, normal());
     m_DF = {n};

@@ -127,10 +127,11 @@ void clsNonParaBO::AnalyseWilcoxon() try {
         sumRanksByGroup(ranks.elements(), [&](Index i) { return signCode(differences(i)); });
     const double T = chooseT(sums, m_Tails);
 
-    copyPairs(m_Ys, m_Xs, m_Data);
+    GroupDescriptives& groups = m_Descriptives.write(m_Utility);
+    copyPairs(m_Ys, m_Xs, groups.data);
     GroupSummary ofRanks = summariseLists(ranksBySign(differences, ranks, n), *m_Utility);
-    store({summariseColumns(m_Data, *m_Utility), std::move(ofRanks)});
-    m_Ranks = signedRanks(differences, ranks, m_Data);
+    groups.summaries = {summariseColumns(groups.data, *m_Utility), std::move(ofRanks)};
+    groups.ranks = signedRanks(differences, ranks, groups.data);
 
     const bool oneTailed = m_Tails != tbvNPTwoTailed;
     if (differences.size() <= lastExact) {

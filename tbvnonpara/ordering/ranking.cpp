@@ -1,6 +1,7 @@
 #include "tbvnonpara/ordering/ranking.hpp"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 #include <vector>
 
@@ -50,6 +51,10 @@ TieCounts rankWithoutZeros(std::span<const double> values, AscendingOrder order,
     std::erase_if(ranked.order.ties,
                   [&](const Tie& tie) { return values[ranked.order.positions[tie.first]] == 0; });
     return sizesOf(ranked.order.ties);
+}
+
+double sumOfRanks(std::span<const double> ranks) noexcept {
+    return std::accumulate(ranks.begin(), ranks.end(), 0.0);
 }
 
 double tieSum(const TieCounts& tieCounts) noexcept {

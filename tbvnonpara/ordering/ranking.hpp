@@ -31,6 +31,9 @@ TBVNONPARA_API TieCounts rankValues(AscendingOrder order, std::span<double> rank
 TBVNONPARA_API TieCounts rankWithoutZeros(std::span<const double> values, AscendingOrder order,
                                           std::span<double> ranks);
 
+/// The sum of some ranks. Their order is of no account: ranks are halves of whole numbers, their sums exact.
+[[nodiscard]] TBVNONPARA_API double sumOfRanks(std::span<const double> ranks) noexcept;
+
 /// Rank sums and numbers of rows of groups 1 and 2.
 struct RankSums {
     double first = 0;

@@ -53,6 +53,8 @@ class OwnArrayUtility : public ArrayUtility {
         copyColumns(right, joined, left.columns());
         return joined;
     }
+
+    [[nodiscard]] bool SortsAtAnyTime() const noexcept override { return true; }
 };
 
 }  // namespace
