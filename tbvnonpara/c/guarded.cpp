@@ -25,6 +25,9 @@ tbv_status statusOfException(tbv_error* error) noexcept {
     } catch (const std::invalid_argument& wrong) {
         say(error, wrong.what());
         return TBV_BAD_DATA;
+    } catch (const Interrupted&) {
+        say(error, tbv_status_text(TBV_INTERRUPTED));
+        return TBV_INTERRUPTED;
     } catch (const std::bad_alloc&) {
         say(error, tbv_status_text(TBV_OUT_OF_MEMORY));
         return TBV_OUT_OF_MEMORY;

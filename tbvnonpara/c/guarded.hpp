@@ -13,6 +13,9 @@ class BadArgument : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+/// Thrown where a caller's watch ends a test.
+struct Interrupted {};
+
 /// The text as far as there is room for it.
 void say(tbv_error* error, std::string_view text) noexcept;
 

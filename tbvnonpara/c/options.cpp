@@ -1,6 +1,8 @@
 #include "tbvnonpara/c/options.hpp"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <stdexcept>
 #include <string>
@@ -13,17 +15,27 @@ namespace {
 
 constexpr tbv_options defaults = TBV_OPTIONS_INIT;
 
-/// The members that both know. A caller of a later version may have more of them, all unused: 0.
+constexpr std::size_t mostPermutations = 1000000000;
+constexpr std::uint64_t defaultSeed = 1;
+
+/// The size before there were arrangements and a watch. The seed comes first behind it because no member that
+/// needs less alignment may: it would lie in what was padding at the end, which callers leave as it is.
+constexpr std::size_t sizeWithoutSeed = offsetof(tbv_options, seed);
+static_assert(sizeWithoutSeed % alignof(tbv_options) == 0);
+
+/// The members that both know. A caller of an earlier version has the defaults of those that it lacks; one of
+/// a later version may have more of them, all unused: 0.
 tbv_options membersOf(const tbv_options& given) {
-    if (given.size < sizeof(tbv_options)) {
+    if (given.size < sizeof(tbv_options) && given.size != sizeWithoutSeed) {
         throw BadArgument("options.size is " + std::to_string(given.size) +
                           ", not sizeof(tbv_options): begin with TBV_OPTIONS_INIT or tbv_options_init.");
     }
     tbv_options known = defaults;
-    std::memcpy(&known, &given, sizeof known);
+    const std::size_t shared = std::min(given.size, sizeof known);
+    std::memcpy(&known, &given, shared);
     const auto* const bytes = reinterpret_cast<const unsigned char*>(&given);
     if (known.reserved != 0 ||
-        std::any_of(bytes + sizeof known, bytes + given.size, [](unsigned char byte) { return byte != 0; })) {
+        std::any_of(bytes + shared, bytes + given.size, [](unsigned char byte) { return byte != 0; })) {
         throw BadArgument("The options use what this version of the library, " + std::string(tbv_version()) +
                           ", does not know.");
     }
@@ -37,6 +49,18 @@ void requireChoice(const char* member, int value, int last) {
     }
 }
 
+/// What the library asks from time to time; it passes on what a watch in C++ throws.
+CountWatch watchOf(const tbv_options& given) {
+    if (given.watch == nullptr) {
+        return {};
+    }
+    return [watch = given.watch, data = given.watch_data](double share) {
+        if (watch(share, data) != 0) {
+            throw Interrupted();
+        }
+    };
+}
+
 }  // namespace
 
 TakenOptions takenOptions(const tbv_options* options) {
@@ -46,11 +70,18 @@ TakenOptions takenOptions(const tbv_options* options) {
     if (!(given.exact_steps >= 0)) {
         throw BadArgument("options.exact_steps must be 0 or more.");
     }
+    if (given.permutations > mostPermutations) {
+        throw BadArgument("options.permutations is " + std::to_string(given.permutations) +
+                          ", which is more than 1000000000.");
+    }
     TakenOptions taken{{.confidence = given.confidence,
                         .missing = static_cast<statistics::Missing>(given.missing),
                         .adjustment = static_cast<statistics::Adjustment>(given.adjustment),
                         .trend = given.trend != 0,
-                        .exactSteps = given.exact_steps},
+                        .exactSteps = given.exact_steps,
+                        .permutations = given.permutations,
+                        .seed = given.seed == 0 ? defaultSeed : given.seed,
+                        .watch = watchOf(given)},
                        {}};
     if (given.control != 0) {
         taken.control = given.control - 1;

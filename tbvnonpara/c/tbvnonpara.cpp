@@ -217,6 +217,8 @@ const char* tbv_status_text(tbv_status status) {
             return "An argument is a null pointer or no possible choice.";
         case TBV_OUT_OF_MEMORY:
             return "There is not enough memory.";
+        case TBV_INTERRUPTED:
+            return "options.watch ended the test.";
         case TBV_INTERNAL:
             break;
     }

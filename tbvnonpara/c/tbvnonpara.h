@@ -17,6 +17,7 @@
 #define TBVNONPARA_H
 
 #include <stddef.h> /* NOLINT(modernize-deprecated-headers): of C */
+#include <stdint.h> /* NOLINT(modernize-deprecated-headers): of C */
 
 /** @def TBV_API
  * Marks what the library offers. Define TBV_STATIC where its archive is linked on Windows. */
@@ -43,7 +44,8 @@ typedef enum tbv_status {
     TBV_BAD_DATA = 4,      /**< values that cannot be tested; the error's text says which */
     TBV_BAD_ARGUMENT = 5,  /**< a null pointer, or an option that is none */
     TBV_OUT_OF_MEMORY = 6, /**< no memory for the result or for the computation */
-    TBV_INTERNAL = 7       /**< a fault of the library */
+    TBV_INTERNAL = 7,      /**< a fault of the library */
+    TBV_INTERRUPTED = 8    /**< options->watch ended the test */
 } tbv_status;
 
 /** What was wrong, in English, ended by 0: empty after TBV_OK. */
@@ -64,6 +66,12 @@ enum {
     TBV_ADJUST_NONE = 3                /**< P as it is */
 };
 
+/** Told, some times a second, which share of a long count is done, 0 to 1; what follows it, another count,
+ * random arrangements or comparisons of many groups, begins at 0 again. Anything but 0 ends the test:
+ * TBV_INTERRUPTED. It is called by the thread that called the test, with `data` from options->watch_data, may
+ * call the library itself and must return (no longjmp). */
+typedef int (*tbv_watch)(double share, void* data);
+
 /** How a test is to be computed. Later versions add members at the end: `size` says which of them a caller
  * has. */
 typedef struct tbv_options {
@@ -75,11 +83,17 @@ typedef struct tbv_options {
     int adjustment;     /**< TBV_ADJUST_...: how P of several comparisons is adjusted */
     int trend;          /**< not 0: also whether values rise from group to group */
     int reserved;       /**< 0 */
+    uint64_t seed;      /**< of the random arrangements: the same ones everywhere; 0 stands for 1 */
+    /** random arrangements, up to 1000000000, from which P is estimated where nothing can be counted
+     * exactly: the figures "permutations" beside "exact"; 0 for none */
+    size_t permutations;
+    tbv_watch watch;  /**< told how far a long test is; NULL for nobody */
+    void* watch_data; /**< what it gets with that */
 } tbv_options;
 
 /** The defaults, to begin with in C: tbv_options options = TBV_OPTIONS_INIT; */
 #define TBV_OPTIONS_INIT \
-    { sizeof(tbv_options), 0.95, 1e9, 0, TBV_MISSING_REFUSE, TBV_ADJUST_HOLM, 0, 0 }
+    { sizeof(tbv_options), 0.95, 1e9, 0, TBV_MISSING_REFUSE, TBV_ADJUST_HOLM, 0, 0, 0, 0, NULL, NULL }
 
 /** The same from elsewhere; `size` is that of the caller's structure, of which no byte beyond is written.
  * NULL is allowed. */
@@ -91,9 +105,10 @@ typedef struct tbv_result tbv_result;
 /** @name The tests
  * Values are finite, in any order, and are not changed; `options` may be NULL for the defaults,
  * `error` may be NULL. After TBV_OK *result is a result that the caller frees, after anything else NULL. Each
- * takes O(n log n) steps and an exact count of at most options->exact_steps. TBV_BAD_DATA: too few values,
- * or one that is not finite; TBV_BAD_ARGUMENT: a null pointer, or an option that is none; TBV_OUT_OF_MEMORY.
- * The authors of formulas are named with the functions of the same names for C++. */
+ * takes O(n log n) steps, an exact count of at most options->exact_steps or, in its place,
+ * options->permutations times n steps. TBV_BAD_DATA: too few values, or one that is not finite;
+ * TBV_BAD_ARGUMENT: a null pointer, or an option that is none; TBV_OUT_OF_MEMORY; TBV_INTERRUPTED. The
+ * authors of formulas are named with the functions of the same names for C++. */
 /** @{ */
 
 /** Two independent samples, of n1 and n2 values from 1 on: Wilcoxon (1945), Mann and Whitney (1947). */

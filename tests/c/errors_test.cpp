@@ -58,6 +58,8 @@ const Refused refusals[] = {
     {"adjustment",       TBV_BAD_ARGUMENT, "options.adjustment is -1, which is none of its choices.", fine, with([](auto& o) { o.adjustment = -1; })},
     {"control",          TBV_BAD_ARGUMENT, "options.control is 3, and there are 2 groups.", fine, with([](auto& o) { o.control = 3; })},
     {"size",             TBV_BAD_ARGUMENT, "options.size is 0, not sizeof(tbv_options): begin with TBV_OPTIONS_INIT or tbv_options_init.", fine, with([](auto& o) { o.size = 0; })},
+    {"half a member",    TBV_BAD_ARGUMENT, "", fine, with([](auto& o) { o.size = sizeof o - 1; })},
+    {"permutations",     TBV_BAD_ARGUMENT, "options.permutations is 1000000001, which is more than 1000000000.", fine, with([](auto& o) { o.permutations = 1000000001; })},
     {"reserved",         TBV_BAD_ARGUMENT, "", fine, with([](auto& o) { o.reserved = 1; })},
 };
 // clang-format on
@@ -110,10 +112,10 @@ TEST(COptions, OfALaterVersionAreTakenWhereTheyAskForNothingNew) {
 
 TEST(CErrors, EveryStatusHasAText) {
     std::set<std::string> texts;
-    for (int status = TBV_OK; status <= TBV_INTERNAL; ++status) {
+    for (int status = TBV_OK; status <= TBV_INTERRUPTED; ++status) {
         texts.insert(tbv_status_text(static_cast<tbv_status>(status)));
     }
-    EXPECT_EQ(texts.size(), TBV_INTERNAL + 1U);
+    EXPECT_EQ(texts.size(), TBV_INTERRUPTED + 1U);
 }
 
 }  // namespace

@@ -85,6 +85,43 @@ static void options(void) {
     EXPECT(figure(s, r, "level") == 0.8);
 }
 
+/* Ends the count; data has how often it was asked. */
+static int stop(double share, void *data) {
+    EXPECT(share > 0 && share < 1);
+    ++*(int *)data;
+    return 1;
+}
+
+static void watch(void) {
+    static double many[300];
+    tbv_options chosen = TBV_OPTIONS_INIT;
+    tbv_result *r = NULL;
+    tbv_error error;
+    int asked = 0;
+    size_t i;
+    for (i = 0; i < 300; ++i)
+        many[i] = (double)(i * i % 97);
+    chosen.exact_steps = 1e15;
+    chosen.watch = stop;
+    chosen.watch_data = &asked;
+    EXPECT(tbv_mann_whitney(many, 150, many + 150, 150, &chosen, &r, &error) == TBV_INTERRUPTED);
+    EXPECT(strcmp(error.text, tbv_status_text(TBV_INTERRUPTED)) == 0);
+    EXPECT(r == NULL && asked == 1);
+}
+
+static void permutations(void) {
+    tbv_options chosen = TBV_OPTIONS_INIT;
+    tbv_result *r = NULL;
+    tbv_status s;
+    chosen.exact_steps = 0;
+    chosen.permutations = 99;
+    chosen.seed = 5;
+    s = tbv_mann_whitney(low, 3, high, 3, &chosen, &r, NULL);
+    EXPECT(figure(s, r, "p.permutations.arrangements") == 99);
+    s = tbv_kruskal_wallis((const double *const[]){low, high}, (const size_t[]){3, 3}, 2, &chosen, &r, NULL);
+    EXPECT(figure(s, r, "p.permutations.seed") == 5);
+}
+
 static void errors(void) {
     const double holes[] = {1, NAN};
     tbv_result *r = NULL;
@@ -113,6 +150,8 @@ int main(void) {
     samples();
     groups();
     options();
+    watch();
+    permutations();
     errors();
     results();
     return failures != 0;
