@@ -113,10 +113,12 @@ std::vector<double> adjustP(const std::vector<std::pair<double, double>>& values
         throw std::invalid_argument("adjust is holm, bonferroni, bh or none, not \"" + word + "\".");
     }
     std::vector<statistics::Probability> probabilities;
+    probabilities.reserve(valuesAndLogarithms.size());
     for (const auto& [value, log10] : valuesAndLogarithms) {
         probabilities.push_back({value, log10});
     }
     std::vector<double> together;
+    together.reserve(probabilities.size());
     for (const statistics::Probability& p : statistics::adjusted(probabilities, *adjustment)) {
         together.push_back(p.value);
     }

@@ -32,7 +32,7 @@ TEST(COptions, OfAnEarlierVersionAreReadAndWrittenAsFarAsTheyGo) {
     struct {
         EarlierOptions known;
         std::array<unsigned char, 64> behind;
-    } place;
+    } place{};
     std::memset(&place, 0xAB, sizeof place);
     auto* const options = reinterpret_cast<tbv_options*>(&place.known);
     tbv_options_init(options, sizeof(EarlierOptions));
