@@ -11,14 +11,14 @@ namespace TBVNonPara {
 
 /// A column of a range: its label and the cells below.
 struct LabelledColumn {
-    std::string label;
-    std::vector<CellValue> cells;
+    std::string label;             ///< its header, or "Column B"
+    std::vector<CellValue> cells;  ///< from the top, blank ones too
 };
 
 /// The number that a cell counts as; none for a blank, a text that is no number, a truth value or an error.
 [[nodiscard]] TBVNONPARA_API std::optional<double> numberIn(const CellValue& cell);
 
-/// The numbers of a column in its order; what is no number is left out.
+/// The numbers of a column in its order; what is no number is left out. O(cells).
 [[nodiscard]] TBVNONPARA_API std::vector<double> numbersOf(const LabelledColumn& column);
 
 }  // namespace TBVNonPara

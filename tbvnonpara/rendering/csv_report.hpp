@@ -19,7 +19,8 @@ struct CsvFields {
 [[nodiscard]] TBVNONPARA_API std::string csvField(const CellValue& value, const CsvFields& fields);
 
 /// Writes every cell of a report as comma-separated values after RFC 4180: lines end in CR LF, numbers are
-/// the shortest that read back as the same.
+/// the shortest that read back as the same. Every row has a field for every column. O(cells). Raises what
+/// Output raises.
 TBVNONPARA_API void writeCsv(const ReportBlock& report, Output& output, const CsvFields& fields = {});
 
 }  // namespace TBVNonPara::rendering

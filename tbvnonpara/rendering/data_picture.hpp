@@ -15,11 +15,12 @@ namespace TBVNonPara::rendering {
 
 /// The data of a test as they stand before a report may be put over them.
 struct PictureData {
-    std::vector<PictureColumn> y;
-    std::vector<PictureColumn> x;
+    std::vector<PictureColumn> y;  ///< the columns of YRange
+    std::vector<PictureColumn> x;  ///< that of XRange, or none
 };
 
-/// The columns at the addresses y and x; x may be empty.
+/// The columns at the addresses y and x; x may be empty. With headers the first row of each is its label.
+/// O(cells). Raises the host's error for what is no address.
 [[nodiscard]] TBVNONPARA_API PictureData pictureData(const workbook::EmbeddedApplication& application,
                                                      std::string_view y, std::string_view x, bool headers);
 
@@ -27,6 +28,8 @@ struct PictureData {
 /// their differences, a correlation as a scatter of ranks, signs as counted bars, a sequence as it runs.
 /// Ranks, signs and medians are those of the engine that has run the test. Large data are thinned: the figure
 /// stays below half a megabyte whatever the data. With details, the intervals of the medians are bars.
+///
+/// The engine must have run the method on these data. Empty where there is nothing to draw. O(n log n).
 [[nodiscard]] TBVNONPARA_API std::string dataPicture(TBVNPMethod method, const PictureData& data,
                                                      const clsNonParaBO& engine,
                                                      const Details* details = nullptr);

@@ -14,6 +14,9 @@ namespace TBVNonPara::rendering {
 /// blank lines at the end are left out. With colour, bold cells are bold and rules faint. With a width,
 /// nothing is wider: titles are folded, and of a table the columns that do not fit follow below, each time
 /// behind its labels.
+///
+/// `width` is in columns of a terminal, 0 for any. UTF-8, lines end in LF. O(cells). Raises what Output
+/// raises.
 TBVNONPARA_API void writeText(const ReportBlock& report, bool colour, Output& output, std::size_t width = 0);
 
 }  // namespace TBVNonPara::rendering

@@ -9,14 +9,20 @@
 namespace TBVNonPara::workbook {
 
 /// How the characters of a text are written when no mark at its beginning says so.
-enum class Encoding { Utf8, Latin1, Windows1252 };
+enum class Encoding {
+    Utf8,         ///< anything else raises NotUtf8
+    Latin1,       ///< ISO 8859-1: every byte is a character
+    Windows1252,  ///< Western Europe's of Windows, with five bytes that are none
+};
 
 /// The host's error for a text that is not in UTF-8, so that a caller can say how to name another encoding.
 class TBVNONPARA_API NotUtf8 : public Error {
  public:
+    /// As Error is made.
     using Error::Error;
 };
 
+/// @cond
 /// Text of a file in UTF-8 without a mark: a view of the file's bytes where these are that already.
 class TBVNONPARA_API DecodedText {
  public:
@@ -35,5 +41,6 @@ class TBVNONPARA_API DecodedText {
 
 /// Whether a file with this beginning is UTF-16 text that says so by a mark.
 [[nodiscard]] TBVNONPARA_API bool isMarkedUtf16(std::string_view beginning) noexcept;
+/// @endcond
 
 }  // namespace TBVNonPara::workbook

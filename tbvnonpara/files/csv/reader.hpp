@@ -11,28 +11,32 @@
 
 namespace TBVNonPara::workbook {
 
-/// What is left out is found out from the text.
+/// How a text is to be read. What is left out is found out from the text.
+///
+///     openDataFile(*application, "ranks.csv", {.delimiter = ';', .decimalMark = ',', .comment = "#"});
 struct CsvOptions {
+    /// What stands between fields: one character of ASCII; ' ' stands for blanks and tabs, however many.
     std::optional<char> delimiter = std::nullopt;
     std::optional<char> decimalMark = std::nullopt;  ///< '.' or ','
     /// What stands between groups of three digits: '.', ',', '\'' or ' ' (of any kind).
     std::optional<char> thousands = std::nullopt;
-    Encoding encoding = Encoding::Utf8;
-    std::string comment = {};  ///< lines that begin with it are left out
-    /// A sheet's, unless what reads the cells needs no addresses.
+    Encoding encoding = Encoding::Utf8;  ///< of a text without a byte order mark
+    std::string comment = {};            ///< lines that begin with it are left out
+    /// How many columns are read without an error: a sheet's, unless what reads the cells needs no addresses.
     Index mostColumns = sheetColumns;
 };
 
+/// What was read, and as what.
 struct CsvData {
-    CellStore cells;
+    CellStore cells;                ///< a line of the text is a row, a field a column, from 1
     std::optional<char> delimiter;  ///< none in a text of one column
-    char decimalMark = '.';
+    char decimalMark = '.';         ///< that of its numbers; '.' where no number has one
     bool headerMoved = false;  ///< by one column, over its own: it was one field shorter than the rows below
 };
 
 /// Reads delimited text (UTF-8, UTF-16 with a byte order mark, or the encoding that the options name; lines
-/// end with LF, CRLF or CR) into cells,
-/// every line a row, blank ones too. A first line "sep=;" says what stands between fields and is no row.
+/// end with LF, CRLF or CR) into cells, every line a row, blank ones too. A first line "sep=;" says what
+/// stands between fields and is no row.
 ///
 /// Where blanks stand between fields, several of them and tabs count as one, and none at a line's ends.
 ///
@@ -48,8 +52,8 @@ struct CsvData {
 /// names: it is moved by one column.
 ///
 /// Raises the host's error, which names `source` and the line, for text in another encoding (NotUtf8
-/// where UTF-8 was expected), a quote that is
-/// not closed, a header row of any other length than the rows below, and values beyond the size of a sheet.
+/// where UTF-8 was expected), a quote that is not closed, a header row of any other length than the rows
+/// below, and values beyond the size of a sheet. O(bytes); equal texts are kept once.
 [[nodiscard]] TBVNONPARA_API CsvData readCsv(std::string_view bytes, const CsvOptions& options = {},
                                              std::string_view source = "the data");
 
