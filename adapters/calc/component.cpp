@@ -5,6 +5,7 @@
 #include "adapters/calc/analysis_object.hpp"
 #include "adapters/calc/command_handler.hpp"
 #include "adapters/calc/details_object.hpp"
+#include "adapters/calc/functions/functions_object.hpp"
 
 namespace TBVNonPara::calc {
 
@@ -33,6 +34,9 @@ Factory factoryOf(std::string_view implementation) {
     }
     if (implementation == DetailsObject::implementationName) {
         return factoryOf<DetailsObject>();
+    }
+    if (implementation == FunctionsObject::implementationName) {
+        return factoryOf<FunctionsObject>();
     }
     if (implementation == CommandHandler::implementationName) {
         return factoryOf<CommandHandler>();
