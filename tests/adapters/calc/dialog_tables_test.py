@@ -2,6 +2,7 @@
 
 import csv
 import pathlib
+import time
 import unittest
 
 import uno  # noqa: F401
@@ -179,7 +180,8 @@ class LongTable(Tables):
         return next(e for e in self.dialog.walk() if e.role == LIST and e.name.startswith("Groups"))
 
     def go_to(self, place):
-        """To a group of the list, by mouse and keys."""
+        """To a group of the list, by mouse and keys. Two clicks within half a second would be a double one, which ticks."""
+        time.sleep(0.6)
         left, top, width, _ = self.list().box
         self.screen.mouse("mousemove", left + width // 2, top + 8, "click", 1, "key", "Home", *["Down"] * place)
 
