@@ -35,11 +35,11 @@ Factory factoryOf(std::string_view implementation) {
     if (implementation == DetailsObject::implementationName) {
         return factoryOf<DetailsObject>();
     }
-    if (implementation == FunctionsObject::implementationName) {
-        return factoryOf<FunctionsObject>();
-    }
     if (implementation == CommandHandler::implementationName) {
         return factoryOf<CommandHandler>();
+    }
+    if (implementation == FunctionsObject::implementationName) {
+        return factoryOf<FunctionsObject>();
     }
     return {};
 }
