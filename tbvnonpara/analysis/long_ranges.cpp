@@ -125,7 +125,8 @@ bool beginsWithHeader(const Choices& choices, const std::vector<LongColumn>& col
         return choices.headers.value_or(true);
     }
     const LongColumn& values = columns.back();
-    const auto* const text = std::get_if<Text>(&values.sheet->value(top, values.piece.cells.left));
+    const CellValue first = values.sheet->value(top, values.piece.cells.left);
+    const auto* const text = std::get_if<Text>(&first);
     return text != nullptr && !reshaping::Missing(choices.missingWords).amongNumbers(*text) &&
            !readAsNumber(text->string());
 }

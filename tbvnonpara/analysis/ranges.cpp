@@ -44,9 +44,7 @@ bool isText(const CellValue& value) {
 bool beginsWithRowNames(const Sheet& sheet, const std::vector<Piece>& columns,
                         const std::optional<bool>& headers) {
     const Index top = sheet.usedArea()->top;
-    const auto header = [&](const Piece& piece) -> const CellValue& {
-        return sheet.value(top, piece.cells.left);
-    };
+    const auto header = [&](const Piece& piece) { return sheet.value(top, piece.cells.left); };
     const auto isHeaded = [&](const Piece& piece) {
         return headers ? *headers && !isEmptyText(header(piece)) : isText(header(piece));
     };

@@ -38,13 +38,15 @@ Kinds kindsIn(const EmbeddedApplication& application, const std::string& address
     const UserRange range(application, address);
     for (const Rectangle& area : range->areas()) {
         const Rectangle data{area.top + (headers ? 1 : 0), area.left, area.bottom, area.right};
-        range->sheet()->values().visit(data, [&](Index, Index, const CellValue& value) {
-            const auto* const text = std::get_if<Text>(&value);
-            const auto* const error = std::get_if<CellError>(&value);
-            kinds.numbers = kinds.numbers || std::holds_alternative<double>(value);
-            kinds.others = kinds.others || (text != nullptr && !readAsNumber(text->string())) ||
-                           (error != nullptr && *error == CellError::NotAvailable);
-        });
+        const Index numbers =
+            range->sheet()->values().visitMixed(data, [&](Index, Index, const CellValue& value) {
+                const auto* const text = std::get_if<Text>(&value);
+                const auto* const error = std::get_if<CellError>(&value);
+                kinds.numbers = kinds.numbers || std::holds_alternative<double>(value);
+                kinds.others = kinds.others || (text != nullptr && !readAsNumber(text->string())) ||
+                               (error != nullptr && *error == CellError::NotAvailable);
+            });
+        kinds.numbers = kinds.numbers || numbers > 0;
     }
     return kinds;
 }

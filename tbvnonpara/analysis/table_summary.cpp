@@ -23,9 +23,7 @@ bool mayBeHeader(const CellValue& value) {
 
 /// Whether the first row holds texts alone, and one at least.
 bool beginsWithHeaders(const workbook::Sheet& sheet, Index top, const std::vector<Piece>& columns) {
-    const auto first = [&](const Piece& piece) -> const CellValue& {
-        return sheet.value(top, piece.cells.left);
-    };
+    const auto first = [&](const Piece& piece) { return sheet.value(top, piece.cells.left); };
     return std::ranges::all_of(columns, [&](const Piece& piece) { return mayBeHeader(first(piece)); }) &&
            std::ranges::any_of(columns, [&](const Piece& piece) { return !isEmpty(first(piece)); });
 }

@@ -6,6 +6,7 @@
 
 #include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/cell_value.hpp"
+#include "tbvnonpara/core/number_columns.hpp"
 #include "tbvnonpara/core/object_ref.hpp"
 #include "tbvnonpara/core/whole_numbers.hpp"
 #include "tbvnonpara/host/formatting.hpp"
@@ -51,6 +52,13 @@ class TBVNONPARA_API Range {
 
     /// The values, also of a single cell, as a grid: rows x columns of the first area.
     [[nodiscard]] virtual ValueGrid GetValue() const = 0;
+
+    /// Whether the first area has rows from this one on, counted from 1, and a number in each of their cells.
+    /// A host that says so gives the numbers by GetNumbers; one that keeps no numbers apart leaves both as
+    /// they are, and its values are looked at one by one.
+    [[nodiscard]] virtual bool HoldsNumbers(Long /*firstRow*/) const { return false; }
+    /// The numbers of the first area, for a range that holds nothing else.
+    [[nodiscard]] virtual NumberColumns GetNumbers() const { raise(RuntimeError::TypeMismatch); }
 
     /// One value into every cell. A text stays that text, whatever it looks like.
     virtual void LetValue(const CellValue& value) = 0;

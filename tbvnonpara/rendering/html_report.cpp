@@ -135,7 +135,8 @@ class HtmlTable {
 
 /// Whether a row is a line of text: one cell, and not a number.
 bool isLine(const ReportBlock& report, Index row) {
-    const auto* text = std::get_if<Text>(&report.value(row, 1));
+    const CellValue value = report.value(row, 1);
+    const auto* text = std::get_if<Text>(&value);
     return text != nullptr && standsAlone(report, row, 1);
 }
 

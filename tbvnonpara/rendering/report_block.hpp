@@ -31,7 +31,7 @@ class TBVNONPARA_API ReportBlock {
     [[nodiscard]] Index columns() const noexcept { return m_Area.columns(); }
 
     /// The value of a cell, to the last digit.
-    [[nodiscard]] const CellValue& value(Index row, Index column) const {
+    [[nodiscard]] CellValue value(Index row, Index column) const {
         return m_Cells->at(m_Area.top + row - 1, m_Area.left + column - 1);
     }
     /// How a cell looks.

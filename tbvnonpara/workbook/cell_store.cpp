@@ -1,94 +1,49 @@
 #include "tbvnonpara/workbook/cell_store.hpp"
 
-#include <bit>
+#include <array>
 #include <utility>
 
 namespace TBVNonPara::workbook {
 
-namespace {
-
-const CellValue emptyCell;
-
-/// Copies values; numbers and texts, by far the most, without the detour through the variant's table of
-/// copiers.
-void copyValues(std::span<const CellValue> from, CellValue* to) {
-    for (const CellValue& value : from) {
-        if (const auto* number = std::get_if<double>(&value)) {
-            *to = *number;
-        } else if (const auto* text = std::get_if<Text>(&value)) {
-            *to = *text;
-        } else {
-            *to = value;
-        }
-        ++to;
-    }
-}
-
-}  // namespace
-
-const CellValue& CellStore::at(Index row, Index column) const noexcept {
+CellValue CellStore::at(Index row, Index column) const {
     const Column* blocks = findColumn(column);
     const Place place(row);
     if (blocks == nullptr || place.block >= blocks->size() || place.offset >= (*blocks)[place.block].size()) {
-        return emptyCell;
+        return Empty();
     }
-    return (*blocks)[place.block][place.offset];
+    return (*blocks)[place.block].at(place.offset);
 }
 
-void CellStore::setAnywhere(Index row, Index column, CellValue value) {
+void CellStore::set(Index row, Index column, CellValue value) {
     if (isEmpty(value)) {
         clear({row, column, row, column});
         return;
     }
     const Place place(row);
-    Block& block = blockFor(place, column);
-    if (place.offset == block.size()) {
-        block.push_back(std::move(value));
-    } else {
-        growTo(place.offset, block)[place.offset] = std::move(value);
-    }
+    Column& blocks = columnFor(place, column);
+    // Below a full block the column goes on, most likely.
+    const bool goesOn = place.block > 0 && blocks[place.block - 1].size() == CellBlock::rows;
+    blocks[place.block].set(place.offset, std::move(value), goesOn);
 }
 
-CellStore::Block& CellStore::blockFor(Place place, Index column) {
+CellStore::Column& CellStore::columnFor(Place place, Index column) {
     if (m_Columns.size() < static_cast<std::size_t>(column)) {
         m_Columns.resize(static_cast<std::size_t>(column));
     }
     Column& blocks = m_Columns[static_cast<std::size_t>(column - 1)];
     if (blocks.size() <= place.block) {
         blocks.resize(place.block + 1);
-        // Below a full block the column goes on, most likely.
-        if (place.block > 0 && blocks[place.block - 1].size() == blockRows) {
-            blocks[place.block].reserve(blockRows);
-        }
     }
-    return blocks[place.block];
-}
-
-CellStore::Block& CellStore::growTo(std::size_t offset, Block& block) {
-    if (block.size() <= offset) {
-        if (block.capacity() <= offset) {
-            block.reserve(std::bit_ceil(offset + 1));
-        }
-        block.resize(offset + 1);
-    }
-    return block;
+    return blocks;
 }
 
 void CellStore::read(Index row, Index column, std::span<CellValue> values) const {
     const Column* blocks = findColumn(column);
-    if (blocks == nullptr) {
-        std::ranges::fill(values, CellValue());
-        return;
-    }
     while (!values.empty()) {
         const Place place(row);
-        const std::size_t rows = std::min(values.size(), blockRows - place.offset);
-        std::size_t held = 0;
-        if (place.block < blocks->size() && place.offset < (*blocks)[place.block].size()) {
-            const auto block = std::span<const CellValue>((*blocks)[place.block]).subspan(place.offset);
-            held = std::min(rows, block.size());
-            copyValues(block.first(held), values.data());
-        }
+        const std::size_t rows = std::min(values.size(), CellBlock::rows - place.offset);
+        const bool there = blocks != nullptr && place.block < blocks->size();
+        const std::size_t held = there ? (*blocks)[place.block].read(place.offset, values.first(rows)) : 0;
         std::ranges::fill(values.subspan(held, rows - held), CellValue());
         values = values.subspan(rows);
         row += static_cast<Index>(rows);
@@ -98,13 +53,50 @@ void CellStore::read(Index row, Index column, std::span<CellValue> values) const
 void CellStore::write(Index row, Index column, std::span<const CellValue> values) {
     while (!values.empty()) {
         const Place place(row);
-        const std::size_t rows = std::min(values.size(), blockRows - place.offset);
-        Block& block = growTo(place.offset + rows - 1, blockFor(place, column));
-        copyValues(values.first(rows), block.data() + place.offset);
-        dropEmptyEnd(block);
+        const std::size_t rows = std::min(values.size(), CellBlock::rows - place.offset);
+        columnFor(place, column)[place.block].write(place.offset, values.first(rows));
         values = values.subspan(rows);
         row += static_cast<Index>(rows);
     }
+}
+
+bool CellStore::holdsNumbers(const Rectangle& area) const {
+    for (Index column = area.left; column <= area.right; ++column) {
+        Index numbers = 0;
+        visitParts(area, column, [&](const Part& part) {
+            const auto values = part.block->values();
+            const bool alone = part.block->numbers() != nullptr ||
+                               std::ranges::all_of(values.subspan(part.first, part.end - part.first),
+                                                   [](const CellValue& value) {
+                                                       return std::holds_alternative<double>(value);
+                                                   });
+            numbers += alone ? static_cast<Index>(part.end - part.first) : 0;
+        });
+        if (numbers != area.rows()) {
+            return false;
+        }
+    }
+    return true;
+}
+
+NumberColumns CellStore::numbers(const Rectangle& area) const {
+    NumberColumns columns(area.columns());
+    for (Index column = area.left; column <= area.right; ++column) {
+        visitParts(area, column, [&](const Part& part) {
+            const std::size_t size = part.end - part.first;
+            if (const auto& numbers = part.block->numbers()) {
+                columns.append(column - area.left + 1, numbers,
+                               std::span(*numbers).subspan(part.first, size));
+                return;
+            }
+            std::vector<double> copied;
+            for (const CellValue& value : part.block->values().subspan(part.first, size)) {
+                copied.push_back(std::get<double>(value));
+            }
+            columns.append(column - area.left + 1, std::move(copied));
+        });
+    }
+    return columns;
 }
 
 void CellStore::fill(const Rectangle& area, const CellValue& value) {
@@ -135,44 +127,24 @@ void CellStore::clear(const Rectangle& area) {
 void CellStore::clearRows(Column& column, Index top, Index bottom) {
     for (std::size_t i = Place(top).block; i < column.size(); ++i) {
         const Index above = static_cast<Index>(i) * blockRows;
-        Block& block = column[i];
-        const Index first = std::max<Index>(top - above, 1);
-        const Index last = std::min<Index>(bottom - above, static_cast<Index>(block.size()));
         if (bottom <= above) {
             break;
         }
-        if (first == 1 && last == static_cast<Index>(block.size())) {
-            Block().swap(block);
-            continue;
-        }
-        for (Index row = first; row <= last; ++row) {
-            block[static_cast<std::size_t>(row - 1)] = Empty();
-        }
-        dropEmptyEnd(block);
-    }
-}
-
-void CellStore::dropEmptyEnd(Block& block) {
-    while (!block.empty() && isEmpty(block.back())) {
-        block.pop_back();
+        column[i].clear(static_cast<std::size_t>(std::max<Index>(top - above, 1) - 1),
+                        static_cast<std::size_t>(std::min(bottom - above, blockRows)));
     }
 }
 
 void CellStore::copy(const CellStore& from, const Rectangle& area, Index row, Index column) {
     clear({row, column, row + area.rows() - 1, column + area.columns() - 1});
     const Index lastColumn = std::min(area.right, static_cast<Index>(from.m_Columns.size()));
+    std::array<CellValue, CellBlock::rows> copied;
     for (Index source = area.left; source <= lastColumn; ++source) {
-        const Column& blocks = *from.findColumn(source);
-        for (std::size_t i = Place(area.top).block; i < blocks.size(); ++i) {
-            const Index above = static_cast<Index>(i) * blockRows;
-            const Index first = std::max<Index>(area.top - above, 1);
-            const Index last = std::min<Index>(area.bottom - above, static_cast<Index>(blocks[i].size()));
-            if (first <= last) {
-                write(row + above + first - area.top, column + source - area.left,
-                      std::span(blocks[i]).subspan(static_cast<std::size_t>(first - 1),
-                                                   static_cast<std::size_t>(last - first + 1)));
-            }
-        }
+        from.visitParts(area, source, [&](const Part& part) {
+            const auto values = std::span(copied).first(part.end - part.first);
+            part.block->read(part.first, values);
+            write(row + part.row - area.top, column + source - area.left, values);
+        });
     }
 }
 
@@ -187,9 +159,8 @@ Index CellStore::lastUsedRow(const Column& column) noexcept {
 
 Index CellStore::firstUsedRow(const Column& column) noexcept {
     for (std::size_t i = 0; i < column.size(); ++i) {
-        const auto first = std::ranges::find_if_not(column[i], isEmpty);
-        if (first != column[i].end()) {
-            return static_cast<Index>(i) * blockRows + (first - column[i].begin()) + 1;
+        if (!column[i].empty()) {
+            return static_cast<Index>(i) * blockRows + static_cast<Index>(column[i].firstUsed()) + 1;
         }
     }
     return 0;
@@ -219,9 +190,9 @@ Index CellStore::lastUsedRow(Index firstColumn, Index lastColumn) const {
 std::size_t CellStore::memory() const noexcept {
     std::size_t bytes = m_Columns.capacity() * sizeof(Column);
     for (const Column& column : m_Columns) {
-        bytes += column.capacity() * sizeof(Block);
-        for (const Block& block : column) {
-            bytes += block.capacity() * sizeof(CellValue);
+        bytes += column.capacity() * sizeof(CellBlock);
+        for (const CellBlock& block : column) {
+            bytes += block.memory();
         }
     }
     return bytes;

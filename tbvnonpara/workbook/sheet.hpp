@@ -41,7 +41,7 @@ class TBVNONPARA_API Sheet final : public Worksheet, public std::enable_shared_f
     [[nodiscard]] const std::string& name() const noexcept { return m_Name; }
     /// A formula whose result the file does not hold shows as `uncalculated`, a value that cannot be read as
     /// `unreadable`.
-    [[nodiscard]] const CellValue& value(Index row, Index column) const { return m_Values.at(row, column); }
+    [[nodiscard]] CellValue value(Index row, Index column) const { return m_Values.at(row, column); }
     [[nodiscard]] const CellFormat& format(Index row, Index column) const {
         return m_Formats.at(row, column);
     }

@@ -91,6 +91,12 @@ ValueGrid SheetRange::GetValue() const {
     return grid;
 }
 
+bool SheetRange::HoldsNumbers(Long firstRow) const {
+    Rectangle rows = first();
+    rows.top += toIndex(firstRow) - 1;
+    return rows.top <= rows.bottom && m_Sheet->values().holdsNumbers(rows);
+}
+
 void SheetRange::LetValue(const CellValue& value) {
     if (!isEmpty(value)) {
         for (const Rectangle& area : m_Areas) {
@@ -191,7 +197,7 @@ void SheetRange::Select() {
 
 void requireCalculated(const Sheet& sheet, const Areas& areas) {
     for (const Rectangle& area : areas) {
-        sheet.values().visit(area, [&](Index row, Index column, const CellValue& value) {
+        sheet.values().visitMixed(area, [&](Index row, Index column, const CellValue& value) {
             if (hasNoValue(value)) {
                 const std::string cell = absoluteAddress(Rectangle{row, column, row, column});
                 refuse(quotedSheetName(sheet.name()) + '!' + cell + problemOf(sheet, row, column));

@@ -32,6 +32,8 @@ class TBVNONPARA_API SheetRange final : public Range {
 
     /// Raises the host's error for a formula whose result is not known.
     [[nodiscard]] ValueGrid GetValue() const override;
+    [[nodiscard]] bool HoldsNumbers(Long firstRow) const override;
+    [[nodiscard]] NumberColumns GetNumbers() const override { return m_Sheet->values().numbers(first()); }
     void LetValue(const CellValue& value) override;
     /// Both lists and grids must have exactly the size of the range.
     void LetValue(std::span<const CellValue> values) override;

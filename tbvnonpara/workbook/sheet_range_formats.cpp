@@ -134,7 +134,8 @@ void SheetRange::LetBorder(BorderEdge edge, BorderLine line) {
 }
 
 void SheetRange::LetCharactersFontSubscript(Long start, Long length, bool subscript) {
-    const auto* text = std::get_if<Text>(&m_Sheet->value(first().top, first().left));
+    const CellValue value = m_Sheet->value(first().top, first().left);
+    const auto* text = std::get_if<Text>(&value);
     if (m_Areas.size() > 1 || first().cells() != 1 || text == nullptr) {
         refuse("Characters can be made subscript in one cell that holds a text only, not in " +
                fullAddress() + ".");

@@ -9,7 +9,7 @@ namespace {
 class Cells : public testing::Test {
  protected:
     RangeRef at(std::string_view address) { return m_Sheet->GetRange(address); }
-    const CellValue& value(Index row, Index column) { return m_Sheet->value(row, column); }
+    CellValue value(Index row, Index column) { return m_Sheet->value(row, column); }
 
     ObjectRef<EmbeddedApplication> m_Application = makeApplication();
     std::shared_ptr<Sheet> m_Sheet = m_Application->addSheet("Data");
@@ -158,35 +158,6 @@ TEST_F(Cells, OfAWholeSheetAreTooManyToReadOrFill) {
     }
     EXPECT_EQ(m_Sheet->GetCells()->GetRowsCount(), Long(1048576));
     EXPECT_EQ(m_Sheet->GetCells()->GetColumnsCount(), Long(16384));
-}
-
-TEST(Storage, OfAMillionCellsTakesSixteenBytesEach) {
-    CellStore cells;
-    for (Index row = 1; row <= 500'000; ++row) {
-        cells.set(row, 1, static_cast<double>(row));
-        cells.set(row, 2, static_cast<double>(-row));
-    }
-    // The heads of the pieces come on top: 24 bytes for 1024 cells, and what the last piece has spare.
-    EXPECT_LE(static_cast<double>(cells.memory()), 16.1 * 1e6);
-}
-
-TEST(Storage, OfALonelyCellAtTheEndIsSmall) {
-    CellStore cells;
-    cells.set(sheetRows, 1, 1.0);
-    EXPECT_LE(cells.memory(), 64U * 1024U);
-    CellStore wide;
-    for (Index column = 1; column <= sheetColumns; ++column) {
-        wide.set(1, column, 1.0);
-    }
-    EXPECT_LE(wide.memory(), 100U * static_cast<std::size_t>(sheetColumns));
-}
-
-TEST(Storage, IsReadInOnePiece) {
-    CellStore cells;
-    cells.fill({1, 1, 1'000'000, 1}, 1.5);
-    std::vector<CellValue> values(1'000'000);
-    cells.read(1, 1, values);
-    EXPECT_EQ(values.back(), CellValue(1.5));
 }
 
 }  // namespace
