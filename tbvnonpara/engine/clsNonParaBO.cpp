@@ -28,8 +28,12 @@ auto read(const UnreadDescriptives& groups, const ObjectRef<ArrayUtility>& utili
     passOnAs(procedure);
 }
 
-/// A grid as it is, a list as one column; anything that is not an array is a list of one element.
-ValueGrid asGrid(EngineInput values, const ObjectRef<ArrayUtility>& utility) {
+/// Numbers and a grid as they are, a list as one column; anything that is not an array is a list of one
+/// element.
+EngineData asData(EngineInput values, const ObjectRef<ArrayUtility>& utility) {
+    if (auto* numbers = std::get_if<NumberColumns>(&values)) {
+        return std::move(*numbers);
+    }
     if (auto* grid = std::get_if<ValueGrid>(&values); grid != nullptr && grid->allocated()) {
         return std::move(*grid);
     }
@@ -40,9 +44,9 @@ ValueGrid asGrid(EngineInput values, const ObjectRef<ArrayUtility>& utility) {
     return utility->MakeTwoDimensional(Array<CellValue>(1, single != nullptr ? *single : CellValue()));
 }
 
-void changeInput(ValueGrid& field, EngineInput values, const ObjectRef<ArrayUtility>& utility,
+void changeInput(EngineData& field, EngineInput values, const ObjectRef<ArrayUtility>& utility,
                  std::string_view procedure) try {
-    field = asGrid(std::move(values), utility);
+    field = asData(std::move(values), utility);
 } catch (...) {
     passOnAs(procedure);
 }

@@ -6,12 +6,13 @@
 #include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/enumerations.hpp"
 #include "tbvnonpara/distributions/normal.hpp"
+#include "tbvnonpara/engine/engine_data.hpp"
 #include "tbvnonpara/engine/group_descriptives.hpp"
 
 namespace TBVNonPara {
 
-/// A data input: one value, a list or a grid. The engine keeps it as a grid.
-using EngineInput = std::variant<CellValue, Array<CellValue>, ValueGrid>;
+/// A data input: one value, a list, a grid, or columns of numbers that are shared, not copied.
+using EngineInput = std::variant<CellValue, Array<CellValue>, ValueGrid, NumberColumns>;
 
 /// Results that only one test has: nothing, the sign test's three counts, the runs test's categories or the
 /// median test's table of counts.
@@ -185,8 +186,8 @@ class TBVNONPARA_API clsNonParaBO {
     double m_ExpectedRuns = 0;
     ObjectRef<ContingencyAnalysis> m_ContingencyResults;
     bool m_UseApprox = false;
-    ValueGrid m_Ys;
-    ValueGrid m_Xs;
+    EngineData m_Ys;
+    EngineData m_Xs;
     TBVNPTails m_Tails = tbvNPTwoTailed;
     TBVNPMethod m_Method = tbvNPMannU;
     bool m_WantsDescriptives = false;

@@ -75,14 +75,13 @@ double rankWideBlock(RankedBlocks& ranked, Long block, const ArrayUtility& utili
 }
 
 /// An empty cell is no gap: it takes part in its block as 0.
-RankedBlocks rankWithinBlocks(const ValueGrid& values, const ArrayUtility& utility) {
+RankedBlocks rankWithinBlocks(const EngineData& values, const ArrayUtility& utility) {
     constexpr Long widestToCount = 32;
     const Long b = values.rows();
     const Long k = values.columns();
     RankedBlocks ranked{Grid<double>(b, k), Grid<double>(b, k)};
     for (Long i = 1; i <= k; ++i) {
-        std::ranges::transform(values.column(i), ranked.data.column(i).begin(),
-                               [](const CellValue& cell) { return toDouble(cell); });
+        values.read(i, ranked.data.column(i));
     }
     if (k <= widestToCount) {
         ranked.T = rankNarrowBlocks(ranked);

@@ -1,5 +1,7 @@
 #include "tbvnonpara/engine/paired_differences.hpp"
 
+#include <algorithm>
+
 #include "tbvnonpara/core/conversions.hpp"
 
 namespace TBVNonPara {
@@ -20,9 +22,7 @@ Long countComplete(const ValueGrid& first, const ValueGrid& second) {
     return count;
 }
 
-}  // namespace
-
-Array<double> pairedDifferences(const ValueGrid& first, const ValueGrid& second) {
+Array<double> differencesOfCells(const ValueGrid& first, const ValueGrid& second) {
     Array<double> differences(countComplete(first, second));
     Long k = 0;
     for (Long i = 1; i <= first.rows(); ++i) {
@@ -31,6 +31,21 @@ Array<double> pairedDifferences(const ValueGrid& first, const ValueGrid& second)
             differences(k) = throughSinglePrecisionText(toDouble(first(i, 1)) - toDouble(second(i, 1)));
         }
     }
+    return differences;
+}
+
+}  // namespace
+
+Array<double> pairedDifferences(const EngineData& first, const EngineData& second) {
+    if (first.numbers() == nullptr || second.numbers() == nullptr) {
+        return differencesOfCells(first.cells(), second.cells());
+    }
+    Array<double> differences(first.rows());
+    Array<double> others(first.rows());
+    first.read(1, differences.elements());
+    second.read(1, others.elements());
+    std::ranges::transform(differences.elements(), others.elements(), differences.elements().begin(),
+                           [](double a, double b) { return throughSinglePrecisionText(a - b); });
     return differences;
 }
 

@@ -6,50 +6,55 @@ namespace TBVNonPara {
 
 namespace {
 
-Long countNonEmpty(std::span<const CellValue> cells) {
-    return std::ranges::count_if(cells, [](const CellValue& cell) { return !isEmpty(cell); });
+/// How many cells of a column hold something.
+Long countObservations(const EngineData& data, Long column) {
+    if (data.numbers() != nullptr) {
+        return data.rows();
+    }
+    return std::ranges::count_if(data.cells(column), [](const CellValue& cell) { return !isEmpty(cell); });
 }
 
-/// A sample of no rows need not have a column.
-std::span<const CellValue> cellsOf(const ValueGrid& sample) {
-    return sample.rows() == Long(0) ? std::span<const CellValue>() : sample.column(1);
-}
-
-/// Reads the first cells as so many observations: a blank among them is an observation of 0, and as many
-/// cells at the end are never read.
-void readFirstCells(std::span<const CellValue> cells, std::span<double> observations) {
-    std::ranges::transform(cells.first(observations.size()), observations.begin(),
-                           [](const CellValue& cell) { return toDouble(cell); });
+/// Reads what a column's cells hold.
+void readObservations(const EngineData& data, Long column, std::span<double> observations) {
+    if (data.numbers() != nullptr) {
+        return data.read(column, observations);
+    }
+    auto next = observations.begin();
+    for (const CellValue& cell : data.cells(column)) {
+        if (!isEmpty(cell)) {
+            *next++ = toDouble(cell);
+        }
+    }
 }
 
 }  // namespace
 
-PooledGroups combineSamples(const ValueGrid& first, const ValueGrid& second) {
-    const Long n1 = countNonEmpty(cellsOf(first));
-    const Long n2 = countNonEmpty(cellsOf(second));
+PooledGroups combineSamples(const EngineData& first, const EngineData& second) {
+    const Long n1 = countObservations(first, 1);
+    const Long n2 = countObservations(second, 1);
     PooledGroups pooled{Array<double>(n1 + n2), {n1, n2}};
     const std::span<double> values = pooled.values.elements();
     const auto split = static_cast<std::size_t>(n1.value());
-    readFirstCells(cellsOf(first), values.first(split));
-    readFirstCells(cellsOf(second), values.subspan(split));
+    // As many cells as there are observations: a blank among them is one of 0, and as many cells at the end
+    // are never read.
+    first.read(1, values.first(split));
+    second.read(1, values.subspan(split));
     return pooled;
 }
 
-PooledGroups poolGroups(const ValueGrid& values) {
+PooledGroups poolGroups(const EngineData& values) {
     PooledGroups pooled{Array<double>(), Array<Long>(values.columns())};
     Long N;
     for (Long g = 1; g <= values.columns(); ++g) {
-        pooled.counts(g) = countNonEmpty(values.column(g));
+        pooled.counts(g) = countObservations(values, g);
         N += pooled.counts(g);
     }
     pooled.values = Array<double>(N);
-    auto next = pooled.values.elements().begin();
+    std::span<double> rest = pooled.values.elements();
     for (Long g = 1; g <= values.columns(); ++g) {
-        for (const CellValue& cell : values.column(g)) {
-            if (!isEmpty(cell)) {
-                *next++ = toDouble(cell);
-            }
-        }
+        const auto n = static_cast<std::size_t>(pooled.counts(g).value());
+        readObservations(values, g, rest.first(n));
+        rest = rest.subspan(n);
     }
     return pooled;
 }

@@ -62,10 +62,11 @@ double runsProbability(double P2, double runs, double E, TBVNPTails tails) {
 }  // namespace
 
 void clsNonParaBO::AnalyseWWRuns() try {
-    const Long runs = countRuns(m_Ys);
-    Categories categories = findCategories(m_Ys.column(1));
+    const ValueGrid& cells = m_Ys.cells();
+    const Long runs = countRuns(cells);
+    Categories categories = findCategories(cells.column(1));
 
-    const auto [E, V] = momentsOfRuns(categories.counts, m_Ys.rows());
+    const auto [E, V] = momentsOfRuns(categories.counts, cells.rows());
     // The correction is taken from the absolute distance: within 0.5 of E the statistic is negative and the
     // two-tailed probability above 1.
     const double z = divide(std::abs(toDouble(runs) - E) - 0.5, squareRoot(V));

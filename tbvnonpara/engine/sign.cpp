@@ -1,5 +1,6 @@
 #include <cmath>
 #include <span>
+#include <vector>
 
 #include "tbvnonpara/distributions/factorial_log.hpp"
 #include "tbvnonpara/engine/clsNonParaBO.hpp"
@@ -61,6 +62,33 @@ SignCounts countDifferences(const ValueGrid& first, const ValueGrid& second) {
     return {Long(positive), Long(negative)};
 }
 
+/// The same of numbers alone.
+SignCounts countDifferences(const NumberColumns& first, const EngineData& second) {
+    std::vector<double> seconds(static_cast<std::size_t>(first.rows().value()));
+    second.read(1, seconds);
+    Index positive = 0;
+    Index negative = 0;
+    auto b = seconds.begin();
+    first.visit(1, [&](std::span<const double> firsts) {
+        for (const double a : firsts) {
+            positive += a > *b ? 1 : 0;
+            negative += a < *b ? 1 : 0;
+            ++b;
+        }
+    });
+    return {Long(positive), Long(negative)};
+}
+
+SignCounts countSigns(const EngineData& first, const EngineData& second) {
+    if (second.isBlank()) {
+        return countCodes(first.cells());
+    }
+    if (first.numbers() != nullptr && second.numbers() != nullptr) {
+        return countDifferences(*first.numbers(), second);
+    }
+    return countDifferences(first.cells(), second.cells());
+}
+
 /// The probability of at least `first` of N signs, for `first` of at least N / 2.
 DoubleDouble upperTail(Long N, Long first) {
     constexpr double negligible = 0x1p-60;
@@ -113,7 +141,7 @@ double signProbability(const BinomialTail& tail, TBVNPTails tails) noexcept {
 
 void clsNonParaBO::AnalyseSign() try {
     const Long n = m_Ys.rows();
-    const SignCounts signs = isEmpty(m_Xs(1, 1)) ? countCodes(m_Ys) : countDifferences(m_Ys, m_Xs);
+    const SignCounts signs = countSigns(m_Ys, m_Xs);
     const Long neither = n - signs.positive - signs.negative;
     m_Other = Array<Long>{signs.positive, neither, signs.negative};
     m_P = signProbability(binomialTail(signs), m_Tails);

@@ -12,15 +12,12 @@ namespace {
 
 /// Reads one variable into a column of the data and ranks it into the same column of the ranks. Returns its
 /// tie term.
-double rankVariable(const ValueGrid& variable, Long column, Grid<double>& data, Grid<double>& ranks,
+double rankVariable(const EngineData& variable, Long column, Grid<double>& data, Grid<double>& ranks,
                     const ArrayUtility& utility) {
-    const Long n = data.rows();
-    for (Long i = 1; i <= n; ++i) {
-        data(i, column) = toDouble(variable(i, 1));
-    }
+    variable.read(1, data.column(column));
     const TieCounts tieCounts = rankValues(utility.OrderOf(data.column(column)), ranks.column(column));
     // Divided by the number of pairs, not by 12 as in textbooks: clients rely on the figures.
-    return tieSum(tieCounts) / toDouble(n);
+    return tieSum(tieCounts) / toDouble(data.rows());
 }
 
 double sumOfSquaredRankDifferences(const Grid<double>& ranks) {

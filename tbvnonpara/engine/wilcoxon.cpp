@@ -51,13 +51,10 @@ double chooseT(const RankSums& T, TBVNPTails tails) noexcept {
     }
 }
 
-void copyPairs(const ValueGrid& first, const ValueGrid& second, Grid<double>& data) {
-    const Long n = first.rows();
-    data = Grid<double>(n, 2);
-    for (Long i = 1; i <= n; ++i) {
-        data(i, 1) = toDouble(first(i, 1));
-        data(i, 2) = toDouble(second(i, 1));
-    }
+void copyPairs(const EngineData& first, const EngineData& second, Grid<double>& data) {
+    data = Grid<double>(first.rows(), 2);
+    first.read(1, data.column(1));
+    second.read(1, data.column(2));
 }
 
 /// The ranks of the positive, the negative and the zero differences of n pairs.

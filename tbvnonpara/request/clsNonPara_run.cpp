@@ -123,10 +123,10 @@ RangeRef clsNonPara::GetResults(const Run& run) try {
 void clsNonPara::loadEngine(const Run& run) {
     const Application& application = *m_Companions.application;
     const ObjectRef<ArrayUtility> utility = m_Companions.createArrayUtility();
-    ValueGrid Ys = readAreas(application, *utility, run.yRange, run.headers);
+    EngineInput Ys = readInputs(application, *utility, run.yRange, run.headers);
     EngineInput Xs = CellValue(Empty());
     if (run.xRange.isSet()) {
-        Xs = readArea(application, run.xRange, run.headers);
+        Xs = readInput(application, run.xRange, run.headers);
     }
     m_Engine->LetYs(std::move(Ys));
     m_Engine->Letxs(std::move(Xs));

@@ -12,7 +12,9 @@ const ValueGrid columns = {
 
 ValueGrid read(const std::string& address, bool headers) {
     const RequestDesk desk(columns);
-    return readAreas(*desk.host, *createArrayUtility(), desk.host->GetRange(address), headers);
+    EngineInput input = readInputs(*desk.host, *createArrayUtility(), desk.host->GetRange(address), headers);
+    auto* const numbers = std::get_if<NumberColumns>(&input);
+    return numbers != nullptr ? EngineData(std::move(*numbers)).cells() : std::get<ValueGrid>(input);
 }
 
 TEST(Reading, AreasOfUnequalHeightStandSideBySideWithoutTheirLabels) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tbvnonpara/core/a1.hpp"
@@ -60,15 +61,20 @@ class DataCells {
     DataCells(const RangeRef& range, bool headers) : m_Range(range), m_FirstRow(headers ? 2 : 1) {
         const Long areas = range->GetAreasCount();
         for (Long area = 1; area <= areas; ++area) {
-            const RangeRef cells = range->GetAreas(area);
-            m_Areas.push_back({cells, cells->GetValue()});
+            m_Areas.push_back(read(range->GetAreas(area)));
         }
     }
 
-    [[nodiscard]] Long rows() const { return m_Areas.front().values.rows() - m_FirstRow + 1; }
+    [[nodiscard]] Long rows() const { return m_Areas.front().rows - m_FirstRow + 1; }
 
     [[nodiscard]] Long count(const auto& matches) const {
         Long matching;
+        for (const Area& area : m_Areas) {
+            const CellValue anyNumber = 0.0;
+            if (area.numbers && matches(anyNumber)) {
+                matching += (area.rows - m_FirstRow + 1) * area.columns;
+            }
+        }
         walk([&](const Area&, Long, Long, const CellValue& value) {
             if (matches(value)) {
                 ++matching;
@@ -100,15 +106,28 @@ class DataCells {
  private:
     struct Area {
         RangeRef range;
+        Long rows;
+        Long columns;
+        /// Whether there are numbers alone below the header: the host has looked at them.
+        bool numbers;
         ValueGrid values;
     };
 
+    [[nodiscard]] Area read(const RangeRef& range) const {
+        if (range->HoldsNumbers(m_FirstRow)) {
+            return {range, range->GetRowsCount(), range->GetColumnsCount(), true, {}};
+        }
+        ValueGrid values = range->GetValue();
+        const Long rows = values.rows();
+        const Long columns = values.columns();
+        return {range, rows, columns, false, std::move(values)};
+    }
+
+    /// The cells that are not known to be numbers.
     void walk(const auto& visit) const {
         for (const Area& area : m_Areas) {
-            const Long lastRow = area.values.rows();
-            const Long lastColumn = area.values.columns();
-            for (Long column = 1; column <= lastColumn; ++column) {
-                for (Long row = m_FirstRow; row <= lastRow; ++row) {
+            for (Long column = 1; !area.numbers && column <= area.columns; ++column) {
+                for (Long row = m_FirstRow; row <= area.rows; ++row) {
                     visit(area, row, column, area.values(row, column));
                 }
             }
