@@ -7,6 +7,7 @@
 #include <unordered_map>
 
 #include "tbvnonpara/core/cell_value.hpp"
+#include "tbvnonpara/files/csv/short_number.hpp"
 
 namespace TBVNonPara::workbook {
 
@@ -19,6 +20,17 @@ class CsvFieldReader {
 
     [[nodiscard]] CellValue plain(std::string_view field);
     [[nodiscard]] CellValue quoted(std::string_view field);
+
+    /// Whether a whole field that was read as this number is that number.
+    [[nodiscard]] bool takes(const ShortNumber& number) noexcept {
+        if (number.size == 0 || m_Thousands || (number.hasPoint && m_DecimalMark == ',')) {
+            return false;
+        }
+        if (number.hasPoint) {
+            m_DecimalMark = '.';
+        }
+        return true;
+    }
 
     [[nodiscard]] char decimalMark() const noexcept { return m_DecimalMark.value_or('.'); }
 

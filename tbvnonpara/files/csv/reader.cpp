@@ -142,7 +142,7 @@ class CsvParser {
             m_Column += 1;
             if (m_At < m_Text.size() && m_Text[m_At] == '"') {
                 store(quotedField());
-            } else {
+            } else if (!storeShortNumber()) {
                 store(m_Fields.plain(takePlain()));
             }
         } while (takeDelimiter());
@@ -159,6 +159,19 @@ class CsvParser {
         while (m_Delimiter == ' ' && m_At < m_Text.size() && (m_Text[m_At] == ' ' || m_Text[m_At] == '\t')) {
             m_At += 1;
         }
+    }
+
+    /// Stores the field as a number where it is one of the usual kind.
+    bool storeShortNumber() {
+        const ShortNumber number = shortNumber(m_Text.substr(m_At));
+        const std::size_t end = m_At + number.size;
+        if ((end < m_Text.size() && !endsField(m_Text[end])) || !m_Fields.takes(number)) {
+            return false;
+        }
+        requireRoom();
+        m_Cells.set(m_Row, m_Column, number.value);
+        m_At = end;
+        return true;
     }
 
     std::string_view takePlain() {
@@ -229,9 +242,13 @@ class CsvParser {
     }
 
     void store(CellValue value) {
-        if (isEmpty(value)) {
-            return;
+        if (!isEmpty(value)) {
+            requireRoom();
+            m_Cells.set(m_Row, m_Column, std::move(value));
         }
+    }
+
+    void requireRoom() const {
         if (m_Row > sheetRows) {
             complain(m_Source, m_Line, "more rows than the 1048576 of a sheet; split the file.");
         }
@@ -241,7 +258,6 @@ class CsvParser {
                          (m_MostColumns == sheetColumns ? " of a sheet" : " that can be read") +
                          "; is another character between the fields?");
         }
-        m_Cells.set(m_Row, m_Column, std::move(value));
     }
 
     std::string_view m_Text;

@@ -1,3 +1,7 @@
+#include <bit>
+#include <cstdlib>
+#include <random>
+
 #include "tests/files/csv/csv_case.hpp"
 
 namespace TBVNonPara::workbook {
@@ -92,6 +96,45 @@ TEST(CsvNumbers, AreRoundedExactly) {
     EXPECT_EQ(cells.at(3, 1), CellValue(0x1.fffffffffffffp1023));
     EXPECT_EQ(cells.at(4, 1), CellValue(0x1.0000000000002p-1));  // a half way, to the even neighbour
     EXPECT_EQ(cells.at(5, 1), CellValue(0x1p53));
+}
+
+// The C library rounds every number exactly, on a way of its own.
+TEST(CsvNumbers, AreWhatTheCLibraryReads) {
+    std::mt19937_64 random(11);
+    std::vector<std::string> numbers = {"0",
+                                        "-0",
+                                        "007",
+                                        "-0.0",
+                                        "9007199254740992",
+                                        "9007199254740993",
+                                        "0.3",
+                                        "1.0",
+                                        "4503599627370497.5",
+                                        "9999999999999999999",
+                                        "12345678901234567890",
+                                        "0.0000000000000000001",
+                                        "-0.1234567890123456789",
+                                        "900719925474099.3"};
+    for (int i = 0; i < 50'000; ++i) {
+        const std::string figures = std::to_string(random() >> (random() % 60));
+        const std::size_t point = random() % (figures.size() + 1);
+        std::string number = (random() % 2 == 0 ? "-" : "") + (point == 0 ? "0" : figures.substr(0, point));
+        number += point == figures.size() ? "" : "." + figures.substr(point);
+        numbers.push_back(number);
+    }
+    std::string text;
+    for (const std::string& number : numbers) {
+        text += number + '\n';
+    }
+    const CellStore cells = readCsv(text).cells;
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+        const CellValue read = cells.at(static_cast<Index>(i) + 1, 1);
+        ASSERT_TRUE(std::holds_alternative<double>(read)) << numbers[i];
+        const double expected = std::strtod(numbers[i].c_str(), nullptr);
+        ASSERT_EQ(std::bit_cast<std::uint64_t>(std::get<double>(read)),
+                  std::bit_cast<std::uint64_t>(expected))
+            << numbers[i];
+    }
 }
 
 TEST(CsvData, TellsHowItWasRead) {
