@@ -50,8 +50,9 @@ void clsNonParaBO::AnalyseKWallis() try {
 
     PooledGroups groups = poolGroups(m_Ys);
     const Long N = groups.values.size();
-    Array<double> ranks(N);
-    const TieCounts tieCounts = rankValues(m_Utility->OrderOf(groups.values.elements()), ranks.elements());
+    AscendingOrder order = m_Utility->OrderOf(groups.values.elements());
+    Array<double> ranks(N);  // The sorting was to have this memory.
+    const TieCounts tieCounts = rankValues(std::move(order), ranks.elements());
 
     const Array<Long> counts = groups.counts;
     const Array<double> rankSums = rankSumsOf(ranks.elements(), counts);
