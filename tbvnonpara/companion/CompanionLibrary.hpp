@@ -39,8 +39,10 @@ struct CompanionLibrary {
     std::shared_ptr<std::atomic<bool>> running = std::make_shared<std::atomic<bool>>(false);
 };
 
-/// The library's own components on the given application. It may be none for an engine alone: all tests run
+/// The library's own components on the given application, which sort large data on up to so many threads: the
+/// figures are the same on any number. The application may be none for an engine alone: all tests run
 /// then, with probabilities of its own, and what needs a sheet raises ObjectNotSet.
-[[nodiscard]] TBVNONPARA_API CompanionLibrary ownCompanions(ObjectRef<Application> application);
+[[nodiscard]] TBVNONPARA_API CompanionLibrary ownCompanions(ObjectRef<Application> application,
+                                                            std::size_t threads = 1);
 
 }  // namespace TBVNonPara

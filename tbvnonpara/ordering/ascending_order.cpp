@@ -7,6 +7,7 @@
 #include <numeric>
 #include <utility>
 
+#include "tbvnonpara/core/parallel.hpp"
 #include "tbvnonpara/ordering/radix_sort.hpp"
 #include "tbvnonpara/ordering/sort_keys.hpp"
 
@@ -22,46 +23,57 @@ struct PositionedKeys {
     bool whole = false;
 };
 
-PositionedKeys sortedKeys(std::span<const double> values, const KeySpan& keys) {
+/// The ties that find(part) gives for each part, in their order.
+std::vector<Tie> joined(std::size_t parts, const auto& find) {
+    std::vector<std::vector<Tie>> ofParts(parts);
+    inParallel(parts, [&](std::size_t part) { ofParts[part] = find(part); });
+    std::vector<Tie> ties = std::move(ofParts.front());
+    for (std::size_t part = 1; part < parts; ++part) {
+        ties.insert(ties.end(), ofParts[part].begin(), ofParts[part].end());
+    }
+    return ties;
+}
+
+PositionedKeys sortedKeys(std::span<const double> values, const KeySpan& keys, std::size_t threads) {
     PositionedKeys sorted;
     sorted.positionBits = static_cast<int>(std::bit_width(values.size()));
     const int kept = std::min(keys.width(), 64 - sorted.positionBits);
     sorted.whole = kept == keys.width();
     const int dropped = keys.bits.high - kept;
-    sorted.words.reserve(values.size());
-    for (const double value : values) {
-        sorted.words.push_back((keys.excess(value) >> dropped) << sorted.positionBits | sorted.words.size());
-    }
-    radixSort(sorted.words, {sorted.positionBits, sorted.positionBits + kept});
+    sorted.words.resize(values.size());
+    inParallel(threads, [&](std::size_t part) {
+        const std::size_t end = beginOfPart(part + 1, threads, values.size());
+        for (std::size_t i = beginOfPart(part, threads, values.size()); i < end; ++i) {
+            sorted.words[i] = (keys.excess(values[i]) >> dropped) << sorted.positionBits | i;
+        }
+    });
+    radixSort(sorted.words, {sorted.positionBits, sorted.positionBits + kept}, threads);
     return sorted;
 }
 
-std::vector<std::uint32_t> positionsIn(const PositionedKeys& keys) {
+/// The positions in sorted keys, and the places where the keys are alike: the ties, where the words hold
+/// whole keys.
+AscendingOrder orderOf(const PositionedKeys& keys, std::size_t threads) {
     const std::uint64_t position = (std::uint64_t(1) << keys.positionBits) - 1;
-    std::vector<std::uint32_t> positions;
-    positions.reserve(keys.words.size());
-    for (const std::uint64_t word : keys.words) {
-        positions.push_back(static_cast<std::uint32_t>(word & position));
-    }
-    return positions;
-}
-
-/// The places where sorted keys are alike: the ties, where the words hold whole keys.
-std::vector<Tie> alike(const PositionedKeys& keys) {
-    const Words& words = keys.words;
-    std::vector<Tie> runs;
-    for (std::size_t first = 0; first < words.size();) {
-        const std::uint64_t key = words[first] >> keys.positionBits;
-        std::size_t last = first + 1;
-        while (last < words.size() && words[last] >> keys.positionBits == key) {
-            ++last;
+    const std::vector<std::size_t> cuts = placesToCut(keys.words, keys.positionBits, threads);
+    AscendingOrder order;
+    order.positions.resize(keys.words.size());
+    order.ties = joined(threads, [&](std::size_t part) {
+        std::vector<Tie> ties;
+        for (std::size_t first = cuts[part]; first < cuts[part + 1];) {
+            const std::uint64_t key = keys.words[first] >> keys.positionBits;
+            std::size_t last = first;
+            for (; last < cuts[part + 1] && keys.words[last] >> keys.positionBits == key; ++last) {
+                order.positions[last] = static_cast<std::uint32_t>(keys.words[last] & position);
+            }
+            if (last - first > 1) {
+                ties.push_back({static_cast<std::uint32_t>(first), static_cast<std::uint32_t>(last - first)});
+            }
+            first = last;
         }
-        if (last - first > 1) {
-            runs.push_back({static_cast<std::uint32_t>(first), static_cast<std::uint32_t>(last - first)});
-        }
-        first = last;
-    }
-    return runs;
+        return ties;
+    });
+    return order;
 }
 
 /// Adds the ties among `size` positions from place `first` on, whose values ascend.
@@ -81,17 +93,24 @@ void appendTies(std::vector<Tie>& ties, std::span<const double> values,
 }
 
 /// Finishes the order of values whose words are alike but hold no whole keys.
-void orderAlike(AscendingOrder& order, std::span<const double> values, const std::vector<Tie>& runs) {
+void orderAlike(AscendingOrder& order, std::span<const double> values, const std::vector<Tie>& runs,
+                std::size_t threads) {
     const auto ascends = [values](std::uint32_t a, std::uint32_t b) {
         return values[a] < values[b] || (values[a] == values[b] && a < b);
     };
-    for (const Tie& run : runs) {
-        const std::span<std::uint32_t> positions(order.positions.data() + run.first, run.size);
-        if (!std::ranges::is_sorted(positions, ascends)) {
-            std::ranges::sort(positions, ascends);
+    order.ties = joined(threads, [&](std::size_t part) {
+        std::vector<Tie> ties;
+        const std::size_t begin = beginOfPart(part, threads, runs.size());
+        const std::size_t end = beginOfPart(part + 1, threads, runs.size());
+        for (const Tie& run : std::span(runs).subspan(begin, end - begin)) {
+            const std::span<std::uint32_t> positions(order.positions.data() + run.first, run.size);
+            if (!std::ranges::is_sorted(positions, ascends)) {
+                std::ranges::sort(positions, ascends);
+            }
+            appendTies(ties, values, order.positions, run.first, run.size);
         }
-        appendTies(order.ties, values, order.positions, run.first, run.size);
-    }
+        return ties;
+    });
 }
 
 AscendingOrder orderOfEntry(std::span<const double> values) {
@@ -176,27 +195,24 @@ std::vector<double> mixedZeros(std::span<const double> values) {
 
 }  // namespace
 
-AscendingOrder ascendingOrder(std::span<const double> values) {
+AscendingOrder ascendingOrder(std::span<const double> values, std::size_t threads) {
     if (std::ranges::is_sorted(values)) {
         return orderOfEntry(values);
     }
-    const KeySpan span(values);
+    threads = partsWorthwhile(threads, values.size());
+    const KeySpan span(values, threads);
     if (hasFewKeys(span, values.size())) {
         return orderByCounting(values, span);
     }
     AscendingOrder order;
-    std::vector<Tie> runs;
     bool whole = false;
     {
-        const PositionedKeys keys = sortedKeys(values, span);
+        const PositionedKeys keys = sortedKeys(values, span, threads);
         whole = keys.whole;
-        runs = alike(keys);
-        order.positions = positionsIn(keys);
+        order = orderOf(keys, threads);
     }
-    if (whole) {
-        order.ties = std::move(runs);
-    } else {
-        orderAlike(order, values, runs);
+    if (!whole) {
+        orderAlike(order, values, std::exchange(order.ties, {}), threads);
     }
     return order;
 }

@@ -26,8 +26,9 @@ struct AscendingOrder {
     friend bool operator==(const AscendingOrder&, const AscendingOrder&) = default;
 };
 
-/// The order of the values. 0 and -0 are equal.
-[[nodiscard]] TBVNONPARA_API AscendingOrder ascendingOrder(std::span<const double> values);
+/// The order of the values, found by up to so many threads; on any number it is the same. 0 and -0 are equal.
+[[nodiscard]] TBVNONPARA_API AscendingOrder ascendingOrder(std::span<const double> values,
+                                                           std::size_t threads = 1);
 
 /// The ties among values that stand at these positions when they ascend.
 [[nodiscard]] TBVNONPARA_API std::vector<Tie> tiesOf(std::span<const double> values,

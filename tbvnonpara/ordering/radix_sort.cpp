@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cstddef>
 #include <utility>
+
+#include "tbvnonpara/core/parallel.hpp"
 
 namespace TBVNonPara {
 
@@ -55,10 +58,38 @@ void distribute(const Words& from, Words& to, int shift, Counts& counts) {
     }
 }
 
-/// Sorts the words that the distribution left side by side because they are alike from bit `shift` on.
-void sortAlike(Words& words, int shift) {
-    const auto end = words.end();
-    for (auto first = words.begin(); first != end;) {
+/// The same by several threads, each for a piece of the words: a thread's words with a digit go behind those
+/// of the threads before it.
+void distributeInParallel(const Words& from, Words& to, int shift, std::size_t threads) {
+    std::vector<Counts> counts(threads);
+    const auto visitPiece = [&](std::size_t part, const auto& visit) {
+        const std::size_t end = beginOfPart(part + 1, threads, from.size());
+        for (std::size_t i = beginOfPart(part, threads, from.size()); i < end; ++i) {
+            visit(from[i]);
+        }
+    };
+    inParallel(threads, [&](std::size_t part) {
+        Counts own{};
+        visitPiece(part, [&](std::uint64_t word) { own[digitOf(word, shift)] += 1; });
+        counts[part] = own;
+    });
+    std::uint32_t before = 0;
+    for (std::size_t digit = 0; digit < digitValues; ++digit) {
+        for (Counts& ofPart : counts) {
+            before += std::exchange(ofPart[digit], before);
+        }
+    }
+    inParallel(threads, [&](std::size_t part) {
+        Counts places = counts[part];
+        visitPiece(part, [&](std::uint64_t word) { to[places[digitOf(word, shift)]++] = word; });
+    });
+}
+
+/// Sorts the words from one place up to another that the distribution left side by side because they are
+/// alike from bit `shift` on.
+void sortAlike(Words& words, std::size_t from, std::size_t until, int shift) {
+    const auto end = words.begin() + static_cast<std::ptrdiff_t>(until);
+    for (auto first = words.begin() + static_cast<std::ptrdiff_t>(from); first != end;) {
         auto last = first + 1;
         while (last != end && (*last >> shift) == (*first >> shift)) {
             ++last;
@@ -72,7 +103,19 @@ void sortAlike(Words& words, int shift) {
 
 }  // namespace
 
-void radixSort(Words& words, BitRange bits) {
+std::vector<std::size_t> placesToCut(const Words& words, int shift, std::size_t parts) {
+    std::vector<std::size_t> places;
+    for (std::size_t part = 0; part <= parts; ++part) {
+        std::size_t place = beginOfPart(part, parts, words.size());
+        while (place > 0 && place < words.size() && words[place] >> shift == words[place - 1] >> shift) {
+            ++place;
+        }
+        places.push_back(place);
+    }
+    return places;
+}
+
+void radixSort(Words& words, BitRange bits, std::size_t threads) {
     constexpr std::size_t worthCounting = 1000;
     if (words.size() < worthCounting) {
         std::ranges::sort(words);
@@ -81,13 +124,21 @@ void radixSort(Words& words, BitRange bits) {
     const LeadingDigits digits = leadingDigits(bits, words.size());
     Words moved(words.size());
     int shift = digits.shift;
-    for (Counts& counts : countDigits(words, digits)) {
-        distribute(words, moved, shift, counts);
+    threads = partsWorthwhile(threads, words.size());
+    std::vector<Counts> counts = threads > 1 ? std::vector<Counts>() : countDigits(words, digits);
+    for (std::size_t digit = 0; digit < static_cast<std::size_t>(digits.number); ++digit) {
+        if (threads > 1) {
+            distributeInParallel(words, moved, shift, threads);
+        } else {
+            distribute(words, moved, shift, counts[digit]);
+        }
         words.swap(moved);
         shift += digitBits;
     }
     if (digits.shift > bits.low) {
-        sortAlike(words, digits.shift);
+        const std::vector<std::size_t> cuts = placesToCut(words, digits.shift, threads);
+        inParallel(threads,
+                   [&](std::size_t part) { sortAlike(words, cuts[part], cuts[part + 1], digits.shift); });
     }
 }
 

@@ -27,7 +27,7 @@ struct KeySpan {
     std::uint64_t smallest = 0;
     BitRange bits;
 
-    explicit KeySpan(std::span<const double> values) noexcept;
+    explicit KeySpan(std::span<const double> values, std::size_t threads = 1);
 
     [[nodiscard]] std::uint64_t excess(double value) const noexcept { return keyOf(value) - smallest; }
     /// A value's place among the keys that differ, for spans of few keys.

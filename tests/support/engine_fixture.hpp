@@ -35,7 +35,7 @@ inline CompanionLibrary engineCompanions(
     std::shared_ptr<FakeApplication> application = std::make_shared<FakeApplication>()) {
     CompanionLibrary companions;
     companions.application = ObjectRef<Application>(std::move(application));
-    companions.createArrayUtility = createArrayUtility;
+    companions.createArrayUtility = [] { return createArrayUtility(); };
     return companions;
 }
 

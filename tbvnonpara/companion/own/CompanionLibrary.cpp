@@ -10,13 +10,13 @@
 
 namespace TBVNonPara {
 
-CompanionLibrary ownCompanions(ObjectRef<Application> application) {
+CompanionLibrary ownCompanions(ObjectRef<Application> application, std::size_t threads) {
     if (!application.isSet()) {
         application = sheetlessApplication();
     }
     CompanionLibrary companions;
     companions.application = application;
-    companions.createArrayUtility = createArrayUtility;
+    companions.createArrayUtility = [threads] { return createArrayUtility(threads); };
     companions.createDataCheck = createDataCheck;
     companions.createReportFormatter = createReportFormatter;
     companions.createReportStyle = createReportStyle;

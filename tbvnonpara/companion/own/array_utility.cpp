@@ -22,6 +22,8 @@ void copyColumns(const ValueGrid& from, ValueGrid& to, Long columnsBefore) {
 
 class OwnArrayUtility : public ArrayUtility {
  public:
+    explicit OwnArrayUtility(std::size_t threads) : m_Threads(threads) {}
+
     void SortRows(Grid<double>& table, Long /*reserved*/, Long column) const override {
         const std::span<double> keys = table.column(column);
         if (std::ranges::is_sorted(keys)) {
@@ -38,7 +40,7 @@ class OwnArrayUtility : public ArrayUtility {
     }
 
     [[nodiscard]] AscendingOrder OrderOf(std::span<const double> values) const override {
-        return ascendingOrder(values);
+        return ascendingOrder(values, m_Threads);
     }
 
     [[nodiscard]] ValueGrid MakeTwoDimensional(const Array<CellValue>& array) const override {
@@ -55,12 +57,15 @@ class OwnArrayUtility : public ArrayUtility {
     }
 
     [[nodiscard]] bool SortsAtAnyTime() const noexcept override { return true; }
+
+ private:
+    std::size_t m_Threads;
 };
 
 }  // namespace
 
-ObjectRef<ArrayUtility> createArrayUtility() {
-    return makeObject<OwnArrayUtility>();
+ObjectRef<ArrayUtility> createArrayUtility(std::size_t threads) {
+    return makeObject<OwnArrayUtility>(threads);
 }
 
 }  // namespace TBVNonPara
