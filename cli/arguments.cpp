@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <fmt/format.h>
 #include <map>
+#include <thread>
 
 #include "cli/installed.hpp"
 #include "cli/save_options.hpp"
@@ -221,6 +222,14 @@ void offerFileAndForm(CLI::App& command, Words& words) {
         .add_option("--comment", words.arguments.comment, "leave out lines that begin with this, such as #")
         ->type_name("TEXT")
         ->check(filled());
+    constexpr std::size_t most = 256;
+    words.arguments.threads = std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, most);
+    command
+        .add_option("--threads", words.arguments.threads,
+                    "how many read a text file and sort at most, 1 to 256; without\n"
+                    "it as many as there are processors")
+        ->type_name("NUMBER")
+        ->check(CLI::Range(std::size_t(1), most).description(""));
 }
 
 /// The options that say where a report goes.

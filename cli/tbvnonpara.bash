@@ -2,10 +2,10 @@
 
 _tbvnonpara_options() {
     if [[ $1 == describe ]]; then
-        printf -- '--sheet --transpose --headers --no-headers --na --names --format --safe-csv --delimiter --decimal --thousands --encoding --comment --help'
+        printf -- '--sheet --transpose --headers --no-headers --na --names --format --safe-csv --delimiter --decimal --thousands --encoding --comment --threads --help'
         return
     fi
-    local options="--y --by --groups --each --plan --where --missing --na --sheet --transpose --headers --no-headers --format --safe-csv --delimiter --decimal --thousands --encoding --comment
+    local options="--y --by --groups --each --plan --where --missing --na --sheet --transpose --headers --no-headers --format --safe-csv --delimiter --decimal --thousands --encoding --comment --threads
         --save --output --overwrite --with-data --details --confidence --adjust --help"
     case $1 in
         mann-whitney | wilcoxon | spearman | sign) options+=" --x" ;;

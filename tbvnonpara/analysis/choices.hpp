@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -48,8 +49,9 @@ struct Choices {
     bool ignoreTies = false;
     std::optional<Cut> cut;  ///< of a sequence
     TBVNPTails tails = tbvNPTwoTailed;
-    std::string output;      ///< the cell that the report begins at; empty for a new sheet
-    bool overwrite = false;  ///< whether the report may replace cells
+    std::string output;       ///< the cell that the report begins at; empty for a new sheet
+    bool overwrite = false;   ///< whether the report may replace cells
+    std::size_t threads = 1;  ///< how many read a long text file and sort at most; no figure depends on it
 };
 
 }  // namespace TBVNonPara::analysis

@@ -26,7 +26,8 @@ workbook::CsvOptions textOptions(const Choices& choices) {
     // Columns that are tested each by itself need no addresses.
     constexpr Index manyColumns = 1'000'000;
     return {choices.delimiter, choices.decimal, choices.thousands,
-            choices.encoding,  choices.comment, choices.each ? manyColumns : sheetColumns};
+            choices.encoding,  choices.comment, choices.each ? manyColumns : sheetColumns,
+            choices.threads};
 }
 
 /// Makes the sheet that the choices name the active one, and a table of it.
@@ -117,7 +118,7 @@ void FinishedTest::placeDetails(const DetailPage& page) {
 
 FinishedTest runTest(const ObjectRef<workbook::EmbeddedApplication>& application, const Choices& choices,
                      const ChosenRanges& ranges) {
-    return runTest(application, ownCompanions(application), choices, ranges);
+    return runTest(application, ownCompanions(application, choices.threads), choices, ranges);
 }
 
 FinishedTest runTest(const ObjectRef<workbook::EmbeddedApplication>& application,

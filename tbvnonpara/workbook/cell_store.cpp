@@ -148,6 +148,20 @@ void CellStore::copy(const CellStore& from, const Rectangle& area, Index row, In
     }
 }
 
+void CellStore::append(CellStore below) {
+    m_Columns.resize(std::max(m_Columns.size(), below.m_Columns.size()));
+    for (std::size_t column = 0; column < below.m_Columns.size(); ++column) {
+        Column& blocks = m_Columns[column];
+        Column& more = below.m_Columns[column];
+        blocks.resize(std::max(blocks.size(), more.size()));
+        for (std::size_t i = 0; i < more.size(); ++i) {
+            if (!more[i].empty()) {
+                blocks[i] = std::move(more[i]);
+            }
+        }
+    }
+}
+
 Index CellStore::lastUsedRow(const Column& column) noexcept {
     for (std::size_t i = column.size(); i > 0; --i) {
         if (!column[i - 1].empty()) {

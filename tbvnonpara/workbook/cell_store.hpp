@@ -46,6 +46,12 @@ class TBVNONPARA_API CellStore {
     /// Replaces the cells from (row, column) on by an area of another store.
     void copy(const CellStore& from, const Rectangle& area, Index row, Index column);
 
+    /// Whether a row is the first of a block, which `append` can begin with.
+    [[nodiscard]] static constexpr bool beginsBlock(Index row) noexcept { return (row - 1) % blockRows == 0; }
+    /// Takes the cells of a store that has none but below all of this one's, from the beginning of a block
+    /// on.
+    void append(CellStore below);
+
     /// The rectangle around all values; none on an empty sheet.
     [[nodiscard]] std::optional<Rectangle> usedArea() const;
     /// The last row that holds a value in one of the columns; 0 when none does.

@@ -110,6 +110,11 @@ TEST(Arguments, TakeTheFormOfATextFile) {
               workbook::Encoding::Windows1252);
 }
 
+TEST(Arguments, ThreadsAreAsManyAsProcessorsOrAsNamed) {
+    EXPECT_EQ(accepted({"runs", "d.csv", "--threads", "3"}).threads, 3U);
+    EXPECT_GE(accepted({"runs", "d.csv"}).threads, 1U);
+}
+
 TEST(Arguments, NoHeadersIsNotTheSameAsSilence) {
     EXPECT_EQ(accepted({"runs", "d.csv", "--no-headers"}).headers, std::optional(false));
 }
@@ -155,6 +160,8 @@ const UsageError usageErrors[] = {
     {"CommaForBoth", {"sign", "d.csv", "--decimal", ",", "--delimiter", ","}, "both be a comma"},
     {"UnknownThousands", {"sign", "d.csv", "--thousands", "x"}, "x"},
     {"UnknownEncoding", {"sign", "d.csv", "--encoding", "ebcdic"}, "ebcdic"},
+    {"NoThread", {"sign", "d.csv", "--threads", "0"}, "--threads"},
+    {"TooManyThreads", {"sign", "d.csv", "--threads", "257"}, "--threads"},
     {"EmptyComment", {"sign", "d.csv", "--comment", ""}, "--comment"},
     {"PointForBoth", {"sign", "d.csv", "--decimal", ".", "--thousands", "."}, "--thousands and --decimal"},
     {"SecondRangeAlone", {"sign", "d.csv", "--x", "B"}, "--y"},

@@ -7,7 +7,7 @@
 #include <unordered_map>
 
 #include "tbvnonpara/core/cell_value.hpp"
-#include "tbvnonpara/files/csv/short_number.hpp"
+#include "tbvnonpara/core/short_number.hpp"
 
 namespace TBVNonPara::workbook {
 
@@ -32,7 +32,8 @@ class CsvFieldReader {
         return true;
     }
 
-    [[nodiscard]] char decimalMark() const noexcept { return m_DecimalMark.value_or('.'); }
+    /// None until a field has settled it.
+    [[nodiscard]] std::optional<char> knownDecimalMark() const noexcept { return m_DecimalMark; }
 
  private:
     std::optional<double> number(std::string_view field);

@@ -59,6 +59,17 @@ void RecordWidths::add(Index row, Index fields) noexcept {
     secondRow = secondRow == 0 ? row : secondRow;
 }
 
+void RecordWidths::join(const RecordWidths& below) noexcept {
+    if (below.headerRow == 0) {
+        return;
+    }
+    add(below.headerRow, below.header);
+    if (below.secondRow != 0) {
+        add(below.secondRow, below.fewest);
+        most = std::max(most, below.most);
+    }
+}
+
 bool alignHeader(CellStore& cells, const RecordWidths& widths, std::string_view source) {
     const Index header = widths.header;
     const Index fields = widths.most;

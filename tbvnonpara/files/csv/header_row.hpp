@@ -9,6 +9,8 @@ namespace TBVNonPara::workbook {
 /// How many fields the records of a text have; blank lines are none.
 struct RecordWidths {
     void add(Index row, Index fields) noexcept;
+    /// Adds the records of the text that follows.
+    void join(const RecordWidths& below) noexcept;
 
     Index headerRow = 0;
     Index header = 0;  ///< fields of the first record

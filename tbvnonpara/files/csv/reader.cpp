@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <utility>
+#include <vector>
 
+#include "tbvnonpara/core/parallel.hpp"
 #include "tbvnonpara/core/utf8.hpp"
 #include "tbvnonpara/files/csv/dialect.hpp"
 #include "tbvnonpara/files/csv/field.hpp"
@@ -100,25 +102,33 @@ std::optional<char> decimalMarkFor(char delimiter, const CsvOptions& options) {
     }
 }
 
-/// Walks through the text, field by field, from a position on that begins a line.
+/// Some lines of a text, whose first one is this row.
+struct Lines {
+    std::size_t begin = 0;
+    std::size_t end = 0;
+    Index firstRow = 1;
+};
+
+/// Walks through lines of a text, field by field.
 class CsvParser {
  public:
     CsvParser(std::string_view text, char delimiter, const CsvOptions& options, std::string_view source,
-              std::size_t start)
-        : m_Text(text),
+              const Lines& lines, std::size_t linesBefore)
+        : m_Text(text.substr(0, lines.end)),
           m_Delimiter(delimiter),
           m_Fields(decimalMarkFor(delimiter, options), options.thousands),
           m_Comment(options.comment),
           m_MostColumns(options.mostColumns),
           m_Source(source),
-          m_At(start),
-          m_Line(start == 0 ? 1 : 2) {
+          m_At(lines.begin),
+          m_Line(linesBefore + static_cast<std::size_t>(lines.firstRow)),
+          m_Row(lines.firstRow - 1) {
         for (const char c : {delimiter, '\n', '\r', delimiter == ' ' ? '\t' : delimiter}) {
             m_Ends.at(static_cast<unsigned char>(c)) = true;
         }
     }
 
-    [[nodiscard]] CsvData read() {
+    void read() {
         while (m_At < m_Text.size()) {
             if (m_Comment.empty() || !m_Text.substr(m_At).starts_with(m_Comment)) {
                 readRecord();
@@ -127,10 +137,11 @@ class CsvParser {
                 takeLineEnd();
             }
         }
-        const bool moved = alignHeader(m_Cells, m_Widths, m_Source);
-        return {std::move(m_Cells), m_Delimiter == noDelimiter ? std::nullopt : std::optional(m_Delimiter),
-                m_Fields.decimalMark(), moved};
     }
+
+    [[nodiscard]] CellStore& cells() noexcept { return m_Cells; }
+    [[nodiscard]] const RecordWidths& widths() const noexcept { return m_Widths; }
+    [[nodiscard]] std::optional<char> decimalMark() const noexcept { return m_Fields.knownDecimalMark(); }
 
  private:
     void readRecord() {
@@ -269,11 +280,61 @@ class CsvParser {
     std::string_view m_Source;
     std::size_t m_At;
     std::size_t m_Line;
-    Index m_Row = 0;
+    Index m_Row;
     Index m_Column = 0;
     CellStore m_Cells;
     RecordWidths m_Widths;
 };
+
+/// Whether lines can be told by line feeds alone: there is no quote for one to stand in, and none is missing.
+bool hasPlainLines(std::string_view text) {
+    if (text.find('"') != std::string_view::npos) {
+        return false;
+    }
+    std::size_t at = text.find('\r');
+    while (at != std::string_view::npos && text.substr(at + 1, 1) == "\n") {
+        at = text.find('\r', at + 2);
+    }
+    return at == std::string_view::npos;
+}
+
+/// Cuts the text behind `start` into pieces of about the same size that begin with a block of rows.
+std::vector<Lines> piecesOf(std::string_view text, std::size_t start, std::size_t pieces) {
+    const auto boundary = [&](std::size_t piece) {
+        return start + beginOfPart(piece, pieces, text.size() - start);
+    };
+    std::vector<Index> lines(pieces);
+    inParallel(pieces, [&](std::size_t piece) {
+        lines[piece] =
+            std::ranges::count(text.substr(boundary(piece), boundary(piece + 1) - boundary(piece)), '\n');
+    });
+    std::vector<Lines> cut = {{start, text.size(), 1}};
+    Index row = 1;
+    for (std::size_t piece = 1; piece < pieces; ++piece) {
+        row += lines[piece - 1];
+        std::size_t at = boundary(piece);
+        Index firstRow = row;
+        do {
+            at = std::min(text.find('\n', at), text.size() - 1) + 1;
+            firstRow += 1;
+        } while (at < text.size() && !CellStore::beginsBlock(firstRow));
+        if (at < text.size() && at > cut.back().begin) {
+            cut.back().end = at;
+            cut.push_back({at, text.size(), firstRow});
+        }
+    }
+    return cut;
+}
+
+/// The decimal mark that the first lines settle, where something does.
+std::optional<char> decimalMarkInFirstLines(std::string_view text, char delimiter, const CsvOptions& options,
+                                            std::string_view source, std::size_t start) {
+    constexpr std::size_t enough = std::size_t(1) << 16U;
+    const std::size_t end = text.find('\n', start + enough);
+    CsvParser parser(text, delimiter, options, source, {start, std::min(end, text.size()), 1}, 0);
+    parser.read();
+    return parser.decimalMark();
+}
 
 }  // namespace
 
@@ -290,7 +351,32 @@ CsvData readCsv(std::string_view bytes, const CsvOptions& options, std::string_v
     }
     const std::size_t start = line ? line->size : 0;
     const char delimiter = delimiterFor(text.substr(start), settled);
-    return CsvParser(text, delimiter, settled, source, start).read();
+
+    constexpr std::size_t bytesOfElement = 8;
+    std::size_t threads = partsWorthwhile(settled.threads, (text.size() - start) / bytesOfElement);
+    if (threads > 1 && (!settled.comment.empty() || !hasPlainLines(text))) {
+        threads = 1;
+    }
+    if (threads > 1 && !decimalMarkFor(delimiter, settled)) {
+        settled.decimalMark = decimalMarkInFirstLines(text, delimiter, settled, source, start);
+        threads = settled.decimalMark ? threads : 1;
+    }
+    std::vector<CsvParser> parsers;
+    for (const Lines& lines :
+         threads > 1 ? piecesOf(text, start, threads) : std::vector<Lines>{{start, text.size(), 1}}) {
+        parsers.emplace_back(text, delimiter, settled, source, lines, start == 0 ? 0 : 1);
+    }
+    inParallel(parsers.size(), [&](std::size_t piece) { parsers[piece].read(); });
+
+    CellStore cells = std::move(parsers.front().cells());
+    RecordWidths widths = parsers.front().widths();
+    for (std::size_t piece = 1; piece < parsers.size(); ++piece) {
+        cells.append(std::move(parsers[piece].cells()));
+        widths.join(parsers[piece].widths());
+    }
+    const bool moved = alignHeader(cells, widths, source);
+    return {std::move(cells), delimiter == noDelimiter ? std::nullopt : std::optional(delimiter),
+            parsers.front().decimalMark().value_or('.'), moved};
 }
 
 }  // namespace TBVNonPara::workbook

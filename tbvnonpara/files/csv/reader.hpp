@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -24,6 +25,7 @@ struct CsvOptions {
     std::string comment = {};            ///< lines that begin with it are left out
     /// How many columns are read without an error: a sheet's, unless what reads the cells needs no addresses.
     Index mostColumns = sheetColumns;
+    std::size_t threads = 1;  ///< how many read a long text at most; what is read is the same on any number
 };
 
 /// What was read, and as what.

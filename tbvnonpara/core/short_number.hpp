@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string_view>
 
-namespace TBVNonPara::workbook {
+namespace TBVNonPara {
 
 /// A number at the beginning of a text.
 struct ShortNumber {
@@ -49,4 +49,4 @@ struct ShortNumber {
     return number;
 }
 
-}  // namespace TBVNonPara::workbook
+}  // namespace TBVNonPara
