@@ -75,6 +75,12 @@ void FileCells::begin(FileSheet& sheet) {
     m_Cells = &sheet.cells;
 }
 
+void FileCells::beginAgain(const FileCells& before) {
+    *this = before;
+    m_Sheet->cells = CellStore();
+    m_Sheet->unreadable.clear();
+}
+
 void FileCells::remember(Index row, Index column, std::string why) {
     if (!why.empty() && m_Sheet->unreadable.size() < mostReasons) {
         m_Sheet->unreadable.emplace(std::pair(row, column), std::move(why));
@@ -91,6 +97,14 @@ void FileCells::set(Index row, Index column, ReadCell cell) {
     count(1);
     m_Cells->set(row, column, std::move(cell.value));
     remember(row, column, std::move(cell.why));
+}
+
+void FileCells::set(Index row, Index column, double number) {
+    if (row < 1 || row > sheetRows || column < 1 || column > sheetColumns) {
+        requireOnSheet(row, column);
+    }
+    count(1);
+    m_Cells->set(row, column, number);
 }
 
 void FileCells::fill(const Rectangle& area, const ReadCell& cell) {

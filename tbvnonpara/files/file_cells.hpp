@@ -59,8 +59,12 @@ class TBVNONPARA_API FileCells {
     /// The cells that follow belong to this sheet.
     void begin(FileSheet& sheet);
 
+    /// Forgets what came since: what was taken of this sheet, in front of which it was `before`.
+    void beginAgain(const FileCells& before);
+
     /// Empty values are not stored.
     void set(Index row, Index column, ReadCell cell);
+    void set(Index row, Index column, double number);
     /// One value for a block of cells.
     void fill(const Rectangle& area, const ReadCell& cell);
 

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdint>
 
+#include "tbvnonpara/core/short_number.hpp"
 #include "tbvnonpara/core/words.hpp"
 
 namespace TBVNonPara::workbook {
@@ -36,22 +37,6 @@ bool isTiny(std::string_view digits) noexcept {
     return digits.find('.') < first;
 }
 
-/// A number of a few digits, which every double holds exactly and which needs no rounding.
-std::optional<double> shortWhole(std::string_view text) noexcept {
-    constexpr std::size_t mostDigits = 15;
-    if (text.empty() || text.size() > mostDigits) {
-        return std::nullopt;
-    }
-    std::int64_t number = 0;
-    for (const char digit : text) {
-        if (digit < '0' || digit > '9') {
-            return std::nullopt;
-        }
-        number = number * 10 + (digit - '0');
-    }
-    return static_cast<double>(number);
-}
-
 /// A letter of any alphabet, or a sign that some languages begin a name with ("¡").
 bool isLetter(char c) noexcept {
     const char lower = static_cast<char>(c | 0x20);
@@ -65,8 +50,8 @@ std::string_view withoutXmlBlanks(std::string_view text) noexcept {
 }
 
 std::optional<CellValue> numberInFile(std::string_view text) noexcept {
-    if (const auto whole = shortWhole(text)) {
-        return *whole;
+    if (const ShortNumber number = shortNumber(text); number.size > 0 && number.size == text.size()) {
+        return number.value;
     }
     std::string_view digits = withoutXmlBlanks(text);
     if (digits.starts_with('+')) {

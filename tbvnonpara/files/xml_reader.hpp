@@ -42,11 +42,23 @@ class XmlHandler {
     virtual void end() = 0;
     /// Text directly inside a wanted element, piece by piece.
     virtual void text(std::string_view piece) = 0;
+
+    /// The end tag of elements that the handler may take by itself, where it now stands among them: "</row>".
+    /// No text for none.
+    [[nodiscard]] virtual std::string_view endOfPlain() const { return {}; }
+    /// Takes elements at the beginning of a text by itself, as many as it knows to be well formed. Returns
+    /// how many bytes they are.
+    virtual std::size_t takePlain(std::string_view /*text*/) { return 0; }
 };
 
 /// Reads a part, piece by piece, in UTF-8, UTF-16, ISO-8859-1 or ASCII. Nothing outside the part is ever
 /// read. Raises the host's error, which names the part, if it has a name, and the line, for a part that is
 /// missing, damaged or not well formed, has a document type, or is nested or long-winded beyond reason.
 void readXml(const Parts& parts, const std::string& part, XmlHandler& handler);
+
+/// The same, but lets the handler take plain elements, which begin behind this tag, past the parser. A place
+/// that an error names is not where it is in the part: who meets one reads anew.
+void readXmlPastPlain(const Parts& parts, const std::string& part, std::string_view beforePlain,
+                      XmlHandler& handler);
 
 }  // namespace TBVNonPara::workbook

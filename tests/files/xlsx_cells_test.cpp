@@ -27,12 +27,15 @@ class XlsxCells : public testing::TestWithParam<XlsxCase> {};
 
 TEST_P(XlsxCells, MeanWhatTheirTypeSays) {
     const std::string shown = GetParam().shown;
-    EXPECT_EQ(
-        xlsxCellsOf("<row r='1'>" + std::string(GetParam().cell) + "</row>",
-                    "<si><t>zero</t></si><si><t/></si><si><r><t>ri</t></r><r><rPr><b/></rPr><t>ch</t></r>"
-                    "<rPh sb='0' eb='2'><t>phonetic</t></rPh><phoneticPr fontId='1'/></si>"
-                    "<si><t>_x0041__x000D_&#10;_x005F_x0041_</t></si>"),
-        shown.empty() ? shown : "A1=" + shown);
+    const std::string row = "<row r='1'>" + std::string(GetParam().cell) + "</row>";
+    for (const std::string& quoted : {row, replaced(row, "'", "\"")}) {
+        EXPECT_EQ(
+            xlsxCellsOf(quoted,
+                        "<si><t>zero</t></si><si><t/></si><si><r><t>ri</t></r><r><rPr><b/></rPr><t>ch</t></r>"
+                        "<rPh sb='0' eb='2'><t>phonetic</t></rPh><phoneticPr fontId='1'/></si>"
+                        "<si><t>_x0041__x000D_&#10;_x005F_x0041_</t></si>"),
+            shown.empty() ? shown : "A1=" + shown);
+    }
 }
 
 // clang-format off

@@ -4,7 +4,9 @@
 
 #include "tbvnonpara/core/a1.hpp"
 #include "tbvnonpara/core/error.hpp"
+#include "tbvnonpara/core/short_number.hpp"
 #include "tbvnonpara/core/words.hpp"
+#include "tbvnonpara/files/xlsx/plain_rows.hpp"
 #include "tbvnonpara/files/xlsx/text.hpp"
 #include "tbvnonpara/files/xml_reader.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
@@ -57,6 +59,21 @@ class SheetReader final : public XmlHandler {
         }
     }
 
+    [[nodiscard]] std::string_view endOfPlain() const override {
+        return m_Place == Place::Data ? "</row>" : std::string_view();
+    }
+
+    std::size_t takePlain(std::string_view text) override {
+        const std::size_t size = m_Plain.take(text);
+        if (size > 0) {
+            beginRow(m_Plain.row().number);
+            for (const PlainCell& cell : m_Plain.cells()) {
+                take(cell);
+            }
+        }
+        return size;
+    }
+
  private:
     enum class Place { Document, Worksheet, Data, Row, Cell, Value, Inline };
 
@@ -85,16 +102,39 @@ class SheetReader final : public XmlHandler {
     }
 
     bool startRow(const XmlAttributes& attributes) {
+        beginRow(attributes.find("r"));
+        return enter(Place::Row, true);
+    }
+
+    void beginRow(const std::optional<std::string_view>& number) {
         m_At.row += 1;
         m_At.column = 0;
-        if (const auto number = attributes.find("r")) {
+        if (number) {
             const auto row = countInFile(*number);
             if (!row) {
                 refuse("row \"" + std::string(*number) + "\" is no row");
             }
             m_At.row = static_cast<Index>(std::min<std::size_t>(*row, sheetRows + 1));
         }
-        return enter(Place::Row, true);
+    }
+
+    void take(const PlainCell& cell) {
+        m_At.column += 1;
+        m_At = cell.place.value_or(m_At);
+        if (!cell.hasValue) {
+            return;
+        }
+        const ShortNumber number = shortNumber(cell.value);
+        if (!cell.isShared && number.size > 0 && number.size == cell.value.size()) {
+            m_Cells.set(m_At.row, m_At.column, number.value);
+            return;
+        }
+        m_Cell = XlsxCell{cell.isShared ? XlsxType::SharedText : XlsxType::Number,
+                          false,
+                          true,
+                          std::string(cell.value),
+                          {}};
+        store();
     }
 
     bool startCell(const XmlAttributes& attributes) {
@@ -158,13 +198,22 @@ class SheetReader final : public XmlHandler {
     CellPlace m_At;
     XlsxCell m_Cell;
     RichText m_Inline;
+    PlainRows m_Plain;
 };
 
 }  // namespace
 
 void readXlsxSheet(const Parts& parts, const std::string& part, const XlsxTexts& texts, FileCells& cells) {
-    SheetReader reader(texts, cells);
-    readXml(parts, part, reader);
+    const FileCells before = cells;
+    try {
+        SheetReader reader(texts, cells);
+        readXmlPastPlain(parts, part, "<sheetData>", reader);
+    } catch (const Error&) {
+        // The parser alone knows the place in the part.
+        cells.beginAgain(before);
+        SheetReader reader(texts, cells);
+        readXml(parts, part, reader);
+    }
 }
 
 }  // namespace TBVNonPara::workbook
