@@ -8,6 +8,7 @@
 
 #include "tbvnonpara/core/error.hpp"
 #include "tbvnonpara/files/part_names.hpp"
+#include "tbvnonpara/files/read_ahead.hpp"
 #include "tbvnonpara/workbook/host_error.hpp"
 
 namespace TBVNonPara::workbook {
@@ -132,7 +133,7 @@ class Container::Archive {
     std::shared_ptr<Budget> m_Budget;
 };
 
-Container::Container(const std::filesystem::path& path) {
+Container::Container(const std::filesystem::path& path, std::size_t threads) : m_Threads(threads) {
     ZipError error;
     zip_source_t* const source = zip_source_file_create(path.string().c_str(), 0, -1, error.get());
     std::error_code failure;
@@ -140,7 +141,7 @@ Container::Container(const std::filesystem::path& path) {
     m_Archive = std::make_unique<Archive>(source, failure ? 0 : size, error);
 }
 
-Container::Container(std::string_view bytes) {
+Container::Container(std::string_view bytes, std::size_t threads) : m_Threads(threads) {
     ZipError error;
     zip_source_t* const source = zip_source_buffer_create(bytes.data(), bytes.size(), 0, error.get());
     m_Archive = std::make_unique<Archive>(source, bytes.size(), error);
@@ -161,7 +162,8 @@ std::unique_ptr<PartStream> Container::open(const std::string& part) const {
     if (file == nullptr) {
         refuse("part " + part + " cannot be unpacked: " + reasonOf(zip_get_error(m_Archive->get())));
     }
-    return std::make_unique<ZipStream>(file, part, m_Archive->budget());
+    auto stream = std::make_unique<ZipStream>(file, part, m_Archive->budget());
+    return m_Threads > 1 ? readAhead(std::move(stream)) : std::move(stream);
 }
 
 bool Container::hasFolder(std::string_view folder) const {

@@ -46,9 +46,10 @@ class TBVNONPARA_API Parts {
 /// file's size, and to 8 GiB at most: more is refused as soon as it is reached.
 class TBVNONPARA_API Container final : public Parts {
  public:
-    explicit Container(const std::filesystem::path& path);
+    /// With more than one thread a large part is unpacked by one of its own; one part is read at a time then.
+    explicit Container(const std::filesystem::path& path, std::size_t threads = 1);
     /// The bytes must stay as long as the container is used.
-    explicit Container(std::string_view bytes);
+    explicit Container(std::string_view bytes, std::size_t threads = 1);
     ~Container() override;
 
     [[nodiscard]] bool has(const std::string& part) const override;
@@ -59,6 +60,7 @@ class TBVNONPARA_API Container final : public Parts {
  private:
     class Archive;
     std::unique_ptr<Archive> m_Archive;
+    std::size_t m_Threads;
 };
 
 }  // namespace TBVNonPara::workbook

@@ -125,9 +125,9 @@ FileContents checked(FileContents contents) {
 
 }  // namespace
 
-FileContents readSpreadsheetBytes(std::string_view bytes) {
+FileContents readSpreadsheetBytes(std::string_view bytes, std::size_t threads) {
     if (isZip(bytes)) {
-        return checked(readContainer(Container(bytes)));
+        return checked(readContainer(Container(bytes, threads)));
     }
     if (isCompoundDocument(bytes)) {
         refuse(kindOfCompoundDocument(bytes));
@@ -138,16 +138,17 @@ FileContents readSpreadsheetBytes(std::string_view bytes) {
     refuseBeginning(bytes.substr(0, enoughToTell));
 }
 
-FileContents readSpreadsheet(const std::filesystem::path& path) {
+FileContents readSpreadsheet(const std::filesystem::path& path, std::size_t threads) {
     const std::string beginning = beginningOfFile(path);
     if (isZip(beginning)) {
-        return checked(readContainer(Container(path)));
+        return checked(readContainer(Container(path, threads)));
     }
     return readSpreadsheetBytes(readFile(path));
 }
 
-std::shared_ptr<Sheet> openSpreadsheet(EmbeddedApplication& application, const std::filesystem::path& path) {
-    return addSheets(application, namingFile(shown(path), [&] { return readSpreadsheet(path); }));
+std::shared_ptr<Sheet> openSpreadsheet(EmbeddedApplication& application, const std::filesystem::path& path,
+                                       std::size_t threads) {
+    return addSheets(application, namingFile(shown(path), [&] { return readSpreadsheet(path, threads); }));
 }
 
 std::shared_ptr<Sheet> openDataFile(EmbeddedApplication& application, const std::filesystem::path& path,
@@ -158,7 +159,8 @@ std::shared_ptr<Sheet> openDataFile(EmbeddedApplication& application, const std:
         return openData(application, shown(path.stem()), readFile(path), options, remark);
     }
     const bool workbook = hasWorkbookEnding(path) || isReadAsWorkbook(beginningOfFile(path));
-    return workbook ? openSpreadsheet(application, path) : openCsv(application, path, options, remark);
+    return workbook ? openSpreadsheet(application, path, options.threads)
+                    : openCsv(application, path, options, remark);
 }
 
 std::shared_ptr<Sheet> openData(EmbeddedApplication& application, std::string_view name,
@@ -166,7 +168,8 @@ std::shared_ptr<Sheet> openData(EmbeddedApplication& application, std::string_vi
     if (!isReadAsWorkbook(bytes.substr(0, enoughToTell))) {
         return openCsvText(application, name, bytes, options, remark);
     }
-    return addSheets(application, namingFile(name, [&] { return readSpreadsheetBytes(bytes); }));
+    return addSheets(application,
+                     namingFile(name, [&] { return readSpreadsheetBytes(bytes, options.threads); }));
 }
 
 }  // namespace TBVNonPara::workbook
