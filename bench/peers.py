@@ -8,6 +8,8 @@ from pathlib import Path
 
 PYTHON = "/usr/bin/python3" if Path("/usr/bin/python3").exists() else sys.executable
 
+ALGLIB_TIMED = Path(__file__).resolve().parent.parent / "build" / "bench" / "bench" / "time_alglib"
+
 # Prints the least seconds of a call, of several measurements of so many calls that each takes a while.
 SCIPY_TIMED = """
 import time
@@ -36,6 +38,7 @@ a = x[:, 0]
 b, c = x[:, min(1, x.shape[1] - 1)], x[:, min(2, x.shape[1] - 1)]
 """
 R = "d <- read.csv({file!r})\n"
+FREAD = "d <- as.data.frame(data.table::fread({file!r}, nThread = 1))\n"
 R_TIMED = """
 action <- function() {call}
 now <- function() {{ t <- proc.time(); t[["user.self"]] + t[["sys.self"]] }}
@@ -101,6 +104,9 @@ PSPP_CALLS = {
 }
 
 
+ALGLIB = ("mann-whitney", "wilcoxon", "spearman", "sign")
+
+
 def has_scipy():
     found = subprocess.run([PYTHON, "-c", "import scipy, statsmodels"], capture_output=True, check=False)
     return found.returncode == 0
@@ -118,6 +124,8 @@ def in_process(test, file):
         commands["SciPy"] = scipy(test, file, SCIPY_TIMED)
     if test in R_CALLS and shutil.which("Rscript"):
         commands["R"] = ["Rscript", "--vanilla", "-e", R.format(file=str(file)) + R_TIMED.format(call=R_CALLS[test])]
+    if test in ALGLIB and ALGLIB_TIMED.exists():
+        commands["ALGLIB"] = [str(ALGLIB_TIMED), str(file), test]
     return commands
 
 
@@ -141,7 +149,8 @@ def from_file(test, file, stacked, folder):
     if has_scipy():
         commands["SciPy"] = scipy(test, file, "print({call})")
     if test in R_CALLS and shutil.which("Rscript"):
-        commands["R"] = ["Rscript", "--vanilla", "-e", R.format(file=str(file)) + f"print({R_CALLS[test]})"]
+        for name, reading in (("R", R), ("R, fread", FREAD)):
+            commands[name] = ["Rscript", "--vanilla", "-e", reading.format(file=str(file)) + f"print({R_CALLS[test]})"]
     if test in PSPP_CALLS and shutil.which("pspp"):
         commands["PSPP"] = pspp(test, file, stacked, folder)
     if test == "mann-whitney" and shutil.which("gretlcli"):

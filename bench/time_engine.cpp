@@ -4,8 +4,8 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <ctime>
 
+#include "bench/least_seconds.hpp"
 #include "bench/methods.hpp"
 #include "bench/numbers_file.hpp"
 #include "tbvnonpara/engine/clsNonParaBO.hpp"
@@ -14,33 +14,6 @@
 namespace TBVNonPara::Bench {
 
 namespace {
-
-double now() {
-    timespec time{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
-}
-
-/// The least of several measurements, each of so many calls that it takes a while.
-template <typename Action>
-double leastSeconds(Action action) {
-    constexpr double longEnough = 0.02;
-    constexpr double inAll = 0.2;
-    double least = 1e9;
-    double spent = 0;
-    int calls = 1;
-    for (int round = 0; round < 5 || (spent < inAll && round < 50); ++round) {
-        const double start = now();
-        for (int call = 0; call < calls; ++call) {
-            action();
-        }
-        const double seconds = now() - start;
-        spent += seconds;
-        least = std::min(least, seconds / calls);
-        calls = seconds < longEnough ? calls * 4 : calls;
-    }
-    return least;
-}
 
 double secondsOfSort(const std::vector<double>& numbers) {
     std::vector<double> sorted(numbers.size());

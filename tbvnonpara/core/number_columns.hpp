@@ -19,11 +19,11 @@ class NumberColumns {
     explicit NumberColumns(Long columns) : m_Columns(static_cast<std::size_t>(columns.value())) {}
 
     /// How many rows the first column has; all have as many once they are filled.
-    [[nodiscard]] Long rows() const noexcept {
+    [[nodiscard]] Long rows() const {
         return Long(m_Columns.empty() ? std::size_t(0) : m_Columns.front().rows);
     }
     /// How many columns there are.
-    [[nodiscard]] Long columns() const noexcept { return Long(m_Columns.size()); }
+    [[nodiscard]] Long columns() const { return Long(m_Columns.size()); }
 
     /// Numbers at a column's end; `owner` keeps them.
     void append(auto column, std::shared_ptr<const void> owner, std::span<const double> numbers) {

@@ -41,16 +41,16 @@ bool EngineData::isBlank() const {
     return numbers() == nullptr && isEmpty(std::get<ValueGrid>(m_Data)(1, 1));
 }
 
-void EngineData::read(Long column, std::span<double> to) const {
-    const NumberColumns* const given = numbers();
-    if (given != nullptr && to.size() <= static_cast<std::size_t>(given->rows().value())) {
-        return given->copy(column, to);
+void EngineData::read(Long column, std::span<double> numbers) const {
+    const NumberColumns* const given = this->numbers();
+    if (given != nullptr && numbers.size() <= static_cast<std::size_t>(given->rows().value())) {
+        return given->copy(column, numbers);
     }
     const std::span<const CellValue> from = given == nullptr ? cells(column) : std::span<const CellValue>();
-    const std::size_t there = std::min(from.size(), to.size());
-    std::ranges::transform(from.first(there), to.begin(),
+    const std::size_t there = std::min(from.size(), numbers.size());
+    std::ranges::transform(from.first(there), numbers.begin(),
                            [](const CellValue& cell) { return toDouble(cell); });
-    if (there < to.size()) {
+    if (there < numbers.size()) {
         raise(RuntimeError::SubscriptOutOfRange);
     }
 }

@@ -42,7 +42,7 @@ class TBVNONPARA_API CellBlock {
     void write(std::size_t place, std::span<const CellValue> values);
     /// Copies as many cells from a place on as there are to be filled and the block has. Returns their
     /// number.
-    std::size_t read(std::size_t place, std::span<CellValue> values) const;
+    [[nodiscard]] std::size_t read(std::size_t place, std::span<CellValue> values) const;
     /// Empties the cells from a place up to another.
     void clear(std::size_t from, std::size_t end);
 

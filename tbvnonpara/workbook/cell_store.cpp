@@ -142,7 +142,7 @@ void CellStore::copy(const CellStore& from, const Rectangle& area, Index row, In
     for (Index source = area.left; source <= lastColumn; ++source) {
         from.visitParts(area, source, [&](const Part& part) {
             const auto values = std::span(copied).first(part.end - part.first);
-            part.block->read(part.first, values);
+            static_cast<void>(part.block->read(part.first, values));
             write(row + part.row - area.top, column + source - area.left, values);
         });
     }

@@ -3,18 +3,20 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <span>
 
 namespace TBVNonPara::workbook {
 
 namespace {
 
-constexpr bool isFigure(char c) noexcept {
+constexpr bool isDecimalFigure(char c) noexcept {
     return c >= '0' && c <= '9';
 }
 
 constexpr bool isNameCharacter(char c) noexcept {
     const char lower = static_cast<char>(c | 0x20);
-    return (lower >= 'a' && lower <= 'z') || isFigure(c) || c == '_' || c == ':' || c == '-' || c == '.';
+    return (lower >= 'a' && lower <= 'z') || isDecimalFigure(c) || c == '_' || c == ':' || c == '-' ||
+           c == '.';
 }
 
 /// Steps through tags. A step that fails leaves the place where it is of no account: the row is none.
@@ -24,12 +26,10 @@ class Steps {
 
     [[nodiscard]] std::size_t at() const noexcept { return m_At; }
 
-    template <std::size_t Size>
-    bool skip(const char (&expected)[Size]) noexcept {
-        constexpr std::size_t size = Size - 1;
-        const bool there =
-            m_Text.size() - m_At >= size && std::memcmp(m_Text.data() + m_At, expected, size) == 0;
-        m_At += there ? size : 0;
+    bool skip(std::string_view expected) noexcept {
+        const bool there = m_Text.size() - m_At >= expected.size() &&
+                           std::memcmp(m_Text.data() + m_At, expected.data(), expected.size()) == 0;
+        m_At += there ? expected.size() : 0;
         return there;
     }
 
@@ -39,9 +39,9 @@ class Steps {
         std::array<std::string_view, 16> names;
         for (std::size_t known = 0; skip(" "); ++known) {
             const std::string_view name = nameHere();
-            const auto earlier = names.begin() + static_cast<std::ptrdiff_t>(known);
+            const auto earlier = std::span(names).first(known);
             if (name.empty() || known == names.size() || name.starts_with("xmlns") || !skip("=\"") ||
-                std::find(names.begin(), earlier, name) != earlier) {
+                std::ranges::find(earlier, name) != earlier.end()) {
                 return false;
             }
             names[known] = name;
@@ -77,7 +77,7 @@ class Steps {
             m_At += 1;
         }
         const std::string_view name = m_Text.substr(begin, m_At - begin);
-        return !name.empty() && (isFigure(name.front()) || name.front() == '-' || name.front() == '.')
+        return !name.empty() && (isDecimalFigure(name.front()) || name.front() == '-' || name.front() == '.')
                    ? std::string_view()
                    : name;
     }
@@ -100,7 +100,7 @@ std::optional<CellPlace> plainPlace(std::string_view reference) noexcept {
         return std::nullopt;
     }
     for (; at < reference.size(); ++at) {
-        if (!isFigure(reference[at])) {
+        if (!isDecimalFigure(reference[at])) {
             return std::nullopt;
         }
         place.row = place.row * 10 + (reference[at] - '0');

@@ -45,15 +45,20 @@ class LargeSheet : public testing::Test {
         return query<css::sheet::XCellRangeData>(sheet->getCellRangeByPosition(0, 0, columns - 1, rows - 1));
     }
 
-    /// Calc's own time for as many cells: to read the data, and to write a block in one piece.
-    double own(sal_Int32 rows, sal_Int32 writtenRows, sal_Int32 writtenColumns) {
-        double time = seconds([&] { (void)block(open.sheet(), rows, 2)->getDataArray(); });
+    /// Calc's own times for as many cells: to read the data, and to write a block in one piece.
+    struct Own {
+        double reading;
+        double writing;
+    };
+
+    Own own(sal_Int32 rows, sal_Int32 writtenRows, sal_Int32 writtenColumns) {
+        const double reading = seconds([&] { (void)block(open.sheet(), rows, 2)->getDataArray(); });
         const Data written = numbers(writtenRows, writtenColumns);
         open.document()->getSheets()->insertNewByName("Other", 1);
         const auto target = block(sheetAt(open.document(), 1), writtenRows, writtenColumns);
-        time += seconds([&] { target->setDataArray(written); });
+        const double writing = seconds([&] { target->setDataArray(written); });
         open.document()->getSheets()->removeByName("Other");
-        return time;
+        return {reading, writing};
     }
 
     /// A report stands there, and in so many of its rows it counts this many values.
@@ -90,14 +95,15 @@ class LargeSheet : public testing::Test {
                  sal_Int32 writtenColumns) {
         block(open.sheet(), rows, 2)->setDataArray(numbers(rows, 2));
         // Other work on the machine only ever adds to a time: the shortest of a few is the one that counts.
-        double calcs = own(rows, writtenRows, writtenColumns);
+        Own calcs = own(rows, writtenRows, writtenColumns);
         double ours = run(rows, descriptives);
         for (int attempt = 2; attempt <= attempts; ++attempt) {
-            calcs = std::min(calcs, own(rows, writtenRows, writtenColumns));
+            const Own again = own(rows, writtenRows, writtenColumns);
+            calcs = {std::min(calcs.reading, again.reading), std::min(calcs.writing, again.writing)};
             ours = std::min(ours, run(rows, descriptives));
         }
-        std::cout << name << ": " << ours << " s; Calc's own reading and writing: " << calcs << " s"
-                  << std::endl;
+        std::cout << name << ": " << ours << " s; Calc's own reading: " << calcs.reading
+                  << " s, writing: " << calcs.writing << " s" << std::endl;
     }
 
     static constexpr int attempts = 3;
