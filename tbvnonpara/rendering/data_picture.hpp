@@ -2,22 +2,20 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
 
+#include "tbvnonpara/analysis/columns.hpp"
 #include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/core/enumerations.hpp"
 #include "tbvnonpara/details/details.hpp"
 #include "tbvnonpara/engine/clsNonParaBO.hpp"
-#include "tbvnonpara/rendering/picture_data.hpp"
+#include "tbvnonpara/rendering/pictures/picture_data.hpp"
 #include "tbvnonpara/workbook/embedded_application.hpp"
 
 namespace TBVNonPara::rendering {
 
-/// The data of a test as they stand before a report may be put over them.
-struct PictureData {
-    std::vector<PictureColumn> y;  ///< the columns of YRange
-    std::vector<PictureColumn> x;  ///< that of XRange, or none
-};
+/// @cond
+using analysis::columnsAt;
+/// @endcond
 
 /// The columns at the addresses y and x; x may be empty. With headers the first row of each is its label.
 /// O(cells). Raises the host's error for what is no address.

@@ -5,7 +5,7 @@
 #include <numeric>
 
 #include "tbvnonpara/details/words.hpp"
-#include "tbvnonpara/rendering/svg.hpp"
+#include "tbvnonpara/rendering/pictures/svg.hpp"
 #include "tbvnonpara/statistics/newcombe.hpp"
 
 namespace TBVNonPara::rendering {
@@ -152,7 +152,7 @@ std::string drawn(const Forest& forest) {
         drawRow(svg, scale, row, y, labelsEndAt);
         y += rowHeight;
     }
-    return svg.finish(bottom + 28, forest.name, forest.description, "forest");
+    return figureOf(svg.finish(bottom + 28, forest.name, forest.description), "forest");
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "tbvnonpara/core/shortest.hpp"
 #include "tbvnonpara/core/words.hpp"
 #include "tbvnonpara/rendering/html_style.hpp"
+#include "tbvnonpara/rendering/pictures/picture_style.hpp"
 #include "tbvnonpara/rendering/text_layout.hpp"
 
 namespace TBVNonPara::rendering {
@@ -177,37 +178,16 @@ void writeHead(const ReportBlock& report, Section section, Output& output) {
 
 }  // namespace
 
-std::string inHtml(std::string_view text) {
-    std::string escaped;
-    for (const char character : text) {
-        switch (character) {
-            case '&':
-                escaped += "&amp;";
-                break;
-            case '<':
-                escaped += "&lt;";
-                break;
-            case '>':
-                escaped += "&gt;";
-                break;
-            case '"':
-                escaped += "&quot;";
-                break;
-            default:
-                escaped += character;
-        }
-    }
-    return escaped;
-}
-
 void writeHtml(const ReportBlock& report, std::string_view title, std::string_view picture, Output& output,
                std::string_view details) {
     output.write(
         "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
         "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
         "<link rel=\"icon\" href=\"data:,\">\n<title>" +
-        inHtml(capitalised(title)) + " test</title>\n<style>" + std::string(htmlStyle) +
-        std::string(details.empty() ? "" : htmlDetailsStyle) + "</style>\n</head>\n<body>\n<main>\n");
+        inHtml(capitalised(title)) + " test</title>\n<style>\n:root { color-scheme: light dark; " +
+        std::string(lightColours) + " }" + std::string(htmlStyle) + std::string(pictureStyle) +
+        std::string(htmlMediaStyle) + std::string(details.empty() ? "" : htmlDetailsStyle) +
+        "</style>\n</head>\n<body>\n<main>\n");
     bool begun = false;
     for (Index row = 1; row <= report.rows(); ++row) {
         const Section section = sectionAt(report, row);

@@ -5,6 +5,7 @@
 
 #include "tbvnonpara/core/api.hpp"
 #include "tbvnonpara/rendering/output.hpp"
+#include "tbvnonpara/rendering/pictures/in_html.hpp"
 #include "tbvnonpara/rendering/report_block.hpp"
 
 namespace TBVNonPara::rendering {
@@ -19,8 +20,5 @@ namespace TBVNonPara::rendering {
 /// detailsInHtml(). O(cells). Raises what Output raises.
 TBVNONPARA_API void writeHtml(const ReportBlock& report, std::string_view title, std::string_view picture,
                               Output& output, std::string_view details = {});
-
-/// A text as it stands in a page, in an attribute too.
-[[nodiscard]] TBVNONPARA_API std::string inHtml(std::string_view text);
 
 }  // namespace TBVNonPara::rendering

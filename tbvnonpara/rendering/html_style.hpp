@@ -4,11 +4,8 @@
 
 namespace TBVNonPara::rendering {
 
-/// The style sheet of a page. The picture's classes stand here as well, so that it follows the page's
-/// colours.
+/// The style sheet of a page behind its colours on a light ground. What pictures look like follows it.
 constexpr std::string_view htmlStyle = R"(
-:root { color-scheme: light dark; --paper: #ffffff; --ink: #1c2024; --quiet: #5b636b; --line: #8b939b;
-  --faint: #dfe3e7; --first: #0b63b0; --second: #b4540a; --wash: #dbe9f6; }
 @media (prefers-color-scheme: dark) {
   :root { --paper: #14171a; --ink: #e8eaed; --quiet: #a6adb5; --line: #7d868f; --faint: #343a40;
     --first: #7ab8f0; --second: #f2a35e; --wash: #20364a; }
@@ -33,14 +30,10 @@ th.b, td.b { font-weight: 600; }
 .bl { border-left-width: 1px; } .br { border-right-width: 1px; }
 figcaption { color: var(--quiet); font-size: .9rem; }
 svg { display: block; width: 100%; max-width: 44rem; height: auto; overflow: visible; }
-svg text { fill: var(--ink); font-size: 13px; font-family: inherit; }
-svg .quiet { fill: var(--quiet); }
-svg .axis { stroke: var(--line); fill: none; }
-svg .grid { stroke: var(--faint); fill: none; }
-svg .box { stroke: var(--first); fill: var(--wash); }
-svg .median { stroke: var(--second); stroke-width: 3; fill: none; }
-svg .first { fill: var(--first); } svg .second { fill: var(--second); } svg .none { fill: var(--line); }
-svg circle { fill-opacity: .7; }
+)";
+
+/// What differs on a phone and on paper.
+constexpr std::string_view htmlMediaStyle = R"(
 @media (max-width: 34rem) { table { font-size: .9rem; } th, td { padding: .2rem .35rem; }
   svg text { font-size: 17px; } }
 @media print {
@@ -62,7 +55,6 @@ h3 { font-size: 1rem; margin: 1.2rem 0 .4rem; }
 .details figure + p, .details .scroll + p { margin-top: 1rem; }
 blockquote { margin: 0; padding: .5rem .8rem; border-left: 3px solid var(--line); background: var(--wash);
   overflow-wrap: anywhere; user-select: all; -webkit-user-select: all; }
-svg .interval { fill: var(--second); }
 svg .reference { stroke: var(--quiet); stroke-dasharray: 4 3; fill: none; }
 svg .span { stroke: var(--first); stroke-width: 2; fill: none; }
 svg .differs { stroke: var(--second); }

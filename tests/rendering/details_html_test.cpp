@@ -6,7 +6,7 @@
 
 #include "tbvnonpara/rendering/details_quote.hpp"
 #include "tbvnonpara/rendering/forest_plot.hpp"
-#include "tbvnonpara/rendering/median_intervals.hpp"
+#include "tbvnonpara/rendering/pictures/median_intervals.hpp"
 
 namespace TBVNonPara::rendering {
 namespace {

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tbvnonpara/rendering/data_picture.hpp"
+#include "tbvnonpara/rendering/pictures/drawn_data.hpp"
 #include "tbvnonpara/workbook/embedded_application.hpp"
 #include "tests/analysis/data_sheet.hpp"
 
@@ -71,6 +72,21 @@ TEST(Pictures, ShowTheDataAsTheyWereBeforeAReportIsPutOverThem) {
     const std::string picture = dataPicture(tbvNPWWRuns, data, test.engine());
     EXPECT_THAT(picture, HasSubstr("4 values in their order, a row for each of 2 categories."));
     EXPECT_THAT(picture, Not(HasSubstr("Results")));
+}
+
+TEST(Pictures, AreFilesOfTheirOwnInPlainColoursOnPaper) {
+    const auto test = finished("a\n1\n-1\n1\n0\n1\n", choicesFor("sign"));
+    const Drawing drawing = drawnData(tbvNPSign, otherData(), test.engine());
+    const std::string file = svgFile(drawing, "A \"B\" & C");
+    EXPECT_EQ(drawing.description, "3 positive, 1 neither, 1 negative.");
+    EXPECT_THAT(file, testing::StartsWith("<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"640\" "));
+    EXPECT_THAT(file, HasSubstr("<desc>3 positive, 1 neither, 1 negative.</desc>"));
+    EXPECT_THAT(file, HasSubstr("fill=\"#ffffff\""));
+    EXPECT_THAT(file, HasSubstr(".second { fill: #b4540a; }"));
+    EXPECT_THAT(file, HasSubstr("font-family=\"A &quot;B&quot; &amp; C\""));
+    // Readers of files know neither of them.
+    EXPECT_THAT(file, Not(HasSubstr("var(")));
+    EXPECT_THAT(file, Not(HasSubstr("svg .")));
 }
 
 TEST(Pictures, WithoutASecondRangeTwoColumnsAreNotDrawn) {

@@ -6,6 +6,21 @@
 
 namespace TBVNonPara::rendering {
 
+/// A finished drawing: what it is called, and what it shows for those who cannot see it.
+struct Drawing {
+    double height = 0;
+    std::string name;
+    std::string description;
+    std::string elements;  ///< in SVG; empty where there is nothing to draw
+};
+
+/// A drawing as a figure of a page with its description below. Each of a page has an id of its own.
+[[nodiscard]] std::string figureOf(const Drawing& drawing, std::string_view id = "picture");
+
+/// A drawing as a file of its own: in the colours of a light ground, with paper behind it, in letters of a
+/// font that the reader may have.
+[[nodiscard]] std::string svgFile(const Drawing& drawing, std::string_view font);
+
 /// A drawing of a fixed width. Lengths are in its own units; classes get their colours from the page.
 class Svg {
  public:
@@ -18,10 +33,7 @@ class Svg {
     void text(double x, double y, std::string_view text, std::string_view anchor,
               std::string_view cssClass = "");
 
-    /// The drawing with its name and what it shows for those who cannot see it. Each of a page has an id of
-    /// its own.
-    [[nodiscard]] std::string finish(double height, std::string_view name, std::string_view description,
-                                     std::string_view id = "picture") const;
+    [[nodiscard]] Drawing finish(double height, std::string_view name, std::string_view description) const;
 
  private:
     std::string m_Elements;

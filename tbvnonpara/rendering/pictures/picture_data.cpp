@@ -1,4 +1,4 @@
-#include "tbvnonpara/rendering/picture_data.hpp"
+#include "tbvnonpara/rendering/pictures/picture_data.hpp"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "tbvnonpara/rendering/median_intervals.hpp"
+#include "tbvnonpara/rendering/pictures/median_intervals.hpp"
 
 namespace TBVNonPara::rendering {
 

@@ -1,4 +1,4 @@
-#include "tbvnonpara/rendering/svg.hpp"
+#include "tbvnonpara/rendering/pictures/svg.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -6,7 +6,8 @@
 
 #include "tbvnonpara/core/display_width.hpp"
 #include "tbvnonpara/core/utf8.hpp"
-#include "tbvnonpara/rendering/html_report.hpp"
+#include "tbvnonpara/rendering/pictures/in_html.hpp"
+#include "tbvnonpara/rendering/pictures/picture_style.hpp"
 
 namespace TBVNonPara::rendering {
 
@@ -39,6 +40,28 @@ std::string tickText(double value) {
     return fmt::format("{:.12g}", value);
 }
 
+std::string_view lightColour(std::string_view name) {
+    const std::size_t place = lightColours.find("--" + std::string(name) + ':');
+    return lightColours.substr(lightColours.find('#', place), 7);
+}
+
+/// The rules of a page's picture for readers that know neither names of colours nor rules for what lies
+/// within another element. What they say of the picture itself and of its font is the file's own.
+std::string styleOfAFile() {
+    std::string rules(pictureStyle);
+    const auto replaceAll = [&](std::string_view what, std::string_view with) {
+        for (std::size_t at = rules.find(what); at != std::string::npos; at = rules.find(what, at)) {
+            rules.replace(at, what.size(), with);
+        }
+    };
+    replaceAll("svg ", "");
+    replaceAll(" font-family: inherit;", "");
+    for (const std::string_view colour : {"ink", "quiet", "line", "faint", "first", "second", "wash"}) {
+        replaceAll("var(--" + std::string(colour) + ')', lightColour(colour));
+    }
+    return rules;
+}
+
 /// How wide a text is at most, as it is drawn for a phone.
 double textWidth(std::size_t characters) {
     constexpr double widest = 10.5;
@@ -68,14 +91,29 @@ void Svg::text(double x, double y, std::string_view text, std::string_view ancho
                               length(x), length(y), anchor, inHtml(onOneLine(text)));
 }
 
-std::string Svg::finish(double height, std::string_view name, std::string_view description,
-                        std::string_view id) const {
+Drawing Svg::finish(double height, std::string_view name, std::string_view description) const {
+    return {height, onOneLine(name), onOneLine(description), m_Elements};
+}
+
+std::string figureOf(const Drawing& drawing, std::string_view id) {
+    if (drawing.elements.empty()) {
+        return "";
+    }
     return fmt::format(
         "<figure>\n<svg viewBox=\"0 0 {0} {1}\" role=\"img\" aria-labelledby=\"{2}-name "
         "{2}-description\">\n<title id=\"{2}-name\">{3}</title>\n<desc "
         "id=\"{2}-description\">{4}</desc>\n{5}</svg>\n<figcaption>{4}</figcaption>\n</figure>\n",
-        length(width), length(height), id, inHtml(onOneLine(name)), inHtml(onOneLine(description)),
-        m_Elements);
+        length(Svg::width), length(drawing.height), id, inHtml(drawing.name), inHtml(drawing.description),
+        drawing.elements);
+}
+
+std::string svgFile(const Drawing& drawing, std::string_view font) {
+    return fmt::format(
+        "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"{0}\" height=\"{1}\" viewBox=\"0 0 {0} {1}\">\n"
+        "<title>{2}</title>\n<desc>{3}</desc>\n<style>\n{4}</style>\n"
+        "<rect width=\"{0}\" height=\"{1}\" fill=\"{5}\"/>\n<g font-family=\"{6}\">\n{7}</g>\n</svg>\n",
+        length(Svg::width), length(drawing.height), inHtml(drawing.name), inHtml(drawing.description),
+        styleOfAFile(), lightColour("paper"), inHtml(font), drawing.elements);
 }
 
 Scale::Scale(double lowest, double highest, double from, double to)

@@ -1,4 +1,4 @@
-#include "tbvnonpara/rendering/point_pictures.hpp"
+#include "tbvnonpara/rendering/pictures/point_pictures.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -8,7 +8,7 @@
 #include <span>
 
 #include "tbvnonpara/details/words.hpp"
-#include "tbvnonpara/rendering/svg.hpp"
+#include "tbvnonpara/rendering/pictures/svg.hpp"
 
 namespace TBVNonPara::rendering {
 
@@ -135,8 +135,8 @@ void drawGroup(Svg& svg, const Scale& scale, const Group& group, double y, doubl
 
 }  // namespace
 
-std::string groupsPicture(const std::vector<PictureColumn>& y, const std::vector<PictureColumn>& x,
-                          const clsNonParaBO& engine, const MedianIntervals& intervals) {
+Drawing groupsPicture(const std::vector<PictureColumn>& y, const std::vector<PictureColumn>& x,
+                      const clsNonParaBO& engine, const MedianIntervals& intervals) {
     constexpr std::size_t mostMedians = 8;
     const std::vector<Group> groups = groupsOf(y, x, engine, intervals);
     double lowest = std::numeric_limits<double>::infinity();
@@ -146,7 +146,7 @@ std::string groupsPicture(const std::vector<PictureColumn>& y, const std::vector
         highest = group.sorted.empty() ? highest : std::max(highest, group.sorted.back());
     }
     if (!(lowest <= highest)) {
-        return "";
+        return {};
     }
     const double rowHeight = groups.size() <= 8 ? 44 : 24;
     const double bottom = 10 + rowHeight * static_cast<double>(groups.size());
@@ -170,13 +170,13 @@ std::string groupsPicture(const std::vector<PictureColumn>& y, const std::vector
     return svg.finish(bottom + belowAxis, "The groups", description);
 }
 
-std::string differencesPicture(const std::string& y, const std::string& x, const clsNonParaBO& engine,
-                               std::optional<double> confidence) {
+Drawing differencesPicture(const std::string& y, const std::string& x, const clsNonParaBO& engine,
+                           std::optional<double> confidence) {
     const Grid<double> pairs = engine.GetRanks();  // difference, rank and signed rank of each
     const std::span<const double> inOrder = pairs.column(1);
     std::vector<double> differences(inOrder.begin(), inOrder.end());
     if (differences.empty()) {
-        return "";
+        return {};
     }
     std::ranges::sort(differences);
     constexpr double middle = 60;
@@ -204,7 +204,7 @@ std::string differencesPicture(const std::string& y, const std::string& x, const
     return svg.finish(bottom + belowAxis, "The differences of the pairs", description);
 }
 
-std::string ranksPicture(const std::string& y, const std::string& x, const clsNonParaBO& engine) {
+Drawing ranksPicture(const std::string& y, const std::string& x, const clsNonParaBO& engine) {
     const Grid<double> ranks = engine.GetRanks();
     const auto count = static_cast<std::size_t>(toIndex(ranks.rows()));
     constexpr double top = 26;

@@ -1,0 +1,28 @@
+#include "tbvnonpara/rendering/pictures/in_html.hpp"
+
+namespace TBVNonPara::rendering {
+
+std::string inHtml(std::string_view text) {
+    std::string escaped;
+    for (const char character : text) {
+        switch (character) {
+            case '&':
+                escaped += "&amp;";
+                break;
+            case '<':
+                escaped += "&lt;";
+                break;
+            case '>':
+                escaped += "&gt;";
+                break;
+            case '"':
+                escaped += "&quot;";
+                break;
+            default:
+                escaped += character;
+        }
+    }
+    return escaped;
+}
+
+}  // namespace TBVNonPara::rendering
