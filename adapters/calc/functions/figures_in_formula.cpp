@@ -90,7 +90,21 @@ bool leadsBehindNothing(const FiguresInFormula& figures, const std::string& name
     });
 }
 
+FiguresInFormula listed(const std::vector<NamedResult>& results) {
+    FiguresInFormula figures;
+    for (const NamedResult& result : results) {
+        std::visit(ResultLister{result.name, figures}, result.value);
+    }
+    return figures;
+}
+
 }  // namespace
+
+FiguresInFormula reportFigures(const OfferedTest& test, const DataColumns& columns) {
+    clsNonParaBO engine(ownCompanions(nullptr));
+    analyse(engine, test, tbvNPTwoTailed, columns);
+    return listed(namedResults(test.method, engine));
+}
 
 FiguresInFormula figuresInFormula(const OfferedTest& test, const DataColumns& columns) {
     clsNonParaBO engine(ownCompanions(nullptr));
@@ -101,10 +115,7 @@ FiguresInFormula figuresInFormula(const OfferedTest& test, const DataColumns& co
     std::visit(DetailLister{{}, details},
                detailFigures(detailsOf(test, tbvNPTwoTailed, {}, named, engine)).value);
 
-    FiguresInFormula figures;
-    for (const NamedResult& result : namedResults(test.method, engine)) {
-        std::visit(ResultLister{result.name, figures}, result.value);
-    }
+    FiguresInFormula figures = listed(namedResults(test.method, engine));
     std::erase_if(figures, [&](const auto& figure) { return findFigure(details, figure.name) != nullptr; });
     std::ranges::move(details, std::back_inserter(figures));
     return figures;
@@ -124,27 +135,42 @@ const CellValue& figureNamed(const FiguresInFormula& figures, const std::string&
     return found->value;
 }
 
-std::shared_ptr<const FiguresInFormula> RecentFigures::known(const OfferedTest& test,
-                                                             const DataColumns& columns) const {
+RecentFigures::Entry& RecentFigures::entryOf(const OfferedTest& test, DataColumns columns) {
+    constexpr std::size_t mostEntries = 4;
     const auto sameCells = [](const LabelledColumn& a, const LabelledColumn& b) {
         return a.cells == b.cells;
     };
     const auto found = std::ranges::find_if(m_Entries, [&](const Entry& entry) {
         return entry.test == &test && std::ranges::equal(entry.columns, columns, sameCells);
     });
-    return found == m_Entries.end() ? nullptr : found->figures;
+    if (found != m_Entries.end()) {
+        return *found;
+    }
+    FiguresInFormula ofTheReport = reportFigures(test, columns);
+    m_Entries.push_front({&test, std::move(columns), std::move(ofTheReport)});
+    m_Entries.resize(std::min(m_Entries.size(), mostEntries));
+    return m_Entries.front();
+}
+
+const std::shared_ptr<const FiguresInFormula>& RecentFigures::allOf(Entry& entry) {
+    if (!entry.all) {
+        entry.all = std::make_shared<const FiguresInFormula>(figuresInFormula(*entry.test, entry.columns));
+    }
+    return entry.all;
 }
 
 std::shared_ptr<const FiguresInFormula> RecentFigures::of(const OfferedTest& test, DataColumns columns) {
-    constexpr std::size_t mostEntries = 4;
     const std::scoped_lock lock(m_Mutex);
-    if (auto figures = known(test, columns)) {
-        return figures;
-    }
-    auto figures = std::make_shared<const FiguresInFormula>(figuresInFormula(test, columns));
-    m_Entries.push_front({&test, std::move(columns), figures});
-    m_Entries.resize(std::min(m_Entries.size(), mostEntries));
-    return figures;
+    return allOf(entryOf(test, std::move(columns)));
+}
+
+CellValue RecentFigures::named(const OfferedTest& test, DataColumns columns, const std::string& name) {
+    const std::scoped_lock lock(m_Mutex);
+    Entry& entry = entryOf(test, std::move(columns));
+    // No figure of the details has the name of one of the report.
+    const FigureInFormula* reported = findFigure(entry.ofTheReport, name);
+    return reported != nullptr && !isEmpty(reported->value) ? reported->value
+                                                            : figureNamed(*allOf(entry), name);
 }
 
 }  // namespace TBVNonPara::calc

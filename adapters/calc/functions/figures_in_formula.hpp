@@ -17,6 +17,9 @@ struct FigureInFormula {
 };
 using FiguresInFormula = std::vector<FigureInFormula>;
 
+/// The figures of the report, which are there without long counts.
+[[nodiscard]] FiguresInFormula reportFigures(const OfferedTest& test, const DataColumns& columns);
+
 /// The figures of the report that are not among the details, and all of the details.
 [[nodiscard]] FiguresInFormula figuresInFormula(const OfferedTest& test, const DataColumns& columns);
 
@@ -30,15 +33,20 @@ class RecentFigures {
  public:
     [[nodiscard]] std::shared_ptr<const FiguresInFormula> of(const OfferedTest& test, DataColumns columns);
 
+    /// One of them by its name, as figureNamed() gives it. The details are computed when the first figure is
+    /// asked for that the report does not have.
+    [[nodiscard]] CellValue named(const OfferedTest& test, DataColumns columns, const std::string& name);
+
  private:
     struct Entry {
         const OfferedTest* test = nullptr;
         DataColumns columns;
-        std::shared_ptr<const FiguresInFormula> figures;
+        FiguresInFormula ofTheReport = {};
+        std::shared_ptr<const FiguresInFormula> all = {};
     };
 
-    [[nodiscard]] std::shared_ptr<const FiguresInFormula> known(const OfferedTest& test,
-                                                                const DataColumns& columns) const;
+    [[nodiscard]] Entry& entryOf(const OfferedTest& test, DataColumns columns);
+    [[nodiscard]] static const std::shared_ptr<const FiguresInFormula>& allOf(Entry& entry);
 
     std::mutex m_Mutex;
     std::deque<Entry> m_Entries;

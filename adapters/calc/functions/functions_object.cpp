@@ -111,13 +111,13 @@ Any tableOf(const FiguresInFormula& figures) {
 Any FunctionsObject::figure(TBVNPMethod method, const Any& name, const auto& readColumns) {
     return answer([&] {
         const OfferedTest& test = testOf(method);
-        const auto figures = m_Figures.of(test, usableColumns(test, readColumns()));
+        DataColumns columns = usableColumns(test, readColumns());
         if (!name.hasValue()) {
-            return tableOf(*figures);
+            return tableOf(*m_Figures.of(test, std::move(columns)));
         }
         OUString wanted;
         name >>= wanted;
-        return cellOfFigure(figureNamed(*figures, toUtf8(wanted.trim())));
+        return cellOfFigure(m_Figures.named(test, std::move(columns), toUtf8(wanted.trim())));
     });
 }
 
