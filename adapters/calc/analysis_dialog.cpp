@@ -225,8 +225,8 @@ void AnalysisDialog::finished(const Outcome& outcome) {
         showError(*outcome.error);
     } else if (outcome.refusal) {
         showRefusal(*outcome.refusal);
-    } else if (!outcome.withoutDetails.empty()) {
-        showMissingDetails(outcome);
+    } else if (!outcome.isWhole()) {
+        showWhatIsMissing(outcome);
     } else {
         close();
     }

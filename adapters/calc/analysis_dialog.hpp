@@ -89,7 +89,7 @@ class AnalysisDialog
     void run();
     void finished(const Outcome& outcome);
     void showError(const Error& error);
-    void showMissingDetails(const Outcome& outcome);
+    void showWhatIsMissing(const Outcome& outcome);
     void showRefusal(const reshaping::Refusal& refusal);
     void showMessage(Field field, const std::string& words);
     [[nodiscard]] Field fieldOf(const Error& error) const;

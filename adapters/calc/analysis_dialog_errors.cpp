@@ -30,10 +30,23 @@ void AnalysisDialog::showRefusal(const reshaping::Refusal& refusal) {
     showMessage(fieldOf(refusal), refusalWords(refusal, m_Language));
 }
 
-void AnalysisDialog::showMissingDetails(const Outcome& outcome) {
-    showMessage(Field::None, outcome.detailsCancelled
-                                 ? std::string(m_Texts.detailsCancelled)
-                                 : filledIn(m_Texts.withoutDetails, std::array{outcome.withoutDetails}));
+void AnalysisDialog::showWhatIsMissing(const Outcome& outcome) {
+    std::string words;
+    const auto add = [&](const std::string& sentence) {
+        words += (words.empty() || sentence.empty() ? "" : "\n") + sentence;
+    };
+    const auto addFor = [&](std::string_view sentence, const std::string& reason) {
+        add(reason.empty() ? std::string() : filledIn(sentence, std::array{reason}));
+    };
+    if (outcome.detailsCancelled) {
+        add(std::string(outcome.withoutPicture.empty() ? m_Texts.detailsCancelled : m_Texts.besideCancelled));
+    } else if (outcome.withoutDetails == outcome.withoutPicture) {
+        addFor(m_Texts.withoutBoth, outcome.withoutDetails);
+    } else {
+        addFor(m_Texts.withoutDetails, outcome.withoutDetails);
+        addFor(m_Texts.withoutPicture, outcome.withoutPicture);
+    }
+    showMessage(Field::None, words);
 }
 
 void AnalysisDialog::showMessage(Field field, const std::string& words) {

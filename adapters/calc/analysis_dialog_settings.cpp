@@ -50,6 +50,7 @@ void AnalysisDialog::showSettings() {
     m_View.check(controls::details, last.details.wanted);
     m_View.setText(Field::Confidence, last.details.confidence);
     m_View.select(controls::adjustment, static_cast<std::int32_t>(last.details.adjustment));
+    m_View.check(controls::picture, last.details.picture);
 }
 
 AnalysisDialog::DataTexts AnalysisDialog::dataTexts() const {
@@ -104,7 +105,8 @@ AnalysisSettings AnalysisDialog::settings() const {
     settings.visibleRowsOnly = m_Hidden.hidden > 0 && m_View.checked(controls::visibleRows);
     settings.omitMissing = m_Missing.missing + m_Missing.unnamed > 0 && m_View.checked(controls::missing);
     settings.details = {m_View.checked(controls::details), m_View.text(Field::Confidence),
-                        static_cast<statistics::Adjustment>(m_View.selected(controls::adjustment))};
+                        static_cast<statistics::Adjustment>(m_View.selected(controls::adjustment)),
+                        m_View.checked(controls::picture)};
     return settings;
 }
 

@@ -127,25 +127,27 @@ void BackgroundRun::analyseTable(const std::shared_ptr<Session>& session, Outcom
     placeReport(session, companions, request, settings, outcome);
 }
 
-/// The details are computed before the report is placed, so that nothing else is done to the document between
-/// the two, and one Undo takes both back.
+/// What stands beside the report is computed before it is placed, so that nothing else is done to the
+/// document between the two, and one Undo takes both back.
 void BackgroundRun::placeReport(const std::shared_ptr<Session>& session, const CompanionLibrary& companions,
                                 clsNonPara& request, const AnalysisSettings& settings, Outcome& outcome) {
-    if (!settings.details.wanted) {
+    if (!settings.details.wanted && !settings.details.picture) {
         request.Results(settings.overWrite);
         return;
     }
-    DetailsBesideReport details(session, companions, settings);
-    details.read();
+    DetailsBesideReport beside(session, companions, settings);
+    beside.read();
     session->onFirstChange([&] {
         m_ReportComes = true;
-        details.compute(request.engine(), [this](double share) { watchDetails(share); });
+        beside.compute(request.engine(), [this](double share) { watchDetails(share); });
     });
     request.Results(settings.overWrite);
     m_WritesDetails = true;
-    details.write();
-    outcome.withoutDetails = details.failure();
-    outcome.detailsCancelled = !details.failure().empty() && (m_Cancelled || m_DetailsCancelled);
+    beside.write();
+    outcome.withoutDetails = beside.failure();
+    outcome.withoutPicture = beside.pictureFailure();
+    const bool failed = !outcome.withoutDetails.empty() || !outcome.withoutPicture.empty();
+    outcome.detailsCancelled = failed && (m_Cancelled || m_DetailsCancelled);
 }
 
 void BackgroundRun::work() {

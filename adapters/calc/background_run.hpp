@@ -19,8 +19,12 @@ struct Outcome {
     std::optional<Error> error;
     std::optional<reshaping::Refusal> refusal;  ///< of data that cannot be brought into form
     bool cancelled = false;
-    std::string withoutDetails;  ///< why a report that was placed has none beside it
-    bool detailsCancelled = false;
+    std::string withoutDetails;     ///< why a report that was placed has none beside it; empty where it has
+    std::string withoutPicture;     ///< the same of the picture
+    bool detailsCancelled = false;  ///< or the picture
+
+    /// Whether the report was placed as it was wanted, with all that was wanted beside it.
+    [[nodiscard]] bool isWhole() const noexcept { return withoutDetails.empty() && withoutPicture.empty(); }
 };
 
 /// Where a run tells how far it is, and what is said there while details are counted.

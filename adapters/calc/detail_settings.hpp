@@ -13,6 +13,7 @@ struct DetailSettings {
     bool wanted = false;
     std::string confidence = "95";  ///< in per cent, as it was typed
     statistics::Adjustment adjustment = statistics::Adjustment::Holm;
+    bool picture = false;  ///< of the data, with or without the rest
 };
 
 /// A level as people write it in per cent, "95", "97,5" or "99 %", as a part of 1; none for what is no number

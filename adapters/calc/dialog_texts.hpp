@@ -57,6 +57,10 @@ struct DialogTexts {
     std::string_view chooseConfidence;
     std::string_view withoutDetails;  ///< with the reason in place of %
     std::string_view detailsCancelled;
+    std::string_view picture;
+    std::string_view withoutPicture;   ///< with the reason in place of %
+    std::string_view withoutBoth;      ///< details and picture, for one reason
+    std::string_view besideCancelled;  ///< the picture, or both
     std::string_view pickTitle;
     std::string_view ok;
     std::string_view close;

@@ -49,6 +49,7 @@ constexpr auto descriptives = "Descriptives";
 constexpr auto ignoreTies = "IgnoreTies";
 constexpr auto details = "Details";
 constexpr auto adjustment = "Adjustment";
+constexpr auto picture = "Picture";
 constexpr auto run = "Run";
 constexpr auto close = "Close";
 constexpr auto help = "Help";

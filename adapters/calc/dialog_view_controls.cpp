@@ -57,6 +57,7 @@ void DialogView::addControls() {
     addLabelled("Edit", nameOf(Field::Confidence), m_Texts.confidence);
     add("FixedText", messageOf(ascii(nameOf(Field::Confidence))));
     addChoice(controls::adjustment, m_Texts.adjustment);
+    addBox("CheckBox", controls::picture, m_Texts.picture);
     add("FixedText", messageOf(ascii(nameOf(Field::None))));
     addButtons();
     set(ascii(controls::run), "DefaultButton", Any(true));

@@ -37,7 +37,11 @@ std::int32_t DialogView::arrangeMessage(Field field, std::int32_t left, std::int
         return top;
     }
     const std::int32_t width = measures::width - measures::margin - left;
-    const std::int32_t lines = std::min(4, 1 + message.getLength() * measures::letter / width);
+    std::int32_t lines = 0;
+    for (std::int32_t start = 0; start >= 0;) {
+        lines += 1 + message.getToken(0, '\n', start).getLength() * measures::letter / width;
+    }
+    lines = std::min(lines, 6);
     place(name, {left, top, width, lines * measures::line});
     return top + lines * measures::line + measures::gap;
 }
@@ -106,7 +110,8 @@ std::int32_t DialogView::arrangeDetails(std::int32_t top, const DialogState& sta
     top = arrangeBox(controls::details, top, idle);
     top = arrangeRowIf(state.details, nameOf(Field::Confidence), top, idle);
     top = arrangeMessage(Field::Confidence, measures::fieldLeft, top);
-    return arrangeRowIf(state.details && state.comparisons, controls::adjustment, top, idle);
+    top = arrangeRowIf(state.details && state.comparisons, controls::adjustment, top, idle);
+    return arrangeBox(controls::picture, top, idle);
 }
 
 std::int32_t DialogView::arrangeButtons(std::int32_t top, bool idle) {

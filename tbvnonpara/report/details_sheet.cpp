@@ -39,7 +39,7 @@ struct PlacedTable {
 class Layout {
  public:
     explicit Layout(const DetailPage& page) : m_Page(page) {
-        std::size_t row = std::max(firstTableRow, wordsRow + page.words.size() + 1);
+        std::size_t row = firstTableRowOf(page);
         for (const DetailTable& table : page.tables) {
             if (!table.rows.empty()) {
                 m_Tables.push_back({&table, row});
@@ -215,6 +215,10 @@ class NewSheet {
 };
 
 }  // namespace
+
+std::size_t firstTableRowOf(const DetailPage& page) {
+    return std::max(firstTableRow, wordsRow + page.words.size() + 1);
+}
 
 RangeRef writeDetailsSheet(const CompanionLibrary& companions, const RangeRef& report,
                            const DetailPage& page) {

@@ -18,6 +18,11 @@ namespace TBVNonPara {
 [[nodiscard]] TBVNONPARA_API RangeRef writeDetailsSheet(const CompanionLibrary& companions,
                                                         const RangeRef& report, const DetailPage& page);
 
+/// @cond
+/// The row of the first table's title, counted from 1.
+[[nodiscard]] std::size_t firstTableRowOf(const DetailPage& page);
+/// @endcond
+
 /// The same behind any sheet; `source` says where the details come from.
 [[nodiscard]] TBVNONPARA_API RangeRef writeDetailsSheet(const CompanionLibrary& companions,
                                                         const WorksheetRef& before, const std::string& source,

@@ -108,7 +108,17 @@ TEST_F(RunWithDetails, PlacesBoth) {
     EXPECT_EQ(texts, std::vector<std::string>{"counting"}) << "once, when the test is computed";
 }
 
+TEST_F(RunWithDetails, PlacesAPictureWithoutThem) {
+    settings.details = {};
+    settings.details.picture = true;
+    const Outcome outcome = run();
+    EXPECT_TRUE(outcome.isWhole());
+    EXPECT_EQ(names().back(), "Details");
+    EXPECT_EQ(texts, std::vector<std::string>{}) << "nothing is counted";
+}
+
 TEST_F(RunWithDetails, ThatIsCancelledWhileTheyAreCountedPlacesTheReport) {
+    settings.details.picture = true;
     sal_Int32 before = -1;
     bool counting = false;
     told = [&](sal_Int32 value) {
@@ -124,6 +134,7 @@ TEST_F(RunWithDetails, ThatIsCancelledWhileTheyAreCountedPlacesTheReport) {
     EXPECT_FALSE(outcome.error);
     EXPECT_FALSE(outcome.cancelled);
     EXPECT_TRUE(outcome.detailsCancelled);
+    EXPECT_NE(outcome.withoutPicture, "");
     EXPECT_EQ(names().size(), 2U);
 }
 

@@ -28,7 +28,8 @@ TEST_P(EveryLanguage, GivesEachLetterToOneControlThatIsSeenAtTheSameTime) {
             for (const std::string_view label :
                  {texts.test, texts.alternative, texts.groupsInColumn, first, second, texts.missing,
                   texts.visibleRows, texts.newSheet, texts.cell, texts.overwrite, texts.labels,
-                  texts.descriptives, texts.ignoreTies, texts.details, texts.confidence, texts.adjustment}) {
+                  texts.descriptives, texts.ignoreTies, texts.details, texts.confidence, texts.adjustment,
+                  texts.picture}) {
                 const std::size_t mark = label.find('~');
                 ASSERT_NE(mark, std::string_view::npos) << label;
                 EXPECT_TRUE(letters.insert(static_cast<char>(std::tolower(label[mark + 1]))).second) << label;
@@ -45,7 +46,7 @@ TEST_P(EveryLanguage, GivesEachLetterToOneControlOfATableInLongFormAsWell) {
              {texts.test, texts.alternative, texts.groupsInColumn, texts.valueRange, texts.groupRange, ticks,
               texts.blockRange, texts.missing, texts.visibleRows, texts.newSheet, texts.cell, texts.overwrite,
               texts.labels, texts.descriptives, texts.ignoreTies, texts.details, texts.confidence,
-              texts.adjustment}) {
+              texts.adjustment, texts.picture}) {
             const std::size_t mark = label.find('~');
             ASSERT_NE(mark, std::string_view::npos) << label;
             EXPECT_TRUE(letters.insert(static_cast<char>(std::tolower(label[mark + 1]))).second) << label;
