@@ -130,6 +130,9 @@ void AnalysisDialog::arrange() {
     m_State.details = m_View.checked(controls::details);
     m_State.comparisons = takesGroups(test);
     m_State.outputCell = m_View.checked(controls::cell);
+    const LiveObstacle obstacle = obstacleToLive(settings());
+    m_State.live = obstacle == LiveObstacle::None;
+    m_View.setBoxLabel(controls::live, liveLabel(m_Texts, obstacle));
     m_View.setCloseLabel(m_State.running ? m_Texts.cancel : m_Texts.close);
     m_View.arrange(m_State);
 }
@@ -204,7 +207,9 @@ void AnalysisDialog::run() {
     m_Progress->start(fromUtf8(m_Texts.running), fullProgress);
     css::frame::Desktop::create(m_Context)->addTerminateListener(this);
     const rtl::Reference<AnalysisDialog> self(this);
-    m_Run = std::make_unique<BackgroundRun>(m_Context, document(), settings(),
+    AnalysisSettings wanted = settings();
+    wanted.liveFigures = wanted.liveFigures && m_State.live;
+    m_Run = std::make_unique<BackgroundRun>(m_Context, document(), std::move(wanted),
                                             RunProgress{m_Progress, fromUtf8(m_Texts.countingDetails)},
                                             [self](const Outcome& outcome) { self->finished(outcome); });
 }

@@ -46,6 +46,7 @@ void AnalysisDialog::showWhatIsMissing(const Outcome& outcome) {
         addFor(m_Texts.withoutDetails, outcome.withoutDetails);
         addFor(m_Texts.withoutPicture, outcome.withoutPicture);
     }
+    add(liveWords(m_Texts, outcome.live));
     showMessage(Field::None, words);
 }
 

@@ -51,6 +51,7 @@ void AnalysisDialog::showSettings() {
     m_View.setText(Field::Confidence, last.details.confidence);
     m_View.select(controls::adjustment, static_cast<std::int32_t>(last.details.adjustment));
     m_View.check(controls::picture, last.details.picture);
+    m_View.check(controls::live, last.liveFigures);
 }
 
 AnalysisDialog::DataTexts AnalysisDialog::dataTexts() const {
@@ -107,6 +108,7 @@ AnalysisSettings AnalysisDialog::settings() const {
     settings.details = {m_View.checked(controls::details), m_View.text(Field::Confidence),
                         static_cast<statistics::Adjustment>(m_View.selected(controls::adjustment)),
                         m_View.checked(controls::picture)};
+    settings.liveFigures = m_View.checked(controls::live);
     return settings;
 }
 

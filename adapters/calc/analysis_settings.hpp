@@ -28,6 +28,7 @@ struct AnalysisSettings {
     bool visibleRowsOnly = false;
     std::string newSheetName;
     DetailSettings details;
+    bool liveFigures = false;  ///< the test's figures as formulas, as far as there are such
 };
 
 /// Whether a test compares as many groups as there are.

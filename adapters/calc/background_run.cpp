@@ -131,8 +131,10 @@ void BackgroundRun::analyseTable(const std::shared_ptr<Session>& session, Outcom
 /// document between the two, and one Undo takes both back.
 void BackgroundRun::placeReport(const std::shared_ptr<Session>& session, const CompanionLibrary& companions,
                                 clsNonPara& request, const AnalysisSettings& settings, Outcome& outcome) {
+    const LiveFigures live(m_Document, settings);
     if (!settings.details.wanted && !settings.details.picture) {
         request.Results(settings.overWrite);
+        outcome.live = live.write(*session);
         return;
     }
     DetailsBesideReport beside(session, companions, settings);
@@ -142,6 +144,7 @@ void BackgroundRun::placeReport(const std::shared_ptr<Session>& session, const C
         beside.compute(request.engine(), [this](double share) { watchDetails(share); });
     });
     request.Results(settings.overWrite);
+    outcome.live = live.write(*session);
     m_WritesDetails = true;
     beside.write();
     outcome.withoutDetails = beside.failure();

@@ -8,6 +8,7 @@
 #include <thread>
 
 #include "adapters/calc/analysis_settings.hpp"
+#include "adapters/calc/live_figures.hpp"
 #include "adapters/calc/session.hpp"
 #include "tbvnonpara/request/clsNonPara.hpp"
 #include "tbvnonpara/reshaping/refusal.hpp"
@@ -22,9 +23,13 @@ struct Outcome {
     std::string withoutDetails;     ///< why a report that was placed has none beside it; empty where it has
     std::string withoutPicture;     ///< the same of the picture
     bool detailsCancelled = false;  ///< or the picture
+    LiveOutcome live;
 
     /// Whether the report was placed as it was wanted, with all that was wanted beside it.
-    [[nodiscard]] bool isWhole() const noexcept { return withoutDetails.empty() && withoutPicture.empty(); }
+    [[nodiscard]] bool isWhole() const noexcept {
+        return withoutDetails.empty() && withoutPicture.empty() && live.obstacle == LiveObstacle::None &&
+               live.numbers.empty();
+    }
 };
 
 /// Where a run tells how far it is, and what is said there while details are counted.

@@ -59,6 +59,14 @@ constexpr DialogTexts english{
     .withoutPicture = "The report was placed, but without a picture: %",
     .withoutBoth = "The report was placed, but without its details and a picture: %",
     .besideCancelled = "The report was placed; what was to stand on its sheet of details was cancelled.",
+    .live = "Keep figures live: they follo~w the data",
+    .notLive = "Keep figures live (not %)",
+    .liveObstacles = {"with groups in one column", "with visible rows only", "with zero differences unranked",
+                      "with values missing in a sequence"},
+    .withoutLive = "The report was placed, but its figures do not follow the data: %",
+    .liveFailures = {"a formula takes one column for each variable.", "the report stands on its own data.",
+                     "Calc computes here only when it is told to (Data > Calculate > AutoCalculate)."},
+    .partlyLive = "The report was placed. No formula gives the same for these figures, so they stay numbers: %.",
     .pickTitle = "Select a range",
     .ok = "OK",
     .close = "Close",
@@ -125,6 +133,15 @@ constexpr DialogTexts german{
     .withoutPicture = "Der Bericht ist eingefügt, aber ohne Diagramm: %",
     .withoutBoth = "Der Bericht ist eingefügt, aber ohne Einzelheiten und Diagramm: %",
     .besideCancelled = "Der Bericht ist eingefügt; was auf sein Blatt „Details“ kommen sollte, wurde abgebrochen.",
+    .live = "Kennwerte als Formeln, die mitre~chnen",
+    .notLive = "Kennwerte als Formeln (nicht %)",
+    .liveObstacles = {"bei Gruppen in einer Spalte", "bei nur sichtbaren Zeilen", "bei Nulldifferenzen ohne Rang",
+                      "bei fehlenden Werten einer Folge"},
+    .withoutLive = "Der Bericht ist eingefügt, aber seine Kennwerte rechnen nicht mit: %",
+    .liveFailures = {"Eine Formel nimmt für jede Variable nur eine Spalte.",
+                     "Der Bericht steht auf seinen eigenen Daten.",
+                     "Calc rechnet hier nur auf Befehl (Daten > Berechnen > Automatisch berechnen)."},
+    .partlyLive = "Der Bericht ist eingefügt. Für diese Kennwerte ergibt keine Formel dasselbe, sie bleiben Zahlen: %.",
     .pickTitle = "Bereich auswählen",
     .ok = "OK",
     .close = "Schließen",
@@ -211,6 +228,10 @@ std::string withCell(std::string_view text, const std::string& description) {
     return result;
 }
 
+std::size_t numberOf(LiveObstacle obstacle) {
+    return static_cast<std::size_t>(obstacle);
+}
+
 std::string inGerman(Cause cause, const Error& error) {
     return cause == Cause::Unknown ? error.description() : withCell(germanWords(cause), error.description());
 }
@@ -261,6 +282,29 @@ std::string missingLabel(const DialogTexts& texts, const reshaping::Account& acc
     add(texts.units.at(static_cast<std::size_t>(account.unit)), account.missing, account.units);
     add(texts.unnamedRows, account.unnamed, account.rows);
     return filledIn(texts.missing, std::array{list});
+}
+
+std::string liveLabel(const DialogTexts& texts, LiveObstacle obstacle) {
+    return obstacle == LiveObstacle::None
+               ? std::string(texts.live)
+               : filledIn(texts.notLive,
+                          std::array{std::string(texts.liveObstacles.at(numberOf(obstacle) - 1))});
+}
+
+std::string liveWords(const DialogTexts& texts, const LiveOutcome& outcome) {
+    if (outcome.obstacle != LiveObstacle::None) {
+        const std::size_t number = numberOf(outcome.obstacle) - 1;
+        const std::size_t settings = texts.liveObstacles.size();
+        return number < settings
+                   ? liveLabel(texts, outcome.obstacle)
+                   : filledIn(texts.withoutLive,
+                              std::array{std::string(texts.liveFailures.at(number - settings))});
+    }
+    std::string list;
+    for (const std::string& heading : outcome.numbers) {
+        list += (list.empty() ? "" : ", ") + heading;
+    }
+    return list.empty() ? list : filledIn(texts.partlyLive, std::array{list});
 }
 
 const Alternatives& alternativesOf(TBVNPMethod method, bool secondRange, std::string_view language) {

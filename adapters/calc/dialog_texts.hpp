@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "adapters/calc/live_figures.hpp"
 #include "tbvnonpara/core/enumerations.hpp"
 #include "tbvnonpara/request/error_causes.hpp"
 #include "tbvnonpara/reshaping/account.hpp"
@@ -61,6 +62,12 @@ struct DialogTexts {
     std::string_view withoutPicture;   ///< with the reason in place of %
     std::string_view withoutBoth;      ///< details and picture, for one reason
     std::string_view besideCancelled;  ///< the picture, or both
+    std::string_view live;             ///< figures as formulas
+    std::string_view notLive;          ///< the same where it cannot be, with the reason in place of %
+    std::array<std::string_view, 4> liveObstacles;  ///< what settings say against it, by their numbers from 1
+    std::string_view withoutLive;                   ///< with the reason in place of %
+    std::array<std::string_view, 3> liveFailures;   ///< what a run finds, by the numbers that follow
+    std::string_view partlyLive;                    ///< with what stays a number in place of %
     std::string_view pickTitle;
     std::string_view ok;
     std::string_view close;
@@ -88,6 +95,12 @@ struct DialogTexts {
 
 /// The text of the box about missing values.
 [[nodiscard]] std::string missingLabel(const DialogTexts& texts, const reshaping::Account& account);
+
+/// The text of the box about figures that follow the data.
+[[nodiscard]] std::string liveLabel(const DialogTexts& texts, LiveObstacle obstacle);
+
+/// What became of them where it is not what was wanted; else nothing.
+[[nodiscard]] std::string liveWords(const DialogTexts& texts, const LiveOutcome& outcome);
 
 /// The three alternatives in the words of a test: both ways, first greater, first less.
 using Alternatives = std::array<std::string_view, 3>;

@@ -100,7 +100,8 @@ void DialogView::listen(const Reference<css::awt::XActionListener>& actions,
     for (const char* name : {controls::newSheet, controls::cell}) {
         query<css::awt::XRadioButton>(control(ascii(name)))->addItemListener(items);
     }
-    for (const char* name : {controls::groupsInColumn, controls::visibleRows, controls::details}) {
+    for (const char* name : {controls::groupsInColumn, controls::missing, controls::visibleRows,
+                             controls::ignoreTies, controls::details}) {
         query<css::awt::XCheckBox>(control(ascii(name)))->addItemListener(items);
     }
     const auto groups = query<css::awt::XWindow>(control(ascii(controls::groups)));

@@ -50,6 +50,7 @@ constexpr auto ignoreTies = "IgnoreTies";
 constexpr auto details = "Details";
 constexpr auto adjustment = "Adjustment";
 constexpr auto picture = "Picture";
+constexpr auto live = "Live";
 constexpr auto run = "Run";
 constexpr auto close = "Close";
 constexpr auto help = "Help";
@@ -67,6 +68,7 @@ struct DialogState {
     bool ignoreTies = false;
     bool details = false;
     bool comparisons = false;
+    bool live = true;  ///< whether figures can follow the data
     bool outputCell = false;
     bool running = false;
 };

@@ -58,6 +58,7 @@ void DialogView::addControls() {
     add("FixedText", messageOf(ascii(nameOf(Field::Confidence))));
     addChoice(controls::adjustment, m_Texts.adjustment);
     addBox("CheckBox", controls::picture, m_Texts.picture);
+    addBox("CheckBox", controls::live, m_Texts.live);
     add("FixedText", messageOf(ascii(nameOf(Field::None))));
     addButtons();
     set(ascii(controls::run), "DefaultButton", Any(true));

@@ -111,7 +111,8 @@ std::int32_t DialogView::arrangeDetails(std::int32_t top, const DialogState& sta
     top = arrangeRowIf(state.details, nameOf(Field::Confidence), top, idle);
     top = arrangeMessage(Field::Confidence, measures::fieldLeft, top);
     top = arrangeRowIf(state.details && state.comparisons, controls::adjustment, top, idle);
-    return arrangeBox(controls::picture, top, idle);
+    top = arrangeBox(controls::picture, top, idle);
+    return arrangeBox(controls::live, top, idle && state.live);
 }
 
 std::int32_t DialogView::arrangeButtons(std::int32_t top, bool idle) {

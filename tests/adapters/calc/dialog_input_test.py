@@ -58,7 +58,7 @@ class Input(DialogCase):
         self.control("a new sheet", RADIO_BUTTON).click()
         order = ["First range:", PICK + "First range", "Second range:", PICK + "Second range", "a new sheet",
                  "Labels in the first row", "Descriptive tables", "Effect sizes, intervals and comparisons",
-                 "Picture of the data", "Help", "Close", "OK", "Test:", "Alternative:", "Groups in one column", "First range:"]
+                 "Picture of the data", "Keep figures live: they follow the data", "Help", "Close", "OK", "Test:", "Alternative:", "Groups in one column", "First range:"]
         left, top, _, _ = self.field("First range:").box
         self.screen.mouse("mousemove", left + 5, top + 5, "click", 1)
         for place, name in enumerate(order):

@@ -92,9 +92,9 @@ class LightGtk(DesktopLook):
 
     def test_rows_do_not_touch(self):
         self.open_dialog("A1:C7")
-        # Test, alternative, groups in one column, two ranges, two places of the report, overwriting, four boxes, the
+        # Test, alternative, groups in one column, two ranges, two places of the report, overwriting, five boxes, the
         # buttons.
-        for test, number in (("Mann-Whitney U test", 13), ("Wilcoxon paired-sample test", 14), ("Friedman test", 11)):
+        for test, number in (("Mann-Whitney U test", 14), ("Wilcoxon paired-sample test", 15), ("Friedman test", 12)):
             with self.subTest(test=test):
                 self.choose("Test:", test)
                 self.assertTrue(wait_for(lambda: len(self.rows()) == number), self.rows())

@@ -29,7 +29,7 @@ TEST_P(EveryLanguage, GivesEachLetterToOneControlThatIsSeenAtTheSameTime) {
                  {texts.test, texts.alternative, texts.groupsInColumn, first, second, texts.missing,
                   texts.visibleRows, texts.newSheet, texts.cell, texts.overwrite, texts.labels,
                   texts.descriptives, texts.ignoreTies, texts.details, texts.confidence, texts.adjustment,
-                  texts.picture}) {
+                  texts.picture, texts.live}) {
                 const std::size_t mark = label.find('~');
                 ASSERT_NE(mark, std::string_view::npos) << label;
                 EXPECT_TRUE(letters.insert(static_cast<char>(std::tolower(label[mark + 1]))).second) << label;
@@ -43,14 +43,25 @@ TEST_P(EveryLanguage, GivesEachLetterToOneControlOfATableInLongFormAsWell) {
     for (const std::string_view ticks : {texts.groupTicks, texts.twoGroupTicks}) {
         std::set<char> letters;
         for (const std::string_view label :
-             {texts.test, texts.alternative, texts.groupsInColumn, texts.valueRange, texts.groupRange, ticks,
-              texts.blockRange, texts.missing, texts.visibleRows, texts.newSheet, texts.cell, texts.overwrite,
-              texts.labels, texts.descriptives, texts.ignoreTies, texts.details, texts.confidence,
-              texts.adjustment, texts.picture}) {
+             {texts.test,    texts.alternative, texts.groupsInColumn, texts.valueRange,   texts.groupRange,
+              ticks,         texts.blockRange,  texts.missing,        texts.visibleRows,  texts.newSheet,
+              texts.cell,    texts.overwrite,   texts.labels,         texts.descriptives, texts.ignoreTies,
+              texts.details, texts.confidence,  texts.adjustment,     texts.picture,      texts.live}) {
             const std::size_t mark = label.find('~');
             ASSERT_NE(mark, std::string_view::npos) << label;
             EXPECT_TRUE(letters.insert(static_cast<char>(std::tolower(label[mark + 1]))).second) << label;
         }
+    }
+}
+
+TEST_P(EveryLanguage, HasWordsForWhateverKeepsFiguresFromFollowingTheData) {
+    const DialogTexts& texts = dialogTexts(GetParam());
+    std::set<std::string> all{""};
+    for (int obstacle = static_cast<int>(LiveObstacle::GroupsInColumn);
+         obstacle <= static_cast<int>(LiveObstacle::NoAutomaticCalculation); ++obstacle) {
+        const std::string words = liveWords(texts, {static_cast<LiveObstacle>(obstacle), {}});
+        EXPECT_TRUE(all.insert(words).second) << words;
+        EXPECT_EQ(words.find('%'), std::string::npos) << words;
     }
 }
 
@@ -61,6 +72,25 @@ TEST_P(EveryLanguage, HasThreeDifferentAlternativesForEveryTestThatTakesThem) {
             EXPECT_EQ(std::set<std::string_view>(texts.begin(), texts.end()).size(), 3U);
         }
     }
+}
+
+TEST(Dialog, SaysWhyFiguresDoNotFollowTheData) {
+    const DialogTexts& english = dialogTexts("en");
+    const DialogTexts& german = dialogTexts("de");
+    EXPECT_EQ(liveLabel(english, LiveObstacle::None), "Keep figures live: they follo~w the data");
+    EXPECT_EQ(liveLabel(english, LiveObstacle::VisibleRows),
+              "Keep figures live (not with visible rows only)");
+    EXPECT_EQ(liveLabel(german, LiveObstacle::UnrankedZeros),
+              "Kennwerte als Formeln (nicht bei Nulldifferenzen ohne Rang)");
+    EXPECT_EQ(
+        liveWords(english, {LiveObstacle::SeveralAreas, {}}),
+        "The report was placed, but its figures do not follow the data: a formula takes one column for each "
+        "variable.");
+    EXPECT_EQ(
+        liveWords(german, {LiveObstacle::None, {"U", "P"}}),
+        "Der Bericht ist eingefügt. Für diese Kennwerte ergibt keine Formel dasselbe, sie bleiben Zahlen: "
+        "U, P.");
+    EXPECT_EQ(liveWords(english, {}), "");
 }
 
 TEST(Dialog, SaysHowManyRowsAreHidden) {
