@@ -16,6 +16,7 @@ struct AnalysisSettings {
     bool headers = true;
     bool descriptives = false;
     bool ignoreTies = false;
+    bool liveFigures = false;  ///< the test's figures as formulas, as far as there are such
     std::string firstRange;
     std::string secondRange;
     bool groupsInOneColumn = false;
@@ -28,7 +29,6 @@ struct AnalysisSettings {
     bool visibleRowsOnly = false;
     std::string newSheetName;
     DetailSettings details;
-    bool liveFigures = false;  ///< the test's figures as formulas, as far as there are such
 };
 
 /// Whether a test compares as many groups as there are.

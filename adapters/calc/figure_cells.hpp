@@ -17,9 +17,9 @@ struct FigureCell {
     std::string figure;   ///< its name for DETAILS; empty for P of the report, which TEST gives
 };
 
-/// The figures of the test in a report, from left to right and from top to bottom; none where it is no report
-/// of this test.
-[[nodiscard]] std::vector<FigureCell> figureCells(const ValueGrid& report, TBVNPMethod method,
+/// The figures of the test in the cells of a report, from left to right and from top to bottom; none where it
+/// is no report of this test.
+[[nodiscard]] std::vector<FigureCell> figureCells(const ValueGrid& cells, TBVNPMethod method,
                                                   TBVNPTails tails);
 
 }  // namespace TBVNonPara::calc
