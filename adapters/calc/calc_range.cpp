@@ -121,15 +121,34 @@ ValueGrid CalcRange::GetValue() const {
     return m_Rows.empty() ? readAll() : pickRows(readAll(), first().top, keptRows());
 }
 
+bool CalcRange::HoldsNumbers(Long firstRow) const {
+    CellArea rows = first();
+    rows.top += firstRow.value() - 1;
+    if (!m_Rows.empty() || !m_Session->isRunning() || rows.top > rows.bottom) {
+        return false;
+    }
+    m_Session->step();
+    if (m_Session->remembered(m_Cells.sheet, first()) == nullptr) {
+        hosted([&] {
+            m_Session->remember(m_Cells.sheet, first(), readCells(m_Cells.document, m_Cells.sheet, first()));
+        });
+    }
+    return m_Session->remembered(m_Cells.sheet, first())->holdNumbers(rows);
+}
+
+NumberColumns CalcRange::GetNumbers() const {
+    return m_Session->remembered(m_Cells.sheet, first())->numbers(first());
+}
+
 ValueGrid CalcRange::readAll() const {
     m_Session->step();
-    if (std::optional<ValueGrid> values = m_Session->remembered(m_Cells.sheet, first())) {
-        return std::move(*values);
+    if (const RememberedCells* const cells = m_Session->remembered(m_Cells.sheet, first())) {
+        return cells->values(first());
     }
     return hosted([&] {
-        auto values = std::make_shared<const ValueGrid>(readCells(m_Cells.document, m_Cells.sheet, first()));
+        ValueGrid values = readCells(m_Cells.document, m_Cells.sheet, first());
         m_Session->remember(m_Cells.sheet, first(), values);
-        return *values;
+        return values;
     });
 }
 

@@ -26,6 +26,9 @@ class CalcRange : public Range {
     [[nodiscard]] std::string GetAddress() const override;
     [[nodiscard]] std::string GetAddressLocal() const override;
     [[nodiscard]] ValueGrid GetValue() const override;
+    /// True only in a run, which remembers what it has read.
+    [[nodiscard]] bool HoldsNumbers(Long firstRow) const override;
+    [[nodiscard]] NumberColumns GetNumbers() const override;
 
     void LetValue(const CellValue& value) override;
     void LetValue(std::span<const CellValue> values) override;

@@ -40,10 +40,10 @@ class BlockReader {
  private:
     void readData() {
         const Sequence<Sequence<Any>> rows = query<css::sheet::XCellRangeData>(m_Cells)->getDataArray();
-        for (sal_Int32 row = 0; row < rows.getLength(); ++row) {
-            const Sequence<Any>& cells = rows[row];
-            for (sal_Int32 column = 0; column < cells.getLength(); ++column) {
-                m_Values(row + 1, column + 1) = valueOf(cells[column], column, row);
+        for (sal_Int32 column = 0; column < m_Area.columns(); ++column) {
+            const std::span<CellValue> values = m_Values.column(column + 1);
+            for (sal_Int32 row = 0; row < rows.getLength(); ++row) {
+                values[static_cast<std::size_t>(row)] = valueOf(rows[row][column], column, row);
             }
         }
     }

@@ -8,21 +8,6 @@
 
 namespace TBVNonPara::calc {
 
-namespace {
-
-ValueGrid partOf(const ValueGrid& values, const CellArea& whole, const CellArea& part) {
-    ValueGrid result(part.rows(), part.columns());
-    for (Index column = 1; column <= part.columns(); ++column) {
-        const auto source = values.column(column + part.left - whole.left);
-        std::ranges::copy(source.subspan(static_cast<std::size_t>(part.top - whole.top),
-                                         static_cast<std::size_t>(part.rows())),
-                          result.column(column).begin());
-    }
-    return result;
-}
-
-}  // namespace
-
 Session::Session(const Context& context, const DocumentRef& document)
     : m_Context(context), m_Document(document) {
 }
@@ -38,18 +23,18 @@ const SheetAreas& Session::copied() const {
     return m_Copied;
 }
 
-std::optional<ValueGrid> Session::remembered(const SheetRef& sheet, const CellArea& area) const {
-    for (const Reading& reading : m_Readings) {
-        if (reading.area.contains(area) && reading.sheet == sheet) {
-            return partOf(*reading.values, reading.area, area);
+const RememberedCells* Session::remembered(const SheetRef& sheet, const CellArea& area) const {
+    for (const RememberedCells& reading : m_Readings) {
+        if (reading.cover(sheet, area)) {
+            return &reading;
         }
     }
-    return std::nullopt;
+    return nullptr;
 }
 
-void Session::remember(const SheetRef& sheet, const CellArea& area, Values values) {
+void Session::remember(const SheetRef& sheet, const CellArea& area, const ValueGrid& values) {
     if (m_Running) {
-        m_Readings.push_back({sheet, area, std::move(values)});
+        m_Readings.emplace_back(sheet, area, values);
     }
 }
 

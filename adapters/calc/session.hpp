@@ -1,5 +1,6 @@
 #pragma once
 
+#include <deque>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -8,6 +9,7 @@
 #include "adapters/calc/addresses.hpp"
 #include "adapters/calc/data_rows.hpp"
 #include "adapters/calc/macro_modules.hpp"
+#include "adapters/calc/remembered_cells.hpp"
 #include "adapters/calc/undo_step.hpp"
 #include "tbvnonpara/core/cell_value.hpp"
 
@@ -33,9 +35,8 @@ class Session {
 
     /// The values read last from cells that hold these: nothing changes on the user's sheets until the report
     /// is placed, and the same columns are checked first and computed with later.
-    using Values = std::shared_ptr<const ValueGrid>;
-    [[nodiscard]] std::optional<ValueGrid> remembered(const SheetRef& sheet, const CellArea& area) const;
-    void remember(const SheetRef& sheet, const CellArea& area, Values values);
+    [[nodiscard]] const RememberedCells* remembered(const SheetRef& sheet, const CellArea& area) const;
+    void remember(const SheetRef& sheet, const CellArea& area, const ValueGrid& values);
 
     [[nodiscard]] bool isRunning() const noexcept { return m_Running; }
     void beginRun(const RowRules& rules);
@@ -103,12 +104,6 @@ class Session {
     void step() const;
 
  private:
-    struct Reading {
-        SheetRef sheet;
-        CellArea area;
-        Values values;
-    };
-
     struct BooleanCell {
         SheetRef sheet;
         CellArea cell;
@@ -128,7 +123,7 @@ class Session {
     OUString m_StepTitle;
     SheetAreas m_Copied;
     bool m_Running = false;
-    std::vector<Reading> m_Readings;
+    std::deque<RememberedCells> m_Readings;
     std::vector<BooleanCell> m_Booleans;
     DocumentRef m_Held;
     UndoStep m_Step;

@@ -3,11 +3,13 @@
 #include <cstddef>
 #include <functional>
 
+#include "tbvnonpara/core/api.hpp"
+
 namespace TBVNonPara {
 
 /// Runs work(part) for the parts from 0 on, each on a thread of its own, the first on the caller's, and
 /// returns when all have ended. Raises what the lowest part raised that raised anything.
-void inParallel(std::size_t parts, const std::function<void(std::size_t)>& work);
+TBVNONPARA_API void inParallel(std::size_t parts, const std::function<void(std::size_t)>& work);
 
 /// Where the piece of so many elements begins when they are dealt to parts as evenly as possible.
 [[nodiscard]] constexpr std::size_t beginOfPart(std::size_t part, std::size_t parts,
