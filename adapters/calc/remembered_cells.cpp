@@ -6,8 +6,8 @@
 
 namespace TBVNonPara::calc {
 
-RememberedCells::RememberedCells(SheetRef sheet, const CellArea& area, ValueGrid values)
-    : m_Sheet(std::move(sheet)), m_Area(area), m_Values(std::move(values)) {
+RememberedCells::RememberedCells(const SheetRef& sheet, const CellArea& area, ValueGrid values)
+    : m_Sheet(sheet), m_Area(area), m_Values(std::move(values)) {
     for (Index column = 1; column <= area.columns(); ++column) {
         const std::span<const CellValue> cells = m_Values.column(column);
         std::size_t first = cells.size();

@@ -14,7 +14,7 @@ namespace TBVNonPara::calc {
 /// apart, to be shared.
 class RememberedCells {
  public:
-    RememberedCells(SheetRef sheet, const CellArea& area, ValueGrid values);
+    RememberedCells(const SheetRef& sheet, const CellArea& area, ValueGrid values);
 
     [[nodiscard]] bool cover(const SheetRef& sheet, const CellArea& area) const;
 
