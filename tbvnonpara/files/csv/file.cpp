@@ -63,7 +63,7 @@ std::string readFile(const std::filesystem::path& path) {
         file.read(all.data(), static_cast<std::streamsize>(size));
         all.resize(static_cast<std::size_t>(file.gcount()));
     }
-    if (file) {
+    if (file && file.peek() != std::ifstream::traits_type::eof()) {
         all += readStream(file);
     }
     if (file.bad()) {
