@@ -146,6 +146,14 @@ bool hasExclamationMark(std::string_view area) noexcept {
 }
 
 SheetAreas resolve(const DocumentRef& document, const SheetRef& sheet, std::string_view address) {
+    SheetAreas result = resolveWhole(document, sheet, address);
+    for (CellArea& area : result.areas) {
+        area = endingWithTheUsedArea(area, result.sheet);
+    }
+    return result;
+}
+
+SheetAreas resolveWhole(const DocumentRef& document, const SheetRef& sheet, std::string_view address) {
     SheetAreas result{document, {}, {}};
     AddressReader reader(document, sheet);
     std::optional<std::int16_t> position;
@@ -158,7 +166,7 @@ SheetAreas resolve(const DocumentRef& document, const SheetRef& sheet, std::stri
             position = cells.Sheet;
             result.sheet = sheetAt(document, cells.Sheet);
         }
-        result.areas.push_back(endingWithTheUsedArea(normalised(cells), result.sheet));
+        result.areas.push_back(normalised(cells));
     }
     return result;
 }

@@ -31,4 +31,8 @@ struct SheetAreas {
 [[nodiscard]] SheetAreas resolve(const DocumentRef& document, const SheetRef& sheet,
                                  std::string_view address);
 
+/// The same with whole columns and rows as they are.
+[[nodiscard]] SheetAreas resolveWhole(const DocumentRef& document, const SheetRef& sheet,
+                                      std::string_view address);
+
 }  // namespace TBVNonPara::calc

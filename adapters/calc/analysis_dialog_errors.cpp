@@ -3,6 +3,7 @@
 
 #include "adapters/calc/addresses.hpp"
 #include "adapters/calc/analysis_dialog.hpp"
+#include "adapters/calc/outcome_words.hpp"
 #include "adapters/calc/refusal_words.hpp"
 
 namespace TBVNonPara::calc {
@@ -31,23 +32,7 @@ void AnalysisDialog::showRefusal(const reshaping::Refusal& refusal) {
 }
 
 void AnalysisDialog::showWhatIsMissing(const Outcome& outcome) {
-    std::string words;
-    const auto add = [&](const std::string& sentence) {
-        words += (words.empty() || sentence.empty() ? "" : "\n") + sentence;
-    };
-    const auto addFor = [&](std::string_view sentence, const std::string& reason) {
-        add(reason.empty() ? std::string() : filledIn(sentence, std::array{reason}));
-    };
-    if (outcome.detailsCancelled) {
-        add(std::string(outcome.withoutPicture.empty() ? m_Texts.detailsCancelled : m_Texts.besideCancelled));
-    } else if (outcome.withoutDetails == outcome.withoutPicture) {
-        addFor(m_Texts.withoutBoth, outcome.withoutDetails);
-    } else {
-        addFor(m_Texts.withoutDetails, outcome.withoutDetails);
-        addFor(m_Texts.withoutPicture, outcome.withoutPicture);
-    }
-    add(liveWords(m_Texts, outcome.live));
-    showMessage(Field::None, words);
+    showMessage(Field::None, wordsOnWhatIsMissing(outcome, m_Texts));
 }
 
 void AnalysisDialog::showMessage(Field field, const std::string& words) {

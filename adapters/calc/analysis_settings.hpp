@@ -28,7 +28,10 @@ struct AnalysisSettings {
     bool overWrite = false;
     bool visibleRowsOnly = false;
     std::string newSheetName;
+    std::string replacedReport;  ///< the cells of the report whose place this one takes; empty for none
     DetailSettings details;
+
+    friend bool operator==(const AnalysisSettings&, const AnalysisSettings&) = default;
 };
 
 /// Whether a test compares as many groups as there are.

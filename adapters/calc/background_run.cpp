@@ -2,6 +2,7 @@
 
 #include "adapters/calc/calc_application.hpp"
 #include "adapters/calc/details_beside_report.hpp"
+#include "adapters/calc/kept_requests.hpp"
 #include "adapters/calc/main_thread.hpp"
 #include "adapters/calc/reshaped_application.hpp"
 #include "tbvnonpara/core/words.hpp"
@@ -99,6 +100,9 @@ void BackgroundRun::analyse(Outcome& outcome) {
     const auto session = std::make_shared<Session>(m_Context, m_Document);
     session->onStep([this] { step(); });
     session->nameNewSheets(m_Settings.newSheetName);
+    if (!m_Settings.replacedReport.empty()) {
+        session->replaceReport(resolveWhole(m_Document, activeSheet(m_Document), m_Settings.replacedReport));
+    }
     if (m_Settings.visibleRowsOnly) {
         session->leaveOutHiddenRows();
     }
@@ -132,9 +136,11 @@ void BackgroundRun::analyseTable(const std::shared_ptr<Session>& session, Outcom
 void BackgroundRun::placeReport(const std::shared_ptr<Session>& session, const CompanionLibrary& companions,
                                 clsNonPara& request, const AnalysisSettings& settings, Outcome& outcome) {
     const LiveFigures live(m_Document, settings);
+    const RequestKeeper keeper(m_Document, m_Settings);
     if (!settings.details.wanted && !settings.details.picture) {
         request.Results(settings.overWrite);
         outcome.live = live.write(*session);
+        keeper.write(*session);
         return;
     }
     DetailsBesideReport beside(session, companions, settings);
@@ -145,6 +151,7 @@ void BackgroundRun::placeReport(const std::shared_ptr<Session>& session, const C
     });
     request.Results(settings.overWrite);
     outcome.live = live.write(*session);
+    keeper.write(*session);
     m_WritesDetails = true;
     beside.write();
     outcome.withoutDetails = beside.failure();

@@ -21,6 +21,10 @@ struct CellArea {
         return left <= other.left && top <= other.top && right >= other.right && bottom >= other.bottom;
     }
 
+    [[nodiscard]] bool overlaps(const CellArea& other) const noexcept {
+        return left <= other.right && other.left <= right && top <= other.bottom && other.top <= bottom;
+    }
+
     friend bool operator==(const CellArea&, const CellArea&) = default;
 };
 

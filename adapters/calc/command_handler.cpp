@@ -1,15 +1,14 @@
 #include "adapters/calc/command_handler.hpp"
 
 #include <algorithm>
-#include <com/sun/star/awt/MessageBoxButtons.hpp>
-#include <com/sun/star/awt/Toolkit.hpp>
-#include <com/sun/star/awt/XMessageBoxFactory.hpp>
 #include <com/sun/star/frame/FeatureStateEvent.hpp>
 #include <cppuhelper/supportsservice.hxx>
 
 #include "adapters/calc/analysis_dialog.hpp"
 #include "adapters/calc/main_thread.hpp"
+#include "adapters/calc/message_box.hpp"
 #include "adapters/calc/office_language.hpp"
+#include "adapters/calc/test_again.hpp"
 
 namespace TBVNonPara::calc {
 
@@ -17,17 +16,7 @@ namespace {
 
 constexpr auto protocol = "org.tbvnonpara.calc:";
 constexpr auto openDialog = "dialog";
-
-void askForRestart(const Context& context, const Reference<css::frame::XFrame>& frame) {
-    const DialogTexts& texts = dialogTexts(languageOfTheOffice(context));
-    const Reference<css::awt::XMessageBoxFactory> boxes(css::awt::Toolkit::create(context),
-                                                        css::uno::UNO_QUERY_THROW);
-    boxes
-        ->createMessageBox(query<css::awt::XWindowPeer>(frame->getContainerWindow()),
-                           css::awt::MessageBoxType_INFOBOX, css::awt::MessageBoxButtons::BUTTONS_OK,
-                           fromUtf8(texts.title), fromUtf8(texts.restart))
-        ->execute();
-}
+constexpr auto again = "again";
 
 }  // namespace
 
@@ -39,7 +28,8 @@ void CommandHandler::initialize(const css::uno::Sequence<css::uno::Any>& argumen
 
 Reference<css::frame::XDispatch> CommandHandler::queryDispatch(const css::util::URL& url, const OUString&,
                                                                sal_Int32) {
-    const bool ours = url.Protocol.equalsAscii(protocol) && url.Path.equalsAscii(openDialog);
+    const bool ours = url.Protocol.equalsAscii(protocol) &&
+                      (url.Path.equalsAscii(openDialog) || url.Path.equalsAscii(again));
     return ours ? Reference<css::frame::XDispatch>(this) : nullptr;
 }
 
@@ -53,19 +43,21 @@ css::uno::Sequence<Reference<css::frame::XDispatch>> CommandHandler::queryDispat
     return found;
 }
 
-void CommandHandler::dispatch(const css::util::URL&, const css::uno::Sequence<css::beans::PropertyValue>&) {
+void CommandHandler::dispatch(const css::util::URL& url,
+                              const css::uno::Sequence<css::beans::PropertyValue>&) {
     if (!m_Frame.is()) {
         return;
     }
     if (!isInsideOffice()) {
-        askForRestart(m_Context, m_Frame);
+        tell(m_Context, m_Frame, dialogTexts(languageOfTheOffice(m_Context)).restart);
         return;
     }
     // Not at once: a macro or another process may be asking, on whatever thread.
-    whenIdle(m_Context, [context = m_Context, frame = m_Frame] { AnalysisDialog::openFor(context, frame); });
+    const auto carryOut = url.Path.equalsAscii(again) ? &TestAgain::in : &AnalysisDialog::openFor;
+    whenIdle(m_Context, [=, context = m_Context, frame = m_Frame] { carryOut(context, frame); });
 }
 
-/// The entry is always there to be chosen.
+/// The entries are always there to be chosen.
 void CommandHandler::addStatusListener(const Reference<css::frame::XStatusListener>& listener,
                                        const css::util::URL& url) {
     css::frame::FeatureStateEvent state;

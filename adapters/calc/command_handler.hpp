@@ -11,7 +11,8 @@
 
 namespace TBVNonPara::calc {
 
-/// Carries out the menu's command, org.tbvnonpara.calc:dialog, in the window that it was chosen in.
+/// Carries out the menu's commands, org.tbvnonpara.calc:dialog and org.tbvnonpara.calc:again, in the window
+/// that they were chosen in.
 class CommandHandler : public cppu::WeakImplHelper4<css::frame::XDispatchProvider, css::frame::XDispatch,
                                                     css::lang::XInitialization, css::lang::XServiceInfo> {
  public:

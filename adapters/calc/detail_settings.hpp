@@ -14,6 +14,8 @@ struct DetailSettings {
     std::string confidence = "95";  ///< in per cent, as it was typed
     statistics::Adjustment adjustment = statistics::Adjustment::Holm;
     bool picture = false;  ///< of the data, with or without the rest
+
+    friend bool operator==(const DetailSettings&, const DetailSettings&) = default;
 };
 
 /// A level as people write it in per cent, "95", "97,5" or "99 %", as a part of 1; none for what is no number

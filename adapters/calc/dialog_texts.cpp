@@ -79,6 +79,14 @@ constexpr DialogTexts english{
     .rowsChanged = "Other rows are hidden now than before; check the choice of rows and press OK again.",
     .severalAreas = "One block of columns, or several ranges separated by semicolons",
     .restart = "Start the office again to finish installing the nonparametric tests.",
+    .noReportHere = "The cursor stands in no report that can be repeated. Put it into a report that the dialog has "
+                    "placed, and choose Test Again.",
+    .rangesLost = "The test was not repeated: cells of its data, or their sheet, have been deleted. Choose the data "
+                  "in the dialog.",
+    .reportChanged = "Cells of this report were changed after it was placed. Replace the whole report?",
+    .reportGrows = "The test was not repeated: its report needs more cells than before, and % holds a value. Clear "
+                   "that cell or move it, and try again.",
+    .notRepeated = "The test was not repeated: %",
 };
 
 constexpr DialogTexts german{
@@ -155,6 +163,14 @@ constexpr DialogTexts german{
                    "einmal auf OK drücken.",
     .severalAreas = "Ein Block von Spalten oder mehrere Bereiche, durch Semikolon getrennt",
     .restart = "Bitte das Office neu starten, um die Installation der nichtparametrischen Tests abzuschließen.",
+    .noReportHere = "Der Zellcursor steht in keinem Bericht, der sich wiederholen lässt. Bitte eine Zelle eines "
+                    "Berichts auswählen, den der Dialog eingefügt hat.",
+    .rangesLost = "Der Test wurde nicht wiederholt: Zellen seiner Daten oder ihr Blatt sind gelöscht. Bitte die "
+                  "Daten im Dialog neu auswählen.",
+    .reportChanged = "Zellen dieses Berichts wurden geändert, seit er eingefügt wurde. Den ganzen Bericht ersetzen?",
+    .reportGrows = "Der Test wurde nicht wiederholt: Sein Bericht braucht mehr Zellen als vorher, und % enthält schon "
+                   "einen Wert. Bitte diese Zelle leeren oder verschieben.",
+    .notRepeated = "Der Test wurde nicht wiederholt: %",
 };
 
 struct AlternativeTexts {

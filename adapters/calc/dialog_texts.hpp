@@ -80,6 +80,11 @@ struct DialogTexts {
     std::string_view rowsChanged;
     std::string_view severalAreas;
     std::string_view restart;
+    std::string_view noReportHere;
+    std::string_view rangesLost;
+    std::string_view reportChanged;  ///< asks whether to replace it
+    std::string_view reportGrows;    ///< with the cell in its way in place of %
+    std::string_view notRepeated;    ///< with the reason in place of %
 };
 
 /// The texts of a language ("de", "en-US"); English where there are none.

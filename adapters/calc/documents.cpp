@@ -93,6 +93,10 @@ std::int16_t positionOf(const SheetRef& sheet) {
     return query<css::sheet::XCellRangeAddressable>(sheet)->getRangeAddress().Sheet;
 }
 
+bool isSameSheet(const SheetRef& one, const SheetRef& other) {
+    return one == other || positionOf(one) == positionOf(other);
+}
+
 void refuseReadOnly(const DocumentRef& document) {
     if (query<css::frame::XStorable>(document)->isReadonly()) {
         raiseHostError("The document " + toUtf8(titleOf(document)) +

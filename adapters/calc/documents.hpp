@@ -31,6 +31,9 @@ using SheetRef = Reference<css::sheet::XSpreadsheet>;
 /// Where a sheet stands in its document, counted from 0.
 [[nodiscard]] std::int16_t positionOf(const SheetRef& sheet);
 
+/// Whether two objects stand for one sheet of a document: the spreadsheet may make one each time it is asked.
+[[nodiscard]] bool isSameSheet(const SheetRef& one, const SheetRef& other);
+
 /// Raises an error where a document must not be changed.
 void refuseReadOnly(const DocumentRef& document);
 

@@ -28,10 +28,6 @@ std::string functionOfTest(TBVNPMethod method) {
     return names.at(static_cast<std::size_t>(method));
 }
 
-bool overlap(const CellArea& a, const CellArea& b) {
-    return a.left <= b.right && b.left <= a.right && a.top <= b.bottom && b.top <= a.bottom;
-}
-
 /// The report has its probabilities from the spreadsheet's distributions, the functions have them from the
 /// library's: those differ in the last digits, and near 0 by what 1 - P loses.
 bool isSameFigure(double formula, double number) {
@@ -88,7 +84,7 @@ bool LiveFigures::liesUnder(const SheetAreas& report) const {
     return std::ranges::any_of(m_Ranges, [&](const SheetAreas& range) {
         return nameOf(range.sheet) == nameOf(report.sheet) &&
                std::ranges::any_of(range.areas,
-                                   [&](const CellArea& area) { return overlap(area, report.areas.front()); });
+                                   [&](const CellArea& area) { return area.overlaps(report.areas.front()); });
     });
 }
 

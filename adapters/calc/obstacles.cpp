@@ -87,6 +87,27 @@ void refuseFiltered(const SheetRef& sheet, const CellArea& block) {
 
 }  // namespace
 
+void refuseForeignCells(const SheetRef& sheet, const CellArea& block, const CellArea& replaced) {
+    namespace Flags = css::sheet::CellFlags;
+    const auto filled =
+        query<css::sheet::XCellRangesQuery>(blockOf(sheet, block))
+            ->queryContentCells(Flags::VALUE | Flags::DATETIME | Flags::STRING | Flags::FORMULA);
+    for (const css::table::CellRangeAddress& found : filled->getRangeAddresses()) {
+        const CellArea cells = normalised(found);
+        for (std::int32_t row = cells.top; row <= cells.bottom; ++row) {
+            for (std::int32_t column = cells.left; column <= cells.right; ++column) {
+                const CellArea cell{column, row, column, row};
+                // Asked about columns that hold nothing yet, the spreadsheet answers with cells left of them.
+                if (block.contains(cell) && !replaced.contains(cell)) {
+                    throw Error(tbvNPOutputOccupied, columnLetters(column) + std::to_string(row + 1) +
+                                                         " holds a value and the report needs " +
+                                                         placeOf(sheet, block) + '.');
+                }
+            }
+        }
+    }
+}
+
 void refuseObstacles(const SheetRef& sheet, const CellArea& block) {
     refuseProtected(sheet);
     refuseMerged(sheet, block);

@@ -8,4 +8,8 @@ namespace TBVNonPara::calc {
 /// merged cells, over a part of an array formula, in rows that a filter hides. Changes nothing.
 void refuseObstacles(const SheetRef& sheet, const CellArea& block);
 
+/// Raises tbvNPOutputOccupied with the first cell of the block that holds something and is none of a report
+/// that is replaced.
+void refuseForeignCells(const SheetRef& sheet, const CellArea& block, const CellArea& replaced);
+
 }  // namespace TBVNonPara::calc

@@ -1,5 +1,6 @@
 #include "adapters/calc/placing.hpp"
 
+#include <algorithm>
 #include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/container/XNameContainer.hpp>
 #include <com/sun/star/datatransfer/XTransferableSupplier.hpp>
@@ -158,6 +159,17 @@ void placeAll(Session& session, const SheetAreas& source, const SheetAreas& targ
     }
 }
 
+/// What a report leaves free of the cells of the one whose place it took.
+void clearRest(const SheetRef& sheet, const CellArea& replaced, const CellArea& block) {
+    if (replaced.bottom > block.bottom) {
+        clear(sheet, {replaced.left, block.bottom + 1, replaced.right, replaced.bottom});
+    }
+    if (replaced.right > block.right) {
+        clear(sheet,
+              {block.right + 1, replaced.top, replaced.right, std::min(replaced.bottom, block.bottom)});
+    }
+}
+
 void addNote(const Session& session, const SheetRef& sheet, const CellArea& block) {
     if (const std::string note = session.note(); !note.empty()) {
         query<css::sheet::XSheetAnnotationsSupplier>(sheet)->getAnnotations()->insertNew(
@@ -193,12 +205,22 @@ void place(Session& session, const SheetAreas& source, const SheetAreas& target,
     const CellArea& corner = target.areas.front();
     const CellArea block{corner.left, corner.top, corner.left + from.columns() - 1,
                          corner.top + from.rows() - 1};
+    const SheetAreas& replaced = session.replacedReport();
+    const bool replaces = kind == PasteKind::All && replaced.sheet.is() &&
+                          replaced.document == target.document && isSameSheet(replaced.sheet, target.sheet);
+    if (replaces) {
+        refuseForeignCells(target.sheet, block, replaced.areas.front());
+        refuseObstacles(target.sheet, replaced.areas.front());
+    }
     session.beforeChange(target.document);
     refuseObstacles(target.sheet, block);
     switch (kind) {
         case PasteKind::All:
             placeAll(session, source, target, block);
             session.rememberPlaced({target.document, target.sheet, {block}});
+            if (replaces) {
+                clearRest(target.sheet, replaced.areas.front(), block);
+            }
             addNote(session, target.sheet, block);
             if (source.document != target.document) {
                 widenColumns(source, target, block);

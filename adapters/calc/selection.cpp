@@ -85,6 +85,16 @@ SheetAreas selectedCells(const DocumentRef& document) {
     return cells;
 }
 
+std::optional<SheetAreas> cursorOf(const DocumentRef& document) {
+    const auto selection = addressesOf(query<css::frame::XModel>(document)->getCurrentSelection());
+    if (selection.empty()) {
+        return std::nullopt;
+    }
+    const CellArea area = normalised(selection.front());
+    return SheetAreas{
+        document, sheetAt(document, selection.front().Sheet), {{area.left, area.top, area.left, area.top}}};
+}
+
 HiddenCount countHiddenRows(const DocumentRef& document, std::span<const std::string> addresses) {
     std::vector<SheetAreas> ranges;
     for (const std::string& address : addresses) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,10 @@ struct Suggestion {
 /// The cells selected in a document's view, over filtered rows as the whole ranges that they belong to, whole
 /// columns trimmed; no areas where less than two cells are.
 [[nodiscard]] SheetAreas selectedCells(const DocumentRef& document);
+
+/// The first of the selected cells, where the cursor stands or the selection begins; none where something
+/// else is selected.
+[[nodiscard]] std::optional<SheetAreas> cursorOf(const DocumentRef& document);
 
 /// How many rows of the ranges with these addresses are hidden; an address that is none counts nothing.
 [[nodiscard]] HiddenCount countHiddenRows(const DocumentRef& document,

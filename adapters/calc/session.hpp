@@ -57,6 +57,10 @@ class Session {
     void rememberPlaced(SheetAreas cells) { m_Placed = std::move(cells); }
     [[nodiscard]] const SheetAreas& placed() const noexcept { return m_Placed; }
 
+    /// The report of this run takes the place of one before it, and of free cells where it is larger.
+    void replaceReport(SheetAreas cells) { m_Replaced = std::move(cells); }
+    [[nodiscard]] const SheetAreas& replacedReport() const noexcept { return m_Replaced; }
+
     /// What the undo step of a run is called that places no report.
     void titleSteps(std::string_view title) { m_StepTitle = fromUtf8(title); }
 
@@ -129,6 +133,7 @@ class Session {
     UndoStep m_Step;
     std::function<void()> m_OnFirstChange;
     SheetAreas m_Placed;
+    SheetAreas m_Replaced;
     AddedSheet m_AddedSheet;
     std::unique_ptr<DataRows> m_DataRows;
     std::optional<DataRange> m_ResolvingFor;
