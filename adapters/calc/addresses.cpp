@@ -103,7 +103,7 @@ class AddressReader {
 };
 
 CellArea usedArea(const SheetRef& sheet) {
-    const auto cursor = sheet->createCursor();
+    const auto cursor = given(sheet->createCursor());
     const auto used = query<css::sheet::XUsedAreaCursor>(cursor);
     used->gotoStartOfUsedArea(false);
     used->gotoEndOfUsedArea(true);

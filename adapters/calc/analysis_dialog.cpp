@@ -42,7 +42,7 @@ AnalysisDialog::AnalysisDialog(const Context& context, const Reference<css::fram
 }
 
 DocumentRef AnalysisDialog::document() const {
-    return query<css::sheet::XSpreadsheetDocument>(m_Frame->getController()->getModel());
+    return query<css::sheet::XSpreadsheetDocument>(given(m_Frame->getController())->getModel());
 }
 
 TBVNPMethod AnalysisDialog::method() const {

@@ -76,7 +76,7 @@ WorksheetRef CalcApplication::AddWorksheets() {
                             "protection") +
                 (isForReport ? " or choose a cell for the report." : "."));
         }
-        const auto sheets = document->getSheets();
+        const auto sheets = sheetsOf(document);
         const OUString wanted = m_Session->newSheetName();
         const OUString name = wanted.isEmpty() ? freeName(sheets) : freeName(sheets, wanted);
         const std::int16_t position = positionOf(activeSheet(document));

@@ -15,7 +15,7 @@ namespace {
 
 CellArea wholeOf(const SheetRef& sheet) {
     const auto size = query<css::table::XColumnRowRange>(sheet);
-    return {0, 0, size->getColumns()->getCount() - 1, size->getRows()->getCount() - 1};
+    return {0, 0, given(size->getColumns())->getCount() - 1, given(size->getRows())->getCount() - 1};
 }
 
 /// The spreadsheet itself gives no reason.
@@ -23,7 +23,7 @@ void refuseDeleting(const DocumentRef& document, const SheetRef& sheet) {
     if (query<css::util::XProtectable>(document)->isProtected()) {
         raiseHostError("The document's structure is protected, so its sheets stay; remove the protection.");
     }
-    if (query<css::container::XIndexAccess>(document->getSheets())->getCount() == 1) {
+    if (query<css::container::XIndexAccess>(sheetsOf(document))->getCount() == 1) {
         raiseHostError("The sheet \"" + toUtf8(nameOf(sheet)) +
                        "\" is the only one of its document and cannot be deleted.");
     }
@@ -83,7 +83,7 @@ void CalcWorksheet::Move(const WorksheetRef& after) {
         const auto position =
             static_cast<std::int16_t>(positionOf(sheetNamed(m_Document, fromUtf8(name))) + 1);
         m_Session->beforeChange(m_Document);
-        m_Document->getSheets()->moveByName(nameOf(m_Sheet), position);
+        sheetsOf(m_Document)->moveByName(nameOf(m_Sheet), position);
     });
 }
 
@@ -124,7 +124,7 @@ CalcWorkbook::CalcWorkbook(std::shared_ptr<Session> session, const DocumentRef& 
 
 Long CalcWorkbook::GetWorksheetsCount() const {
     return hosted(
-        [&] { return Long(query<css::container::XIndexAccess>(m_Document->getSheets())->getCount()); });
+        [&] { return Long(query<css::container::XIndexAccess>(sheetsOf(m_Document))->getCount()); });
 }
 
 WorksheetRef CalcWorkbook::GetWorksheets(Long position) const {

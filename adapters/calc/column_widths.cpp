@@ -92,12 +92,12 @@ class MeasuringSheet {
  public:
     MeasuringSheet(const DocumentRef& scratch, std::int32_t columns)
         : m_Document(scratch), m_Columns(columns) {
-        m_Document->getSheets()->insertNewByName(name(), 1);
+        sheetsOf(m_Document)->insertNewByName(name(), 1);
         m_Sheet = sheetNamed(m_Document, name());
     }
     ~MeasuringSheet() {
         try {
-            m_Document->getSheets()->removeByName(name());
+            sheetsOf(m_Document)->removeByName(name());
         } catch (const css::uno::Exception&) {
             // The document was closed in the meantime, and the sheet with it.
         }
@@ -169,7 +169,7 @@ bool standsAloneIn(const SheetRef& sheet, const CellArea& column, const CellArea
     constexpr auto anything =
         static_cast<sal_Int16>(Flags::VALUE | Flags::DATETIME | Flags::STRING | Flags::FORMULA);
     const auto filled =
-        query<css::sheet::XCellRangesQuery>(cellsIn(sheet, column))->queryContentCells(anything);
+        given(query<css::sheet::XCellRangesQuery>(cellsIn(sheet, column))->queryContentCells(anything));
     const auto addresses = filled->getRangeAddresses();
     return std::all_of(addresses.begin(), addresses.end(), [&](const css::table::CellRangeAddress& address) {
         return block.contains(normalised(address));
@@ -186,7 +186,8 @@ void widenColumns(const SheetAreas& report, const SheetAreas& target, const Cell
     const std::vector<std::int32_t> forNumbers = measure.widths();
 
     const Columns columns = columnsUnder(query<css::table::XCellRange>(target.sheet));
-    const std::int32_t lastRow = query<css::table::XColumnRowRange>(target.sheet)->getRows()->getCount() - 1;
+    const std::int32_t lastRow =
+        given(query<css::table::XColumnRowRange>(target.sheet)->getRows())->getCount() - 1;
     for (std::int32_t column = block.left; column <= block.right; ++column) {
         const auto place = static_cast<std::size_t>(column - block.left);
         const bool alone = standsAloneIn(target.sheet, {column, 0, column, lastRow}, block);

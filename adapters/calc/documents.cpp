@@ -71,18 +71,22 @@ Reference<css::sheet::XSpreadsheetView> viewOf(const DocumentRef& document) {
         query<css::frame::XModel>(document)->getCurrentController());
 }
 
+Reference<css::sheet::XSpreadsheets> sheetsOf(const DocumentRef& document) {
+    return given(document->getSheets());
+}
+
 SheetRef sheetAt(const DocumentRef& document, std::int32_t position) {
-    return {query<css::container::XIndexAccess>(document->getSheets())->getByIndex(position),
+    return {query<css::container::XIndexAccess>(sheetsOf(document))->getByIndex(position),
             css::uno::UNO_QUERY_THROW};
 }
 
 SheetRef sheetNamed(const DocumentRef& document, const OUString& name) {
-    return {document->getSheets()->getByName(name), css::uno::UNO_QUERY_THROW};
+    return {sheetsOf(document)->getByName(name), css::uno::UNO_QUERY_THROW};
 }
 
 SheetRef activeSheet(const DocumentRef& document) {
     const auto view = viewOf(document);
-    return view.is() ? view->getActiveSheet() : sheetAt(document, 0);
+    return view.is() ? given(view->getActiveSheet()) : sheetAt(document, 0);
 }
 
 OUString nameOf(const SheetRef& sheet) {

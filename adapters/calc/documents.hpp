@@ -4,6 +4,7 @@
 #include <com/sun/star/sheet/XSpreadsheet.hpp>
 #include <com/sun/star/sheet/XSpreadsheetDocument.hpp>
 #include <com/sun/star/sheet/XSpreadsheetView.hpp>
+#include <com/sun/star/sheet/XSpreadsheets.hpp>
 
 #include "adapters/calc/uno.hpp"
 
@@ -23,6 +24,7 @@ using SheetRef = Reference<css::sheet::XSpreadsheet>;
 /// The view of a document; empty where none is shown.
 [[nodiscard]] Reference<css::sheet::XSpreadsheetView> viewOf(const DocumentRef& document);
 
+[[nodiscard]] Reference<css::sheet::XSpreadsheets> sheetsOf(const DocumentRef& document);
 [[nodiscard]] SheetRef sheetAt(const DocumentRef& document, std::int32_t position);
 [[nodiscard]] SheetRef sheetNamed(const DocumentRef& document, const OUString& name);
 /// The sheet on top of the document's view, or its first one.

@@ -51,14 +51,14 @@ void moveRight(const Reference<css::text::XTextCursor>& cursor, Long characters,
 }  // namespace
 
 css::lang::Locale localeOfNumbers(const DocumentRef& document) {
-    const auto families = query<css::style::XStyleFamiliesSupplier>(document)->getStyleFamilies();
+    const auto families = given(query<css::style::XStyleFamiliesSupplier>(document)->getStyleFamilies());
     const Reference<css::container::XNameAccess> styles(families->getByName("CellStyles"),
                                                         css::uno::UNO_QUERY_THROW);
     const Reference<css::beans::XPropertySet> ordinary(styles->getByName("Default"),
                                                        css::uno::UNO_QUERY_THROW);
     sal_Int32 key = 0;
     ordinary->getPropertyValue("NumberFormat") >>= key;
-    const auto formats = query<css::util::XNumberFormatsSupplier>(document)->getNumberFormats();
+    const auto formats = given(query<css::util::XNumberFormatsSupplier>(document)->getNumberFormats());
     css::lang::Locale locale;
     property(formats->getByKey(key), "Locale") >>= locale;
     return locale;
@@ -67,7 +67,7 @@ css::lang::Locale localeOfNumbers(const DocumentRef& document) {
 void setNumberFormat(const DocumentRef& document, const Cells& cells, std::string_view format,
                      const css::lang::Locale& language) {
     const css::lang::Locale english("en", "US", {});
-    const auto formats = query<css::util::XNumberFormatsSupplier>(document)->getNumberFormats();
+    const auto formats = given(query<css::util::XNumberFormatsSupplier>(document)->getNumberFormats());
     setProperty(cells, "NumberFormat", formats->addNewConverted(fromUtf8(format), english, language));
 }
 

@@ -20,7 +20,7 @@ constexpr std::string_view namePrefix = "TBVNonPara_report_";
 Reference<css::sheet::XNamedRanges> namesOf(const DocumentRef& document) {
     Reference<css::sheet::XNamedRanges> names;
     property(document, "NamedRanges") >>= names;
-    return names;
+    return given(names);
 }
 
 /// FNV-1a of Fowler, Noll and Vo: the same on every machine that the document comes to.
@@ -35,8 +35,8 @@ class Fingerprint {
 
     [[nodiscard]] std::string text() const {
         std::array<char, 16> digits{};
-        const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), m_Hash, 16).ptr;
-        return {digits.data(), end};
+        const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), m_Hash, 16).ptr;
+        return {digits.data(), static_cast<std::size_t>(end - digits.data())};
     }
 
  private:
@@ -46,10 +46,10 @@ class Fingerprint {
 // A file may give a number back with fewer digits than it had.
 std::string tenDigits(double number) {
     std::array<char, 32> digits{};
-    const auto end =
+    const char* const end =
         std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::scientific, 9)
             .ptr;
-    return {digits.data(), end};
+    return {digits.data(), static_cast<std::size_t>(end - digits.data())};
 }
 
 /// A formula of a live figure by its function: its value follows the data, and its ranges the cells.
@@ -73,7 +73,7 @@ std::string fingerprintOf(const SheetAreas& report) {
     const auto values = query<css::sheet::XCellRangeData>(cells)->getDataArray();
     const auto formulas = query<css::sheet::XCellRangeFormula>(cells)->getFormulaArray();
     Fingerprint fingerprint;
-    for (sal_Int32 row = 0; row < values.getLength(); ++row) {
+    for (sal_Int32 row = 0; row < std::min(values.getLength(), formulas.getLength()); ++row) {
         for (sal_Int32 column = 0; column < values[row].getLength(); ++column) {
             const std::string content = contentOf(values[row][column], formulas[row][column]);
             if (!content.empty()) {
@@ -162,12 +162,8 @@ std::string joined(const std::vector<std::string>& references) {
 }
 
 bool areLost(const RequestText& text) {
-    for (const auto* areas : {&text.first, &text.second, &text.groups, &text.blocks}) {
-        if (std::ranges::any_of(*areas, isLost)) {
-            return true;
-        }
-    }
-    return false;
+    return std::ranges::any_of(std::array{text.first, text.second, text.groups, text.blocks},
+                               [](const auto& areas) { return std::ranges::any_of(areas, isLost); });
 }
 
 KeptRequest kept(const RequestText& text, const SheetAreas& report) {

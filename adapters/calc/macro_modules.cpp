@@ -55,7 +55,7 @@ void giveModule(const DocumentRef& document, const SheetRef& sheet) {
 }
 
 void removeSheet(const DocumentRef& document, const OUString& name) {
-    const auto sheets = document->getSheets();
+    const auto sheets = sheetsOf(document);
     if (modulesOfSheets(document).is()) {
         const std::int32_t count = query<css::container::XIndexAccess>(sheets)->getCount();
         sheets->moveByName(name, static_cast<std::int16_t>(count));

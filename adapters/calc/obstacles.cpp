@@ -39,7 +39,7 @@ void refuseMerged(const SheetRef& sheet, const CellArea& block) {
 CellArea arrayAround(const SheetRef& sheet, std::int32_t column, std::int32_t row) {
     const Reference<css::sheet::XSheetCellRange> cell(sheet->getCellRangeByPosition(column, row, column, row),
                                                       css::uno::UNO_QUERY_THROW);
-    const auto cursor = sheet->createCursorByRange(cell);
+    const auto cursor = given(sheet->createCursorByRange(cell));
     cursor->collapseToCurrentArray();
     return normalised(query<css::sheet::XCellRangeAddressable>(cursor)->getRangeAddress());
 }
@@ -47,7 +47,7 @@ CellArea arrayAround(const SheetRef& sheet, std::int32_t column, std::int32_t ro
 void refuseArraysAcross(const SheetRef& sheet, const CellArea& block, const CellArea& edge) {
     const auto formulas = query<css::sheet::XCellRangesQuery>(blockOf(sheet, edge))
                               ->queryContentCells(css::sheet::CellFlags::FORMULA);
-    for (const css::table::CellRangeAddress& found : formulas->getRangeAddresses()) {
+    for (const css::table::CellRangeAddress& found : given(formulas)->getRangeAddresses()) {
         // Asked about columns that hold nothing yet, the spreadsheet answers with formulas left of them.
         if (!edge.contains(normalised(found))) {
             continue;

@@ -23,7 +23,7 @@ std::int32_t hundredthsOfMillimetres(double pixels) {
 /// The font of cells that have none of their own.
 OUString fontOf(const DocumentRef& document) {
     using css::container::XNameAccess;
-    const auto families = query<css::style::XStyleFamiliesSupplier>(document)->getStyleFamilies();
+    const auto families = given(query<css::style::XStyleFamiliesSupplier>(document)->getStyleFamilies());
     const Reference<XNameAccess> styles(families->getByName("CellStyles"), css::uno::UNO_QUERY_THROW);
     const Reference<css::beans::XPropertySet> plain(styles->getByName("Default"), css::uno::UNO_QUERY_THROW);
     OUString font;
@@ -66,7 +66,7 @@ void putPicture(const Context& context, const SheetAreas& place, const rendering
         const Reference<css::drawing::XShape> shape(
             documents->createInstance("com.sun.star.drawing.GraphicObjectShape"), css::uno::UNO_QUERY_THROW);
         setProperty(shape, "Graphic", image);
-        const auto pages = query<css::drawing::XDrawPagesSupplier>(place.document)->getDrawPages();
+        const auto pages = given(query<css::drawing::XDrawPagesSupplier>(place.document)->getDrawPages());
         Reference<css::drawing::XDrawPage>(pages->getByIndex(positionOf(place.sheet)),
                                            css::uno::UNO_QUERY_THROW)
             ->add(shape);

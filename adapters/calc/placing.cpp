@@ -71,7 +71,7 @@ void transfer(const SheetRef& source, const CellArea& area, const Reference<XSpr
 /// Without the views: the whole sheet comes over, the cells are copied from it and it goes again, also where
 /// the office brought it and failed afterwards.
 void copyThroughImportedSheet(const SheetAreas& source, const SheetAreas& target, const CellArea& block) {
-    const auto sheets = query<css::sheet::XSpreadsheets2>(target.document->getSheets());
+    const auto sheets = query<css::sheet::XSpreadsheets2>(sheetsOf(target.document));
     const auto positions = query<css::container::XIndexAccess>(sheets);
     const sal_Int32 last = positions->getCount();
     const MacroModules modules(target.document);

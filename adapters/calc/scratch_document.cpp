@@ -22,7 +22,7 @@ css::beans::PropertyValue named(const char* name, bool value) {
 }
 
 void keepOneSheet(const DocumentRef& document) {
-    const auto sheets = document->getSheets();
+    const auto sheets = sheetsOf(document);
     const auto positions = query<css::container::XIndexAccess>(sheets);
     while (positions->getCount() > 1) {
         sheets->removeByName(nameOf(sheetAt(document, 1)));

@@ -86,7 +86,7 @@ void Session::beforeChange(const DocumentRef& document) {
 
 void Session::removeAddedSheet() {
     const AddedSheet added = std::exchange(m_AddedSheet, {});
-    if (added.document.is() && added.document->getSheets()->hasByName(added.name)) {
+    if (added.document.is() && sheetsOf(added.document)->hasByName(added.name)) {
         removeSheet(added.document, added.name);
         added.before.removeAdded();
     }

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/lang/DisposedException.hpp>
 #include <com/sun/star/uno/Exception.hpp>
 #include <com/sun/star/uno/Reference.hxx>
 #include <com/sun/star/uno/Sequence.hxx>
@@ -39,6 +40,16 @@ template <typename Interface, typename Source>
 template <typename Interface, typename Source>
 [[nodiscard]] Reference<Interface> queryIfAny(const Reference<Source>& object) {
     return Reference<Interface>(object, css::uno::UNO_QUERY);
+}
+
+/// What an object gave. Those of a document that was closed in the meantime give nothing, where others raise
+/// an error: for them this does.
+template <typename Interface>
+[[nodiscard]] Reference<Interface> given(const Reference<Interface>& object) {
+    if (!object.is()) {
+        throw css::lang::DisposedException("The document was closed.", nullptr);
+    }
+    return object;
 }
 
 template <typename Source>

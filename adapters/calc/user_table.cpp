@@ -119,7 +119,8 @@ bool isNumbersAlone(const SheetRef& sheet, const CellArea& area) {
     const auto cells = query<css::sheet::XCellRangesQuery>(
         sheet->getCellRangeByPosition(area.left, area.top, area.right, area.bottom));
     std::int64_t numbers = 0;
-    for (const auto& part : cells->queryContentCells(Flags::VALUE | Flags::DATETIME)->getRangeAddresses()) {
+    for (const auto& part :
+         given(cells->queryContentCells(Flags::VALUE | Flags::DATETIME))->getRangeAddresses()) {
         const CellArea block = normalised(part);
         numbers += std::int64_t{block.rows()} * block.columns();
     }

@@ -97,7 +97,8 @@ std::vector<RowStretch> visibleRows(const SheetRef& sheet, std::int32_t top, std
     const auto cells =
         query<css::sheet::XCellRangesQuery>(sheet->getCellRangeByPosition(column, top, column, bottom));
     std::vector<RowStretch> stretches;
-    for (const css::table::CellRangeAddress& address : cells->queryVisibleCells()->getRangeAddresses()) {
+    for (const css::table::CellRangeAddress& address :
+         given(cells->queryVisibleCells())->getRangeAddresses()) {
         stretches.push_back({address.StartRow, address.EndRow});
     }
     return mergedStretches(std::move(stretches));

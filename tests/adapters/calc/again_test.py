@@ -62,8 +62,14 @@ class AgainCase(DialogCase):
         button.click()
         self.assertTrue(wait_for(lambda: not look()))
 
-    def wait_for_u(self, wanted, cell="E8", sheet=None):
-        self.assertTrue(wait_for(lambda: self.u(cell, sheet) == wanted, 30), self.u(cell, sheet))
+    def wait_for_u(self, wanted, document=None):
+        sheet = document.Sheets.getByIndex(0) if document else self.sheet
+        self.assertTrue(wait_for(lambda: self.u(sheet=sheet) == wanted, 30), self.u(sheet=sheet))
+        self.wait_for_end(document)
+
+    def wait_for_end(self, document=None):
+        """A report that is seen is not whole yet: its step of Undo ends after what stands beside it."""
+        self.assertTrue(wait_for((document or self.document).UndoManager.isUndoPossible, 30))
 
     def steps(self):
         return list(self.document.UndoManager.AllUndoActionTitles)
@@ -118,6 +124,7 @@ class Again(AgainCase):
         self.again("J4")
         # Eight of each now: two more below all of the eight others but none, and 18 above 17 and 16.
         self.assertTrue(wait_for(lambda: 62.0 in self.numbers("J4:M14"), 30), self.numbers("J1:M20"))
+        self.wait_for_end()
         self.assertEqual(self.sheet.getCellRangeByName("J5").String, "Set 1 Range = Data!$A$1:$A$9")
 
     def test_it_is_kept_in_files(self):
@@ -131,7 +138,7 @@ class Again(AgainCase):
                     sheet = opened.Sheets.getByIndex(0)
                     sheet.getCellRangeByName("A5").Value = 10
                     self.again(document=opened)
-                    self.wait_for_u(36, sheet=sheet)
+                    self.wait_for_u(36, opened)
                 finally:
                     opened.close(True)
 
@@ -148,6 +155,7 @@ class Again(AgainCase):
         sums = [row for row in cells.DataArray if row[0] == "Sum"]
         self.again()
         self.assertTrue(wait_for(lambda: [r for r in cells.DataArray if r[0] == "Sum"] != sums, 30))
+        self.wait_for_end()
         self.assertIn("=", "".join(f[:1] for row in cells.FormulaArray for f in row))
 
     def test_cells_that_the_user_changed_are_replaced_only_when_the_user_says_so(self):
@@ -235,10 +243,11 @@ class Growing(AgainCase):
         self.long_table(5)
         self.again("E30")
         self.assertTrue(wait_for(lambda: len(self.used()) > len(small), 30))
-        self.settle()
+        self.wait_for_end()
         self.long_table(2)
         self.again("E30")
         self.assertTrue(wait_for(lambda: self.used() == small, 30), self.used())
+        self.wait_for_end()
 
     def test_it_grows_over_no_cell_of_the_user(self):
         self.long_table(2)
@@ -247,7 +256,7 @@ class Growing(AgainCase):
         self.long_table(6)
         self.again("E30")
         self.assertTrue(wait_for(lambda: len(self.used()) > len(small), 30))
-        self.settle()
+        self.wait_for_end()
         grown = {(row, column) for row, column, _ in self.used()}
         self.document.UndoManager.undo()
         self.assertEqual(self.used(), small)

@@ -2,6 +2,7 @@
 
 import pathlib
 import tempfile
+import threading
 import unittest
 
 import uno  # noqa: F401
@@ -41,6 +42,19 @@ class Meddler(unohelper.Base, XModifyListener):
 
     def disposing(self, event):
         pass
+
+
+class Closer(Meddler):
+    """Closes the document when a cell has changed, beside the one who changed it: as soon as that one lets go."""
+
+    def __init__(self, watched, document):
+        super().__init__(watched, None)
+        self.closing = threading.Thread(target=document.close, args=(True,))
+
+    def modified(self, event):
+        if not self.busy:
+            self.busy = True
+            self.closing.start()
 
 
 class Placing(TestCase):
@@ -328,6 +342,24 @@ class Placing(TestCase):
             self.assertEqual(cells_of(other.Sheets.getByIndex(0))[0][3], "Mann-Whitney Test Results for:")
         finally:
             other.close(True)
+
+    def test_a_document_closed_while_its_report_comes_ends_that_test_alone(self):
+        kruskal_wallis = 6
+        for _ in range(3):
+            document = office.open_with([["x", i, i + 1, i + 3] for i in range(60)])
+            closer = Closer(document.Sheets.getByIndex(0).getCellRangeByName("BK1"), document)
+            request = self.make_request("Data!BK1")
+            request.Method, request.YRange = kruskal_wallis, "Data!A1:BH4"
+            number = CALC_ERROR
+            try:
+                request.Results()  # It may be done before the document is closed.
+            except AnalysisException as error:
+                number = error.Number
+            closer.closing.join()
+            self.assertEqual(number, CALC_ERROR)
+        self.document.CurrentController.Frame.activate()
+        self.make_request("Data!D1").Results()
+        self.assertEqual(self.sheet.getCellRangeByName("D1").String, "Mann-Whitney Test Results for:")
 
     def test_ranges_stay_with_the_document_they_were_named_in(self):
         other = office.open_with([["x", 9, 9, 9], ["y", 8, 8, 8]])
