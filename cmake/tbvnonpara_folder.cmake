@@ -6,6 +6,8 @@ function(tbvnonpara_compile_as_project target)
     target_include_directories(
         ${target} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<INSTALL_INTERFACE:include>)
     target_compile_options(${target} PRIVATE -ffp-contract=off -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
+    # A tenth to a quarter of GCC's time was looking for memory to use again, of which a folder needs little.
+    target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:--param=ggc-min-heapsize=1500000>)
 endfunction()
 
 # tbvnonpara_folder(NAME [NEEDS NAME...] [FOLDERS FOLDER...])

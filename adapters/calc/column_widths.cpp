@@ -14,6 +14,8 @@
 #include <iterator>
 #include <set>
 
+#include "tbvnonpara/host/Workbook.hpp"
+
 namespace TBVNonPara::calc {
 
 namespace {

@@ -8,6 +8,7 @@
 #include <com/sun/star/util/XProtectable.hpp>
 
 #include "adapters/calc/visible_rows.hpp"
+#include "tbvnonpara/core/enumerations.hpp"
 
 namespace TBVNonPara::calc {
 

@@ -1,5 +1,6 @@
 #include "tbvnonpara/details/clsNonParaDetails.hpp"
 
+#include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
 

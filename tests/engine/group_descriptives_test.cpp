@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <random>
 
+#include "tbvnonpara/companion/own/contingency_analysis.hpp"
 #include "tests/support/engine_fixture.hpp"
 #include "tests/support/told.hpp"
 

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "tbvnonpara/files/reading/spreadsheet_file.hpp"
+#include "tbvnonpara/workbook/host_error.hpp"
 #include "tests/files/workbooks.hpp"
 #include "tests/support/raised.hpp"
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tbvnonpara/core/enumerations.hpp"
 #include "tests/support/raised.hpp"
 #include "tests/support/recording_formatter.hpp"
 #include "tests/support/sheet_text.hpp"
