@@ -1,5 +1,6 @@
 """A screen of the test's own, and the windows on it: seen through accessibility, photographed, clicked."""
 
+import collections
 import os
 import pathlib
 import subprocess
@@ -74,13 +75,15 @@ class Screen:
 def wait_for(what, seconds=PATIENCE):
     """The first answer that is not nothing."""
     limit = time.monotonic() + seconds
+    pause = 0.05
     while True:
         answer = what()
         if answer:
             return answer
         if time.monotonic() > limit:
             return answer
-        time.sleep(0.05)
+        time.sleep(pause)
+        pause = min(0.4, 1.5 * pause)  # Whoever asks often keeps the office from what is waited for.
 
 
 class Element:
@@ -99,13 +102,10 @@ class Element:
 
     @property
     def children(self):
-        count = min(self.context.getAccessibleChildCount(), 200)
-        found = []
-        for i in range(count):
+        for i in range(min(self.context.getAccessibleChildCount(), 200)):
             child = self.context.getAccessibleChild(i)
             if child is not None:
-                found.append(Element(child.getAccessibleContext()))
-        return found
+                yield Element(child.getAccessibleContext())
 
     def has(self, state):
         states = self.context.getAccessibleStateSet()
@@ -114,9 +114,13 @@ class Element:
         return states.contains(state)
 
     def walk(self):
+        """Itself and all that it holds, the nearest first: what is looked for is seldom deep, and each costs a call."""
         yield self
-        for child in self.children:
-            yield from child.walk()
+        waiting = collections.deque([self])
+        while waiting:
+            for child in waiting.popleft().children:
+                yield child
+                waiting.append(child)
 
     def find(self, name, role=None):
         for element in self.walk():
