@@ -96,7 +96,8 @@ bool AnalysisDialog::countHidden() {
 
 bool AnalysisDialog::countRows() {
     const bool hiddenChanged = countHidden();
-    return readTable() || hiddenChanged;
+    const bool tableChanged = readTable();
+    return readNames() || tableChanged || hiddenChanged;
 }
 
 void AnalysisDialog::labelFields() {
@@ -116,7 +117,7 @@ void AnalysisDialog::arrange() {
     const TBVNPMethod test = method();
     const std::int32_t alternative = m_View.selected(controls::alternative);
     const bool pairs = isLong() || !m_View.text(Field::Second).empty();
-    m_View.fill(controls::alternative, alternativesOf(test, pairs, m_Language));
+    m_View.fillWith(controls::alternative, alternativesOf(test, pairs, m_Names, m_Language));
     m_View.select(controls::alternative, alternative);
     labelFields();
     m_State.alternatives = !takesGroups(test);

@@ -77,6 +77,8 @@ class AnalysisDialog
     [[nodiscard]] bool isLong() const;
     /// Reads the groups' names and what is missing; whether the dialog shows something else now.
     bool readTable();
+    /// Reads what the samples are called; whether the alternatives say something else now.
+    bool readNames();
     void tick();
     void moveGroup(int by);
     void showGroups(std::int32_t selected);
@@ -112,6 +114,7 @@ class AnalysisDialog
     Reference<css::task::XStatusIndicator> m_Progress;
     HiddenCount m_Hidden;
     reshaping::Account m_Missing;
+    SampleNames m_Names;
     bool m_Open = false;
 };
 

@@ -31,7 +31,7 @@ void AnalysisDialog::rememberSettings() const {
 void AnalysisDialog::showSettings() {
     const AnalysisSettings& last = lastSettings(document());
     m_View.select(controls::test, last.method);
-    m_View.fill(controls::alternative, alternativesOf(last.method, true, m_Language));
+    m_View.fillWith(controls::alternative, alternativesOf(last.method, true, {}, m_Language));
     m_View.select(controls::alternative, last.tails);
     m_View.setText(Field::First, last.firstRange);
     m_View.setText(Field::Second, last.secondRange);

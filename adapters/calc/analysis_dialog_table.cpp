@@ -2,6 +2,7 @@
 
 #include "adapters/calc/analysis_dialog.hpp"
 #include "adapters/calc/main_thread.hpp"
+#include "adapters/calc/sample_names.hpp"
 
 namespace TBVNonPara::calc {
 
@@ -25,6 +26,12 @@ bool AnalysisDialog::readTable() {
     return true;
 }
 
+bool AnalysisDialog::readNames() {
+    SampleNames names = sampleNames(document(), settings());
+    std::swap(m_Names, names);
+    return names != m_Names;
+}
+
 void AnalysisDialog::showGroups(std::int32_t selected) {
     m_View.showGroups(m_Groups.lines(), selected);
 }
@@ -44,6 +51,9 @@ void AnalysisDialog::moveGroup(int by) {
     const std::int32_t place = m_View.selectedGroup();
     if (place >= 0) {
         showGroups(static_cast<std::int32_t>(m_Groups.move(static_cast<std::size_t>(place), by)));
+        if (readNames()) {
+            arrange();
+        }
     }
 }
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "tbvnonpara/core/display_width.hpp"
+
 namespace TBVNonPara::calc {
 
 namespace {
@@ -173,22 +175,29 @@ constexpr DialogTexts german{
     .notRepeated = "Der Test wurde nicht wiederholt: %",
 };
 
+using Wording = std::array<std::string_view, 3>;
+
+/// The names of the samples in place of percent signs.
 struct AlternativeTexts {
-    Alternatives samples, correlation, differences, codes, runs;
+    Wording samples, namedSamples, correlation, differences, namedDifferences, codes, runs;
 };
 
 constexpr AlternativeTexts englishAlternatives{
     .samples = {"the two differ", "first tends to be larger", "first tends to be smaller"},
+    .namedSamples = {"the two differ", "% tends to be larger", "% tends to be smaller"},
     .correlation = {"the two are correlated", "they rise together", "one falls as the other rises"},
     .differences = {"the two differ", "first mostly larger than second", "first mostly smaller than second"},
+    .namedDifferences = {"the two differ", "% mostly larger than %", "% mostly smaller than %"},
     .codes = {"plus and minus differ in number", "more plus than minus", "fewer plus than minus"},
     .runs = {"the order is not random", "fewer runs than expected", "more runs than expected"},
 };
 
 constexpr AlternativeTexts germanAlternatives{
     .samples = {"beide unterscheiden sich", "erster tendenziell größer", "erster tendenziell kleiner"},
+    .namedSamples = {"beide unterscheiden sich", "% tendenziell größer", "% tendenziell kleiner"},
     .correlation = {"beide hängen zusammen", "beide steigen gemeinsam", "einer fällt, wenn der andere steigt"},
     .differences = {"beide unterscheiden sich", "erster meist größer als zweiter", "erster meist kleiner als zweiter"},
+    .namedDifferences = {"beide unterscheiden sich", "% meist größer als %", "% meist kleiner als %"},
     .codes = {"Plus und Minus sind verschieden häufig", "mehr Plus als Minus", "weniger Plus als Minus"},
     .runs = {"die Reihenfolge ist nicht zufällig", "weniger Iterationen als erwartet", "mehr Iterationen als erwartet"},
 };
@@ -234,6 +243,28 @@ constexpr auto germanCauses = std::to_array<GermanCause>({
     {Cause::RunsAreCertain, "Alle Zellen sind gleich, oder alle verschieden; die Zahl der Iterationen steht damit fest. Der Test braucht Kategorien, die sich wiederholen."},
 });
 // clang-format on
+
+const Wording& wordingOf(const AlternativeTexts& texts, TBVNPMethod method, bool secondRange, bool named) {
+    const Wording& differences = named ? texts.namedDifferences : texts.differences;
+    switch (method) {
+        case tbvNPSpearman:
+            return texts.correlation;
+        case tbvNPWilcoxon:
+            return differences;
+        case tbvNPSign:
+            return secondRange ? differences : texts.codes;
+        case tbvNPWWRuns:
+            return texts.runs;
+        default:
+            return named ? texts.namedSamples : texts.samples;
+    }
+}
+
+/// Two of them stand on a line of the list.
+std::string shortName(const std::string& name) {
+    constexpr std::size_t most = 16;
+    return shortenedToWidth(onOneLine(name), most);
+}
 
 /// The first word of a description is the cell that it is about.
 std::string withCell(std::string_view text, const std::string& description) {
@@ -323,20 +354,14 @@ std::string liveWords(const DialogTexts& texts, const LiveOutcome& outcome) {
     return list.empty() ? list : filledIn(texts.partlyLive, std::array{list});
 }
 
-const Alternatives& alternativesOf(TBVNPMethod method, bool secondRange, std::string_view language) {
+Alternatives alternativesOf(TBVNPMethod method, bool secondRange, const SampleNames& names,
+                            std::string_view language) {
     const AlternativeTexts& texts = isGerman(language) ? germanAlternatives : englishAlternatives;
-    switch (method) {
-        case tbvNPSpearman:
-            return texts.correlation;
-        case tbvNPWilcoxon:
-            return texts.differences;
-        case tbvNPSign:
-            return secondRange ? texts.differences : texts.codes;
-        case tbvNPWWRuns:
-            return texts.runs;
-        default:
-            return texts.samples;
-    }
+    const std::array facts{shortName(names.first), shortName(names.second)};
+    Alternatives alternatives;
+    std::ranges::transform(wordingOf(texts, method, secondRange, !names.first.empty()), alternatives.begin(),
+                           [&](std::string_view words) { return filledIn(words, facts); });
+    return alternatives;
 }
 
 std::string_view germanWords(Cause cause) noexcept {

@@ -107,10 +107,19 @@ struct DialogTexts {
 /// What became of them where it is not what was wanted; else nothing.
 [[nodiscard]] std::string liveWords(const DialogTexts& texts, const LiveOutcome& outcome);
 
-/// The three alternatives in the words of a test: both ways, first greater, first less.
-using Alternatives = std::array<std::string_view, 3>;
-[[nodiscard]] const Alternatives& alternativesOf(TBVNPMethod method, bool secondRange,
-                                                 std::string_view language);
+/// What two samples are called; empty where they have no names.
+struct SampleNames {
+    std::string first;
+    std::string second;
+
+    friend bool operator==(const SampleNames&, const SampleNames&) = default;
+};
+
+/// The three alternatives in the words of a test, and with the names of its samples, shortened, where they
+/// have some: both ways, first greater, first less.
+using Alternatives = std::array<std::string, 3>;
+[[nodiscard]] Alternatives alternativesOf(TBVNPMethod method, bool secondRange, const SampleNames& names,
+                                          std::string_view language);
 
 /// What a cause is called in German, a percent sign for the cell that the error names; empty for an unknown
 /// one.

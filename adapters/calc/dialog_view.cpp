@@ -101,7 +101,7 @@ void DialogView::listen(const Reference<css::awt::XActionListener>& actions,
         query<css::awt::XRadioButton>(control(ascii(name)))->addItemListener(items);
     }
     for (const char* name : {controls::groupsInColumn, controls::missing, controls::visibleRows,
-                             controls::ignoreTies, controls::details}) {
+                             controls::labels, controls::ignoreTies, controls::details}) {
         query<css::awt::XCheckBox>(control(ascii(name)))->addItemListener(items);
     }
     const auto groups = query<css::awt::XWindow>(control(ascii(controls::groups)));
@@ -129,8 +129,12 @@ void DialogView::fill(const char* list, std::span<const std::string_view> items)
     set(ascii(list), "StringItemList", Any(texts));
 }
 
+void DialogView::fillWith(const char* list, std::span<const std::string> items) {
+    fill(list, std::vector<std::string_view>(items.begin(), items.end()));
+}
+
 void DialogView::showGroups(std::span<const std::string> lines, std::int32_t selected) {
-    fill(controls::groups, std::vector<std::string_view>(lines.begin(), lines.end()));
+    fillWith(controls::groups, lines);
     if (selected >= 0) {
         select(controls::groups, selected);
     }

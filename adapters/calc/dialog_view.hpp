@@ -98,6 +98,7 @@ class DialogView {
     [[nodiscard]] std::int32_t selected(const char* list) const;
     void select(const char* list, std::int32_t position);
     void fill(const char* list, std::span<const std::string_view> items);
+    void fillWith(const char* list, std::span<const std::string> items);
     void showGroups(std::span<const std::string> lines, std::int32_t selected);
     /// The group that the list stands on; -1 for none.
     [[nodiscard]] std::int32_t selectedGroup() const;

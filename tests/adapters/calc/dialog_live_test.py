@@ -291,16 +291,16 @@ class Live(Ticks):
 
     def test_each_figure_of_each_test_is_that_of_the_plain_report(self):
         self.sheet.getCellRangeByName("D1:D7").setDataArray((("sign",), (1,), (1,), (-1,), (1,), (0,), (1,)))
-        less = "first tends to be smaller"
+        less = "Before tends to be smaller"
         wanted = [
             ("Mann-Whitney U test", "A1:B7", less, 4),
-            ("Mann-Whitney U test", "A1:B7", "first tends to be larger", 4),
+            ("Mann-Whitney U test", "A1:B7", "Before tends to be larger", 4),
             ("Wilcoxon paired-sample test", "A1:B7", None, 3),
-            ("Wilcoxon paired-sample test", "A1:C7", "first mostly larger than second", 3),
-            ("Wilcoxon paired-sample test", "A1:C7", "first mostly smaller than second", 3),
+            ("Wilcoxon paired-sample test", "A1:C7", "Before mostly larger than After", 3),
+            ("Wilcoxon paired-sample test", "A1:C7", "Before mostly smaller than After", 3),
             ("Spearman rank correlation", "A1:B7", "they rise together", 3),
             ("Sign test", "D1:D7", "more plus than minus", 4),
-            ("Sign test", "A1:B7", "first mostly smaller than second", 4),
+            ("Sign test", "A1:B7", "Before mostly smaller than After", 4),
             ("Mood median test", "A1:B7", None, 12),
             ("Mood median test", "A1:C7", None, 6),
             ("Friedman test", "A1:C7", None, 7),

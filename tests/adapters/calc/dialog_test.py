@@ -121,12 +121,39 @@ class Dialog(DialogCase):
         self.choose("Test:", "Wilcoxon paired-sample test")
         self.assertTrue(wait_for(lambda: "Second range:" in self.texts()))
         self.assertIsNotNone(self.control("Leave zero differences unranked", CHECK_BOX))
-        items = [e.name for e in self.dialog.walk() if e.role == LIST_ITEM]
-        self.assertIn("first mostly larger than second", items)
+        self.assertIn("Before mostly larger than After", self.items())
         self.picture("pairs")
         self.choose("Test:", "Mann-Whitney U test")
         self.assertTrue(wait_for(lambda: self.control("Leave zero differences unranked", CHECK_BOX) is None))
-        self.assertIn("first tends to be larger", [e.name for e in self.dialog.walk()])
+        self.assertIn("Before tends to be larger", self.items())
+
+    def items(self):
+        return [e.name for e in self.dialog.walk() if e.role == LIST_ITEM]
+
+    def wait_for_item(self, item):
+        self.assertTrue(wait_for(lambda: item in self.items(), 30), self.items())
+
+    def test_the_alternatives_name_the_samples_by_their_labels(self):
+        self.sheet.getCellRangeByName("C1").String = "Concentration a week later"
+        self.open_dialog("A1:B7")
+        self.wait_for_item("Before tends to be larger")
+        self.choose("Alternative:", "Before tends to be smaller")
+        self.field("First range:").type("Data!B1:B7")
+        self.wait_for_item("After tends to be smaller")
+        chosen = [e.text for e in self.dialog.walk() if e.role == TEXT]
+        self.assertIn("After tends to be smaller", chosen)
+        self.field("First range:").type("Data!B1:")
+        self.wait_for_item("first tends to be smaller")
+        self.field("First range:").type("Data!C1:C7")
+        self.wait_for_item("Concentr…k later tends to be larger")
+        self.tick("Labels in the first row", False)
+        self.wait_for_item("first tends to be larger")
+        self.tick("Labels in the first row")
+        self.choose("Test:", "Wilcoxon paired-sample test")
+        self.wait_for_item("Concentr…k later mostly larger than After")
+        self.check_layout()
+        self.choose("Test:", "Mann-Whitney U test")
+        self.choose("Alternative:", "the two differ")
 
     def test_the_report_goes_to_a_cell_that_is_free(self):
         self.open_dialog("A1:B7")
@@ -192,6 +219,7 @@ class Dialog(DialogCase):
     def test_it_speaks_german_where_calc_does(self):
         self.document.CurrentController.select(self.sheet.getCellRangeByName("A1:B7"))
         with self.in_german():
+            self.wait_for_item("Before tendenziell größer")
             self.field("Zweiter Bereich:").type("")
             self.press("OK")
             self.assertTrue(wait_for(lambda: "Dieser Test braucht einen zweiten Bereich." in self.texts()))

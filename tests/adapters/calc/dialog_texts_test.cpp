@@ -68,8 +68,11 @@ TEST_P(EveryLanguage, HasWordsForWhateverKeepsFiguresFromFollowingTheData) {
 TEST_P(EveryLanguage, HasThreeDifferentAlternativesForEveryTestThatTakesThem) {
     for (const TBVNPMethod method : {tbvNPMannU, tbvNPWilcoxon, tbvNPSpearman, tbvNPSign, tbvNPWWRuns}) {
         for (const bool secondRange : {false, true}) {
-            const Alternatives& texts = alternativesOf(method, secondRange, GetParam());
-            EXPECT_EQ(std::set<std::string_view>(texts.begin(), texts.end()).size(), 3U);
+            for (const SampleNames& names : {SampleNames(), SampleNames{"Control", "Treated"}}) {
+                const Alternatives texts = alternativesOf(method, secondRange, names, GetParam());
+                EXPECT_EQ(std::set<std::string>(texts.begin(), texts.end()).size(), 3U);
+                EXPECT_EQ(texts[tbvNPVar1GTVar2].find('%'), std::string::npos);
+            }
         }
     }
 }
@@ -164,9 +167,31 @@ TEST(Dialog, SpeaksEnglishWhereALanguageIsMissing) {
     EXPECT_EQ(dialogTexts("de-AT").title, "Nichtparametrische Tests");
 }
 
+TEST(Dialog, NamesTheSamplesInTheAlternatives) {
+    const SampleNames names{"Control", "100 % new"};
+    const auto larger = [&](TBVNPMethod method, std::string_view language) {
+        return alternativesOf(method, true, names, language)[tbvNPVar1GTVar2];
+    };
+    EXPECT_EQ(larger(tbvNPMannU, "en"), "Control tends to be larger");
+    EXPECT_EQ(larger(tbvNPMannU, "de"), "Control tendenziell größer");
+    EXPECT_EQ(larger(tbvNPWilcoxon, "en"), "Control mostly larger than 100 % new");
+    EXPECT_EQ(larger(tbvNPSign, "de"), "Control meist größer als 100 % new");
+    EXPECT_EQ(larger(tbvNPSpearman, "en"), "they rise together");
+    EXPECT_EQ(alternativesOf(tbvNPSign, false, names, "en")[tbvNPVar1GTVar2], "more plus than minus");
+}
+
+TEST(Dialog, ShortensLongNamesInTheAlternatives) {
+    const SampleNames names{"Concentration before treatment\n(mg/l)", "Später"};
+    const std::string text = alternativesOf(tbvNPWilcoxon, true, names, "en")[tbvNPVar1LTVar2];
+    EXPECT_NE(text.find("…"), std::string::npos) << text;
+    EXPECT_EQ(text.find('\n'), std::string::npos);
+    EXPECT_TRUE(text.starts_with("Conc")) << text;
+    EXPECT_TRUE(text.ends_with("mostly smaller than Später")) << text;
+}
+
 TEST(Dialog, SaysMoreRunsWhereTheReportDoes) {
     // The report calls the second choice "Fewer Runs than Expected".
-    EXPECT_EQ(alternativesOf(tbvNPWWRuns, false, "en")[tbvNPVar1GTVar2], "fewer runs than expected");
+    EXPECT_EQ(alternativesOf(tbvNPWWRuns, false, {}, "en")[tbvNPVar1GTVar2], "fewer runs than expected");
 }
 
 std::string words(const Error& error, TBVNPMethod method, std::string_view language) {
