@@ -25,7 +25,7 @@ std::vector<AnalysisDialog*>& openDialogs() {
 void AnalysisDialog::openFor(const Context& context, const Reference<css::frame::XFrame>& frame) {
     for (AnalysisDialog* dialog : openDialogs()) {
         if (dialog->m_Frame == frame) {
-            dialog->m_View.bringToFront();
+            dialog->showAgain();
             return;
         }
     }
@@ -64,6 +64,15 @@ void AnalysisDialog::open() {
     openDialogs().push_back(this);
     m_Open = true;
     m_View.focus(Field::First);
+}
+
+void AnalysisDialog::showAgain() {
+    if (!m_Run && m_Picking == Field::None) {
+        prefill();
+        countRows();
+        arrange();
+    }
+    m_View.bringToFront();
 }
 
 void AnalysisDialog::close() {

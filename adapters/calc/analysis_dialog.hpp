@@ -23,7 +23,8 @@ class AnalysisDialog
                                    css::awt::XTopWindowListener, css::sheet::XRangeSelectionListener,
                                    css::frame::XTerminateListener> {
  public:
-    /// Opens the dialog of a window, or brings the one that is open to the front.
+    /// Opens the dialog of a window, or brings the one that is open to the front. What is selected is filled
+    /// in.
     static void openFor(const Context& context, const Reference<css::frame::XFrame>& frame);
 
     AnalysisDialog(const Context& context, const Reference<css::frame::XFrame>& frame);
@@ -61,6 +62,8 @@ class AnalysisDialog
     using DataTexts = std::array<std::string, dataFields.size()>;
 
     void open();
+    /// Comes to the front, with what is selected by now.
+    void showAgain();
     void close();
     void showSettings();
     void rememberSettings() const;

@@ -21,6 +21,8 @@ class CommandHandler : public cppu::WeakImplHelper4<css::frame::XDispatchProvide
     static constexpr auto implementationName = "TBVNonPara.CommandHandler.Implementation";
     static constexpr auto serviceName = "TBVNonPara.CommandHandler";
 
+    static constexpr auto dialogCommand = "org.tbvnonpara.calc:dialog";
+
     void SAL_CALL initialize(const css::uno::Sequence<css::uno::Any>& arguments) override;
     Reference<css::frame::XDispatch> SAL_CALL queryDispatch(const css::util::URL& url, const OUString& target,
                                                             sal_Int32 flags) override;

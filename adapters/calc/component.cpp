@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "adapters/calc/analysis_object.hpp"
+#include "adapters/calc/cell_menu_job.hpp"
 #include "adapters/calc/command_handler.hpp"
 #include "adapters/calc/details_object.hpp"
 #include "adapters/calc/functions/functions_object.hpp"
@@ -37,6 +38,9 @@ Factory factoryOf(std::string_view implementation) {
     }
     if (implementation == CommandHandler::implementationName) {
         return factoryOf<CommandHandler>();
+    }
+    if (implementation == CellMenuJob::implementationName) {
+        return factoryOf<CellMenuJob>();
     }
     if (implementation == FunctionsObject::implementationName) {
         return factoryOf<FunctionsObject>();

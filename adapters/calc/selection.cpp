@@ -26,6 +26,10 @@ std::vector<CellRangeAddress> addressesOf(const Reference<css::uno::XInterface>&
     return addresses;
 }
 
+bool areSeveral(std::span<const CellRangeAddress> addresses) {
+    return addresses.size() > 1 || (addresses.size() == 1 && !normalised(addresses.front()).isOneCell());
+}
+
 std::string joined(const SheetRef& sheet, std::span<const CellArea> areas) {
     std::string text;
     for (const CellArea& area : areas) {
@@ -67,10 +71,14 @@ std::string userAddress(const SheetRef& sheet, const CellArea& area) {
     return toUtf8(name);
 }
 
+bool areSeveralCells(const Reference<css::uno::XInterface>& selection) {
+    return areSeveral(addressesOf(selection));
+}
+
 SheetAreas selectedCells(const DocumentRef& document) {
     SheetAreas cells{document, {}, {}};
     const auto selection = addressesOf(query<css::frame::XModel>(document)->getCurrentSelection());
-    if (selection.empty() || (selection.size() == 1 && normalised(selection.front()).isOneCell())) {
+    if (!areSeveral(selection)) {
         return cells;
     }
     cells.sheet = sheetAt(document, selection.front().Sheet);

@@ -19,6 +19,9 @@ struct Suggestion {
 /// columns trimmed; no areas where less than two cells are.
 [[nodiscard]] SheetAreas selectedCells(const DocumentRef& document);
 
+/// Whether a selection is one of cells, of more than a single one.
+[[nodiscard]] bool areSeveralCells(const Reference<css::uno::XInterface>& selection);
+
 /// The first of the selected cells, where the cursor stands or the selection begins; none where something
 /// else is selected.
 [[nodiscard]] std::optional<SheetAreas> cursorOf(const DocumentRef& document);

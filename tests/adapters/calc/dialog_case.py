@@ -44,8 +44,7 @@ class DialogCase(TestCase):
         self.document.close(True)
 
     @contextlib.contextmanager
-    def in_german(self):
-        """The office speaks German for a while; the dialog is closed at the end."""
+    def speaking_german(self):
         provider = self.office.create("com.sun.star.configuration.ConfigurationProvider")
         settings = provider.createInstanceWithArguments(
             "com.sun.star.configuration.ConfigurationUpdateAccess",
@@ -54,15 +53,21 @@ class DialogCase(TestCase):
         settings.ooLocale = "de"
         settings.commitChanges()
         try:
+            yield
+        finally:
+            settings.ooLocale = before
+            settings.commitChanges()
+
+    @contextlib.contextmanager
+    def in_german(self):
+        """The office speaks German for a while; the dialog is closed at the end."""
+        with self.speaking_german():
             self.office.dispatch(self.document, COMMAND)
             self.dialog = window(self.office, "Nichtparametrische Tests")
             yield
             self.choose("Test:", "Mann-Whitney-U-Test")
             self.press("Schließen")
             self.assertTrue(wait_for(lambda: window_now(self.office, "Nichtparametrische Tests") is None))
-        finally:
-            settings.ooLocale = before
-            settings.commitChanges()
 
     def find(self):
         return window_now(self.office, TITLE)

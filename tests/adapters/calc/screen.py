@@ -15,11 +15,12 @@ from office import PATIENCE
 class Screen:
     """with Screen() as screen: ... A virtual display, for the office's generic look without a window manager.
 
-    Another look, "gtk3", has a window manager as on a desktop. `settings` are told to the offices on the screen by
-    their environment: GTK_THEME, for example.
+    Another look, "gtk3", has a window manager as on a desktop, and the generic one where it is `managed`. `settings` are
+    told to the offices on the screen by their environment: GTK_THEME, for example.
     """
 
-    def __init__(self, width=1280, height=800, look="gen", **settings):
+    def __init__(self, width=1280, height=800, look="gen", managed=False, **settings):
+        self.managed = managed or look != "gen"
         self.size = f"{width}x{height}x24"
         self.server = None
         self.manager = None
@@ -39,7 +40,7 @@ class Screen:
         self.settings["DISPLAY"] = ":" + number
         self.before = {name: os.environ.get(name) for name in self.settings}
         os.environ.update(self.settings)
-        if self.settings["SAL_USE_VCLPLUGIN"] != "gen":
+        if self.managed:
             self.manager = subprocess.Popen(["timeout", "-k", "5", "1150", "openbox"], stdin=subprocess.DEVNULL,
                                             stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         return self
