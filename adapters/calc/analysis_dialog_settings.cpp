@@ -3,33 +3,38 @@
 #include <cppuhelper/weakref.hxx>
 
 #include "adapters/calc/analysis_dialog.hpp"
+#include "adapters/calc/kept_choices.hpp"
 
 namespace TBVNonPara::calc {
 
 namespace {
 
-/// What the last dialog of a document was left with; it lasts as long as the document is open.
-AnalysisSettings& lastSettings(const DocumentRef& document) {
+/// What the last dialog of a document was left with; it lasts as long as the document is open. The first one
+/// begins with the choices that were kept of others.
+AnalysisSettings& lastSettings(const Context& context, const DocumentRef& document) {
     using Remembered = std::pair<css::uno::WeakReference<css::sheet::XSpreadsheetDocument>, AnalysisSettings>;
     static std::vector<Remembered> all;
     std::erase_if(all, [](const Remembered& one) { return !one.first.get().is(); });
     const auto found =
         std::ranges::find_if(all, [&](const Remembered& one) { return one.first.get() == document; });
-    return found != all.end() ? found->second : all.emplace_back(document, AnalysisSettings()).second;
+    return found != all.end() ? found->second : all.emplace_back(document, keptChoices(context)).second;
 }
 
 }  // namespace
 
 void AnalysisDialog::rememberSettings() const {
+    AnalysisSettings left = settings();
+    left.ignoreTies = m_View.checked(controls::ignoreTies);  // also where another test has no such box
+    keepChoices(m_Context, left);
     // A window that is closed has no document any more.
     const Reference<css::frame::XController> controller = m_Frame->getController();
     if (controller.is() && controller->getModel().is()) {
-        lastSettings(document()) = settings();
+        lastSettings(m_Context, document()) = left;
     }
 }
 
 void AnalysisDialog::showSettings() {
-    const AnalysisSettings& last = lastSettings(document());
+    const AnalysisSettings& last = lastSettings(m_Context, document());
     m_View.select(controls::test, last.method);
     m_View.fillWith(controls::alternative, alternativesOf(last.method, true, {}, m_Language));
     m_View.select(controls::alternative, last.tails);

@@ -37,7 +37,7 @@ class AgainCase(DialogCase):
         super().tearDown()
 
     def wait_until_closed(self):
-        self.assertTrue(wait_for(lambda: self.find() is None and self.find() is None))
+        self.assertTrue(wait_for(lambda: self.find() is None))
 
     def again(self, cell="E2", document=None):
         """Chooses the entry with the cursor in a cell."""

@@ -33,8 +33,22 @@ class DialogCase(TestCase):
         cls.office = cls.enterClassContext(Office(visible=True))
 
     def setUp(self):
+        self.forget_choices()
         self.document = self.office.open_with([BEFORE, AFTER, LATER])
         self.sheet = self.document.Sheets.getByIndex(0)
+
+    def choices(self):
+        """Those that the dialog keeps for other documents."""
+        provider = self.office.create("com.sun.star.configuration.ConfigurationProvider")
+        return provider.createInstanceWithArguments(
+            "com.sun.star.configuration.ConfigurationUpdateAccess",
+            (property_value("nodepath", "/org.tbvnonpara.calc/Choices"),))
+
+    def forget_choices(self):
+        choices = self.choices()
+        for name in choices.ElementNames:
+            choices.replaceByName(name, None)
+        choices.commitChanges()
 
     def tearDown(self):
         opened = self.find()
@@ -70,7 +84,8 @@ class DialogCase(TestCase):
             self.assertTrue(wait_for(lambda: window_now(self.office, "Nichtparametrische Tests") is None))
 
     def find(self):
-        return window_now(self.office, TITLE)
+        """The dialog; looked for twice, because one look may pass over it while other windows come and go."""
+        return window_now(self.office, TITLE) or window_now(self.office, TITLE)
 
     def open_dialog(self, selection=None):
         if selection:

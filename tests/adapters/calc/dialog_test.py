@@ -179,22 +179,6 @@ class Dialog(DialogCase):
             self.assertEqual(self.document.Sheets.ElementNames[-1], name)
             self.assertEqual(self.last_cells()[0][0], "Mann-Whitney Test Results for:")
 
-    def test_another_document_has_settings_of_its_own(self):
-        self.open_dialog("A1:B7")
-        self.choose("Test:", "Spearman rank correlation")
-        self.press("Close")
-        self.assertTrue(wait_for(lambda: self.find() is None))
-        first, self.document = self.document, self.office.open_with([BEFORE, AFTER])
-        try:
-            self.open_dialog()
-            self.assertIn("Mann-Whitney U test", [e.text for e in self.dialog.walk() if e.role == TEXT])
-            self.assertEqual(self.field("First range:").text, "")
-            self.press("Close")
-            self.assertTrue(wait_for(lambda: self.find() is None))
-        finally:
-            self.document.close(True)
-            self.document = first
-
     def test_settings_are_remembered_while_the_document_is_open(self):
         self.open_dialog("A1:B7")
         self.choose("Test:", "Spearman rank correlation")

@@ -165,6 +165,11 @@ class Office:
             os.killpg(self.process.pid, signal.SIGKILL)
             self.process.wait()
 
+    def restart(self):
+        """Ends the office and starts it again, with the same profile."""
+        self._end()
+        self._start()
+
     def create(self, service):
         return self.context.ServiceManager.createInstanceWithContext(service, self.context)
 
