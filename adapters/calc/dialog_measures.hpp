@@ -20,7 +20,7 @@ constexpr std::int32_t listHeight = 56;
 constexpr std::int32_t tickWidth = 10;
 constexpr std::int32_t buttonWidth = 52;
 constexpr std::int32_t buttonHeight = 15;
-constexpr std::int32_t messageColour = 0xB00020;
+constexpr std::int32_t messageColour = 0xA0001C;
 constexpr std::int32_t messageColourOnDark = 0xFF9A8C;
 
 }  // namespace TBVNonPara::calc::measures

@@ -186,6 +186,16 @@ class DialogCase(TestCase):
         left, top, width, height = cell.box
         return left + width // 2, top + height // 2
 
+    def check_label(self, element):
+        """The letters of a label end within it; those of a box are not told."""
+        letters = element.role == LABEL and element.context.getCharacterCount()
+        if letters:
+            last = element.context.getCharacterBounds(letters - 1)
+            _, _, width, height = element.box
+            around = 2  # pixels that a letter's place is told too large
+            self.assertTrue(last.X + last.Width <= width + around and last.Y + last.Height <= height + around,
+                            element.name)
+
     def check_layout(self):
         left, top, width, height = self.dialog.box
         roles = (LABEL, TEXT, PUSH_BUTTON, CHECK_BOX, RADIO_BUTTON, COMBO_BOX, LIST)
@@ -193,6 +203,7 @@ class DialogCase(TestCase):
         for element in self.dialog.children:
             if element.role in roles and element.box[2] > 10:
                 boxes.append((element.name, element.role, element.box))
+                self.check_label(element)
         for name, _, (x, y, w, h) in boxes:
             self.assertTrue(x >= left and y >= top and x + w <= left + width and y + h <= top + height, name)
         for i, (name, _, a) in enumerate(boxes):

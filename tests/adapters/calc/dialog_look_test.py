@@ -12,7 +12,7 @@ import uno  # noqa: F401
 from com.sun.star.accessibility.AccessibleRole import CHECK_BOX, COMBO_BOX, LABEL, PUSH_BUTTON, RADIO_BUTTON, TEXT
 
 from dialog_case import DialogCase
-from screen import wait_for, window
+from screen import wait_for, window, windows
 
 TESTS = ("Mann-Whitney U test", "Wilcoxon paired-sample test", "Spearman rank correlation", "Sign test",
          "Mood median test", "Friedman test", "Kruskal-Wallis test", "Wald-Wolfowitz runs test")
@@ -147,6 +147,78 @@ class DarkGtk(DesktopLook):
         self.check_message()
 
 
+class LargeGtk(DesktopLook):
+    """Everything twice as large, as on a screen with small pixels."""
+
+    look = {"look": "gtk3", "GTK_THEME": "Adwaita", "GDK_SCALE": "2", "width": 2560, "height": 1600}
+    shown = "large"
+
+    def test_the_screen_is_what_it_shall_be(self):
+        # In the units of the desktop the screen is half as wide.
+        _, _, width, _ = self.main_window()
+        self.assertEqual(width, 1280)
+
+    def main_window(self):
+        return next(w.box for w in windows(self.office) if w.name.startswith("Untitled"))
+
+    def test_nothing_is_cut_and_nothing_overlaps(self):
+        self.open_dialog("A1:C7")
+        for test, row in (("Mann-Whitney U test", "Alternative:"), ("Kruskal-Wallis test", "Data ranges:"),
+                          ("Wilcoxon paired-sample test", "Alternative:")):
+            with self.subTest(test=test):
+                self.choose("Test:", test)
+                self.assertTrue(wait_for(lambda: row in self.texts()))
+                self.check_layout()
+        self.tick("Groups in one column")
+        self.assertTrue(wait_for(lambda: "Block range:" in self.texts()))
+        self.check_layout()
+
+    def test_details_are_asked_for_without_overlaps(self):
+        self.show_details()
+
+    def test_an_error_can_be_read(self):
+        self.check_message()
+        self.check_layout()
+
+    def test_german_needs_no_more_room(self):
+        self.document.CurrentController.select(self.sheet.getCellRangeByName("A1:C7"))
+        with self.in_german():
+            self.check_layout()
+            self.choose("Test:", "Wilcoxon-Test für Paare")
+            self.tick("Effektgrößen, Intervalle und Vergleiche")
+            self.tick("Gruppen in einer Spalte")
+            self.assertTrue(wait_for(lambda: "Konfidenzniveau (%):" in self.texts()))
+            self.check_layout()
+            self.picture(self.shown + "_german")
+
+
+class LargeDarkGtk(LargeGtk):
+    look = {**LargeGtk.look, "GTK_THEME": "Adwaita:dark"}
+    shown = "large_dark"
+
+
+class LargeLetters(LargeGtk):
+    """Letters alone are twice as large, for those who see badly."""
+
+    look = {"look": "gtk3", "GTK_THEME": "Adwaita", "GDK_DPI_SCALE": "2", "width": 2560, "height": 1600}
+    shown = "large_letters"
+
+    def test_the_screen_is_what_it_shall_be(self):
+        _, _, width, _ = self.open_dialog().box
+        self.assertGreater(width, 1000)
+
+
+class LargePlain(LargeLetters):
+    """The office's own look, which knows no dark one."""
+
+    look = {"SAL_FORCEDPI": "192", "width": 2560, "height": 1600}
+    shown = "large_plain"
+
+    def test_the_screen_is_what_it_shall_be(self):
+        _, _, width, _ = self.open_dialog().box
+        self.assertGreater(width, 850)
+
+
 class Plain(DialogCase):
     def buttons_of(self, dialog, names):
         """The names of the buttons from left to right."""
@@ -154,8 +226,10 @@ class Plain(DialogCase):
         return [e.name.replace("Close", "Cancel") for e in sorted(found, key=lambda e: e.box[0])]
 
     def test_the_buttons_stand_as_in_the_dialogs_of_the_office(self):
-        own = threading.Thread(target=self.office.dispatch,
-                               args=(self.document, ".uno:DescriptiveStatisticsDialog"), daemon=True)
+        # The thread looks nothing up: two threads that ask for a method at the same time may both miss it.
+        execute = self.office.create("com.sun.star.frame.DispatchHelper").executeDispatch
+        frame = self.document.CurrentController.Frame
+        own = threading.Thread(target=execute, args=(frame, ".uno:DescriptiveStatisticsDialog", "", 0, ()), daemon=True)
         own.start()
         dialog = window(self.office, "Descriptive Statistics")
         wanted = self.buttons_of(dialog, ("Help", "OK", "Cancel"))
