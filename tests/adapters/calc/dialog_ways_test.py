@@ -89,6 +89,7 @@ class Ways(DialogCase):
         entries = self.menu_of_cell("B3")
         self.assertEqual(entries[-1], ENTRY)
         self.assertEqual(entries.count(ENTRY), 1)
+        self.picture("context_menu")
         self.choose_entry()
         self.check_ranges("$Data.$A$1:$A$7", "$Data.$B$1:$B$7")
 
