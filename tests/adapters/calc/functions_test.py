@@ -274,8 +274,8 @@ class Functions(TestCase):
             document.close(True)
             self.check_stored(again)
 
-    def test_a_million_rows_are_taken(self):
-        rows = 1_000_000
+    def test_whole_columns_are_taken(self):
+        rows = 1_048_576
         document = office.open()
         sheet = document.Sheets.getByIndex(0)
         try:
@@ -285,12 +285,12 @@ class Functions(TestCase):
             for name, formula in (("T.TEST", "=T.TEST({0};2;2)"), ("MANNWHITNEY.TEST", "=MANNWHITNEY.TEST({0})")):
                 start = time.monotonic()
                 cell = sheet.getCellRangeByName("D1")
-                cell.Formula = formula.format(f"A1:A{rows};B1:B{rows}")
+                cell.Formula = formula.format("A1:A1048576;B1:B1048576")
                 self.assertEqual(0, cell.getError(), name)
                 seconds[name] = time.monotonic() - start
             start = time.monotonic()
             block.getDataArray()
-            print("1,000,000 x 2:", {name: round(time, 2) for name, time in seconds.items()},
+            print("1,048,576 x 2:", {name: round(time, 2) for name, time in seconds.items()},
                   "and to read them through the bridge", round(time.monotonic() - start, 2))
         finally:
             document.close(True)
