@@ -91,9 +91,23 @@ class DialogCase(TestCase):
         if selection:
             self.document.CurrentController.select(self.sheet.getCellRangeByName(selection))
         self.office.dispatch(self.document, COMMAND)
-        self.dialog = window(self.office, TITLE)
+        self.dialog = window(self.office, TITLE, 60) or self.wake_the_office()
         self.assertIsNotNone(self.dialog)
         return self.dialog
+
+    def wake_the_office(self):
+        """Once in some hundred times, on a busy machine, the office does not come to what it was asked for; what helped
+        is told."""
+        seen = [w.name for w in windows(self.office)]
+        self.office.on_main_thread(lambda: None)
+        dialog = window(self.office, TITLE, 30)
+        if dialog is None:
+            self.office.dispatch(self.document, COMMAND)
+            dialog = window(self.office, TITLE)
+            print("asked twice for the dialog; windows before:", seen)
+        else:
+            print("another call woke the office; windows before:", seen)
+        return dialog
 
     def picture(self, name):
         if PICTURES:
