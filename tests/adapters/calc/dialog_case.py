@@ -7,11 +7,11 @@ import time
 
 import uno  # noqa: F401
 from com.sun.star.accessibility.AccessibleRole import (CHECK_BOX, COMBO_BOX, DIALOG, LABEL, LIST, LIST_ITEM,
-                                                       PUSH_BUTTON, RADIO_BUTTON, TEXT)
+                                                       PUSH_BUTTON, RADIO_BUTTON, TABLE, TEXT)
 from com.sun.star.accessibility.AccessibleStateType import CHECKED, FOCUSED
 
 from office import Office, TestCase, cells_of, property_value
-from screen import Element, Screen, wait_for, window, window_now, windows
+from screen import Element, Screen, wait_for, window, window_now
 
 COMMAND = "org.tbvnonpara.calc:dialog"
 TITLE = "Nonparametric Tests"
@@ -98,7 +98,7 @@ class DialogCase(TestCase):
     def wake_the_office(self):
         """Once in some hundred times, on a busy machine, the office does not come to what it was asked for; what helped
         is told."""
-        seen = [w.name for w in windows(self.office)]
+        seen = self.office.within("titles")
         self.office.on_main_thread(lambda: None)
         dialog = window(self.office, TITLE, 30)
         if dialog is None:
@@ -116,26 +116,19 @@ class DialogCase(TestCase):
 
     def field(self, label):
         """The field whose accessible name is the label before it."""
-        def look():
-            for element in self.dialog.walk():
-                if element.name == label and element.role == TEXT:
-                    return element
-            return None
-        return wait_for(look)
+        return wait_for(lambda: self.dialog.find(label, TEXT))
 
     def control(self, name, role):
-        return next((e for e in self.dialog.walk() if e.name == name and e.role == role), None)
+        return self.dialog.find(name, role)
 
     def texts(self):
         return [element.name for element in self.dialog.walk() if element.role == LABEL]
 
     def choose(self, label, item):
-        for element in self.dialog.walk():
-            if element.role == LIST_ITEM and element.name == item:
-                parent = element.context.getAccessibleParent().getAccessibleContext()
-                parent.selectAccessibleChild(element.context.getAccessibleIndexInParent())
-                return
-        self.fail(item)
+        entry = self.dialog.find(item, LIST_ITEM)
+        self.assertIsNotNone(entry, item)
+        entry.context.getAccessibleParent().getAccessibleContext().selectAccessibleChild(
+            entry.context.getAccessibleIndexInParent())
 
     def press(self, name):
         self.control(name, PUSH_BUTTON).click()
@@ -149,7 +142,7 @@ class DialogCase(TestCase):
         return [e for e in self.dialog.walk() if e.role == PUSH_BUTTON and e.name.startswith(PICK)]
 
     def picker_is_open(self):
-        return any(w.name.startswith("Select a range") for w in windows(self.office))
+        return any(title.startswith("Select a range") for title in self.office.within("titles"))
 
     def pick(self, label, first, last):
         """Picks a range for the first field with the mouse. On a busy machine a button may go down before the
@@ -185,17 +178,23 @@ class DialogCase(TestCase):
 
     def focused(self):
         """The name of the control that the keyboard works on; a list has the name of its label."""
-        names = [e.name for e in self.dialog.walk() if e.has(FOCUSED) and e.role not in (LIST_ITEM, DIALOG)]
+        names = [e.name for e in self.dialog.walk() if FOCUSED in e.states and e.role not in (LIST_ITEM, DIALOG)]
         return names[0] if names else None
 
     def cell_on_screen(self, address):
-        """The middle of a cell, by the accessibility of the sheet."""
+        """The middle of a cell, once it stays there: a new window moves its cells until it has all its bars."""
+        before, place = None, self.middle_of_cell(address)
+        while before != place:
+            time.sleep(0.1)
+            before, place = place, self.middle_of_cell(address)
+        return place
+
+    def middle_of_cell(self, address):
         place = self.sheet.getCellRangeByName(address).RangeAddress
         controller = self.document.CurrentController
-        main = Element(controller.Frame.ComponentWindow.getAccessibleContext())
-        table = next(e for e in main.walk() if "Sheet" in e.name and
-                     hasattr(e.context, "getAccessibleCellAt"))
-        cell = Element(table.context.getAccessibleCellAt(place.StartRow, place.StartColumn)
+        main = Element(self.office, controller.Frame.ComponentWindow.getAccessibleContext())
+        table = next(e for e in main.walk() if "Sheet" in e.name and e.role == TABLE)
+        cell = Element(self.office, table.context.getAccessibleCellAt(place.StartRow, place.StartColumn)
                        .getAccessibleContext())
         left, top, width, height = cell.box
         return left + width // 2, top + height // 2

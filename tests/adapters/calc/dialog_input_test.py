@@ -93,7 +93,7 @@ class Input(DialogCase):
         self.open_dialog()
         self.office.dispatch(self.document, COMMAND)
         time.sleep(0.5)
-        self.assertEqual(len([w for w in windows(self.office) if w.name == TITLE]), 1)
+        self.assertEqual(self.office.within("titles").count(TITLE), 1)
 
     def test_escape_closes_the_dialog(self):
         self.open_dialog()

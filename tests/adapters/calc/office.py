@@ -117,8 +117,12 @@ class Office:
                                     stderr=log, env=environment, start_new_session=True)
 
     def _make_profile(self):
+        scripts = self.profile / "user" / "Scripts" / "python"
         if self.prepared:
             shutil.copytree(self.prepared, self.profile)
+        scripts.mkdir(parents=True, exist_ok=True)
+        shutil.copy(pathlib.Path(__file__).with_name("looking.py"), scripts)
+        if self.prepared:
             return
         # A fresh profile ends the first start once with a status of its own; the next start is the real one.
         for _ in range(3):
@@ -146,6 +150,16 @@ class Office:
                 raise RuntimeError("the office did not start: " + self.log.read_text(errors="replace"))
             time.sleep(0.05)
         self.desktop = self.create("com.sun.star.frame.Desktop")
+        self.scripts = None
+
+    def within(self, function, *arguments):
+        """What a function of looking.py gives, which runs in the office."""
+        if self.scripts is None:
+            factory = self.context.getValueByName(
+                "/singletons/com.sun.star.script.provider.theMasterScriptProviderFactory")
+            self.scripts = factory.createScriptProvider("")
+        script = self.scripts.getScript(f"vnd.sun.star.script:looking.py${function}?language=Python&location=user")
+        return script.invoke(arguments, (), ())[0]
 
     def _install(self):
         manager = self.context.getValueByName(

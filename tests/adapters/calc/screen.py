@@ -1,6 +1,5 @@
 """A screen of the test's own, and the windows on it: seen through accessibility, photographed, clicked."""
 
-import collections
 import os
 import pathlib
 import subprocess
@@ -88,25 +87,35 @@ def wait_for(what, seconds=PATIENCE):
 
 
 class Element:
-    """A control as a screen reader meets it."""
+    """A control as a screen reader meets it. The office looks for us, see looking.py: of those that were found so, name
+    and role are what they were then."""
 
-    def __init__(self, context):
-        self.context = context
+    def __init__(self, office, context=None, found=None):
+        self.office = office
+        self._context = context
+        self._root, self._place, self._name, self._role, self.states = found or (None, None, None, None, None)
+
+    @property
+    def context(self):
+        if self._context is None:
+            self._context = self.office.within("at", self._root, self._place)
+        return self._context
 
     @property
     def name(self):
-        return self.context.getAccessibleName()
+        return self.context.getAccessibleName() if self._name is None else self._name
 
     @property
     def role(self):
-        return self.context.getAccessibleRole()
+        return self.context.getAccessibleRole() if self._role is None else self._role
 
     @property
     def children(self):
-        for i in range(min(self.context.getAccessibleChildCount(), 200)):
-            child = self.context.getAccessibleChild(i)
-            if child is not None:
-                yield Element(child.getAccessibleContext())
+        return self._found("children")
+
+    def _found(self, function):
+        return [Element(self.office, None, (self.context, *each))
+                for each in self.office.within(function, self.context)]
 
     def has(self, state):
         states = self.context.getAccessibleStateSet()
@@ -115,19 +124,12 @@ class Element:
         return states.contains(state)
 
     def walk(self):
-        """Itself and all that it holds, the nearest first: what is looked for is seldom deep, and each costs a call."""
-        yield self
-        waiting = collections.deque([self])
-        while waiting:
-            for child in waiting.popleft().children:
-                yield child
-                waiting.append(child)
+        """Itself and all that it holds, the nearest first."""
+        return self._found("walk")
 
     def find(self, name, role=None):
-        for element in self.walk():
-            if element.name == name and (role is None or element.role == role):
-                return element
-        return None
+        found = self.office.within("find", self.context, name, role)
+        return found and Element(self.office, found)
 
     def click(self):
         return self.context.doAccessibleAction(0)
@@ -147,24 +149,16 @@ class Element:
 
 
 def windows(office):
-    toolkit = office.create("com.sun.star.awt.Toolkit")
-    found = []
-    for i in range(toolkit.getTopWindowCount()):
-        try:
-            element = Element(toolkit.getTopWindow(i).getAccessibleContext())
-            if element.name is not None:
-                found.append(element)
-        except (AttributeError, RuntimeException):
-            pass  # It has gone since it was counted.
-    return found
+    return [Element(office, context) for context in office.within("windows")]
 
 
 def window_now(office, title):
-    """The window with a title, or nothing: also where it goes while it is looked at."""
+    """The window with a title, or nothing: also where it goes on its way to us."""
     try:
-        return next((candidate for candidate in windows(office) if candidate.name == title), None)
+        found = office.within("window", title)
     except RuntimeException:
         return None
+    return found and Element(office, found)
 
 
 def window(office, title, seconds=PATIENCE):
