@@ -140,9 +140,26 @@ class Functions(TestCase):
         self.assertAlmostEqual(0.03125, self.cell("T1").Value, delta=1e-15)
 
     def test_what_calc_itself_does_not_pass_is_an_error_of_the_argument(self):
-        for formula in ("KRUSKALWALLIS.TEST(A2:B7;O1:O3)", "SIGN.TEST(A1:A3;O1:O3)", "RUNS.TEST({1;2;3})"):
+        for formula in ("KRUSKALWALLIS.TEST(A2:B7;O1:O3)", "SIGN.TEST(A1:A3;O1:O3)", "RUNS.TEST({1;2;3})",
+                        "MANNWHITNEY.TEST(A2:A7;{1;2;3})", "FRIEDMAN.TEST({1;2;3})"):
             with self.subTest(formula):
                 self.assertEqual(ARGUMENT, self.result(formula).getError())
+
+    def test_arrays_are_taken_behind_the_first_range_of_groups_and_signs(self):
+        for formula, same in (
+                ("SIGN.TEST(A2:A7;C2:C7*1)", "SIGN.TEST(A2:A7;C2:C7)"),
+                ("KRUSKALWALLIS.TEST(A2:A7;IF(ROW(B2:B7)<7;B2:B7;\"\");C2:C7)",
+                 "KRUSKALWALLIS.TEST(A2:A7;B2:B6;C2:C7)"),
+                ("FRIEDMAN.TEST(A2:A7;B2:C7*1)", "FRIEDMAN.TEST(A2:C7)"),
+                ("MEDIAN.TEST(A2:A7;TRANSPOSE(TRANSPOSE(B2:C7)))", "MEDIAN.TEST(A2:C7)"),
+                ("KRUSKALWALLIS.DETAILS(A2:A7;B2:B7*1;\"chiSquare\")",
+                 "KRUSKALWALLIS.DETAILS(A2:B7;\"chiSquare\")")):
+            with self.subTest(formula):
+                cell = self.cell("T1")
+                cell.setArrayFormula("=" + formula)
+                self.assertEqual(0, cell.getError())
+                self.assertEqual(cell.Value, self.value(same, "T2"))
+                cell.setArrayFormula("")
 
     def test_texts_and_blanks_of_samples_are_passed_over(self):
         self.assertEqual(self.value("MANNWHITNEY.TEST(A1:A9;B1:B9)"), self.value("MANNWHITNEY.TEST(A2:A7;B2:B7)"))
